@@ -1,0 +1,17 @@
+# The checks that read the project instead of running it, as tests of ctest, so that one summary tells everything.
+
+# They use every processor by themselves; RUN_SERIAL keeps them from disturbing tests that watch a clock.
+add_test(NAME Format COMMAND "${PROJECT_SOURCE_DIR}/Tools/format" --check)
+add_test(NAME Lint COMMAND "${PROJECT_SOURCE_DIR}/Tools/lint" --build "${CMAKE_BINARY_DIR}")
+set_tests_properties(Format PROPERTIES RUN_SERIAL ON TIMEOUT 300)
+set_tests_properties(Lint PROPERTIES RUN_SERIAL ON TIMEOUT 3600)
+
+if(TARGET all_qmllint)
+    add_test(NAME QmlLint COMMAND "${CMAKE_COMMAND}" --build "${CMAKE_BINARY_DIR}" --target all_qmllint)
+    set_tests_properties(QmlLint PROPERTIES RUN_SERIAL ON TIMEOUT 600)
+endif()
+
+# Tests whose names begin with Core look at the product built without its desktop; ./test builds that for them.
+if(TARGET tomcatto)
+    add_test(NAME CoreLinks COMMAND "${PROJECT_SOURCE_DIR}/Tools/check-core-links" "${PROJECT_SOURCE_DIR}/build/core/tomcatto")
+endif()

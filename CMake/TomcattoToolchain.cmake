@@ -1,0 +1,33 @@
+# Compiler settings that hold for every target.
+set(CMAKE_CXX_STANDARD 23)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}")
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM)
+    # Precompiled headers and clones in other folders hit the cache as well.
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env
+        CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+        "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${CCACHE_PROGRAM}")
+    add_compile_options(-fpch-preprocess)
+endif()
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+    -Wold-style-cast -Wcast-qual -Wnull-dereference -Wimplicit-fallthrough -Werror)
+add_compile_definitions(QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH
+    QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+
+if(TOMCATTO_SANITIZE)
+    add_compile_options(-fsanitize=${TOMCATTO_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    add_link_options(-fsanitize=${TOMCATTO_SANITIZE})
+    # Sanitizer instrumentation makes the compiler see null paths that cannot happen.
+    add_compile_options(-Wno-null-dereference -Wno-maybe-uninitialized)
+endif()
+if(CMAKE_BUILD_TYPE STREQUAL "Release")
+    add_compile_options(-ffunction-sections -fdata-sections -Wno-null-dereference)
+    add_link_options(-Wl,--gc-sections -Wl,--as-needed)
+endif()

@@ -1,0 +1,80 @@
+#!/usr/bin/python3
+"""Kills the program at random moments of short phases: nothing is lost, nothing recorded twice, no file corrupt."""
+
+import json
+import os
+import random
+import signal
+import sqlite3
+import time
+import unittest
+
+from tomcatto_process import Tomcatto
+
+KILLS = int(os.environ.get("TOMCATTO_KILLS", "20"))
+SEED = int(os.environ.get("TOMCATTO_SEED", "0")) or random.SystemRandom().randrange(1, 1 << 31)
+ARGUMENTS = ("-workDurationSeconds", "1", "-shortBreakDurationSeconds", "1", "-longBreakDurationSeconds", "1")
+
+
+def expected_recovery(marker, now):
+    """The record that the rules of recovery make of a marker: phase, seconds, whether completed."""
+    paused = max(marker.get("pausedSeconds", 0), 0)
+    seen = min(marker.get("pausedAt", marker.get("lastActiveAt", now)), now)
+    reached = "reachedPlanAt" in marker
+    cap = marker["plannedDurationSeconds"] + (3600 if reached else 0)
+    return marker["phase"], int(min(max(seen - marker["startedAt"] - paused, 0), cap)), reached
+
+
+class KillTest(unittest.TestCase):
+    def test_killed_at_random_moments(self):
+        print(f"TOMCATTO_SEED={SEED}, {KILLS} kills", flush=True)
+        random_moments = random.Random(SEED)
+        tomcatto = Tomcatto()
+        self.addCleanup(tomcatto.close)
+        for round_number in range(KILLS):
+            with self.subTest(round=round_number, seed=SEED):
+                self.kill_once(tomcatto, random_moments)
+
+    def kill_once(self, tomcatto, random_moments):
+        before = len(tomcatto.records())
+        tomcatto.start(*ARGUMENTS)
+        before_start = time.time()
+        self.assertEqual(tomcatto.run("start").returncode, 0)
+        if random_moments.random() < 0.3:
+            tomcatto.run(random_moments.choice(["pause", "skip", "extend"]))
+        time.sleep(random_moments.uniform(0, 3.5))
+        killed = time.time()
+        tomcatto.end(signal.SIGKILL)
+
+        marker = tomcatto.defaults().get("inFlightSession")
+        with sqlite3.connect(tomcatto.store_path) as store:
+            self.assertEqual(store.execute("pragma integrity_check").fetchone()[0], "ok")
+        left = tomcatto.records("id, startedAt, endedAt, phase")[before:]
+        self.assertTrue(all(row[1] >= before_start - 0.1 for row in left))
+        # Whatever ended more than a second before the kill is there: the phases follow each other without a gap.
+        starts = [row[1] for row in left] + ([marker["startedAt"]] if marker else [])
+        for row, following in zip(left, starts[1:]):
+            self.assertLess(abs(following - row[2]), 0.5, "a phase is missing in between")
+        last_known = marker["startedAt"] if marker else (left[-1][2] if left else killed)
+        plan = marker["plannedDurationSeconds"] if marker and "pausedAt" not in marker else 10_000
+        self.assertGreater(last_known + plan + 1.0 + 0.5, killed, "a phase that ended is missing")
+
+        restarted = time.time()
+        tomcatto.start(*ARGUMENTS)
+        expected = before + len(left) + (1 if marker else 0)
+        tomcatto.wait_for(lambda: len(tomcatto.records()) >= expected)
+        records = tomcatto.records("id, startedAt, phase, actualDurationSeconds, wasCompleted")
+        self.assertEqual(len(records), expected)
+        self.assertEqual(len({row[1] for row in records}), len(records), "a phase is recorded twice")
+        if marker:
+            phase, seconds, completed = expected_recovery(marker, restarted)
+            self.assertEqual((records[-1][2], bool(records[-1][4])), (phase, completed), json.dumps(marker))
+            self.assertAlmostEqual(records[-1][3], seconds, delta=1)
+            self.assertEqual(records[-1][1], marker["startedAt"])
+        self.assertEqual(tomcatto.status()["phase"], "idle")
+        self.assertNotIn("inFlightSession", tomcatto.defaults())
+        self.assertEqual(tomcatto.end(), 0)
+
+
+if __name__ == "__main__":
+    unittest.main()

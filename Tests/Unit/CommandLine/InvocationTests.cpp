@@ -1,0 +1,80 @@
+#include "CommandLine/Invocation.h"
+
+#include <gtest/gtest.h>
+
+using namespace tomcatto;
+
+namespace {
+
+std::expected<Invocation, QString> parsed(const char *line)
+{
+    return parseCommandLine(QString::fromUtf8(line).split(QLatin1Char(' '), Qt::SkipEmptyParts));
+}
+
+}
+
+TEST(Invocation, EveryWrongWordIsAUsageErrorThatNamesIt)
+{
+    struct Case
+    {
+        const char *line;
+        const char *named;
+    };
+    const Case cases[] = {
+        {"nonsense", "nonsense"},
+        {"start now", "now"},
+        {"-nonsense 5", "-nonsense"},
+        {"-workDurationSeconds", "workDurationSeconds"},
+        {"-workDurationSeconds 0", "1 to 10800"},
+        {"-workDurationSeconds -5", "1 to 10800"},
+        {"-autoStartBreaks yes", "true or false"},
+        {"-menuBarStyle ring", "iconOnly, countdown"},
+        {"-workDurationSeconds 5 status", "status"},
+        {"status --format xml", "xml"},
+        {"status --json --format text", "--json"},
+        {"stats --range year", "year"},
+        {"settings", ""},
+        {"settings get nothing", "nothing"},
+        {"settings set cyclesBeforeLongBreak 13", "1 to 12"},
+        {"settings set dailyGoalPomodoros", ""},
+        {"preset fast", "fast"},
+        {"--nonsense", "--nonsense"},
+    };
+    for (const Case &item : cases) {
+        const auto invocation = parsed(item.line);
+        ASSERT_FALSE(invocation) << item.line;
+        EXPECT_NE(invocation.error().indexOf(QString::fromUtf8(item.named)), -1)
+            << item.line << ": " << invocation.error().toStdString();
+    }
+}
+
+TEST(Invocation, ReadsTheApplicationsWords)
+{
+    const auto invocation =
+        parsed("--terminal -workDurationSeconds 5 -autoStartBreaks false -themePreference dark --ui-test");
+    ASSERT_TRUE(invocation) << invocation.error().toStdString();
+    EXPECT_EQ(invocation->action, Invocation::Action::application);
+    EXPECT_TRUE(invocation->isTerminal && invocation->isUiTest && !invocation->isBackground);
+    const std::map<QString, DefaultsValue> expected{{QStringLiteral("workDurationSeconds"), qint64{5}},
+                                                    {QStringLiteral("autoStartBreaks"), false},
+                                                    {QStringLiteral("themePreference"), QStringLiteral("dark")}};
+    EXPECT_EQ(invocation->argumentDomain, expected);
+}
+
+TEST(Invocation, ReadsTheCommands)
+{
+    using Action = Invocation::Action;
+    EXPECT_EQ(parsed("take-break")->command, QStringLiteral("take-break"));
+    EXPECT_EQ(parsed("preset deep")->arguments["name"], "deep");
+    EXPECT_EQ(parsed("window about")->arguments["page"], "about");
+    const auto follow = parsed("status --follow --format waybar");
+    EXPECT_TRUE(follow->action == Action::status && follow->isFollowing && follow->format == StatusFormat::waybar);
+    const auto stats = parsed("stats --range allTime --json");
+    EXPECT_TRUE(stats->action == Action::stats && stats->isJson && stats->range == StatsRange::allTime);
+    const auto set = parsed("settings set workDurationSeconds 90");
+    EXPECT_TRUE(set->action == Action::settingsSet && set->text == QStringLiteral("90"));
+    EXPECT_EQ(set->setting->key, PomodoroSettings::Key::workDurationSeconds);
+    const auto help = parsed("settings --help");
+    EXPECT_EQ(help->action, Action::print);
+    EXPECT_NE(help->text.indexOf(QStringLiteral("list")), -1);
+}

@@ -1,0 +1,139 @@
+#include "Control/ControlClient.h"
+#include "Control/ControlServer.h"
+
+#include <gtest/gtest.h>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QTest>
+
+using namespace tomcatto;
+using namespace std::chrono_literals;
+
+namespace {
+
+class ControlServerTest : public testing::Test
+{
+protected:
+    ControlServerTest()
+    {
+        commands.add(QStringLiteral("echo"), [](const nlohmann::ordered_json &arguments) {
+            return ControlReply{ExitStatus::done, {}, arguments};
+        });
+        commands.add(QStringLiteral("refuse"),
+                     [](const auto &) { return controlReply(ExitStatus::notApplicable, QStringLiteral("not now")); });
+    }
+    /// Writes bytes to the socket and gives what comes back until the server hangs up.
+    [[nodiscard]] QByteArray exchange(const QByteArray &bytes)
+    {
+        QLocalSocket socket;
+        socket.connectToServer(path);
+        socket.write(bytes);
+        QByteArray answer;
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            answer += socket.readAll();
+            return socket.state() == QLocalSocket::UnconnectedState && socket.bytesAvailable() == 0;
+        }));
+        return answer;
+    }
+
+    QTemporaryDir directory;
+    QString path = directory.filePath(QStringLiteral("t.sock"));
+    CommandTable commands;
+    ControlServer server{commands, path, 1500ms};
+};
+
+}
+
+TEST_F(ControlServerTest, AnswersAndRefusesInOneLine)
+{
+    ASSERT_EQ(server.listen(), ControlServer::ListenResult::listening);
+    EXPECT_EQ(QFile::permissions(path) & (QFile::ReadGroup | QFile::ReadOther | QFile::WriteOther), 0);
+    struct Case
+    {
+        QByteArray request;
+        int status;
+    };
+    const Case cases[] = {
+        {"{\"command\":\"echo\",\"arguments\":{\"a\":1}}\n", 0},
+        {"{\"command\":\"refuse\"}\n", 1},
+        {"{\"command\":\"nothing\"}\n", 2},
+        {"rubbish\n", 2},
+        {"\n", 2},
+        {"[1,2]\n", 2},
+        {"{\"command\":7}\n", 2},
+        {"{\"command\":\"echo\",\"arguments\":[]}\n", 2},
+        {"{\"command\":\"echo\",\"follow\":\"yes\"}\n", 2},
+        {QByteArray("\xff\xfe\x00\n", 4), 2},
+        {QByteArray(longestRequest + 10, 'x') + '\n', 2},
+        {QByteArray(longestRequest + 10, 'x'), 2},
+        {"{\"command\":", 2},
+    };
+    for (const Case &item : cases) {
+        const QByteArray answer = exchange(item.request);
+        EXPECT_EQ(answer.count('\n'), 1) << item.request.left(50).toStdString();
+        const auto reply = decodedReply(answer);
+        ASSERT_TRUE(reply) << answer.toStdString();
+        EXPECT_EQ(static_cast<int>(reply->status), item.status) << item.request.left(50).toStdString();
+    }
+}
+
+TEST_F(ControlServerTest, SlowClientsHoldNobodyUp)
+{
+    ASSERT_EQ(server.listen(), ControlServer::ListenResult::listening);
+    std::vector<std::unique_ptr<QLocalSocket>> slow;
+    for (int count = 0; count < 40; ++count) {
+        slow.push_back(std::make_unique<QLocalSocket>());
+        slow.back()->connectToServer(path);
+        slow.back()->write("{\"comm");
+    }
+    QElapsedTimer elapsed;
+    elapsed.start();
+    EXPECT_TRUE(exchange("{\"command\":\"echo\"}\n").contains("\"status\":0"));
+    EXPECT_LT(elapsed.elapsed(), 1200) << "before the slow ones are let go";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return slow.front()->state() == QLocalSocket::UnconnectedState; }));
+    EXPECT_TRUE(slow.front()->readAll().contains("too long"));
+}
+
+TEST_F(ControlServerTest, FollowersGetEveryLineUntilTheyLeave)
+{
+    ASSERT_EQ(server.listen(), ControlServer::ListenResult::listening);
+    QLocalSocket follower;
+    follower.connectToServer(path);
+    follower.write("{\"command\":\"echo\",\"follow\":true}\n");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return server.hasFollowers() && follower.canReadLine(); }));
+    server.publish("one");
+    server.publish("two");
+    QByteArray lines;
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        lines += follower.readAll();
+        return lines.count('\n') == 3;
+    }));
+    EXPECT_LT(lines.indexOf("one"), lines.indexOf("two"));
+    follower.abort();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !server.hasFollowers(); }));
+}
+
+TEST_F(ControlServerTest, TakesOverADeadFileNeverALiveOne)
+{
+    {
+        // What a killed process leaves: a socket file that nobody listens behind.
+        QLocalServer crashed;
+        ASSERT_TRUE(crashed.listen(directory.filePath(QStringLiteral("other"))));
+        ASSERT_TRUE(QFile::rename(directory.filePath(QStringLiteral("other")), path));
+    }
+    ASSERT_TRUE(QFile::exists(path));
+    ASSERT_EQ(server.listen(), ControlServer::ListenResult::listening);
+    ControlServer second(commands, path);
+    EXPECT_EQ(second.listen(), ControlServer::ListenResult::taken);
+    EXPECT_TRUE(exchange("{\"command\":\"echo\"}\n").contains("\"status\":0")) << "the first goes on";
+    ControlServer nowhere(commands, QStringLiteral("/proc/no/such/place"));
+    EXPECT_EQ(nowhere.listen(), ControlServer::ListenResult::failed);
+}
+
+TEST(ControlClient, NobodyThereIsNotRunning)
+{
+    const QTemporaryDir directory;
+    const ControlClient client(directory.filePath(QStringLiteral("none")));
+    EXPECT_EQ(client.send({QStringLiteral("status"), {}, false}).status, ExitStatus::notRunning);
+}

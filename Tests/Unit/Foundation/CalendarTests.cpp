@@ -1,0 +1,98 @@
+#include "Foundation/Calendar.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace tomcatto {
+namespace {
+
+Date utc(const char *text)
+{
+    return toDate(QDateTime::fromString(QString::fromLatin1(text), Qt::ISODate));
+}
+
+QDate day(const char *text)
+{
+    return QDate::fromString(QString::fromLatin1(text), Qt::ISODate);
+}
+
+TEST(Calendar, KnowsWhereDaysBeginAndHowLongTheyAre)
+{
+    const struct
+    {
+        const char *zone, *day, *start;
+        double hours;
+    } cases[] = {
+        {"Asia/Kathmandu", "2025-01-01", "2024-12-31T18:15:00Z", 24},
+        {"Europe/Berlin", "2024-03-31", "2024-03-30T23:00:00Z", 23},
+        {"Europe/Berlin", "2024-10-27", "2024-10-26T22:00:00Z", 25},
+        {"Australia/Lord_Howe", "2024-04-07", "2024-04-06T13:00:00Z", 24.5},
+        // The clocks skip midnight.
+        {"America/Sao_Paulo", "2018-11-04", "2018-11-04T03:00:00Z", 23},
+        {"Africa/Cairo", "2024-04-26", "2024-04-25T22:00:00Z", 23},
+        // The last hour before midnight comes twice, or midnight itself.
+        {"America/Sao_Paulo", "2018-02-17", "2018-02-17T02:00:00Z", 25},
+        {"America/Havana", "2024-11-03", "2024-11-03T04:00:00Z", 25},
+        // A date that was left out.
+        {"Pacific/Apia", "2011-12-30", "2011-12-30T10:00:00Z", 0},
+    };
+    for (const auto &[zone, text, start, hours] : cases) {
+        SCOPED_TRACE(std::string(zone) + ' ' + text);
+        const Calendar calendar{QTimeZone(zone), Qt::Monday};
+        const DateInterval interval = calendar.dayInterval(day(text));
+        EXPECT_EQ(toIso8601(interval.start).toStdString(), start);
+        EXPECT_EQ((interval.end - interval.start).count(), hours * 3600);
+        if (hours > 0) {
+            EXPECT_EQ(calendar.dayOf(interval.start), day(text));
+            EXPECT_EQ(calendar.dayOf(interval.end - Seconds(0.001)), day(text));
+            EXPECT_EQ(calendar.dayOf(interval.start - Seconds(0.001)), day(text).addDays(-1));
+        }
+    }
+}
+
+TEST(Calendar, FindsTheUnitOfADay)
+{
+    const struct
+    {
+        CalendarUnit unit;
+        Qt::DayOfWeek firstWeekday;
+        const char *day, *first, *next;
+    } cases[] = {
+        {CalendarUnit::weekOfYear, Qt::Monday, "2025-01-01", "2024-12-30", "2025-01-06"},
+        {CalendarUnit::weekOfYear, Qt::Sunday, "2025-01-01", "2024-12-29", "2025-01-05"},
+        {CalendarUnit::weekOfYear, Qt::Saturday, "2025-01-01", "2024-12-28", "2025-01-04"},
+        {CalendarUnit::weekOfYear, Qt::Sunday, "2025-01-05", "2025-01-05", "2025-01-12"},
+        {CalendarUnit::month, Qt::Monday, "2024-02-29", "2024-02-01", "2024-03-01"},
+        {CalendarUnit::year, Qt::Monday, "2024-12-31", "2024-01-01", "2025-01-01"},
+    };
+    for (const auto &[unit, firstWeekday, text, first, next] : cases) {
+        SCOPED_TRACE(std::string(text) + " from " + first);
+        const Calendar calendar{QTimeZone("Europe/Berlin"), firstWeekday};
+        EXPECT_EQ(calendar.firstDay(unit, day(text)), day(first));
+        EXPECT_EQ(calendar.firstDayAfter(unit, day(text)), day(next));
+        EXPECT_EQ(calendar.interval(unit, day(text)).end, calendar.startOfDay(day(next)));
+    }
+}
+
+TEST(Calendar, MovesByDaysAndKnowsItsReach)
+{
+    const Calendar berlin{QTimeZone("Europe/Berlin"), Qt::Monday};
+    // The same time of day, across the change of the clocks and across a leap day.
+    EXPECT_EQ(berlin.addingDays(utc("2024-03-30T11:00:00Z"), 1), utc("2024-03-31T10:00:00Z"));
+    EXPECT_EQ(berlin.addingDays(utc("2024-03-01T11:00:00Z"), -1), utc("2024-02-29T11:00:00Z"));
+    EXPECT_EQ(Calendar::addingDays(day("2025-01-01"), -36500), day("1925-01-26"));
+
+    using Days = std::numeric_limits<qint64>;
+    using Instants = std::numeric_limits<double>;
+    for (const qint64 days : {Days::max(), Days::min(), qint64{700'000'000}}) {
+        EXPECT_FALSE(berlin.addingDays(utc("2024-03-30T11:00:00Z"), days)) << days;
+        EXPECT_FALSE(Calendar::addingDays(day("2024-03-30"), days)) << days;
+    }
+    for (const double seconds : {Instants::infinity(), -1e300, Instants::quiet_NaN()}) {
+        EXPECT_FALSE(berlin.dayOf(dateFromSeconds(seconds)).isValid()) << seconds;
+        EXPECT_FALSE(berlin.addingDays(dateFromSeconds(seconds), 1)) << seconds;
+    }
+}
+
+}
+}

@@ -1,0 +1,151 @@
+#include "Fakes/ManualClock.h"
+#include "Fakes/ManualRunLoop.h"
+#include "Timer/PomodoroTimer.h"
+#include "Timer/TimerArithmetic.h"
+
+#include <gtest/gtest.h>
+
+using namespace tomcatto;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr quint64 second = nanosecondsPerSecond;
+
+class PomodoroTimerTest : public testing::Test
+{
+protected:
+    PomodoroTimerTest()
+    {
+        QObject::connect(&timer, &PomodoroTimer::expired, &timer, [this] { ++expiries; });
+        QObject::connect(&timer, &PomodoroTimer::remainingSecondsChanged, &timer,
+                         [this](qint64 seconds) { shown.push_back(seconds); });
+    }
+    void pass(std::chrono::milliseconds span)
+    {
+        runLoop.advance(span, [this](std::chrono::milliseconds step) { clock.advance(step); });
+    }
+
+    ManualClock clock;
+    ManualRunLoop runLoop;
+    PomodoroTimer timer{clock, runLoop};
+    int expiries = 0;
+    std::vector<qint64> shown;
+};
+
+}
+
+TEST(TimerArithmetic, RemainderRoundsUpAndOverflowDown)
+{
+    const quint64 deadline = 5'000 * second;
+    struct Case
+    {
+        quint64 now;
+        bool allowsOverflow;
+        qint64 expected;
+    };
+    const Case cases[] = {
+        {deadline - 1'200'000'000, false, 2},
+        {deadline - 200'000'000, false, 1},
+        {deadline - 1, true, 1},
+        {deadline - second, true, 1},
+        {deadline, false, 0},
+        {deadline, true, 0},
+        {deadline + 90'700'000'000, true, -90},
+        {deadline + 90'700'000'000, false, 0},
+    };
+    for (const Case &item : cases)
+        EXPECT_EQ(signedRemainder(item.now, deadline, item.allowsOverflow), item.expected) << item.now;
+    EXPECT_EQ(activeSeconds(10 * second, 20 * second - 1, 0), 9);
+    EXPECT_EQ(activeSeconds(10 * second, 20 * second, 11 * second), 0);
+    EXPECT_EQ(activeSeconds(10 * second, 9 * second, 0), 0);
+}
+
+TEST(TimerArithmeticDeathTest, WhatNoInstantHoldsIsFatal)
+{
+    EXPECT_DEATH((void)deadlineAfter(1, std::numeric_limits<qint64>::max()), "Arithmetic overflow");
+    EXPECT_DEATH((void)deadlineAfter(second, -2), "Arithmetic overflow");
+}
+
+TEST_F(PomodoroTimerTest, CountsDownOnceASecondAndExpiresOnce)
+{
+    timer.start(3, false);
+    pass(2900ms);
+    EXPECT_EQ(timer.remainingSeconds(), 1);
+    EXPECT_EQ(expiries, 0);
+    pass(5s);
+    EXPECT_EQ(shown, (std::vector<qint64>{3, 2, 1, 0}));
+    EXPECT_EQ(expiries, 1);
+    EXPECT_FALSE(timer.isRunning());
+    EXPECT_EQ(runLoop.activeTimers(), 0U);
+}
+
+TEST_F(PomodoroTimerTest, ZeroPlanExpiresAtOnceWithoutTicking)
+{
+    timer.start(0, true);
+    EXPECT_EQ(expiries, 1);
+    EXPECT_EQ(runLoop.activeTimers(), 0U);
+    timer.start(-5, false);
+    EXPECT_EQ(expiries, 2);
+    EXPECT_EQ(timer.remainingSeconds(), 0);
+}
+
+TEST_F(PomodoroTimerTest, PauseFreezesForAnyTime)
+{
+    timer.start(60, false);
+    pass(23s);
+    timer.pause();
+    pass(1h);
+    EXPECT_EQ(timer.remainingSeconds(), 37);
+    timer.resume();
+    pass(1s);
+    EXPECT_EQ(timer.remainingSeconds(), 36);
+}
+
+TEST_F(PomodoroTimerTest, OverflowCountsOnThroughPause)
+{
+    timer.start(10, true);
+    pass(25s);
+    EXPECT_EQ(timer.overflowSeconds(), 15);
+    EXPECT_EQ(expiries, 1);
+    timer.pause();
+    pass(1h);
+    timer.resume();
+    EXPECT_EQ(timer.overflowSeconds(), 15);
+    pass(3s);
+    EXPECT_EQ(timer.overflowSeconds(), 18);
+    EXPECT_EQ(timer.remainingSeconds(), 0);
+    EXPECT_EQ(expiries, 1);
+}
+
+TEST_F(PomodoroTimerTest, ExtendAddsToWhatIsLeft)
+{
+    timer.start(60, true);
+    pass(48s);
+    timer.extend(300);
+    EXPECT_EQ(timer.remainingSeconds(), 312);
+    pass(412s);
+    EXPECT_EQ(timer.overflowSeconds(), 100);
+    timer.extend(300);
+    EXPECT_EQ(timer.remainingSeconds(), 300);
+    EXPECT_EQ(timer.overflowSeconds(), 0);
+    pass(300s);
+    EXPECT_EQ(expiries, 2) << "an extended phase expires again";
+    timer.extend(0);
+    timer.extend(-5);
+    EXPECT_EQ(timer.remainingSeconds(), 0);
+}
+
+TEST_F(PomodoroTimerTest, NothingLeftAndNoOverflowCannotGoOn)
+{
+    timer.start(10, false);
+    clock.advance(11s);
+    timer.pause();
+    EXPECT_EQ(timer.remainingSeconds(), 0);
+    EXPECT_FALSE(timer.canResume());
+    EXPECT_FALSE(timer.canExtend());
+    timer.extend(300);
+    timer.resume();
+    EXPECT_EQ(timer.remainingSeconds(), 0);
+    EXPECT_FALSE(timer.isRunning());
+}

@@ -1,0 +1,25 @@
+#include "App/ApplicationControl.h"
+
+namespace tomcatto {
+
+ApplicationControl::ApplicationControl(AppDependencies &dependencies, AppDelegate &delegate, const QString &socketPath,
+                                       std::function<void()> quit, QObject *parent)
+    : QObject(parent)
+    , m_status({dependencies.stateMachine, dependencies.timer, dependencies.settings, dependencies.statsAggregator,
+                dependencies.strings, dependencies.platform.wallClock, dependencies.platform.runLoop})
+    , m_server(m_commands, socketPath)
+{
+    addTimerCommands(m_commands, dependencies, m_status);
+    m_commands.add(QStringLiteral("quit"), [&dependencies, &delegate, quit = std::move(quit)](const auto &) {
+        // The record is on disk before the answer, so whoever asked may read it.
+        delegate.applicationWillTerminate();
+        dependencies.platform.runLoop.async(quit);
+        return ControlReply{};
+    });
+    connect(&m_status, &StatusSource::changed, this, [this](const TimerStatus &status) {
+        if (m_server.hasFollowers())
+            m_server.publish(toJson(status));
+    });
+}
+
+}

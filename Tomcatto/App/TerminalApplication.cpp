@@ -1,0 +1,77 @@
+#include "App/TerminalApplication.h"
+
+#include "App/ApplicationControl.h"
+#include "CommandLine/TerminalFrontEnd.h"
+#include "Platform/Freedesktop/StandardError.h"
+#include "Platform/Freedesktop/UnixProcessSignals.h"
+#include "Platform/Freedesktop/UnixTerminal.h"
+
+#include <QtCore/QCoreApplication>
+
+namespace tomcatto {
+
+namespace {
+
+/// What the desktop's commands answer here.
+ControlReply noWindows(const nlohmann::ordered_json & /*arguments*/)
+{
+    return controlReply(ExitStatus::notApplicable,
+                        QStringLiteral("This Tomcatto runs in a terminal, where there are no windows. "
+                                       "Start it on a desktop to get the panel."));
+}
+
+}
+
+TerminalApplication::TerminalApplication(const Invocation &invocation, const ApplicationDirectories &directories,
+                                         InstanceLock &instanceLock, const CommandRunner &runner,
+                                         const SystemLogSink &log)
+    : m_invocation(invocation)
+    , m_directories(directories)
+    , m_instanceLock(instanceLock)
+    , m_runner(runner)
+    , m_log(log)
+{
+}
+
+int TerminalApplication::run()
+{
+    // Taken before anything is built, so that two starts at one moment cannot recover one marker twice.
+    if (m_instanceLock.tryTake() == InstanceLockResult::held)
+        return static_cast<int>(m_runner.activateRunning());
+    const int status = runHoldingLock();
+    m_instanceLock.release();
+    return status;
+}
+
+int TerminalApplication::runHoldingLock()
+{
+    UnixProcessSignals processSignals;
+    UnixTerminal terminal(processSignals);
+    if (!terminal.isInteractive() || !standardErrorIsTerminal())
+        m_log.setStandardErrorLevel(LogLevel::debug);
+
+    PlatformAdapters adapters(m_directories, m_invocation.argumentDomain);
+    AppDependencies dependencies(adapters.services());
+    std::unique_ptr<TerminalFrontEnd> frontEnd;
+    AppDelegate delegate(dependencies, [&frontEnd] { frontEnd->start(); });
+    ApplicationControl control(dependencies, delegate, m_directories.controlSocket(), [] { QCoreApplication::quit(); });
+    control.commands().add(QStringLiteral("activate"), [](const auto &) {
+        return ControlReply{ExitStatus::done,
+                            QStringLiteral("Tomcatto is already running, in a terminal. `tomcatto status` shows the "
+                                           "timer; on a desktop `tomcatto panel` opens the panel."),
+                            {}};
+    });
+    control.commands().add(QStringLiteral("panel"), noWindows);
+    control.commands().add(QStringLiteral("window"), noWindows);
+    if (control.listen() == ControlServer::ListenResult::taken)
+        return static_cast<int>(m_runner.activateRunning());
+    frontEnd = std::make_unique<TerminalFrontEnd>(dependencies, control.commands(), control.status(), terminal,
+                                                  processSignals);
+    const Cancellable termination = processSignals.onTerminationRequest([] { QCoreApplication::quit(); });
+    delegate.applicationDidFinishLaunching();
+    const int status = QCoreApplication::exec();
+    delegate.applicationWillTerminate();
+    return status;
+}
+
+}

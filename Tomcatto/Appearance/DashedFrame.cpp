@@ -1,0 +1,50 @@
+#include "DashedFrame.h"
+
+#include <QtGui/QPainter>
+
+namespace tomcatto {
+
+namespace {
+
+constexpr qreal lineWidth = 1.5;
+constexpr qreal dash = 6;
+constexpr qreal pause = 4;
+
+}
+
+DashedFrame::DashedFrame(QQuickItem *parent)
+    : QQuickPaintedItem(parent)
+{
+    setAntialiasing(true);
+}
+
+void DashedFrame::setColor(const QColor &color)
+{
+    if (m_color != color) {
+        m_color = color;
+        update();
+        Q_EMIT colorChanged();
+    }
+}
+
+void DashedFrame::setRadius(qreal radius)
+{
+    if (!qFuzzyCompare(m_radius, radius)) {
+        m_radius = radius;
+        update();
+        Q_EMIT radiusChanged();
+    }
+}
+
+void DashedFrame::paint(QPainter *painter)
+{
+    constexpr qreal inset = lineWidth / 2;
+    QPen pen(m_color, lineWidth, Qt::CustomDashLine, Qt::FlatCap);
+    pen.setDashPattern({dash / lineWidth, pause / lineWidth});
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(pen);
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRoundedRect(boundingRect().adjusted(inset, inset, -inset, -inset), m_radius - inset, m_radius - inset);
+}
+
+}

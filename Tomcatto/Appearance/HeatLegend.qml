@@ -1,0 +1,45 @@
+import QtQuick
+import Tomcatto.Appearance
+
+/// The five levels between two words.
+Row {
+    id: legend
+
+    property string lessText
+    property string moreText
+    property real textScale: Theme.textScale
+
+    spacing: 6
+
+    ThemedText {
+        text: legend.lessText
+        role: "micro"
+        textScale: legend.textScale
+        color: Theme.ink2
+        wrapMode: Text.NoWrap
+    }
+    Row {
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 4
+
+        Repeater {
+            model: Theme.heat
+
+            Rectangle {
+                required property color modelData
+
+                width: 10
+                height: 10
+                radius: 3
+                color: modelData
+            }
+        }
+    }
+    ThemedText {
+        text: legend.moreText
+        role: "micro"
+        textScale: legend.textScale
+        color: Theme.ink2
+        wrapMode: Text.NoWrap
+    }
+}

@@ -1,0 +1,195 @@
+import QtQuick
+import QtQuick.Templates as T
+import Tomcatto.Appearance
+
+/// One line of a card: title, help and whatever stands at its right end. With `switchable` the whole row is the hit area
+/// of its switch, with `navigates` it is a button with a chevron. Fills its parent's width.
+T.AbstractButton {
+    id: row
+
+    property string title
+    property string help
+    /// Help that reports something wrong, with the warning symbol.
+    property bool helpIsError: false
+    /// A refusal or a conflict under the row, right-aligned, told to a screen reader.
+    property string notice
+    property string symbol
+    property bool switchable: false
+    property bool navigates: false
+    property string value
+    property real textScale: Theme.textScale
+    property bool showHover: hovered
+    property bool showFocus: visualFocus
+    readonly property bool interactive: switchable || navigates
+    readonly property bool isFirst: y <= 0
+    readonly property bool isLast: !parent || y + height >= parent.height - 0.5
+    default property alias trailing: trailingRow.data
+
+    function spoken(first: string, second: string): string {
+        return first.length > 0 && second.length > 0 ? first + ", " + second : first + second
+    }
+
+    function press() {
+        if (checkable) {
+            toggle()
+            toggled()
+        }
+        clicked()
+    }
+
+    function pressedByKey(event: KeyEvent) {
+        event.accepted = interactive && !event.isAutoRepeat
+        if (event.accepted)
+            press()
+    }
+
+    width: parent ? parent.width : implicitWidth
+    implicitWidth: 320
+    implicitHeight: Math.max(52, body.implicitHeight + 16)
+    text: title
+    checkable: switchable
+    hoverEnabled: interactive
+    focusPolicy: interactive ? Qt.StrongFocus : Qt.NoFocus
+    // A row that does nothing is no element of its own: its texts are.
+    Accessible.ignored: !interactive
+    Accessible.role: switchable ? Accessible.CheckBox : Accessible.Button
+    Accessible.name: title
+    Accessible.checkable: switchable
+    Accessible.checked: checked
+    Accessible.description: spoken(help, spoken(value, notice))
+    Keys.onReturnPressed: event => pressedByKey(event)
+    Keys.onEnterPressed: event => pressedByKey(event)
+
+    background: Item {
+        // Opaque tints, so that the round and the square half may overlap.
+        Rectangle {
+            visible: row.interactive && row.enabled && (row.showHover || row.down)
+            anchors.fill: parent
+            anchors.margins: 1
+            radius: row.isFirst || row.isLast ? Theme.cardRadius - 1 : 0
+            color: Theme.blend(Qt.alpha(tint, 1), Theme.card, tint.a)
+            readonly property color tint: row.down ? Theme.pressed : Theme.hover
+
+            Rectangle {
+                visible: row.isFirst !== row.isLast
+                y: row.isFirst ? parent.height / 2 : 0
+                width: parent.width
+                height: parent.height / 2
+                color: parent.color
+            }
+        }
+        Rectangle {
+            visible: !row.isFirst
+            width: parent.width
+            height: 1
+            color: Theme.line
+        }
+        Rectangle {
+            visible: row.navigates && row.showFocus
+            anchors.fill: parent
+            anchors.margins: 3
+            color: "transparent"
+            radius: Theme.buttonRadius
+            border.width: 2
+            border.color: Theme.focus
+        }
+    }
+
+    Item {
+        anchors.fill: parent
+
+        Column {
+            id: body
+
+            x: Theme.cardPadding
+            width: row.width - 2 * Theme.cardPadding
+            anchors.verticalCenter: parent.verticalCenter
+            spacing: 4
+
+            Item {
+                width: parent.width
+                height: Math.max(36, texts.implicitHeight, trailingRow.implicitHeight)
+
+                Symbol {
+                    id: mark
+
+                    anchors.verticalCenter: parent.verticalCenter
+                    visible: row.symbol.length > 0
+                    name: row.symbol
+                    size: 20
+                    color: Theme.work.text
+                }
+                Column {
+                    id: texts
+
+                    anchors.verticalCenter: parent.verticalCenter
+                    x: mark.visible ? 32 : 0
+                    width: parent.width - x - (trailingRow.width > 0 ? trailingRow.width + 16 : 0)
+
+                    ThemedText {
+                        width: parent.width
+                        text: row.title
+                        role: "rowTitle"
+                        textScale: row.textScale
+                        color: row.enabled ? Theme.ink : Theme.disabled
+                        Accessible.ignored: row.interactive
+                    }
+                    NoticeLine {
+                        width: parent.width
+                        visible: row.help.length > 0
+                        text: row.help
+                        role: "caption"
+                        isError: row.helpIsError
+                        textScale: row.textScale
+                        Accessible.role: Accessible.StaticText
+                        Accessible.name: row.help
+                        Accessible.ignored: row.interactive
+                    }
+                }
+                Row {
+                    id: trailingRow
+
+                    anchors.right: parent.right
+                    anchors.verticalCenter: parent.verticalCenter
+                    spacing: 12
+                    // Whatever a caller puts here stands on the row's middle line.
+                    onChildrenChanged: {
+                        for (let index = 0; index < children.length; ++index)
+                            children[index].anchors.verticalCenter = verticalCenter
+                    }
+
+                    ThemedText {
+                        visible: row.value.length > 0
+                        text: row.value
+                        textScale: row.textScale
+                        color: Theme.ink2
+                        wrapMode: Text.NoWrap
+                        Accessible.ignored: row.interactive
+                    }
+                    Symbol {
+                        visible: row.navigates
+                        name: "chevron.right"
+                        size: 16
+                        color: Theme.ink3
+                    }
+                    SwitchTrack {
+                        visible: row.switchable
+                        checked: row.checked
+                        focused: row.switchable && row.showFocus
+                    }
+                }
+            }
+            NoticeLine {
+                anchors.right: parent.right
+                width: Math.min(parent.width, implicitWidth)
+                visible: row.notice.length > 0
+                text: row.notice
+                role: "captionMedium"
+                isError: true
+                textScale: row.textScale
+                Accessible.role: Accessible.AlertMessage
+                Accessible.name: row.notice
+            }
+        }
+    }
+}

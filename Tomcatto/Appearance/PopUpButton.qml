@@ -1,0 +1,100 @@
+import QtQuick
+import QtQuick.Templates as T
+import Tomcatto.Appearance
+
+/// A choice from a list that opens over the button. Arrows choose, Space opens, Return takes, Esc closes.
+T.ComboBox {
+    id: control
+
+    property string name
+    property real textScale: Theme.textScale
+    property bool showFocus: visualFocus
+
+    implicitWidth: 170
+    implicitHeight: Math.max(32, label.implicitHeight + 14)
+    leftPadding: 12
+    rightPadding: 32
+    hoverEnabled: true
+    focusPolicy: Qt.StrongFocus
+    Accessible.role: Accessible.ComboBox
+    Accessible.name: name
+    Accessible.description: displayText
+
+    background: PressSurface {
+        radius: Theme.buttonRadius
+        color: control.enabled ? Theme.card : Theme.sunk
+        lineColor: Theme.line
+        hovered: control.enabled && control.hovered
+        down: control.enabled && control.down
+        focused: control.showFocus
+    }
+    ThemedText {
+        id: label
+
+        x: control.leftPadding
+        width: control.width - control.leftPadding - control.rightPadding
+        anchors.verticalCenter: parent.verticalCenter
+        text: control.displayText
+        role: "control"
+        textScale: control.textScale
+        color: control.enabled ? Theme.ink : Theme.disabled
+        Accessible.ignored: true
+    }
+    indicator: Symbol {
+        x: control.width - width - 12
+        y: (control.height - height) / 2
+        name: "chevron.up.chevron.down"
+        size: 16
+        color: Theme.ink2
+    }
+    // qmllint disable unqualified
+    delegate: T.ItemDelegate {
+        id: choice
+
+        required property int index
+        readonly property bool chosen: index === control.currentIndex
+
+        width: ListView.view ? ListView.view.width : control.width
+        implicitHeight: Math.max(32, implicitContentHeight + 12)
+        highlighted: control.highlightedIndex === index
+        text: control.textAt(index)
+        background: Rectangle {
+            radius: Theme.keyCapRadius
+            color: choice.highlighted ? Theme.hover : "transparent"
+        }
+        contentItem: ThemedText {
+            leftPadding: 10
+            rightPadding: 28
+            text: control.textAt(index)
+            role: choice.chosen ? "section" : "control"
+            textScale: control.textScale
+            Accessible.ignored: true
+        }
+        Symbol {
+            visible: choice.chosen
+            x: parent.width - width - 8
+            anchors.verticalCenter: parent.verticalCenter
+            name: "checkmark"
+            size: 14
+            color: Theme.work.text
+        }
+    }
+    // qmllint enable unqualified
+    popup: T.Popup {
+        y: control.height + 4
+        width: control.width
+        implicitHeight: contentItem.implicitHeight + 10
+        padding: 5
+        contentItem: ListView {
+            clip: true
+            implicitHeight: Math.min(contentHeight, 320)
+            model: control.popup.visible ? control.delegateModel : null
+            currentIndex: control.highlightedIndex
+        }
+        background: Rectangle {
+            radius: Theme.segmentTrackRadius
+            color: Theme.card
+            border.color: Theme.controlLine
+        }
+    }
+}

@@ -1,0 +1,144 @@
+import QtQuick
+import Tomcatto.Appearance
+
+/// A choice of a few, side by side. One stop for Tab; the arrow keys move and choose at once.
+Item {
+    id: control
+
+    property list<string> texts
+    property int currentIndex: 0
+    property string name
+    property real textScale: Theme.textScale
+    /// All segments as wide as the widest; they share the width when it is set.
+    property bool equal: false
+    property bool showFocus: activeFocus && byKey
+    readonly property int inset: 3
+    readonly property real widest: {
+        let width = 0
+        for (let index = 0; index < labels.count; ++index)
+            width = Math.max(width, labels.widths[index] ?? 0)
+        return width
+    }
+    property bool byKey: false
+
+    /// The user chose another segment; `currentIndex` is set already.
+    signal activated(int index)
+
+    function choose(index: int) {
+        if (index < 0 || index >= texts.length || index === currentIndex)
+            return
+        currentIndex = index
+        activated(index)
+    }
+
+    function segmentWidth(index: int): real {
+        if (equal)
+            return (width - 2 * inset) / Math.max(1, texts.length)
+        const natural = labels.widths[index] ?? 0
+        // Too narrow a place: every segment gives its share.
+        return width >= implicitWidth ? natural : natural * (width - 2 * inset) / Math.max(1, implicitWidth - 2 * inset)
+    }
+
+    function segmentX(index: int): real {
+        let x = inset
+        for (let before = 0; before < index; ++before)
+            x += segmentWidth(before)
+        return x
+    }
+
+    implicitWidth: 2 * inset + (equal ? widest * texts.length : labels.widths.reduce((sum, each) => sum + each, 0))
+    implicitHeight: Math.max(34, Theme.lineHeight("control", textScale) + 16)
+    activeFocusOnTab: true
+    Accessible.role: Accessible.Grouping
+    Accessible.name: name
+    Accessible.focusable: true
+    onActiveFocusChanged: if (!activeFocus) byKey = false
+    Keys.onPressed: event => {
+        byKey = true
+        switch (event.key) {
+        case Qt.Key_Left:
+        case Qt.Key_Up:
+            choose(currentIndex - 1)
+            break
+        case Qt.Key_Right:
+        case Qt.Key_Down:
+            choose(currentIndex + 1)
+            break
+        case Qt.Key_Home:
+            choose(0)
+            break
+        case Qt.Key_End:
+            choose(texts.length - 1)
+            break
+        default:
+            return
+        }
+        event.accepted = true
+    }
+    Keys.onReleased: byKey = true
+
+    Rectangle {
+        anchors.fill: parent
+        radius: Theme.segmentTrackRadius
+        color: Theme.sunk
+        border.color: Theme.dark || Theme.highContrast ? Theme.line : "transparent"
+    }
+    FocusRing {
+        shown: control.showFocus
+        parentRadius: Theme.segmentTrackRadius
+    }
+    Rectangle {
+        visible: control.currentIndex >= 0 && control.currentIndex < control.texts.length
+        x: control.segmentX(control.currentIndex)
+        y: control.inset
+        width: control.segmentWidth(control.currentIndex)
+        height: control.height - 2 * control.inset
+        radius: Theme.segmentRadius
+        color: Theme.raised
+        border.color: Theme.line
+
+        Behavior on x {
+            NumberAnimation {
+                duration: Theme.switchTime
+                easing.type: Easing.OutCubic
+            }
+        }
+    }
+
+    Repeater {
+        id: labels
+
+        /// Of the labels in their widest, selected form.
+        property var widths: []
+
+        function measure() {
+            const measured = []
+            for (let index = 0; index < count; ++index)
+                measured.push((itemAt(index) as Segment)?.naturalWidth ?? 0)
+            widths = measured
+        }
+
+        model: control.texts
+        onCountChanged: measure()
+
+        // qmllint disable unqualified
+        Segment {
+            required property int index
+
+            x: control.segmentX(index)
+            y: control.inset
+            width: control.segmentWidth(index)
+            height: control.height - 2 * control.inset
+            text: control.texts[index] ?? ""
+            textScale: control.textScale
+            selected: index === control.currentIndex
+            onNaturalWidthChanged: labels.measure()
+            onPressed: {
+                control.byKey = false
+                control.forceActiveFocus(Qt.MouseFocusReason)
+                control.choose(index)
+            }
+        }
+        // qmllint enable unqualified
+    }
+}

@@ -1,0 +1,77 @@
+import QtQuick
+import Tomcatto.Appearance
+
+/// A short text beside the item that holds it, above everything else of the window. Keeps itself inside the window.
+Item {
+    id: tip
+
+    property string text
+    property bool wanted: false
+    /// Milliseconds of wanting before it shows.
+    property int delay: 600
+    /// Point in the holder's coordinates that the tip stands over; below it where there is no room above.
+    property real targetX: parent ? parent.width / 2 : 0
+    property real targetTop: 0
+    property real targetBottom: parent ? parent.height : 0
+    readonly property bool shown: bubble.visible
+
+    function place() {
+        const layer = bubble.parent
+        if (!layer || !tip.parent)
+            return
+        const above = tip.parent.mapToItem(layer, targetX, targetTop - 6)
+        const below = tip.parent.mapToItem(layer, targetX, targetBottom + 6)
+        const left = above.x - bubble.width / 2
+        bubble.x = Math.round(Math.max(4, Math.min(left, layer.width - bubble.width - 4)))
+        bubble.y = Math.round(above.y - bubble.height >= 4 ? above.y - bubble.height : below.y)
+    }
+
+    width: 0
+    height: 0
+    onTargetXChanged: place()
+    onTargetTopChanged: place()
+
+    Timer {
+        id: patience
+
+        interval: tip.delay
+        running: tip.wanted && tip.text.length > 0
+        onTriggered: tip.place()
+    }
+
+    // After the surroundings have been laid out.
+    Timer {
+        id: settling
+
+        interval: 1
+        onTriggered: tip.place()
+    }
+
+    Rectangle {
+        id: bubble
+
+        parent: tip.Window.contentItem ?? tip
+        z: 1000
+        visible: tip.wanted && tip.text.length > 0 && (tip.delay === 0 || !patience.running)
+        width: label.implicitWidth + 16
+        height: label.implicitHeight + 8
+        radius: Theme.tooltipRadius
+        color: Theme.ink
+        onVisibleChanged: settling.restart()
+        onWidthChanged: tip.place()
+
+        Text {
+            id: label
+
+            anchors.centerIn: parent
+            text: tip.text
+            font: Theme.font("captionMedium", 1)
+            color: Theme.paper
+            lineHeightMode: Text.FixedHeight
+            lineHeight: 16
+            textFormat: Text.PlainText
+            renderType: Text.NativeRendering
+            Accessible.ignored: true
+        }
+    }
+}

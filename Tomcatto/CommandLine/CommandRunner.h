@@ -1,0 +1,52 @@
+#pragma once
+
+#include "CommandLine/Invocation.h"
+#include "Control/ControlClient.h"
+#include "Platform/Ports/InstanceLock.h"
+#include "Platform/Ports/WallClock.h"
+
+namespace tomcatto {
+
+/// What commands need of their surroundings.
+struct CommandSurroundings
+{
+    QString controlSocket;
+    /// The user's application-support folder; nothing where there is none.
+    std::optional<QString> applicationSupportDirectory;
+    InstanceLock &instanceLock;
+    WallClock &wallClock;
+    /// Opens the user defaults, for reading only or for a change.
+    std::function<std::unique_ptr<UserDefaults>(bool isReadOnly)> openDefaults;
+    /// Write a line to standard output and standard error; `print` tells whether anybody still reads.
+    std::function<bool(const QString &line)> print;
+    std::function<void(const QString &line)> printError;
+};
+
+/// Carries out the commands that are not the application itself: over the control socket where it runs, on the files
+/// where that is enough. Recovers nothing. Blocking.
+class CommandRunner final
+{
+public:
+    explicit CommandRunner(CommandSurroundings surroundings);
+
+    /// Runs any invocation but the application.
+    [[nodiscard]] ExitStatus run(const Invocation &invocation) const;
+    /// Tells the application that runs already that somebody started it again.
+    [[nodiscard]] ExitStatus activateRunning() const;
+
+private:
+    [[nodiscard]] ExitStatus runRemote(const Invocation &invocation) const;
+    [[nodiscard]] ExitStatus runStatus(const Invocation &invocation) const;
+    [[nodiscard]] ExitStatus runStats(const Invocation &invocation) const;
+    [[nodiscard]] ExitStatus listSettings() const;
+    [[nodiscard]] ExitStatus getSetting(const Invocation &invocation) const;
+    [[nodiscard]] ExitStatus setSetting(const Invocation &invocation) const;
+    [[nodiscard]] std::optional<ExitStatus> setSettingInFile(const Invocation &invocation) const;
+    [[nodiscard]] ExitStatus report(const ControlReply &reply) const;
+    void waitForEnd() const;
+
+    CommandSurroundings m_surroundings;
+    ControlClient m_client;
+};
+
+}

@@ -1,0 +1,219 @@
+#include "CommandLine/Invocation.h"
+
+#include <CLI/CLI.hpp>
+
+namespace tomcatto {
+
+namespace {
+
+using Action = Invocation::Action;
+
+bool isSettingsWord(const QString &word)
+{
+    return word.size() > 2 && word.startsWith(QLatin1Char('-')) && !word.startsWith(QStringLiteral("--"));
+}
+
+/// Takes the "-KEY VALUE" pairs out of the words before the sub-command.
+std::expected<QStringList, QString> takeArgumentDomain(const QStringList &words, Invocation &invocation)
+{
+    QStringList rest;
+    qsizetype index = 0;
+    for (; index < words.size() && words[index].startsWith(QLatin1Char('-')); ++index) {
+        if (!isSettingsWord(words[index])) {
+            rest << words[index];
+            continue;
+        }
+        const QString key = words[index].mid(1);
+        const SettingDescriptor *const setting = findSetting(key);
+        if (!setting)
+            return std::unexpected(
+                QStringLiteral("Unknown setting \"%1\"; `tomcatto settings list` shows them all").arg(words[index]));
+        if (++index >= words.size())
+            return std::unexpected(QStringLiteral("-%1 needs a value").arg(key));
+        const auto value = parseSetting(*setting, words[index]);
+        if (!value)
+            return std::unexpected(value.error());
+        invocation.argumentDomain.insert_or_assign(key, *value);
+    }
+    if (index < words.size() && !invocation.argumentDomain.empty())
+        return std::unexpected(
+            QStringLiteral("Values for one run go with the application, not with \"%1\"").arg(words[index]));
+    return rest + words.mid(index);
+}
+
+/// The sub-commands and what they read their words into.
+class Grammar final
+{
+public:
+    explicit Grammar(Invocation &invocation)
+        : m_invocation(invocation)
+    {
+        m_app.set_version_flag("--version", "Tomcatto 0.1.0");
+        m_app.footer("Without a command the application starts. -KEY VALUE sets a settings key for this run only,\n"
+                     "for example: tomcatto -workDurationSeconds 1200");
+        m_app.add_flag("--terminal", m_invocation.isTerminal, "Use the terminal even where there is a display");
+        m_app.add_flag("--background", m_invocation.isBackground, "Start without opening anything");
+        m_app.add_flag("--ui-test", m_invocation.isUiTest, "Mark a run under user-interface automation")->group("");
+        m_app.require_subcommand(0, 1);
+        addRemoteCommands();
+        addStatus();
+        addStats();
+        addSettings();
+    }
+
+    std::expected<void, QString> parse(const QStringList &words)
+    {
+        std::vector<std::string> reversed;
+        for (auto word = words.crbegin(); word != words.crend(); ++word)
+            reversed.push_back(word->toStdString());
+        try {
+            m_app.parse(reversed);
+        } catch (const CLI::Success &) {
+            m_invocation.action = Action::print;
+            m_invocation.text = printed();
+        } catch (const CLI::ParseError &error) {
+            return std::unexpected(QString::fromStdString(error.what()));
+        } catch (const UsageError &error) {
+            return std::unexpected(error.message);
+        }
+        return {};
+    }
+
+private:
+    struct UsageError
+    {
+        QString message;
+    };
+
+    void addRemoteCommands()
+    {
+        static constexpr std::array commands{
+            std::pair{"start", "Start focus, or the phase that waits"},
+            std::pair{"pause", "Pause the phase"},
+            std::pair{"resume", "Go on with the phase"},
+            std::pair{"toggle", "Start, pause or resume"},
+            std::pair{"skip", "End the phase and go on with the next"},
+            std::pair{"take-break", "End overtime, or start the break that waits"},
+            std::pair{"extend", "Add five minutes"},
+            std::pair{"reset", "Back to the start of the set"},
+            std::pair{"quit", "End Tomcatto; the running phase is recorded"},
+            std::pair{"panel", "Open the panel"},
+        };
+        for (const auto &[name, help] : commands)
+            addRemote(name, help);
+        auto *const window = addRemote("window", "Open the main window");
+        window->add_option_function<std::string>(
+            "page", [this](const std::string &page) { m_invocation.arguments["page"] = page; },
+            "timer, general, videos, statistics, permissions or about");
+        auto *const preset = addRemote("preset", "Set the three durations of a preset");
+        preset
+            ->add_option_function<std::string>(
+                "name", [this](const std::string &name) { m_invocation.arguments["name"] = name; },
+                "classic, flow or deep")
+            ->required()
+            ->check(CLI::IsMember({"classic", "flow", "deep"}));
+    }
+
+    CLI::App *addRemote(const char *name, const char *help)
+    {
+        CLI::App *const command = m_app.add_subcommand(name, help);
+        command->callback([this, name] {
+            m_invocation.action = Action::remote;
+            m_invocation.command = QString::fromLatin1(name);
+        });
+        return command;
+    }
+
+    void addStatus()
+    {
+        CLI::App *const command = m_app.add_subcommand("status", "Show the timer");
+        auto *const json = command->add_flag_callback(
+            "--json", [this] { m_invocation.format = StatusFormat::json; }, "As one JSON object");
+        command->add_flag("--follow", m_invocation.isFollowing, "Go on with a line for each change");
+        command
+            ->add_option_function<std::string>(
+                "--format",
+                [this](const std::string &format) {
+                    m_invocation.format = format == "waybar" ? StatusFormat::waybar : StatusFormat::text;
+                },
+                "text or waybar")
+            ->check(CLI::IsMember({"text", "waybar"}))
+            ->excludes(json);
+        command->callback([this] { m_invocation.action = Action::status; });
+    }
+
+    void addStats()
+    {
+        CLI::App *const command = m_app.add_subcommand("stats", "Show the figures of the history");
+        command->add_flag("--json", m_invocation.isJson, "All figures as one JSON object");
+        command
+            ->add_option_function<std::string>(
+                "--range",
+                [this](const std::string &range) {
+                    m_invocation.range = *statsRangeFromRawValue(QString::fromStdString(range));
+                },
+                "today, week, month or allTime")
+            ->check(CLI::IsMember({"today", "week", "month", "allTime"}));
+        command->callback([this] { m_invocation.action = Action::stats; });
+    }
+
+    void addSettings()
+    {
+        CLI::App *const command = m_app.add_subcommand("settings", "Show or change the settings");
+        command->require_subcommand(1);
+        CLI::App *const list = command->add_subcommand("list", "Every setting and its value");
+        list->callback([this] { m_invocation.action = Action::settingsList; });
+        CLI::App *const get = command->add_subcommand("get", "One setting's value");
+        get->add_option("key", m_key, "The setting")->required();
+        get->callback([this] { chooseSetting(Action::settingsGet); });
+        CLI::App *const set = command->add_subcommand("set", "Change a setting");
+        set->add_option("key", m_key, "The setting")->required();
+        set->add_option("value", m_value, "Durations in seconds, switches as true or false")->required();
+        set->callback([this] {
+            chooseSetting(Action::settingsSet);
+            m_invocation.text = QString::fromStdString(m_value);
+            if (const auto value = parseSetting(*m_invocation.setting, m_invocation.text); !value)
+                throw UsageError{value.error()};
+        });
+    }
+
+    void chooseSetting(Action action)
+    {
+        m_invocation.action = action;
+        m_invocation.setting = findSetting(QString::fromStdString(m_key));
+        if (!m_invocation.setting)
+            throw UsageError{QStringLiteral("Unknown setting \"%1\"; `tomcatto settings list` shows them all")
+                                 .arg(QString::fromStdString(m_key))};
+    }
+
+    QString printed() const
+    {
+        if (m_app.get_option("--version")->count() > 0)
+            return QString::fromStdString(m_app.version());
+        const CLI::App *shown = &m_app;
+        for (auto chosen = shown->get_subcommands(); !chosen.empty(); chosen = shown->get_subcommands())
+            shown = chosen.front();
+        return QString::fromStdString(shown->help()).trimmed();
+    }
+
+    Invocation &m_invocation;
+    CLI::App m_app{"Tomcatto, a focus timer", "tomcatto"};
+    std::string m_key;
+    std::string m_value;
+};
+
+}
+
+std::expected<Invocation, QString> parseCommandLine(const QStringList &words)
+{
+    Invocation invocation;
+    const auto rest = takeArgumentDomain(words, invocation);
+    if (!rest)
+        return std::unexpected(rest.error());
+    Grammar grammar(invocation);
+    if (const auto parsed = grammar.parse(*rest); !parsed)
+        return std::unexpected(parsed.error());
+    return invocation;
+}
+
+}

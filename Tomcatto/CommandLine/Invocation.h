@@ -1,0 +1,54 @@
+#pragma once
+
+#include "Control/TimerStatus.h"
+#include "Statistics/StatsRange.h"
+#include "Timer/SettingsCatalog.h"
+
+#include <map>
+
+namespace tomcatto {
+
+/// What the words of a command line ask for.
+struct Invocation
+{
+    enum class Action {
+        /// Start the application.
+        application,
+        /// One of the commands that only the running application carries out.
+        remote,
+        status,
+        stats,
+        settingsList,
+        settingsGet,
+        settingsSet,
+        /// Print `text` and be done: the help or the version.
+        print,
+    };
+
+    Action action = Action::application;
+
+    /// The application: whether the terminal is wanted, whether nothing may open by itself, whether a test drives it.
+    bool isTerminal = false;
+    bool isBackground = false;
+    bool isUiTest = false;
+    /// Values for this run only, by settings key.
+    std::map<QString, DefaultsValue> argumentDomain;
+
+    /// The remote command and its arguments.
+    QString command;
+    nlohmann::ordered_json arguments = nlohmann::ordered_json::object();
+
+    StatusFormat format = StatusFormat::text;
+    bool isFollowing = false;
+    bool isJson = false;
+    StatsRange range = StatsRange::today;
+
+    /// The setting to get or set, and the text to set it to, already checked.
+    const SettingDescriptor *setting = nullptr;
+    QString text;
+};
+
+/// Reads the words after the program's name. The error is what to tell the user, who used the words wrong.
+[[nodiscard]] std::expected<Invocation, QString> parseCommandLine(const QStringList &words);
+
+}

@@ -1,0 +1,205 @@
+#include "CommandLine/TerminalFrontEnd.h"
+
+#include <QtCore/QPointer>
+
+namespace tomcatto {
+
+namespace {
+
+QString key(const char *text)
+{
+    return QString::fromLatin1(text);
+}
+
+/// The command behind a key; empty for any other key.
+QString commandForKey(QChar pressed)
+{
+    switch (pressed.toLower().unicode()) {
+    case u' ':
+        return key("toggle");
+    case u's':
+        return key("skip");
+    case u'b':
+        return key("take-break");
+    case u'e':
+        return key("extend");
+    case u'r':
+        return key("reset");
+    case u'q':
+        return key("quit");
+    default:
+        return {};
+    }
+}
+
+/// The terminal colour of a phase: the pill's hues as close as sixteen colours come.
+QString colour(const TimerStatus &status)
+{
+    if (status.isOverflowing)
+        return QStringLiteral("\x1b[1;33m");
+    switch (status.phase) {
+    case PomodoroPhase::idle:
+        return QStringLiteral("\x1b[2m");
+    case PomodoroPhase::working:
+        return QStringLiteral("\x1b[1;31m");
+    case PomodoroPhase::shortBreak:
+        return QStringLiteral("\x1b[1;34m");
+    case PomodoroPhase::longBreak:
+        return QStringLiteral("\x1b[1;32m");
+    }
+    return {};
+}
+
+QString reasonText(PhaseExitReason reason)
+{
+    switch (reason) {
+    case PhaseExitReason::started:
+        return key("started");
+    case PhaseExitReason::completed:
+        return key("completed");
+    case PhaseExitReason::skipped:
+        return key("skipped");
+    case PhaseExitReason::reset:
+        return key("reset");
+    case PhaseExitReason::terminated:
+        return key("terminated");
+    }
+    return {};
+}
+
+}
+
+TerminalFrontEnd::TerminalFrontEnd(AppDependencies &dependencies, const CommandTable &commands,
+                                   const StatusSource &status, Terminal &terminal, ProcessSignals &processSignals,
+                                   QObject *parent)
+    : QObject(parent)
+    , m_dependencies(dependencies)
+    , m_commands(commands)
+    , m_status(status)
+    , m_terminal(terminal)
+    , m_processSignals(processSignals)
+{
+}
+
+TerminalFrontEnd::~TerminalFrontEnd()
+{
+    if (m_isInteractive)
+        m_terminal.write(QStringLiteral("\n"));
+}
+
+void TerminalFrontEnd::start()
+{
+    m_isInteractive = m_terminal.isInteractive();
+    if (m_isInteractive)
+        startInteractive();
+    else
+        connect(&m_dependencies.stateMachine, &PomodoroStateMachine::transitioned, this,
+                &TerminalFrontEnd::printTransition);
+}
+
+void TerminalFrontEnd::startInteractive()
+{
+    m_terminal.write(m_dependencies.strings.text(key("terminal.keys")) + QLatin1Char('\n'));
+    const auto draw = [this] { drawSoon(); };
+    connect(&m_status, &StatusSource::changed, this, draw);
+    connect(&m_dependencies.timer, &PomodoroTimer::remainingSecondsChanged, this, draw);
+    connect(&m_dependencies.timer, &PomodoroTimer::overflowSecondsChanged, this, draw);
+    connect(&m_dependencies.strings, &LocalizedStrings::changed, this, draw);
+    m_keys = m_terminal.readKeys([this](QChar pressed) { handleKey(pressed); });
+    m_terminalObserver = m_processSignals.onTerminalChanged([this] {
+        // After being stopped the shell has set the terminal back.
+        m_keys.cancel();
+        if (m_terminal.isInteractive())
+            m_keys = m_terminal.readKeys([this](QChar pressed) { handleKey(pressed); });
+        drawLine();
+    });
+    drawLine();
+}
+
+void TerminalFrontEnd::handleKey(QChar pressed)
+{
+    const QString command = commandForKey(pressed);
+    if (command.isEmpty())
+        return;
+    const ControlReply reply = m_commands.run(command);
+    m_notice = reply.status == ExitStatus::done ? QString() : reply.message;
+    drawSoon();
+}
+
+void TerminalFrontEnd::drawSoon()
+{
+    if (std::exchange(m_isDrawing, true))
+        return;
+    m_dependencies.platform.runLoop.async([alive = QPointer(this)] {
+        if (!alive)
+            return;
+        alive->m_isDrawing = false;
+        alive->drawLine();
+    });
+}
+
+void TerminalFrontEnd::drawLine()
+{
+    if (!m_terminal.isInteractive())
+        return;
+    m_terminal.write(QStringLiteral("\r\x1b[K") + statusLine());
+}
+
+QString TerminalFrontEnd::statusLine() const
+{
+    const TimerStatus status = m_status.status();
+    QString line =
+        m_dependencies.strings.format(key("terminal.line"), status.title, phaseText(status), status.cycleIndex + 1,
+                                      status.cyclesPerSet, status.todayCompleted, status.dailyGoal);
+    if (!m_notice.isEmpty())
+        line += QStringLiteral("  ") + m_notice;
+    // A line that wraps could not be drawn over.
+    line.truncate(std::max(m_terminal.columns() - 1, 0));
+    if (line.startsWith(status.title))
+        line.replace(0, status.title.size(), colour(status) + status.title + QStringLiteral("\x1b[0m"));
+    return line;
+}
+
+QString TerminalFrontEnd::phaseText(const TimerStatus &status) const
+{
+    const LocalizedStrings &strings = m_dependencies.strings;
+    const auto name = [&status] {
+        if (status.isOverflowing)
+            return key("terminal.phase.overtime");
+        switch (status.phase) {
+        case PomodoroPhase::idle:
+            return key("terminal.phase.idle");
+        case PomodoroPhase::working:
+            return key("terminal.phase.work");
+        case PomodoroPhase::shortBreak:
+            return key("terminal.phase.short_break");
+        case PomodoroPhase::longBreak:
+            return key("terminal.phase.long_break");
+        }
+        return QString();
+    };
+    QString text = strings.text(name());
+    if (status.isPending)
+        text += QStringLiteral(", ") + strings.text(key("terminal.ready"));
+    else if (status.isPaused)
+        text += QStringLiteral(", ") + strings.text(key("terminal.paused"));
+    return text;
+}
+
+void TerminalFrontEnd::printTransition(const PhaseTransition &transition)
+{
+    const Date now = m_dependencies.platform.wallClock.now();
+    const QString time =
+        toDateTime(now).toTimeZone(m_dependencies.platform.wallClock.calendar().timeZone).toString(key("HH:mm:ss"));
+    QString line =
+        QStringLiteral("%1 %2 -> %3 (%4)")
+            .arg(time, rawValue(transition.previous), rawValue(transition.current), reasonText(transition.reason));
+    if (transition.current != PomodoroPhase::idle) {
+        line += QStringLiteral(", %1").arg(clockText(m_dependencies.stateMachine.currentPlannedSeconds()));
+        if (m_dependencies.stateMachine.isPhasePending())
+            line += QStringLiteral(", waiting");
+    }
+    m_terminal.write(line + QLatin1Char('\n'));
+}
+
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "Composition/PlatformServices.h"
+#include "Localization/LocalizedStrings.h"
+#include "Persistence/CoreDataStack.h"
+#include "Persistence/Repositories/SessionRepository.h"
+#include "Power/SleepWakeCoordinator.h"
+#include "Recording/PomodoroSession.h"
+#include "Statistics/RepositorySessionHistory.h"
+#include "Statistics/StatsAggregator.h"
+
+namespace tomcatto {
+
+/// The composition root: builds every service once, in the order of its members, and owns it for the life of the
+/// process. Surfaces hold it; services never see it. Main thread only.
+class AppDependencies final
+{
+public:
+    /// Ends the process where the store cannot be set up.
+    explicit AppDependencies(const PlatformServices &platform);
+
+    AppDependencies(const AppDependencies &) = delete;
+    AppDependencies &operator=(const AppDependencies &) = delete;
+
+    PlatformServices platform;
+    CoreDataStack coreDataStack;
+    PomodoroSettings settings;
+    PomodoroTimer timer;
+    PomodoroStateMachine stateMachine;
+    SessionRepository sessionRepository;
+    InFlightSessionStore inFlightStore;
+    PomodoroSession session;
+    RepositorySessionHistory sessionHistory;
+    StatsAggregator statsAggregator;
+    LanguageOverrideService languageOverrideService;
+    LocalizedStrings strings;
+    SleepWakeObserver sleepWakeObserver;
+    SleepWakeCoordinator sleepWakeCoordinator;
+};
+
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Platform/Ports/IdentifierSource.h"
+#include "Platform/Ports/MainRunLoop.h"
+#include "Platform/Ports/MonotonicClock.h"
+#include "Platform/Ports/UserDefaults.h"
+#include "Platform/Ports/WallClock.h"
+#include "Platform/Ports/WorkspacePower.h"
+
+namespace tomcatto {
+
+/// What the platform gives the services. Everything outlives them.
+struct PlatformServices
+{
+    const MonotonicClock &monotonicClock;
+    WallClock &wallClock;
+    MainRunLoop &runLoop;
+    IdentifierSource &identifiers;
+    UserDefaults &defaults;
+    WorkspacePower &workspacePower;
+    /// The user's application-support folder; nothing where there is none.
+    std::optional<QString> applicationSupportDirectory;
+};
+
+}

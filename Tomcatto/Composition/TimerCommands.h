@@ -1,0 +1,13 @@
+#pragma once
+
+#include "Composition/AppDependencies.h"
+#include "Control/CommandTable.h"
+#include "Control/StatusSource.h"
+
+namespace tomcatto {
+
+/// Adds the commands that every front end of the application offers: the timer's operations, "status", "settings" and
+/// "preset". All references outlive the table.
+void addTimerCommands(CommandTable &table, AppDependencies &dependencies, const StatusSource &status);
+
+}

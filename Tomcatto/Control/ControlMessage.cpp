@@ -1,0 +1,88 @@
+#include "Control/ControlMessage.h"
+
+namespace tomcatto {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+QByteArray line(const Json &object)
+{
+    return QByteArray::fromStdString(object.dump(-1, ' ', false, Json::error_handler_t::replace)) + '\n';
+}
+
+Json parsed(const QByteArray &text)
+{
+    return Json::parse(text.begin(), text.end(), nullptr, false);
+}
+
+}
+
+ControlReply controlReply(ExitStatus status, QString message)
+{
+    return {status, std::move(message), {}};
+}
+
+QByteArray encoded(const ControlRequest &request)
+{
+    Json object;
+    object["command"] = request.command.toStdString();
+    if (!request.arguments.empty())
+        object["arguments"] = request.arguments;
+    if (request.isFollowing)
+        object["follow"] = true;
+    return line(object);
+}
+
+QByteArray encoded(const ControlReply &reply)
+{
+    Json object;
+    object["status"] = static_cast<int>(reply.status);
+    if (!reply.message.isEmpty())
+        object["message"] = reply.message.toStdString();
+    if (!reply.result.is_null())
+        object["result"] = reply.result;
+    return line(object);
+}
+
+std::expected<ControlRequest, QString> decodedRequest(const QByteArray &text)
+{
+    const Json object = parsed(text);
+    if (!object.is_object())
+        return std::unexpected(QStringLiteral("A request is one JSON object in one line"));
+    const auto command = object.find("command");
+    if (command == object.end() || !command->is_string())
+        return std::unexpected(QStringLiteral("A request names its \"command\" as a text"));
+    ControlRequest request;
+    request.command = QString::fromStdString(command->get<std::string>());
+    if (const auto arguments = object.find("arguments"); arguments != object.end()) {
+        if (!arguments->is_object())
+            return std::unexpected(QStringLiteral("\"arguments\" must be an object"));
+        request.arguments = *arguments;
+    }
+    if (const auto follow = object.find("follow"); follow != object.end()) {
+        if (!follow->is_boolean())
+            return std::unexpected(QStringLiteral("\"follow\" must be true or false"));
+        request.isFollowing = follow->get<bool>();
+    }
+    return request;
+}
+
+std::expected<ControlReply, QString> decodedReply(const QByteArray &text)
+{
+    const Json object = parsed(text);
+    if (!object.is_object() || !object.contains("status") || !object["status"].is_number_integer())
+        return std::unexpected(QStringLiteral("Tomcatto's answer cannot be read"));
+    const int status = object["status"].get<int>();
+    if (status < static_cast<int>(ExitStatus::done) || status > static_cast<int>(ExitStatus::failed))
+        return std::unexpected(QStringLiteral("Tomcatto's answer has an unknown status"));
+    ControlReply reply;
+    reply.status = static_cast<ExitStatus>(status);
+    if (const auto message = object.find("message"); message != object.end() && message->is_string())
+        reply.message = QString::fromStdString(message->get<std::string>());
+    if (const auto result = object.find("result"); result != object.end())
+        reply.result = *result;
+    return reply;
+}
+
+}

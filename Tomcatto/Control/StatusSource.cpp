@@ -1,0 +1,64 @@
+#include "Control/StatusSource.h"
+
+#include <QtCore/QPointer>
+
+namespace tomcatto {
+
+StatusSource::StatusSource(const Parts &parts, QObject *parent)
+    : QObject(parent)
+    , m_parts(parts)
+    , m_pill(parts.stateMachine, parts.timer, parts.settings, parts.strings)
+{
+    const auto &machine = m_parts.stateMachine;
+    const auto check = [this] { checkSoon(); };
+    connect(&machine, &PomodoroStateMachine::isPausedChanged, this, check);
+    connect(&machine, &PomodoroStateMachine::currentPlannedSecondsChanged, this, check);
+    connect(&machine, &PomodoroStateMachine::isOverflowingChanged, this, check);
+    connect(&machine, &PomodoroStateMachine::isPhasePendingChanged, this, check);
+    connect(&machine, &PomodoroStateMachine::phaseTokenChanged, this, check);
+    connect(&m_parts.settings, &PomodoroSettings::changed, this, check);
+    connect(&m_parts.statsAggregator, &StatsAggregator::changes, this, check);
+    m_dayObserver = m_parts.wallClock.onDayChanged(check);
+}
+
+TimerStatus StatusSource::status() const
+{
+    const auto &machine = m_parts.stateMachine;
+    const bool isIdle = machine.currentPhase() == PomodoroPhase::idle;
+    const Date now = m_parts.wallClock.now();
+    const Calendar calendar = m_parts.wallClock.calendar();
+    TimerStatus status;
+    status.phase = machine.currentPhase();
+    status.isPaused = machine.isPaused();
+    status.isPending = machine.isPhasePending();
+    status.isOverflowing = machine.isOverflowing();
+    status.remainingSeconds = isIdle ? 0 : m_parts.timer.remainingSeconds();
+    status.overflowSeconds = isIdle ? 0 : m_parts.timer.overflowSeconds();
+    status.plannedSeconds = machine.currentPlannedSeconds();
+    status.cycleIndex = machine.currentCycleIndex();
+    status.cyclesPerSet = m_parts.settings.cyclesBeforeLongBreak();
+    status.phaseToken = machine.phaseToken();
+    status.title = m_pill.content().title;
+    status.todayCompleted = m_parts.statsAggregator.todayCount();
+    status.todayFocusMinutes = m_parts.statsAggregator.focusMinutes({calendar.startOfDay(calendar.dayOf(now)), now});
+    status.dailyGoal = m_parts.settings.dailyGoalPomodoros();
+    status.streak = m_parts.statsAggregator.currentStreak();
+    return status;
+}
+
+void StatusSource::checkSoon()
+{
+    if (std::exchange(m_isChecking, true))
+        return;
+    m_parts.runLoop.async([this, alive = QPointer(this)] {
+        if (!alive)
+            return;
+        m_isChecking = false;
+        const TimerStatus now = status();
+        const auto before = std::exchange(m_last, now);
+        if (!before || differByMoreThanTick(*before, now))
+            Q_EMIT changed(now);
+    });
+}
+
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "Control/TimerStatus.h"
+#include "Platform/Ports/WallClock.h"
+#include "Statistics/StatsAggregator.h"
+#include "StatusPill/StatusPillSource.h"
+
+namespace tomcatto {
+
+/// Gathers the status from the timer, the settings and the statistics, and tells when it changed by more than a tick.
+/// Main thread only.
+class StatusSource final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What the status is made of.
+    struct Parts
+    {
+        const PomodoroStateMachine &stateMachine;
+        const PomodoroTimer &timer;
+        const PomodoroSettings &settings;
+        const StatsAggregator &statsAggregator;
+        const LocalizedStrings &strings;
+        WallClock &wallClock;
+        MainRunLoop &runLoop;
+    };
+
+    explicit StatusSource(const Parts &parts, QObject *parent = nullptr);
+
+    /// The status of this moment.
+    [[nodiscard]] TimerStatus status() const;
+
+Q_SIGNALS:
+    /// The status changed by more than a tick; once for all changes of one turn of the main loop.
+    void changed(const tomcatto::TimerStatus &status);
+
+private:
+    void checkSoon();
+
+    Parts m_parts;
+    StatusPillSource m_pill;
+    // Gathered with the first change: asking for it reads the whole history.
+    std::optional<TimerStatus> m_last;
+    bool m_isChecking = false;
+    Cancellable m_dayObserver;
+};
+
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "Foundation/Date.h"
+
+#include <optional>
+#include <QtCore/QTimeZone>
+
+namespace tomcatto {
+
+/// The units that statistics are gathered in.
+enum class CalendarUnit { day, weekOfYear, month, year };
+
+/// The unit's name in reports: "day", "weekOfYear", "month" or "year".
+[[nodiscard]] QString rawValue(CalendarUnit unit);
+
+/// The rules by which instants become days: a time zone and the day a week begins with. Gregorian. A value; any thread.
+///
+/// Days are calendar dates (`QDate`), so walking over them needs no time-zone conversion and is right on days of 23 and
+/// 25 hours and where midnight does not exist. The calendar reaches about two million years each way from 1970; a time
+/// zone that is not valid counts as UTC.
+struct Calendar
+{
+    QTimeZone timeZone;
+    Qt::DayOfWeek firstWeekday = Qt::Monday;
+
+    bool operator==(const Calendar &) const = default;
+
+    /// Whether the calendar knows the instant; infinite and undefined instants have no day.
+    [[nodiscard]] static bool reaches(Date date);
+    /// The calendar date that `date` falls on; an invalid one for an instant that the calendar does not reach.
+    [[nodiscard]] QDate dayOf(Date date) const;
+    /// The first instant of a calendar date: the first one after the gap where the clocks skip midnight, the earlier
+    /// one where midnight comes twice, the start of the next day where the whole date is left out. A day beyond the
+    /// calendar's reach counts as its last one.
+    [[nodiscard]] Date startOfDay(QDate day) const;
+    /// The instants of one calendar date.
+    [[nodiscard]] DateInterval dayInterval(QDate day) const;
+    /// The first date of the unit that contains `day`.
+    [[nodiscard]] QDate firstDay(CalendarUnit unit, QDate day) const;
+    /// The first date of the unit after the one that contains `day`.
+    [[nodiscard]] QDate firstDayAfter(CalendarUnit unit, QDate day) const;
+    /// The instants of the unit that contains `day`.
+    [[nodiscard]] DateInterval interval(CalendarUnit unit, QDate day) const;
+    /// Days from the calendar's first weekday to that of `day`, 0 to 6.
+    [[nodiscard]] int weekdayIndex(QDate day) const;
+    /// The calendar date `days` after `day` (before it when negative); nothing beyond what the calendar reaches.
+    [[nodiscard]] static std::optional<QDate> addingDays(QDate day, qint64 days);
+    /// The instant `days` calendar days after `date` (before it when negative), at the same time of day. A date or a
+    /// day count beyond what the calendar reaches gives nothing.
+    [[nodiscard]] std::optional<Date> addingDays(Date date, qint64 days) const;
+
+private:
+    /// Seconds that local time is ahead of UTC at an instant in seconds since 1970.
+    [[nodiscard]] qint64 offsetAt(qint64 seconds) const;
+    /// The first second after `low`, up to `high`, with another offset than `low` has.
+    [[nodiscard]] qint64 offsetChange(qint64 low, qint64 high) const;
+};
+
+}

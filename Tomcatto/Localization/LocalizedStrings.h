@@ -1,0 +1,84 @@
+#pragma once
+
+#include "Foundation/Logger.h"
+#include "Localization/LanguageOverrideService.h"
+#include "Localization/StringsTable.h"
+#include "Localization/TextFormat.h"
+
+#include <map>
+#include <QtCore/QObject>
+#include <QtCore/QSet>
+
+namespace tomcatto {
+
+/// Whether a language words a count like one thing or like several.
+enum class PluralCategory { one, other };
+
+/// How `language` words a count; a negative count as its positive one. `system` counts like English.
+[[nodiscard]] PluralCategory pluralCategory(SelectedLanguage language, qint64 count);
+
+/// All texts that people read, by key, in the language of a `LanguageOverrideService`. A table is read when it is first
+/// needed and kept. Views may use it directly. Main thread only.
+class LocalizedStrings final : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(int revision READ revision NOTIFY changed FINAL)
+
+public:
+    /// @param service tells the language; must outlive the texts.
+    /// @param root folder or resource prefix with the "<language>.lproj" folders.
+    explicit LocalizedStrings(const LanguageOverrideService &service, QString root = QStringLiteral(":/tomcatto"),
+                              QObject *parent = nullptr);
+
+    /// The text under `key` in the current language, else in English, else the key itself. A missing text is logged at
+    /// error level, once a key.
+    [[nodiscard]] Q_INVOKABLE QString text(const QString &key) const;
+
+    /// The text under `key` with its placeholders filled in, see `fillPlaceholders`.
+    template<typename... Arguments>
+    [[nodiscard]] QString format(const QString &key, const Arguments &...arguments) const
+    {
+        return formatList(key, {formatArgument(arguments)...});
+    }
+    [[nodiscard]] Q_INVOKABLE QString formatList(const QString &key, const QStringList &arguments) const;
+
+    /// The text for a count, from `key` + ".one" or ".other". The count is the first argument, the others follow it.
+    template<typename... Arguments>
+    [[nodiscard]] QString plural(const QString &key, qint64 count, const Arguments &...arguments) const
+    {
+        return formatList(pluralKey(key, count), {formatArgument(count), formatArgument(arguments)...});
+    }
+    [[nodiscard]] Q_INVOKABLE QString pluralText(const QString &key, int count) const { return plural(key, count); }
+
+    /// The language of the texts; never `system`.
+    [[nodiscard]] SelectedLanguage language() const;
+    /// The locale for dates and numbers between the texts.
+    [[nodiscard]] QLocale locale() const;
+
+    /// Whether texts come in the made-up language that tests of layouts use, see `pseudoText`.
+    void setPseudo(bool isPseudo);
+    [[nodiscard]] bool isPseudo() const noexcept { return m_isPseudo; }
+
+    /// Grows whenever texts change, so that a binding which reads it asks again.
+    [[nodiscard]] int revision() const noexcept { return m_revision; }
+
+Q_SIGNALS:
+    /// Every text may be another one now.
+    void changed();
+
+private:
+    void announce();
+    [[nodiscard]] QString pluralKey(const QString &key, qint64 count) const;
+    [[nodiscard]] const StringsTable &table(SelectedLanguage language) const;
+    void reportMissing(const QString &key, SelectedLanguage language) const;
+
+    const LanguageOverrideService &m_service;
+    QString m_root;
+    Logger m_logger{QStringLiteral("LocalizedStrings")};
+    mutable std::map<SelectedLanguage, StringsTable> m_tables;
+    mutable QSet<QString> m_reported;
+    bool m_isPseudo = false;
+    int m_revision = 0;
+};
+
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+namespace tomcatto::sessionQueries {
+
+// Every statement on the ended phases. Each has an index that also gives its order, except the one that takes all.
+
+inline constexpr const char *insert =
+    "INSERT INTO PomodoroSessionRecord (id, phase, startedAt, endedAt, plannedDurationSeconds, actualDurationSeconds,"
+    " cycleIndex, wasCompleted, wasSkipped) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9)";
+
+/// ?1 start, ?2 end, ?3 limit, −1 for none.
+inline constexpr const char *inInterval =
+    "SELECT id, phase, startedAt, endedAt, plannedDurationSeconds, actualDurationSeconds, cycleIndex, wasCompleted,"
+    " wasSkipped FROM PomodoroSessionRecord WHERE startedAt >= ?1 AND startedAt < ?2"
+    " ORDER BY startedAt DESC, rowid DESC LIMIT ?3";
+
+/// ?1 start, ?2 end, ?3 limit, −1 for none, ?4 phase.
+inline constexpr const char *inIntervalOfPhase =
+    "SELECT id, phase, startedAt, endedAt, plannedDurationSeconds, actualDurationSeconds, cycleIndex, wasCompleted,"
+    " wasSkipped FROM PomodoroSessionRecord WHERE startedAt >= ?1 AND startedAt < ?2 AND phase = ?4"
+    " ORDER BY startedAt DESC, rowid DESC LIMIT ?3";
+
+inline constexpr const char *completedWorkStamps =
+    "SELECT startedAt, actualDurationSeconds FROM PomodoroSessionRecord WHERE phase = 'work' AND wasCompleted = 1"
+    " ORDER BY startedAt";
+
+inline constexpr const char *completedWorkCount =
+    "SELECT count(*) FROM PomodoroSessionRecord WHERE phase = 'work' AND wasCompleted = 1";
+
+/// ?1 the earliest start.
+inline constexpr const char *completedWorkSince =
+    "SELECT id, phase, startedAt, endedAt, plannedDurationSeconds, actualDurationSeconds, cycleIndex, wasCompleted,"
+    " wasSkipped FROM PomodoroSessionRecord WHERE phase = 'work' AND wasCompleted = 1 AND startedAt >= ?1"
+    " ORDER BY startedAt";
+
+inline constexpr const char *earliestStart =
+    "SELECT startedAt FROM PomodoroSessionRecord WHERE startedAt IS NOT NULL ORDER BY startedAt LIMIT 1";
+
+inline constexpr const char *all =
+    "SELECT id, phase, startedAt, endedAt, plannedDurationSeconds, actualDurationSeconds, cycleIndex, wasCompleted,"
+    " wasSkipped FROM PomodoroSessionRecord";
+
+/// ?1 the cutoff; what started then stays.
+inline constexpr const char *prune = "DELETE FROM PomodoroSessionRecord WHERE startedAt < ?1";
+
+}

@@ -1,0 +1,181 @@
+#include "Persistence/Repositories/SessionRepository.h"
+
+#include "Foundation/CheckedArithmetic.h"
+#include "Persistence/CoreDataStack.h"
+#include "Persistence/Repositories/SessionQueries.h"
+#include "Platform/Ports/IdentifierSource.h"
+#include "Platform/Ports/WallClock.h"
+
+namespace tomcatto {
+
+namespace {
+
+std::vector<StoreValue> insertValues(const PomodoroSessionInsertRequest &request)
+{
+    return {identifierText(request.id),
+            rawValue(request.phase),
+            secondsSince1970(request.startedAt),
+            secondsSince1970(request.endedAt),
+            qint64{checkedNarrow<qint32>(request.plannedDurationSeconds)},
+            qint64{checkedNarrow<qint32>(request.actualDurationSeconds)},
+            qint64{checkedNarrow<qint16>(request.cycleIndex)},
+            qint64{request.wasCompleted},
+            qint64{request.wasSkipped}};
+}
+
+PomodoroSessionRecord recordOf(const StoreRow &row)
+{
+    return {.id = row.identifier(0),
+            .phase = row.text(1),
+            .startedAt = row.date(2),
+            .endedAt = row.date(3),
+            .plannedDurationSeconds = row.integer<qint32>(4),
+            .actualDurationSeconds = row.integer<qint32>(5),
+            .cycleIndex = row.integer<qint16>(6),
+            .wasCompleted = row.boolean(7),
+            .wasSkipped = row.boolean(8)};
+}
+
+// Runs `sql` as one save of the context; a failure is logged after `failureText`.
+void write(ManagedObjectContext &context, const char *sql, const std::vector<StoreValue> &values, const Logger &logger,
+           const QString &failureText)
+{
+    const auto saved = context.save([&](StoreConnection &connection) -> StoreResult<void> {
+        if (const auto executed = connection.execute(sql, values); !executed)
+            return std::unexpected(executed.error());
+        return {};
+    });
+    if (!saved)
+        logger.error(failureText + saved.error().description());
+}
+
+}
+
+SessionRepository::SessionRepository(CoreDataStack &stack, const WallClock &clock, QObject *parent)
+    : QObject(parent)
+    , m_stack(stack)
+    , m_clock(clock)
+    , m_logger(QStringLiteral("SessionRepository"))
+    , m_life(std::make_shared<LifeToken>())
+{
+    connect(&m_stack, &CoreDataStack::contextDidSave, this, &SessionRepository::didSave, Qt::QueuedConnection);
+}
+
+SessionRepository::~SessionRepository() = default;
+
+void SessionRepository::insert(const PomodoroSessionInsertRequest &request, InsertMode mode,
+                               std::function<void()> beforeWrite)
+{
+    auto block = [values = insertValues(request), beforeWrite = std::move(beforeWrite),
+                  logger = m_logger](ManagedObjectContext &context) {
+        if (beforeWrite)
+            beforeWrite();
+        write(context, sessionQueries::insert, values, logger, QStringLiteral("Failed to insert session: "));
+    };
+    switch (mode) {
+    case InsertMode::asynchronous:
+        performWhileAlive(std::move(block));
+        break;
+    case InsertMode::synchronous:
+        m_stack.newBackgroundContext().performAndWait(block);
+        break;
+    }
+}
+
+void SessionRepository::prune(qint64 olderThanDays)
+{
+    const auto cutoff = m_clock.calendar().addingDays(m_clock.now(), checkedSubtract<qint64>(0, olderThanDays));
+    // The calendar does not reach that far.
+    if (!cutoff)
+        return;
+    performWhileAlive([seconds = secondsSince1970(*cutoff), logger = m_logger](ManagedObjectContext &context) {
+        write(context, sessionQueries::prune, {seconds}, logger, QStringLiteral("Failed to prune sessions: "));
+    });
+}
+
+void SessionRepository::performWhileAlive(std::function<void(ManagedObjectContext &)> block)
+{
+    m_stack.newBackgroundContext().perform(
+        [life = std::weak_ptr(m_life), block = std::move(block)](ManagedObjectContext &context) {
+            if (const auto held = life.lock())
+                block(context);
+        });
+}
+
+std::vector<PomodoroSessionRecord>
+SessionRepository::sessions(DateInterval interval, std::optional<PomodoroPhase> phase, std::optional<int> limit) const
+{
+    const qint64 rows = limit && *limit > 0 ? *limit : -1;
+    std::vector<StoreValue> values{secondsSince1970(interval.start), secondsSince1970(interval.end), rows};
+    if (!phase)
+        return records(sessionQueries::inInterval, values);
+    values.emplace_back(rawValue(*phase));
+    return records(sessionQueries::inIntervalOfPhase, values);
+}
+
+bool SessionRepository::forEachSession(DateInterval interval,
+                                       const std::function<void(const PomodoroSessionRecord &)> &visit) const
+{
+    return fetch(sessionQueries::inInterval,
+                 {secondsSince1970(interval.start), secondsSince1970(interval.end), qint64{-1}},
+                 [&visit](const StoreRow &row) { visit(recordOf(row)); });
+}
+
+std::vector<CompletedWorkStamp> SessionRepository::completedWorkStamps() const
+{
+    std::vector<CompletedWorkStamp> stamps;
+    const bool whole = fetch(sessionQueries::completedWorkStamps, {}, [&stamps](const StoreRow &row) {
+        if (const auto startedAt = row.date(0))
+            stamps.push_back({*startedAt, row.integer<qint32>(1)});
+    });
+    if (!whole)
+        stamps.clear();
+    return stamps;
+}
+
+qint64 SessionRepository::completedWorkCount() const
+{
+    qint64 count = 0;
+    static_cast<void>(fetch(sessionQueries::completedWorkCount, {},
+                            [&count](const StoreRow &row) { count = row.integer<qint64>(0); }));
+    return count;
+}
+
+std::vector<PomodoroSessionRecord> SessionRepository::completedWork(Date since) const
+{
+    return records(sessionQueries::completedWorkSince, {secondsSince1970(since)});
+}
+
+std::optional<Date> SessionRepository::earliestSessionDate() const
+{
+    std::optional<Date> earliest;
+    static_cast<void>(
+        fetch(sessionQueries::earliestStart, {}, [&earliest](const StoreRow &row) { earliest = row.date(0); }));
+    return earliest;
+}
+
+std::vector<PomodoroSessionRecord> SessionRepository::allSessions() const
+{
+    return records(sessionQueries::all, {});
+}
+
+std::vector<PomodoroSessionRecord> SessionRepository::records(const char *sql,
+                                                              const std::vector<StoreValue> &values) const
+{
+    std::vector<PomodoroSessionRecord> found;
+    if (!fetch(sql, values, [&found](const StoreRow &row) { found.push_back(recordOf(row)); }))
+        found.clear();
+    return found;
+}
+
+bool SessionRepository::fetch(const char *sql, const std::vector<StoreValue> &values, const RowVisitor &visit) const
+{
+    StoreResult<void> fetched;
+    m_stack.viewContext().performAndWait(
+        [&](const ManagedObjectContext &context) { fetched = context.connection().fetch(sql, values, visit); });
+    if (!fetched)
+        m_logger.error(QStringLiteral("Failed to fetch sessions: ") + fetched.error().description());
+    return fetched.has_value();
+}
+
+}

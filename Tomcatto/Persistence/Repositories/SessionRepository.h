@@ -1,0 +1,77 @@
+#pragma once
+
+#include "Foundation/Logger.h"
+#include "Persistence/ManagedObjectContext.h"
+#include "Persistence/Repositories/SessionRecordWriter.h"
+
+#include <memory>
+#include <QtCore/QObject>
+#include <vector>
+
+namespace tomcatto {
+
+class CoreDataStack;
+class WallClock;
+
+/// Stores ended phases and answers every question about them. Main thread only. A query that fails is logged and
+/// answers with an empty list, zero or nothing; a write that fails is logged and not passed on.
+class SessionRepository final : public QObject, public SessionRecordWriter
+{
+    Q_OBJECT
+public:
+    /// Both outlive the repository. What it handed over asynchronously and has not run yet when it is destroyed is not
+    /// written: call `CoreDataStack::save()` before.
+    SessionRepository(CoreDataStack &stack, const WallClock &clock, QObject *parent = nullptr);
+    ~SessionRepository() override;
+
+    void insert(const PomodoroSessionInsertRequest &request, InsertMode mode,
+                std::function<void()> beforeWrite = {}) override;
+
+    /// The phases that started in the interval, newest first.
+    /// @param limit how many at most; nothing, and a number below 1, for all
+    [[nodiscard]] std::vector<PomodoroSessionRecord> sessions(DateInterval interval,
+                                                              std::optional<PomodoroPhase> phase = std::nullopt,
+                                                              std::optional<int> limit = std::nullopt) const;
+    /// Hands each phase that started in the interval to `visit`, newest first, without keeping them all in memory.
+    /// `visit` must not write to the store.
+    /// @return whether all were read; a failure is logged
+    [[nodiscard]] bool forEachSession(DateInterval interval,
+                                      const std::function<void(const PomodoroSessionRecord &)> &visit) const;
+    /// Start and length of every completed work phase, by ascending start.
+    [[nodiscard]] std::vector<CompletedWorkStamp> completedWorkStamps() const;
+    /// How many work phases were completed.
+    [[nodiscard]] qint64 completedWorkCount() const;
+    /// The completed work phases that started at `since` or later, by ascending start.
+    [[nodiscard]] std::vector<PomodoroSessionRecord> completedWork(Date since) const;
+    /// When the first phase of all started; nothing for an empty store.
+    [[nodiscard]] std::optional<Date> earliestSessionDate() const;
+    /// Every phase, also those without a start.
+    [[nodiscard]] std::vector<PomodoroSessionRecord> allSessions() const;
+
+    /// Deletes, in the background and as one batch, every phase that started before the calendar's date of now minus
+    /// `olderThanDays` days. A day count that cannot be negated is fatal.
+    void prune(qint64 olderThanDays);
+
+Q_SIGNALS:
+    /// A context of the store has saved. On the main thread.
+    void didSave();
+
+private:
+    class LifeToken
+    {
+    };
+
+    using RowVisitor = std::function<void(const StoreRow &)>;
+    [[nodiscard]] bool fetch(const char *sql, const std::vector<StoreValue> &values, const RowVisitor &visit) const;
+    [[nodiscard]] std::vector<PomodoroSessionRecord> records(const char *sql,
+                                                             const std::vector<StoreValue> &values) const;
+    void performWhileAlive(std::function<void(ManagedObjectContext &)> block);
+
+    CoreDataStack &m_stack;
+    const WallClock &m_clock;
+    Logger m_logger;
+    /// Background blocks hold it weakly: when it is gone, so is the repository.
+    std::shared_ptr<LifeToken> m_life;
+};
+
+}

@@ -1,0 +1,142 @@
+#include "Persistence/StoreConnection.h"
+
+#include <sqlite3.h>
+#include <SQLiteCpp/SQLiteCpp.h>
+
+namespace tomcatto {
+
+namespace {
+
+constexpr int busyTimeoutMilliseconds = 5'000;
+
+// The cache is kept small: the store is read in long sweeps and written a row at a time. The log is cut back to 4 MiB
+// after a large deletion. Full synchronisation makes a commit durable, not only consistent.
+constexpr const char *connectionSettings = "PRAGMA synchronous = FULL;"
+                                           "PRAGMA cache_size = -1024;"
+                                           "PRAGMA journal_size_limit = 4194304;";
+
+struct Binder
+{
+    SQLite::Statement &statement;
+    int index;
+
+    void operator()(std::monostate) const { statement.bind(index); }
+    void operator()(qint64 value) const { statement.bind(index, static_cast<std::int64_t>(value)); }
+    void operator()(double value) const { statement.bind(index, value); }
+    void operator()(const QString &value) const { statement.bind(index, value.toStdString()); }
+    void operator()(const QByteArray &value) const
+    {
+        statement.bind(index, static_cast<const void *>(value.constData()), static_cast<int>(value.size()));
+    }
+};
+
+void bindAll(SQLite::Statement &statement, const std::vector<StoreValue> &values)
+{
+    int index = 0;
+    for (const StoreValue &value : values)
+        std::visit(Binder{statement, ++index}, value);
+}
+
+StoreError errorFrom(const SQLite::Exception &exception, const QString &path)
+{
+    const int code = exception.getExtendedErrorCode() > 0 ? exception.getExtendedErrorCode() : exception.getErrorCode();
+    return StoreError::fromResultCode(code, path, QString::fromUtf8(exception.what()));
+}
+
+}
+
+StoreConnection::StoreConnection(QString path, Access access)
+    : m_path(std::move(path))
+    , m_access(access)
+{
+}
+
+StoreConnection::~StoreConnection() = default;
+
+StoreResult<void> StoreConnection::open()
+{
+    // One thread at a time uses the connection, so SQLite need not lock it.
+    const int flags = SQLite::OPEN_READWRITE | SQLITE_OPEN_NOMUTEX |
+                      (m_access == Access::createWhenMissing ? SQLite::OPEN_CREATE : 0);
+    try {
+        auto database = std::make_unique<SQLite::Database>(m_path.toStdString(), flags, busyTimeoutMilliseconds);
+        if (sqlite3_db_readonly(database->getHandle(), "main") == 1)
+            return std::unexpected(StoreError::fromResultCode(
+                SQLITE_READONLY, m_path, QStringLiteral("the file can only be read, not written")));
+        sqlite3_db_config(database->getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+        database->exec(connectionSettings);
+        m_database = std::move(database);
+    } catch (const SQLite::Exception &exception) {
+        return std::unexpected(errorFrom(exception, m_path));
+    }
+    return {};
+}
+
+template<typename Action>
+auto StoreConnection::withDatabase(Action action) -> StoreResult<decltype(action(std::declval<SQLite::Database &>()))>
+{
+    if (!m_database) {
+        if (const auto opened = open(); !opened)
+            return std::unexpected(opened.error());
+    }
+    try {
+        if constexpr (std::is_void_v<decltype(action(*m_database))>) {
+            action(*m_database);
+            return {};
+        } else {
+            return action(*m_database);
+        }
+    } catch (const SQLite::Exception &exception) {
+        return std::unexpected(errorFrom(exception, m_path));
+    }
+}
+
+StoreResult<int> StoreConnection::execute(const char *sql, const std::vector<StoreValue> &values)
+{
+    return withDatabase([&](SQLite::Database &database) {
+        SQLite::Statement statement(database, sql);
+        bindAll(statement, values);
+        return statement.exec();
+    });
+}
+
+StoreResult<void> StoreConnection::executeScript(const char *sql)
+{
+    return withDatabase([&](SQLite::Database &database) { database.exec(sql); });
+}
+
+StoreResult<void> StoreConnection::fetch(const char *sql, const std::vector<StoreValue> &values,
+                                         const std::function<void(const StoreRow &)> &row)
+{
+    return withDatabase([&](SQLite::Database &database) {
+        SQLite::Statement statement(database, sql);
+        bindAll(statement, values);
+        const StoreRow current(statement);
+        while (statement.executeStep())
+            row(current);
+    });
+}
+
+StoreResult<void> StoreConnection::transaction(const std::function<StoreResult<void>()> &changes)
+{
+    if (const auto begun = execute("BEGIN IMMEDIATE"); !begun)
+        return std::unexpected(begun.error());
+    StoreResult<void> result = changes();
+    if (result) {
+        if (const auto committed = execute("COMMIT"); !committed)
+            result = std::unexpected(committed.error());
+    }
+    // Some failures, such as a full disk, end the transaction by themselves.
+    if (!result && sqlite3_get_autocommit(m_database->getHandle()) == 0)
+        static_cast<void>(execute("ROLLBACK"));
+    return result;
+}
+
+StoreResult<void> StoreConnection::checkpointOnClose()
+{
+    return withDatabase([](SQLite::Database &database) {
+        sqlite3_db_config(database.getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
+    });
+}
+
+}

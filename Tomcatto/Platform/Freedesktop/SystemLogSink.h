@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Foundation/Logger.h"
+
+#include <memory>
+#include <optional>
+
+namespace tomcatto {
+
+/// Sends log lines to the system log: to the journal with a field each for subsystem and category where it runs, else
+/// to syslog; and a copy to standard error where that is wanted. Copies share their state, so one may be handed to
+/// `setLogSink` and another kept to change the copy. Any thread; a line is written whole.
+class SystemLogSink final
+{
+public:
+    /// Without a copy to standard error.
+    SystemLogSink();
+    /// @param journalSocket the address that the journal takes lines at.
+    /// @param standardError the descriptor that copies go to.
+    SystemLogSink(const QByteArray &journalSocket, int standardError);
+
+    /// Writes one line. Failures have nobody left to be told.
+    void operator()(LogLevel level, const QString &category, const QString &message) const;
+    /// Copies lines of `minimum` and above to standard error from now on; nothing ends that.
+    void setStandardErrorLevel(std::optional<LogLevel> minimum) const;
+
+private:
+    class State;
+
+    std::shared_ptr<State> m_state;
+};
+
+}

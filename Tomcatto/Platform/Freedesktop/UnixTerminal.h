@@ -1,0 +1,48 @@
+#pragma once
+
+#include "Platform/Freedesktop/KeyDecoder.h"
+#include "Platform/Ports/ProcessSignals.h"
+#include "Platform/Ports/Terminal.h"
+
+#include <memory>
+#include <QtCore/QObject>
+
+class QSocketNotifier;
+
+namespace tomcatto {
+
+/// A Unix terminal. While keys are read it is in single-key mode without echo; Ctrl-C and Ctrl-Z keep their effect. The
+/// settings are restored when the process stops, and single-key mode comes back with it in the foreground: at the
+/// signal that it goes on, or at the latest with the next text written. One object reads keys at a time.
+class UnixTerminal final : public QObject, public Terminal
+{
+    Q_OBJECT
+
+public:
+    /// @param signals tells when the process goes on after a stop; outlives this object.
+    /// @param input, output descriptors, which stay the caller's; standard input and output unless told.
+    explicit UnixTerminal(ProcessSignals &signals, int input = 0, int output = 1);
+    ~UnixTerminal() override;
+
+    [[nodiscard]] bool isInteractive() const override;
+    [[nodiscard]] int columns() const override;
+    /// Where the input is no terminal, nothing is read and the result is inactive. Keys end with the input.
+    [[nodiscard]] Cancellable readKeys(std::function<void(QChar)> handler) override;
+    void write(const QString &text) override;
+
+private:
+    [[nodiscard]] bool isForeground() const;
+    void enterKeyMode();
+    void leaveKeyMode();
+    void readInput();
+
+    int m_input;
+    int m_output;
+    bool m_isOutputClosed = false;
+    KeyDecoder m_decoder;
+    std::shared_ptr<std::function<void(QChar)>> m_keyHandler;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    Cancellable m_resumption;
+};
+
+}

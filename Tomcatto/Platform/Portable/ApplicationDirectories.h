@@ -1,0 +1,33 @@
+#pragma once
+
+#include <optional>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+
+namespace tomcatto {
+
+/// Where the application keeps its things, by the platform's standard locations and the environment at the time of the
+/// call. Nothing is created but the user-only folder that stands in for a missing runtime folder. Any thread.
+class ApplicationDirectories final
+{
+public:
+    /// The user's application-support folder, which holds the application's own folder "Tomcatto"; nothing where the
+    /// user has none.
+    [[nodiscard]] std::optional<QString> applicationSupport() const;
+    /// The JSON file of the user defaults.
+    [[nodiscard]] QString userDefaultsFile() const;
+    /// The instance lock, beside the user defaults.
+    [[nodiscard]] QString instanceLockFile() const;
+    /// Where the instance lock goes when the folder of the user defaults cannot be written.
+    [[nodiscard]] QString fallbackInstanceLockFile() const;
+    /// The socket that commands reach the running application over; short enough for a socket's address.
+    [[nodiscard]] QString controlSocket() const;
+    /// The folder of the HTTP cache.
+    [[nodiscard]] QString urlCache() const;
+    /// The snapshot that the desktop widget reads.
+    [[nodiscard]] QString widgetSnapshotFile() const;
+    /// Files that override the built-in information dictionary, the most important first; they need not exist.
+    [[nodiscard]] QStringList infoDictionaryFiles() const;
+};
+
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+namespace tomcatto {
+
+/// What became of an attempt to take the instance lock.
+enum class InstanceLockResult {
+    taken,
+    /// Another process holds it.
+    held,
+    /// The lock's place cannot be written; this process goes on without it.
+    unavailable,
+};
+
+/// The lock that lets one process at a time run the application or write its settings. The system releases it when the
+/// process ends, however it ends. Main thread only.
+class InstanceLock
+{
+public:
+    virtual ~InstanceLock() = default;
+
+    /// Takes the lock without waiting.
+    [[nodiscard]] virtual InstanceLockResult tryTake() = 0;
+    /// Gives it back.
+    virtual void release() = 0;
+};
+
+}

@@ -1,0 +1,102 @@
+#pragma once
+
+#include "Foundation/Cancellable.h"
+
+#include <optional>
+#include <QtCore/QRect>
+#include <QtCore/QString>
+#include <QtGui/QImage>
+#include <vector>
+
+namespace tomcatto {
+
+/// What a command of the item's menu does.
+enum class TrayMenuAction {
+    openPanel,
+    primary,
+    skip,
+    takeBreak,
+    extend,
+    reset,
+    statistics,
+    settings,
+    togglePill,
+    quit,
+};
+
+/// One line of the item's menu.
+struct TrayMenuEntry
+{
+    /// Nothing for a separator.
+    std::optional<TrayMenuAction> action;
+    QString text;
+    bool isEnabled = true;
+    /// Whether it is ticked; nothing for an entry that is no toggle.
+    std::optional<bool> isChecked;
+
+    bool operator==(const TrayMenuEntry &) const = default;
+};
+
+/// The item's menu from top to bottom, localised.
+struct TrayMenu
+{
+    std::vector<TrayMenuEntry> entries;
+
+    bool operator==(const TrayMenu &) const = default;
+};
+
+/// The shapes that an item can show now.
+struct StatusItemForms
+{
+    /// Edges of the square icons that the bar wants, in device pixels; empty where no square icon is shown.
+    std::vector<int> squareSizes;
+    /// Device pixels to a logical pixel of the pill; nothing where no pill is shown.
+    std::optional<double> pillScale;
+    /// Whether the bar, or the strip behind the pill, is dark.
+    bool isDark = false;
+
+    bool operator==(const StatusItemForms &) const = default;
+};
+
+/// What an item shows.
+struct StatusItemPresentation
+{
+    /// One icon to each of `StatusItemForms::squareSizes`; empty where there is no image.
+    std::vector<QImage> squareIcons;
+    /// The pill with its device pixel ratio set; its logical width is the item's length. Null where none is wanted or
+    /// none could be drawn: then `title` is shown as text in whatever length it takes.
+    QImage pill;
+    /// The time or the ready caption as plain text; empty while an image shows.
+    QString title;
+    QString toolTip;
+    /// What a screen reader says.
+    QString accessibleText;
+};
+
+/// The application's item in the system's bar: a square icon in a tray, the whole pill, or both. Main thread only.
+class StatusItem
+{
+public:
+    virtual ~StatusItem() = default;
+
+    /// The shapes to be drawn for it.
+    [[nodiscard]] virtual StatusItemForms forms() const = 0;
+    /// Calls `handler` after `forms` changed: a tray came or went, the bar turned dark, the scale is another.
+    [[nodiscard]] virtual Cancellable onFormsChanged(std::function<void()> handler) = 0;
+
+    virtual void show(const StatusItemPresentation &presentation) = 0;
+    /// Replaces the menu; it is shown on a context click, or by the bar itself.
+    virtual void setMenu(const TrayMenu &menu) = 0;
+    /// Whether the user wants the pill although a tray shows the square icon. It always shows where there is no tray.
+    virtual void setPillWanted(bool isWanted) = 0;
+
+    /// Where the item is on the screen, in logical pixels; nothing where the system does not tell.
+    [[nodiscard]] virtual std::optional<QRect> geometry() const = 0;
+    /// Calls `handler` on a click with the item's rectangle, or with an empty rectangle at the click's place where only
+    /// that is known, or with nothing.
+    [[nodiscard]] virtual Cancellable onActivated(std::function<void(std::optional<QRect>)> handler) = 0;
+    /// Calls `handler` when an entry of the menu was chosen.
+    [[nodiscard]] virtual Cancellable onMenuAction(std::function<void(TrayMenuAction)> handler) = 0;
+};
+
+}

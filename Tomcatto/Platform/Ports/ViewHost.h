@@ -1,0 +1,42 @@
+#pragma once
+
+#include <memory>
+#include <QtCore/QString>
+#include <QtCore/QVariantMap>
+
+class QWindow;
+
+namespace tomcatto {
+
+/// Which view to make and what it is given.
+struct ViewDescription
+{
+    /// The module and the component in it; the component's root is a window, created hidden.
+    QString module;
+    QString component;
+    /// Initial properties by name: view models, texts, plain values. Objects outlive the view.
+    QVariantMap properties;
+};
+
+/// A window that shows a view. Destroying it closes the window and frees what it took.
+class HostedView
+{
+public:
+    virtual ~HostedView() = default;
+
+    /// The window, which is the view's root object as well.
+    [[nodiscard]] virtual QWindow &window() = 0;
+};
+
+/// Makes windows out of views. What views need is loaded with the first one and let go some time after the last.
+/// Main thread only.
+class ViewHost
+{
+public:
+    virtual ~ViewHost() = default;
+
+    /// Makes a view. Null where it cannot be made, which is logged.
+    [[nodiscard]] virtual std::unique_ptr<HostedView> create(const ViewDescription &description) = 0;
+};
+
+}

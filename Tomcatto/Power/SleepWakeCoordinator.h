@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Foundation/Logger.h"
+#include "Power/SleepWakeObserver.h"
+#include "Timer/PomodoroStateMachine.h"
+
+namespace tomcatto {
+
+/// Pauses a running phase before the machine sleeps and decides on wake what becomes of it. While a phase runs it asks
+/// the system to wait with sleeping until the pause is in place. Main thread only.
+class SleepWakeCoordinator final : public QObject
+{
+    Q_OBJECT
+
+public:
+    SleepWakeCoordinator(PomodoroStateMachine &stateMachine, const PomodoroTimer &timer, SleepWakeObserver &observer,
+                         QObject *parent = nullptr);
+
+    /// Subscribes; called once, when the surfaces are installed.
+    void start();
+
+private:
+    struct Snapshot
+    {
+        PomodoroPhase phase;
+        qint64 remainingSeconds;
+    };
+
+    void handleSleep();
+    void handleWake(double sleepSeconds);
+    void updateDelay();
+
+    PomodoroStateMachine &m_stateMachine;
+    const PomodoroTimer &m_timer;
+    SleepWakeObserver &m_observer;
+    Logger m_logger;
+    std::optional<Snapshot> m_snapshot;
+};
+
+}
