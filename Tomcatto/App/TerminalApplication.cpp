@@ -1,6 +1,7 @@
 #include "App/TerminalApplication.h"
 
 #include "App/ApplicationControl.h"
+#include "App/PlatformAdapters.h"
 #include "CommandLine/TerminalFrontEnd.h"
 #include "Platform/Freedesktop/StandardError.h"
 #include "Platform/Freedesktop/UnixProcessSignals.h"
@@ -22,24 +23,18 @@ ControlReply noWindows(const nlohmann::ordered_json & /*arguments*/)
 
 }
 
-TerminalApplication::TerminalApplication(const Invocation &invocation, const ApplicationDirectories &directories,
-                                         InstanceLock &instanceLock, const CommandRunner &runner,
-                                         const SystemLogSink &log)
+TerminalApplication::TerminalApplication(const Invocation &invocation, ProgramStart &program)
     : m_invocation(invocation)
-    , m_directories(directories)
-    , m_instanceLock(instanceLock)
-    , m_runner(runner)
-    , m_log(log)
-{
-}
+    , m_program(program)
+{}
 
 int TerminalApplication::run()
 {
     // Taken before anything is built, so that two starts at one moment cannot recover one marker twice.
-    if (m_instanceLock.tryTake() == InstanceLockResult::held)
-        return static_cast<int>(m_runner.activateRunning());
+    if (m_program.instanceLock().tryTake() == InstanceLockResult::held)
+        return static_cast<int>(m_program.runner().activateRunning());
     const int status = runHoldingLock();
-    m_instanceLock.release();
+    m_program.instanceLock().release();
     return status;
 }
 
@@ -48,13 +43,13 @@ int TerminalApplication::runHoldingLock()
     UnixProcessSignals processSignals;
     UnixTerminal terminal(processSignals);
     if (!terminal.isInteractive() || !standardErrorIsTerminal())
-        m_log.setStandardErrorLevel(LogLevel::debug);
+        m_program.log().setStandardErrorLevel(LogLevel::debug);
 
-    PlatformAdapters adapters(m_directories, m_invocation.argumentDomain);
+    PlatformAdapters adapters(m_program.directories(), m_invocation.argumentDomain);
     AppDependencies dependencies(adapters.services());
     std::unique_ptr<TerminalFrontEnd> frontEnd;
     AppDelegate delegate(dependencies, [&frontEnd] { frontEnd->start(); });
-    ApplicationControl control(dependencies, delegate, m_directories.controlSocket(), [] { QCoreApplication::quit(); });
+    ApplicationControl control(dependencies, delegate, m_program.directories().controlSocket(), [] { QCoreApplication::quit(); });
     control.commands().add(QStringLiteral("activate"), [](const auto &) {
         return ControlReply{ExitStatus::done,
                             QStringLiteral("Tomcatto is already running, in a terminal. `tomcatto status` shows the "
@@ -64,7 +59,7 @@ int TerminalApplication::runHoldingLock()
     control.commands().add(QStringLiteral("panel"), noWindows);
     control.commands().add(QStringLiteral("window"), noWindows);
     if (control.listen() == ControlServer::ListenResult::taken)
-        return static_cast<int>(m_runner.activateRunning());
+        return static_cast<int>(m_program.runner().activateRunning());
     frontEnd = std::make_unique<TerminalFrontEnd>(dependencies, control.commands(), control.status(), terminal,
                                                   processSignals);
     const Cancellable termination = processSignals.onTerminationRequest([] { QCoreApplication::quit(); });

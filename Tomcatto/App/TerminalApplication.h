@@ -1,8 +1,6 @@
 #pragma once
 
-#include "App/PlatformAdapters.h"
-#include "CommandLine/CommandRunner.h"
-#include "Platform/Freedesktop/SystemLogSink.h"
+#include "App/ProgramStart.h"
 
 namespace tomcatto {
 
@@ -10,9 +8,8 @@ namespace tomcatto {
 class TerminalApplication final
 {
 public:
-    /// @param invocation how it was started. @param runner tells a running application about a second start.
-    TerminalApplication(const Invocation &invocation, const ApplicationDirectories &directories,
-                        InstanceLock &instanceLock, const CommandRunner &runner, const SystemLogSink &log);
+    /// @param invocation how it was started.
+    TerminalApplication(const Invocation &invocation, ProgramStart &program);
 
     /// Runs until it is asked to end. @return the exit status
     [[nodiscard]] int run();
@@ -21,10 +18,7 @@ private:
     [[nodiscard]] int runHoldingLock();
 
     const Invocation &m_invocation;
-    const ApplicationDirectories &m_directories;
-    InstanceLock &m_instanceLock;
-    const CommandRunner &m_runner;
-    const SystemLogSink &m_log;
+    ProgramStart &m_program;
 };
 
 }

@@ -1,0 +1,76 @@
+#include "App/ProgramStart.h"
+
+#include "Platform/Portable/JsonFileUserDefaults.h"
+
+#include <cstdio>
+
+namespace tomcatto {
+
+namespace {
+
+bool printLine(std::FILE *file, const QString &line)
+{
+    const QByteArray bytes = line.toUtf8() + '\n';
+    const auto size = static_cast<std::size_t>(bytes.size());
+    return std::fwrite(bytes.constData(), 1, size, file) == size && std::fflush(file) == 0;
+}
+
+void logQtMessage(QtMsgType type, const QMessageLogContext & /*context*/, const QString &message)
+{
+    const Logger logger(QStringLiteral("Qt"));
+    switch (type) {
+    case QtDebugMsg:
+        return logger.debug(message);
+    case QtInfoMsg:
+        return logger.info(message);
+    case QtWarningMsg:
+    case QtCriticalMsg:
+        return logger.error(message);
+    case QtFatalMsg:
+        return logger.fault(message);
+    }
+}
+
+}
+
+ProgramStart::ProgramStart()
+    : m_instanceLock(m_directories.instanceLockFile(), m_directories.fallbackInstanceLockFile())
+    // Commands ask for the time alone, which takes no bus.
+    , m_wallClock(QDBusConnection(QString()))
+    , m_runner(surroundings())
+{
+    setLogSink(m_log);
+    qInstallMessageHandler(logQtMessage);
+}
+
+int ProgramStart::run(const QStringList &words, const std::function<int(const Invocation &)> &startApplication)
+{
+    const auto invocation = parseCommandLine(words);
+    if (!invocation) {
+        printLine(stderr, QStringLiteral("tomcatto: %1. See `tomcatto --help`.").arg(invocation.error()));
+        return static_cast<int>(ExitStatus::usage);
+    }
+    if (invocation->action == Invocation::Action::application)
+        return startApplication(*invocation);
+    m_log.setStandardErrorLevel(LogLevel::error);
+    return static_cast<int>(m_runner.run(*invocation));
+}
+
+CommandSurroundings ProgramStart::surroundings()
+{
+    return {
+        m_directories.controlSocket(),
+        m_directories.applicationSupport(),
+        m_instanceLock,
+        m_wallClock,
+        [this](bool isReadOnly) {
+            return std::make_unique<JsonFileUserDefaults>(m_directories.userDefaultsFile(),
+                                                          isReadOnly ? JsonFileUserDefaults::Access::readOnly
+                                                                     : JsonFileUserDefaults::Access::readWrite);
+        },
+        [](const QString &line) { return printLine(stdout, line); },
+        [](const QString &line) { printLine(stderr, QStringLiteral("tomcatto: ") + line); },
+    };
+}
+
+}

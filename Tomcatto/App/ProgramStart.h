@@ -1,0 +1,40 @@
+#pragma once
+
+#include "CommandLine/CommandRunner.h"
+#include "Platform/Freedesktop/FileInstanceLock.h"
+#include "Platform/Freedesktop/SystemLogSink.h"
+#include "Platform/Freedesktop/SystemWallClock.h"
+#include "Platform/Portable/ApplicationDirectories.h"
+
+namespace tomcatto {
+
+/// What both programs begin with: the log, the words of the command line, the places on disk, the instance lock and the
+/// commands that need no application. Needs Qt's application object. Main thread only.
+class ProgramStart final
+{
+public:
+    /// Makes the log and Qt's messages go to the system's log.
+    ProgramStart();
+
+    ProgramStart(const ProgramStart &) = delete;
+    ProgramStart &operator=(const ProgramStart &) = delete;
+
+    /// Carries out a command, or starts the application by `startApplication`. @return the exit status
+    [[nodiscard]] int run(const QStringList &words, const std::function<int(const Invocation &)> &startApplication);
+
+    [[nodiscard]] const ApplicationDirectories &directories() const noexcept { return m_directories; }
+    [[nodiscard]] InstanceLock &instanceLock() noexcept { return m_instanceLock; }
+    [[nodiscard]] const CommandRunner &runner() const noexcept { return m_runner; }
+    [[nodiscard]] const SystemLogSink &log() const noexcept { return m_log; }
+
+private:
+    [[nodiscard]] CommandSurroundings surroundings();
+
+    SystemLogSink m_log;
+    ApplicationDirectories m_directories;
+    FileInstanceLock m_instanceLock;
+    SystemWallClock m_wallClock;
+    CommandRunner m_runner;
+};
+
+}
