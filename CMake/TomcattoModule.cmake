@@ -28,3 +28,10 @@ function(tomcatto_module name)
         target_link_libraries(${target} INTERFACE ${ARG_USES})
     endif()
 endfunction()
+
+# For qt_add_qml_module(): views are compiled to byte code for the program that people run. A debug build reads their
+# sources, which spares the compiler some hundred files.
+set(TOMCATTO_QML_CACHE "")
+if(NOT CMAKE_BUILD_TYPE STREQUAL "Release")
+    set(TOMCATTO_QML_CACHE NO_CACHEGEN)
+endif()

@@ -36,12 +36,16 @@ class CommandLineTest(unittest.TestCase):
         self.assertEqual(len(self.expect(0, "settings", "list").stdout.splitlines()), 16)
         self.assertIn("Nothing here yet", self.expect(0, "stats").stdout)
         self.assertFalse(os.path.exists(self.tomcatto.store_path), "looking makes no store")
+        with open("/dev/full", "w", encoding="utf-8") as full:
+            self.assertEqual(subprocess.call([PROGRAM, "stats"], env=self.tomcatto.environment, stdout=full,
+                                             stderr=subprocess.DEVNULL), 4)
 
     def test_walks_the_set_and_follows(self):
         self.tomcatto.start("-workDurationSeconds", "2", "-shortBreakDurationSeconds", "1",
                             "-longBreakDurationSeconds", "1", "-cyclesBeforeLongBreak", "2")
         follower = subprocess.Popen([PROGRAM, "status", "--follow", "--json"], env=self.tomcatto.environment,
                                     stdout=subprocess.PIPE, text=True)
+        first = follower.stdout.readline()
         self.expect(0, "start")
         self.expect(1, "start")
         self.tomcatto.wait_for(lambda: len(self.tomcatto.records()) >= 4)
@@ -49,7 +53,7 @@ class CommandLineTest(unittest.TestCase):
                                                        ("work", 2, 2, 1, 1, 0), ("longBreak", 1, 1, 1, 1, 0)])
         self.expect(0, "quit")
         self.assertEqual(self.tomcatto.process.wait(timeout=10), 0)
-        lines = [json.loads(line) for line in follower.communicate(timeout=10)[0].splitlines()]
+        lines = [json.loads(line) for line in (first + follower.communicate(timeout=10)[0]).splitlines()]
         phases = [line["phase"] for line in lines]
         self.assertEqual([p for i, p in enumerate(phases) if i == 0 or p != phases[i - 1]][:6],
                          ["idle", "work", "shortBreak", "work", "longBreak", "work"])

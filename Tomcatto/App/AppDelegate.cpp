@@ -7,21 +7,34 @@ namespace {
 // Old enough that nothing a person did goes, but a clock once set wrong by centuries does not stay for good.
 constexpr qint64 pruneDays = 36'500;
 
+// A key of its own: it is no setting.
+const QString popoverRevealedKey = QStringLiteral("didRevealPopover");
+
 }
 
-AppDelegate::AppDelegate(AppDependencies &dependencies, std::function<void()> installSurfaces, QObject *parent)
+AppDelegate::AppDelegate(AppDependencies &dependencies, QObject *parent)
     : QObject(parent)
     , m_dependencies(dependencies)
-    , m_installSurfaces(std::move(installSurfaces))
 {
     connectLanguage();
 }
 
-void AppDelegate::applicationDidFinishLaunching()
+void AppDelegate::applicationWillFinishLaunching(const LaunchConditions &conditions)
 {
+    const UserDefaults &defaults = m_dependencies.platform.defaults;
+    const bool isFirstAfterOnboarding =
+        m_dependencies.settings.hasCompletedOnboarding() && !defaults.storedValue(popoverRevealedKey);
+    m_pendingPopoverReveal = isFirstAfterOnboarding && !conditions.isBackground && !conditions.isUiTest;
+}
+
+void AppDelegate::applicationDidFinishLaunching(ApplicationSurfaces &surfaces)
+{
+    surfaces.prepare();
+    surfaces.readLoginItem();
     m_dependencies.session.recover();
     m_dependencies.sessionRepository.prune(pruneDays);
-    installAppUI();
+    installAppUI(surfaces);
+    surfaces.showOnboardingIfNeeded();
 }
 
 void AppDelegate::applicationWillTerminate()
@@ -44,12 +57,16 @@ void AppDelegate::connectLanguage()
             [&settings, &service] { settings.setSelectedLanguage(service.currentLanguage()); });
 }
 
-void AppDelegate::installAppUI()
+void AppDelegate::installAppUI(ApplicationSurfaces &surfaces)
 {
     if (std::exchange(m_appUIInstalled, true))
         return;
-    m_installSurfaces();
+    surfaces.install();
     m_dependencies.sleepWakeCoordinator.start();
+    if (std::exchange(m_pendingPopoverReveal, false)) {
+        m_dependencies.platform.defaults.setValue(popoverRevealedKey, true);
+        surfaces.revealPopover();
+    }
 }
 
 }

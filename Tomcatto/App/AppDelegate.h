@@ -1,7 +1,7 @@
 #pragma once
 
+#include "App/ApplicationSurfaces.h"
 #include "Composition/AppDependencies.h"
-#include "Composition/TimerCommands.h"
 
 namespace tomcatto {
 
@@ -12,21 +12,33 @@ class AppDelegate final : public QObject
     Q_OBJECT
 
 public:
-    /// @param installSurfaces creates what is seen; called once, while starting.
-    AppDelegate(AppDependencies &dependencies, std::function<void()> installSurfaces, QObject *parent = nullptr);
+    /// How the application was started.
+    struct LaunchConditions
+    {
+        /// Started by the system at login: nothing opens by itself.
+        bool isBackground = false;
+        /// Driven by a user-interface test: nothing opens by itself either.
+        bool isUiTest = false;
+    };
 
+    explicit AppDelegate(AppDependencies &dependencies, QObject *parent = nullptr);
+
+    /// Decides whether the panel opens by itself: on the first start after onboarding, unless automated.
+    void applicationWillFinishLaunching(const LaunchConditions &conditions);
     /// The start sequence, once.
-    void applicationDidFinishLaunching();
+    void applicationDidFinishLaunching(ApplicationSurfaces &surfaces);
+    /// Closing the last window never ends the application.
+    [[nodiscard]] static constexpr bool applicationShouldTerminateAfterLastWindowClosed() noexcept { return false; }
     /// The end sequence: the running phase is recorded, everything is on disk when it returns. May be called again.
     void applicationWillTerminate();
 
 private:
     void connectLanguage();
-    void installAppUI();
+    void installAppUI(ApplicationSurfaces &surfaces);
 
     AppDependencies &m_dependencies;
-    std::function<void()> m_installSurfaces;
     bool m_appUIInstalled = false;
+    bool m_pendingPopoverReveal = false;
 };
 
 }

@@ -23,6 +23,8 @@ public:
     [[nodiscard]] ControlServer::ListenResult listen() { return m_server.listen(); }
 
 private:
+    void followStatus(bool isFollowed);
+
     StatusSource m_status;
     CommandTable m_commands;
     ControlServer m_server;

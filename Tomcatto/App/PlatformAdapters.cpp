@@ -1,6 +1,26 @@
 #include "App/PlatformAdapters.h"
 
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+
 namespace tomcatto {
+
+namespace {
+
+/// Beside the program as it is built, else where an installation keeps shared files.
+QString bundledVideosDirectory()
+{
+    const QDir program(QCoreApplication::applicationDirPath());
+    for (const char *place : {"BundledVideos", "../share/Tomcatto/BundledVideos"}) {
+        const QString folder = program.filePath(QString::fromLatin1(place));
+        if (QFileInfo(folder).isDir())
+            return QDir::cleanPath(folder);
+    }
+    return program.filePath(QStringLiteral("BundledVideos"));
+}
+
+}
 
 PlatformAdapters::PlatformAdapters(const ApplicationDirectories &directories,
                                    std::map<QString, DefaultsValue> argumentDomain)
@@ -9,6 +29,8 @@ PlatformAdapters::PlatformAdapters(const ApplicationDirectories &directories,
     , m_defaultsFile(m_directories.userDefaultsFile())
     , m_defaults(m_defaultsFile, std::move(argumentDomain))
     , m_workspacePower(QDBusConnection::systemBus())
+    , m_bookmarks(QDir::homePath())
+    , m_stillFrame(LoadedStillFrame::pluginPath(QCoreApplication::applicationDirPath()))
 {
 }
 
@@ -20,7 +42,10 @@ PlatformServices PlatformAdapters::services()
             m_identifiers,
             m_defaults,
             m_workspacePower,
-            m_directories.applicationSupport()};
+            m_bookmarks,
+            m_stillFrame,
+            m_directories.applicationSupport(),
+            bundledVideosDirectory()};
 }
 
 }

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "Composition/PlatformServices.h"
+#include "Platform/Freedesktop/FileBookmarks.h"
 #include "Platform/Freedesktop/LogindWorkspacePower.h"
 #include "Platform/Freedesktop/SystemMonotonicClock.h"
 #include "Platform/Freedesktop/SystemWallClock.h"
+#include "Platform/Media/LoadedStillFrame.h"
 #include "Platform/Portable/ApplicationDirectories.h"
 #include "Platform/Portable/ArgumentDomain.h"
 #include "Platform/Portable/JsonFileUserDefaults.h"
@@ -33,6 +35,8 @@ private:
     JsonFileUserDefaults m_defaultsFile;
     ArgumentDomain m_defaults;
     LogindWorkspacePower m_workspacePower;
+    FileBookmarks m_bookmarks;
+    LoadedStillFrame m_stillFrame;
 };
 
 }

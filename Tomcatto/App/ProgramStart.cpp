@@ -3,6 +3,8 @@
 #include "Platform/Portable/JsonFileUserDefaults.h"
 
 #include <cstdio>
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
 
 namespace tomcatto {
 
@@ -37,6 +39,8 @@ ProgramStart::ProgramStart()
     : m_instanceLock(m_directories.instanceLockFile(), m_directories.fallbackInstanceLockFile())
     // Commands ask for the time alone, which takes no bus.
     , m_wallClock(QDBusConnection(QString()))
+    , m_bookmarks(QDir::homePath())
+    , m_stillFrame(LoadedStillFrame::pluginPath(QCoreApplication::applicationDirPath()))
     , m_runner(surroundings())
 {
     setLogSink(m_log);
@@ -63,6 +67,9 @@ CommandSurroundings ProgramStart::surroundings()
         m_directories.applicationSupport(),
         m_instanceLock,
         m_wallClock,
+        m_identifiers,
+        m_bookmarks,
+        m_stillFrame,
         [this](bool isReadOnly) {
             return std::make_unique<JsonFileUserDefaults>(m_directories.userDefaultsFile(),
                                                           isReadOnly ? JsonFileUserDefaults::Access::readOnly

@@ -1,10 +1,13 @@
 #pragma once
 
 #include "CommandLine/CommandRunner.h"
+#include "Platform/Freedesktop/FileBookmarks.h"
 #include "Platform/Freedesktop/FileInstanceLock.h"
 #include "Platform/Freedesktop/SystemLogSink.h"
 #include "Platform/Freedesktop/SystemWallClock.h"
+#include "Platform/Media/LoadedStillFrame.h"
 #include "Platform/Portable/ApplicationDirectories.h"
+#include "Platform/Portable/RandomIdentifierSource.h"
 
 namespace tomcatto {
 
@@ -34,6 +37,9 @@ private:
     ApplicationDirectories m_directories;
     FileInstanceLock m_instanceLock;
     SystemWallClock m_wallClock;
+    RandomIdentifierSource m_identifiers;
+    FileBookmarks m_bookmarks;
+    LoadedStillFrame m_stillFrame;
     CommandRunner m_runner;
 };
 

@@ -13,6 +13,25 @@ namespace tomcatto {
 
 namespace {
 
+/// Of the application's surfaces the terminal has the front end alone.
+class TerminalSurfaces final : public ApplicationSurfaces
+{
+public:
+    explicit TerminalSurfaces(TerminalFrontEnd &frontEnd)
+        : m_frontEnd(frontEnd)
+    {
+    }
+
+    void prepare() override {}
+    void readLoginItem() override {}
+    void install() override { m_frontEnd.start(); }
+    void revealPopover() override {}
+    void showOnboardingIfNeeded() override {}
+
+private:
+    TerminalFrontEnd &m_frontEnd;
+};
+
 /// What the desktop's commands answer here.
 ControlReply noWindows(const nlohmann::ordered_json & /*arguments*/)
 {
@@ -26,7 +45,8 @@ ControlReply noWindows(const nlohmann::ordered_json & /*arguments*/)
 TerminalApplication::TerminalApplication(const Invocation &invocation, ProgramStart &program)
     : m_invocation(invocation)
     , m_program(program)
-{}
+{
+}
 
 int TerminalApplication::run()
 {
@@ -47,9 +67,9 @@ int TerminalApplication::runHoldingLock()
 
     PlatformAdapters adapters(m_program.directories(), m_invocation.argumentDomain);
     AppDependencies dependencies(adapters.services());
-    std::unique_ptr<TerminalFrontEnd> frontEnd;
-    AppDelegate delegate(dependencies, [&frontEnd] { frontEnd->start(); });
-    ApplicationControl control(dependencies, delegate, m_program.directories().controlSocket(), [] { QCoreApplication::quit(); });
+    AppDelegate delegate(dependencies);
+    ApplicationControl control(dependencies, delegate, m_program.directories().controlSocket(),
+                               [] { QCoreApplication::quit(); });
     control.commands().add(QStringLiteral("activate"), [](const auto &) {
         return ControlReply{ExitStatus::done,
                             QStringLiteral("Tomcatto is already running, in a terminal. `tomcatto status` shows the "
@@ -58,12 +78,13 @@ int TerminalApplication::runHoldingLock()
     });
     control.commands().add(QStringLiteral("panel"), noWindows);
     control.commands().add(QStringLiteral("window"), noWindows);
+    control.commands().add(QStringLiteral("preview"), noWindows);
     if (control.listen() == ControlServer::ListenResult::taken)
         return static_cast<int>(m_program.runner().activateRunning());
-    frontEnd = std::make_unique<TerminalFrontEnd>(dependencies, control.commands(), control.status(), terminal,
-                                                  processSignals);
+    TerminalFrontEnd frontEnd(dependencies, control.commands(), control.status(), terminal, processSignals);
+    TerminalSurfaces surfaces(frontEnd);
     const Cancellable termination = processSignals.onTerminationRequest([] { QCoreApplication::quit(); });
-    delegate.applicationDidFinishLaunching();
+    delegate.applicationDidFinishLaunching(surfaces);
     const int status = QCoreApplication::exec();
     delegate.applicationWillTerminate();
     return status;

@@ -167,6 +167,7 @@ T.AbstractButton {
                         Accessible.ignored: row.interactive
                     }
                     Symbol {
+                        anchors.verticalCenter: parent.verticalCenter
                         visible: row.navigates
                         name: "chevron.right"
                         size: 16

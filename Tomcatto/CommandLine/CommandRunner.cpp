@@ -1,12 +1,15 @@
 #include "CommandLine/CommandRunner.h"
 
+#include "Media/UserVideoCommands.h"
 #include "Persistence/CoreDataStack.h"
 #include "Persistence/Repositories/SessionRepository.h"
+#include "Persistence/Repositories/UserVideoRepository.h"
 #include "Statistics/EmptySessionHistory.h"
 #include "Statistics/RepositorySessionHistory.h"
 #include "Statistics/StatsAggregator.h"
 #include "Statistics/StatsReport.h"
 
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QFileInfo>
 #include <QtCore/QThread>
 
@@ -19,6 +22,16 @@ using Json = nlohmann::ordered_json;
 // An application that is starting or ending holds the lock but does not answer; it is given this long.
 constexpr int patienceMilliseconds = 5000;
 constexpr int retryMilliseconds = 20;
+// Looking into a video file that is being added takes its time.
+constexpr std::chrono::seconds longestOperation{30};
+
+/// Whether there is certainly no file: a folder that may not be searched, or a file in a folder's place, could hide
+/// one.
+bool isMissing(const QString &path)
+{
+    const QFileInfo folder(QFileInfo(path).path());
+    return !folder.exists() || (folder.isDir() && folder.isExecutable() && !QFileInfo::exists(path));
+}
 
 }
 
@@ -33,8 +46,7 @@ ExitStatus CommandRunner::run(const Invocation &invocation) const
     switch (invocation.action) {
     case Invocation::Action::application:
     case Invocation::Action::print:
-        m_surroundings.print(invocation.text);
-        return ExitStatus::done;
+        return print(invocation.text);
     case Invocation::Action::remote:
         return runRemote(invocation);
     case Invocation::Action::status:
@@ -47,17 +59,19 @@ ExitStatus CommandRunner::run(const Invocation &invocation) const
         return getSetting(invocation);
     case Invocation::Action::settingsSet:
         return setSetting(invocation);
+    case Invocation::Action::videosList:
+        return listVideos();
     }
     return ExitStatus::usage;
 }
 
 ExitStatus CommandRunner::activateRunning() const
 {
-    for (int waited = 0; waited < patienceMilliseconds; waited += retryMilliseconds) {
+    QElapsedTimer waited;
+    for (waited.start(); waited.elapsed() < patienceMilliseconds; QThread::msleep(retryMilliseconds)) {
         const ControlReply reply = m_client.send({QStringLiteral("activate"), {}, false});
         if (reply.status != ExitStatus::notRunning)
             return report(reply);
-        QThread::msleep(retryMilliseconds);
     }
     m_surroundings.printError(QStringLiteral("Tomcatto is already running, but it does not answer."));
     return ExitStatus::done;
@@ -65,7 +79,11 @@ ExitStatus CommandRunner::activateRunning() const
 
 ExitStatus CommandRunner::runRemote(const Invocation &invocation) const
 {
-    const ControlReply reply = m_client.send({invocation.command, invocation.arguments, false});
+    nlohmann::ordered_json arguments = invocation.arguments;
+    // The application has a working folder of its own.
+    if (const auto path = arguments.find("path"); path != arguments.end())
+        *path = QFileInfo(QString::fromStdString(path->get<std::string>())).absoluteFilePath().toStdString();
+    const ControlReply reply = m_client.send({invocation.command, arguments, false}, longestOperation);
     const ExitStatus status = report(reply);
     if (status == ExitStatus::done && invocation.command == QStringLiteral("quit"))
         waitForEnd();
@@ -89,8 +107,8 @@ ExitStatus CommandRunner::runStatus(const Invocation &invocation) const
         reply = m_client.follow(request, show);
     } else {
         reply = m_client.send(request);
-        if (reply.status == ExitStatus::done)
-            show(reply);
+        if (reply.status == ExitStatus::done && !show(reply) && problem.isEmpty())
+            return ExitStatus::failed;
     }
     if (!problem.isEmpty())
         return report(controlReply(ExitStatus::failed, problem));
@@ -105,64 +123,85 @@ ExitStatus CommandRunner::runStats(const Invocation &invocation) const
     std::optional<CoreDataStack> stack;
     std::optional<SessionRepository> repository;
     std::unique_ptr<SessionHistory> history = std::make_unique<EmptySessionHistory>();
-    if (!support || QFileInfo::exists(CoreDataStack::storePath(*support))) {
+    bool hasFailed = false;
+    if (!support || !isMissing(CoreDataStack::storePath(*support))) {
         stack.emplace(support);
         repository.emplace(*stack, m_surroundings.wallClock);
+        QObject::connect(&*repository, &SessionRepository::fetchFailed, &*repository,
+                         [&hasFailed] { hasFailed = true; });
         history = std::make_unique<RepositorySessionHistory>(*repository);
     }
     const auto defaults = m_surroundings.openDefaults(true);
     const PomodoroSettings settings(*defaults);
     const StatsAggregator aggregator(*history, m_surroundings.wallClock);
     const StatsReport figures = gatherStatsReport(aggregator, invocation.range, settings.dailyGoalPomodoros());
-    const QString text = invocation.isJson ? QString::fromStdString(toJson(figures).dump()) : toText(figures).trimmed();
-    m_surroundings.print(text);
-    return ExitStatus::done;
+    if (hasFailed)
+        return report(
+            controlReply(ExitStatus::failed, QStringLiteral("The history cannot be read; the log says why.")));
+    return print(invocation.isJson ? QString::fromStdString(toJson(figures).dump()) : toText(figures).trimmed());
+}
+
+ExitStatus CommandRunner::listVideos() const
+{
+    const auto &support = m_surroundings.applicationSupportDirectory;
+    if (support && isMissing(CoreDataStack::storePath(*support)))
+        return ExitStatus::done;
+    CoreDataStack stack(support);
+    UserVideoRepository repository(stack, m_surroundings.wallClock, m_surroundings.identifiers,
+                                   m_surroundings.bookmarks, m_surroundings.stillFrame);
+    const UserVideoCommands videos(repository, m_surroundings.stillFrame);
+    QStringList lines;
+    for (const auto &[video, path] : videos.list()) {
+        const QString place = path.isEmpty() ? QStringLiteral("(not found)") : path;
+        const QString selected = video.userSelected ? QStringLiteral("selected") : QStringLiteral("-");
+        lines << QStringList{identifierText(video.id), selected, QString::number(video.durationSeconds, 'f', 1),
+                             video.displayName, place}
+                     .join(QLatin1Char('\t'));
+    }
+    return lines.isEmpty() ? ExitStatus::done : print(lines.join(QLatin1Char('\n')));
 }
 
 ExitStatus CommandRunner::listSettings() const
 {
     const ControlReply reply = m_client.send({QStringLiteral("settings"), Json::object(), false});
+    QStringList lines;
     if (reply.status == ExitStatus::done && reply.result.is_object()) {
         for (const auto &[key, value] : reply.result.items())
-            m_surroundings.print(QString::fromStdString(key + ' ' + value.get<std::string>()));
-        return ExitStatus::done;
+            lines << QString::fromStdString(key + ' ' + value.get<std::string>());
+        return print(lines.join(QLatin1Char('\n')));
     }
     if (reply.status != ExitStatus::notRunning)
         return report(reply);
     const auto defaults = m_surroundings.openDefaults(true);
     const PomodoroSettings settings(*defaults);
     for (const SettingDescriptor &setting : settingDescriptors())
-        m_surroundings.print(PomodoroSettings::keyText(setting.key) + QLatin1Char(' ') +
-                             settingText(settings, setting.key));
-    return ExitStatus::done;
+        lines << PomodoroSettings::keyText(setting.key) + QLatin1Char(' ') + settingText(settings, setting.key);
+    return print(lines.join(QLatin1Char('\n')));
 }
 
 ExitStatus CommandRunner::getSetting(const Invocation &invocation) const
 {
     const std::string key = PomodoroSettings::keyText(invocation.setting->key).toStdString();
     const ControlReply reply = m_client.send({QStringLiteral("settings"), Json{{"key", key}}, false});
-    if (reply.status == ExitStatus::done && reply.result.is_string()) {
-        m_surroundings.print(QString::fromStdString(reply.result.get<std::string>()));
-        return ExitStatus::done;
-    }
+    if (reply.status == ExitStatus::done && reply.result.is_string())
+        return print(QString::fromStdString(reply.result.get<std::string>()));
     if (reply.status != ExitStatus::notRunning)
         return report(reply);
     const auto defaults = m_surroundings.openDefaults(true);
-    m_surroundings.print(settingText(PomodoroSettings(*defaults), invocation.setting->key));
-    return ExitStatus::done;
+    return print(settingText(PomodoroSettings(*defaults), invocation.setting->key));
 }
 
 ExitStatus CommandRunner::setSetting(const Invocation &invocation) const
 {
     const std::string key = PomodoroSettings::keyText(invocation.setting->key).toStdString();
     const Json arguments{{"key", key}, {"value", invocation.text.toStdString()}};
-    for (int waited = 0; waited < patienceMilliseconds; waited += retryMilliseconds) {
+    QElapsedTimer waited;
+    for (waited.start(); waited.elapsed() < patienceMilliseconds; QThread::msleep(retryMilliseconds)) {
         const ControlReply reply = m_client.send({QStringLiteral("settings"), arguments, false});
         if (reply.status != ExitStatus::notRunning)
             return report(reply);
         if (const auto status = setSettingInFile(invocation))
             return *status;
-        QThread::msleep(retryMilliseconds);
     }
     m_surroundings.printError(QStringLiteral("Another Tomcatto holds the settings and does not answer."));
     return ExitStatus::failed;
@@ -188,18 +227,22 @@ ExitStatus CommandRunner::report(const ControlReply &reply) const
     if (reply.message.isEmpty())
         return reply.status;
     if (reply.status == ExitStatus::done)
-        m_surroundings.print(reply.message);
-    else
-        m_surroundings.printError(reply.message);
+        return print(reply.message);
+    m_surroundings.printError(reply.message);
     return reply.status;
+}
+
+ExitStatus CommandRunner::print(const QString &text) const
+{
+    return m_surroundings.print(text) ? ExitStatus::done : ExitStatus::failed;
 }
 
 void CommandRunner::waitForEnd() const
 {
-    for (int waited = 0; waited < patienceMilliseconds; waited += retryMilliseconds) {
+    QElapsedTimer waited;
+    for (waited.start(); waited.elapsed() < patienceMilliseconds; QThread::msleep(retryMilliseconds)) {
         if (m_surroundings.instanceLock.tryTake() != InstanceLockResult::held)
             return m_surroundings.instanceLock.release();
-        QThread::msleep(retryMilliseconds);
     }
 }
 

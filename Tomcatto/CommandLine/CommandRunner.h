@@ -2,7 +2,10 @@
 
 #include "CommandLine/Invocation.h"
 #include "Control/ControlClient.h"
+#include "Platform/Ports/Bookmarks.h"
+#include "Platform/Ports/IdentifierSource.h"
 #include "Platform/Ports/InstanceLock.h"
+#include "Platform/Ports/StillFrame.h"
 #include "Platform/Ports/WallClock.h"
 
 namespace tomcatto {
@@ -15,6 +18,9 @@ struct CommandSurroundings
     std::optional<QString> applicationSupportDirectory;
     InstanceLock &instanceLock;
     WallClock &wallClock;
+    IdentifierSource &identifiers;
+    const Bookmarks &bookmarks;
+    const StillFrame &stillFrame;
     /// Opens the user defaults, for reading only or for a change.
     std::function<std::unique_ptr<UserDefaults>(bool isReadOnly)> openDefaults;
     /// Write a line to standard output and standard error; `print` tells whether anybody still reads.
@@ -38,11 +44,13 @@ private:
     [[nodiscard]] ExitStatus runRemote(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus runStatus(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus runStats(const Invocation &invocation) const;
+    [[nodiscard]] ExitStatus listVideos() const;
     [[nodiscard]] ExitStatus listSettings() const;
     [[nodiscard]] ExitStatus getSetting(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus setSetting(const Invocation &invocation) const;
     [[nodiscard]] std::optional<ExitStatus> setSettingInFile(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus report(const ControlReply &reply) const;
+    [[nodiscard]] ExitStatus print(const QString &text) const;
     void waitForEnd() const;
 
     CommandSurroundings m_surroundings;

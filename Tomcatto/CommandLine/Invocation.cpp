@@ -48,7 +48,7 @@ public:
     explicit Grammar(Invocation &invocation)
         : m_invocation(invocation)
     {
-        m_app.set_version_flag("--version", "Tomcatto 0.1.0");
+        m_app.set_version_flag("--version", "Tomcatto " TOMCATTO_VERSION);
         m_app.footer("Without a command the application starts. -KEY VALUE sets a settings key for this run only,\n"
                      "for example: tomcatto -workDurationSeconds 1200");
         m_app.add_flag("--terminal", m_invocation.isTerminal, "Use the terminal even where there is a display");
@@ -59,6 +59,7 @@ public:
         addStatus();
         addStats();
         addSettings();
+        addVideos();
     }
 
     std::expected<void, QString> parse(const QStringList &words)
@@ -117,10 +118,7 @@ private:
     CLI::App *addRemote(const char *name, const char *help)
     {
         CLI::App *const command = m_app.add_subcommand(name, help);
-        command->callback([this, name] {
-            m_invocation.action = Action::remote;
-            m_invocation.command = QString::fromLatin1(name);
-        });
+        command->callback([this, name] { chooseRemote(name); });
         return command;
     }
 
@@ -175,6 +173,41 @@ private:
             if (const auto value = parseSetting(*m_invocation.setting, m_invocation.text); !value)
                 throw UsageError{value.error()};
         });
+    }
+
+    void addVideos()
+    {
+        CLI::App *const command = m_app.add_subcommand("videos", "Your own videos for the breaks");
+        command->require_subcommand(1);
+        CLI::App *const list = command->add_subcommand("list", "Every video: id, selected, seconds, name, file");
+        list->callback([this] { m_invocation.action = Action::videosList; });
+        addVideosAction(*command, "add", "Add a video file", "path");
+        addVideosAction(*command, "remove", "Take a video out of the list; its file stays", "id");
+        addVideosAction(*command, "select", "Play a video on breaks", "id");
+        addVideosAction(*command, "deselect", "Play a video no longer", "id");
+        CLI::App *const preview = command->add_subcommand("preview", "Show a break with a video");
+        preview->add_option_function<std::string>(
+            "id", [this](const std::string &id) { m_invocation.arguments["id"] = id; }, "The video's id");
+        preview->callback([this] { chooseRemote("preview"); });
+    }
+
+    void addVideosAction(CLI::App &videos, const char *name, const char *help, const char *argument)
+    {
+        CLI::App *const command = videos.add_subcommand(name, help);
+        command
+            ->add_option_function<std::string>(
+                argument, [this, argument](const std::string &text) { m_invocation.arguments[argument] = text; })
+            ->required();
+        command->callback([this, name] {
+            m_invocation.arguments["action"] = name;
+            chooseRemote("videos");
+        });
+    }
+
+    void chooseRemote(const char *command)
+    {
+        m_invocation.action = Action::remote;
+        m_invocation.command = QString::fromLatin1(command);
     }
 
     void chooseSetting(Action action)

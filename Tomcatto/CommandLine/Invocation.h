@@ -21,6 +21,7 @@ struct Invocation
         settingsList,
         settingsGet,
         settingsSet,
+        videosList,
         /// Print `text` and be done: the help or the version.
         print,
     };

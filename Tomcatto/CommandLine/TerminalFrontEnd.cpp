@@ -106,14 +106,20 @@ void TerminalFrontEnd::startInteractive()
     connect(&m_dependencies.timer, &PomodoroTimer::overflowSecondsChanged, this, draw);
     connect(&m_dependencies.strings, &LocalizedStrings::changed, this, draw);
     m_keys = m_terminal.readKeys([this](QChar pressed) { handleKey(pressed); });
-    m_terminalObserver = m_processSignals.onTerminalChanged([this] {
-        // After being stopped the shell has set the terminal back.
-        m_keys.cancel();
-        if (m_terminal.isInteractive())
-            m_keys = m_terminal.readKeys([this](QChar pressed) { handleKey(pressed); });
-        drawLine();
-    });
+    m_terminalObserver = m_processSignals.onTerminalChanged([this] { followTerminal(); });
     drawLine();
+}
+
+void TerminalFrontEnd::followTerminal()
+{
+    if (m_terminal.isInteractive()) {
+        m_foregroundCheck.cancel();
+        drawLine();
+    } else if (!m_foregroundCheck.isActive()) {
+        // A shell tells a job that runs in the background nothing when it brings it to the foreground.
+        m_foregroundCheck =
+            m_dependencies.platform.runLoop.every(std::chrono::seconds(1), [this] { followTerminal(); });
+    }
 }
 
 void TerminalFrontEnd::handleKey(QChar pressed)
@@ -121,9 +127,10 @@ void TerminalFrontEnd::handleKey(QChar pressed)
     const QString command = commandForKey(pressed);
     if (command.isEmpty())
         return;
-    const ControlReply reply = m_commands.run(command);
-    m_notice = reply.status == ExitStatus::done ? QString() : reply.message;
-    drawSoon();
+    m_commands.run(command, {}, [this](const ControlReply &reply) {
+        m_notice = reply.status == ExitStatus::done ? QString() : reply.message;
+        drawSoon();
+    });
 }
 
 void TerminalFrontEnd::drawSoon()

@@ -24,6 +24,7 @@ public:
 
 private:
     void startInteractive();
+    void followTerminal();
     void handleKey(QChar key);
     void drawLine();
     void drawSoon();
@@ -41,6 +42,8 @@ private:
     bool m_isDrawing = false;
     Cancellable m_keys;
     Cancellable m_terminalObserver;
+    /// Active only while the process is in the background of its terminal.
+    Cancellable m_foregroundCheck;
 };
 
 }

@@ -2,8 +2,14 @@
 
 #include "Composition/PlatformServices.h"
 #include "Localization/LocalizedStrings.h"
+#include "Media/BundledVideoProvider.h"
+#include "Media/MovedVideoSearch.h"
+#include "Media/UserVideoCommands.h"
+#include "Media/UserVideoProvider.h"
+#include "Media/VideoCatalog.h"
 #include "Persistence/CoreDataStack.h"
 #include "Persistence/Repositories/SessionRepository.h"
+#include "Persistence/Repositories/UserVideoRepository.h"
 #include "Power/SleepWakeCoordinator.h"
 #include "Recording/PomodoroSession.h"
 #include "Statistics/RepositorySessionHistory.h"
@@ -28,8 +34,14 @@ public:
     PomodoroTimer timer;
     PomodoroStateMachine stateMachine;
     SessionRepository sessionRepository;
+    UserVideoRepository userVideoRepository;
     InFlightSessionStore inFlightStore;
     PomodoroSession session;
+    BundledVideoProvider bundledVideoProvider;
+    MovedVideoSearch movedVideoSearch;
+    UserVideoProvider userVideoProvider;
+    VideoCatalog videoCatalog;
+    UserVideoCommands userVideoCommands;
     RepositorySessionHistory sessionHistory;
     StatsAggregator statsAggregator;
     LanguageOverrideService languageOverrideService;

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "Platform/Ports/Bookmarks.h"
 #include "Platform/Ports/IdentifierSource.h"
 #include "Platform/Ports/MainRunLoop.h"
 #include "Platform/Ports/MonotonicClock.h"
+#include "Platform/Ports/StillFrame.h"
 #include "Platform/Ports/UserDefaults.h"
 #include "Platform/Ports/WallClock.h"
 #include "Platform/Ports/WorkspacePower.h"
@@ -18,8 +20,12 @@ struct PlatformServices
     IdentifierSource &identifiers;
     UserDefaults &defaults;
     WorkspacePower &workspacePower;
+    const Bookmarks &bookmarks;
+    const StillFrame &stillFrame;
     /// The user's application-support folder; nothing where there is none.
     std::optional<QString> applicationSupportDirectory;
+    /// The folder with the videos that ship with the application; it may be missing.
+    QString bundledVideosDirectory;
 };
 
 }

@@ -13,14 +13,19 @@ class CommandTable final
 {
 public:
     using Handler = std::function<ControlReply(const nlohmann::ordered_json &arguments)>;
+    /// Takes the answer; called once, at once or later.
+    using Answer = std::function<void(const ControlReply &reply)>;
+    using LaterHandler = std::function<void(const nlohmann::ordered_json &arguments, Answer answer)>;
 
     /// Adds a command; a second one of the same name takes its place.
-    void add(const QString &name, Handler handler) { m_handlers.insert(name, std::move(handler)); }
+    void add(const QString &name, Handler handler);
+    /// Adds a command that may answer later.
+    void addLater(const QString &name, LaterHandler handler) { m_handlers.insert(name, std::move(handler)); }
     /// Runs a command. An unknown one gives a usage error that names it.
-    [[nodiscard]] ControlReply run(const QString &name, const nlohmann::ordered_json &arguments = {}) const;
+    void run(const QString &name, const nlohmann::ordered_json &arguments, const Answer &answer) const;
 
 private:
-    QMap<QString, Handler> m_handlers;
+    QMap<QString, LaterHandler> m_handlers;
 };
 
 }

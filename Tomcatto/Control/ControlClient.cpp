@@ -7,7 +7,7 @@ namespace tomcatto {
 namespace {
 
 constexpr int connectMilliseconds = 1000;
-constexpr int answerMilliseconds = 10'000;
+constexpr int answerMilliseconds = 5000;
 
 ControlReply notRunning()
 {
@@ -16,7 +16,7 @@ ControlReply notRunning()
 
 ControlReply noAnswer()
 {
-    return controlReply(ExitStatus::notRunning, QStringLiteral("Tomcatto did not answer."));
+    return controlReply(ExitStatus::failed, QStringLiteral("Tomcatto is running but does not answer."));
 }
 
 bool sendRequest(QLocalSocket &socket, const QString &path, const ControlRequest &request)
@@ -51,12 +51,12 @@ ControlClient::ControlClient(QString socketPath)
 {
 }
 
-ControlReply ControlClient::send(const ControlRequest &request) const
+ControlReply ControlClient::send(const ControlRequest &request, std::chrono::milliseconds patience) const
 {
     QLocalSocket socket;
     if (!sendRequest(socket, m_socketPath, request))
         return notRunning();
-    const auto line = readLine(socket, answerMilliseconds);
+    const auto line = readLine(socket, static_cast<int>(patience.count()));
     return line ? replyOf(*line) : noAnswer();
 }
 

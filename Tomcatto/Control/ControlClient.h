@@ -2,6 +2,7 @@
 
 #include "Control/ControlMessage.h"
 
+#include <chrono>
 #include <functional>
 
 namespace tomcatto {
@@ -12,8 +13,10 @@ class ControlClient final
 public:
     explicit ControlClient(QString socketPath);
 
-    /// Sends one request and waits for its answer. Status `notRunning` where nobody answers.
-    [[nodiscard]] ControlReply send(const ControlRequest &request) const;
+    /// Sends one request and waits for its answer. Status `notRunning` where nobody listens, `failed` where
+    /// nobody answers in time. @param patience how long to wait for the answer
+    [[nodiscard]] ControlReply send(const ControlRequest &request,
+                                    std::chrono::milliseconds patience = std::chrono::seconds{5}) const;
     /// Sends a request that follows and hands over each answer until the application ends or `handler` returns false.
     /// The result is `done` unless the first answer was refused or nobody answers.
     [[nodiscard]] ControlReply follow(const ControlRequest &request,

@@ -11,9 +11,19 @@ QByteArray line(const Json &object)
     return QByteArray::fromStdString(object.dump(-1, ' ', false, Json::error_handler_t::replace)) + '\n';
 }
 
+// Copying a document recurses once a level, so whoever sends one may not choose the depth.
+constexpr int deepestNesting = 16;
+
+/// The document, or a discarded value.
 Json parsed(const QByteArray &text)
 {
-    return Json::parse(text.begin(), text.end(), nullptr, false);
+    bool isTooDeep = false;
+    const auto limitDepth = [&isTooDeep](int depth, Json::parse_event_t, const Json &) {
+        isTooDeep = isTooDeep || depth > deepestNesting;
+        return !isTooDeep;
+    };
+    Json json = Json::parse(text.begin(), text.end(), limitDepth, false);
+    return isTooDeep ? Json(Json::value_t::discarded) : json;
 }
 
 }

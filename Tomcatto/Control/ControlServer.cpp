@@ -2,6 +2,7 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
+#include <QtCore/QPointer>
 #include <QtCore/QTimer>
 
 namespace tomcatto {
@@ -11,6 +12,9 @@ namespace {
 constexpr int probeMilliseconds = 500;
 // A follower that does not read is let go once this much waits for it.
 constexpr qint64 longestBacklog = 256 * 1024;
+// More connections than this would use up the process's descriptors, and the socket would close for good.
+constexpr std::size_t mostWaiting = 64;
+constexpr std::size_t mostFollowers = 64;
 
 }
 
@@ -23,6 +27,7 @@ ControlServer::ControlServer(const CommandTable &commands, QString socketPath,
     , m_logger(QStringLiteral("ControlServer"))
 {
     m_server.setSocketOptions(QLocalServer::UserAccessOption);
+    m_server.setListenBacklogSize(256);
     connect(&m_server, &QLocalServer::newConnection, this, &ControlServer::acceptConnections);
 }
 
@@ -68,9 +73,13 @@ void ControlServer::acceptConnections()
     while (QLocalSocket *socket = m_server.nextPendingConnection()) {
         socket->setReadBufferSize(longestRequest + 1);
         connect(socket, &QLocalSocket::disconnected, this, [this, socket] {
-            m_followers.erase(socket);
+            forget(socket);
+            removeFollower(socket);
             socket->deleteLater();
         });
+        m_waiting.push_back(socket);
+        if (m_waiting.size() > mostWaiting)
+            m_waiting.front()->abort();
         connect(socket, &QLocalSocket::readyRead, this, [this, socket] { readRequest(socket); });
         auto *const limit = new QTimer(socket);
         limit->setObjectName(QStringLiteral("limit"));
@@ -81,6 +90,11 @@ void ControlServer::acceptConnections()
         if (socket->bytesAvailable() > 0)
             readRequest(socket);
     }
+}
+
+void ControlServer::forget(QLocalSocket *socket)
+{
+    std::erase(m_waiting, socket);
 }
 
 void ControlServer::readRequest(QLocalSocket *socket)
@@ -105,17 +119,40 @@ void ControlServer::answer(QLocalSocket *socket, const QByteArray &line)
         return refuse(socket, request.error());
     delete socket->findChild<QTimer *>(QStringLiteral("limit"));
     socket->setProperty("answered", true);
-    const ControlReply reply = m_commands.run(request->command, request->arguments);
-    if (!request->isFollowing || reply.status != ExitStatus::done)
-        return send(socket, reply);
+    forget(socket);
+    if (request->isFollowing && m_followers.size() >= mostFollowers)
+        return send(socket, controlReply(ExitStatus::notApplicable, QStringLiteral("Too many others follow already")));
+    const bool isFollowing = request->isFollowing;
+    m_commands.run(request->command, request->arguments,
+                   [this, client = QPointer(socket), isFollowing](const ControlReply &reply) {
+                       // Whoever asked may be gone by now.
+                       if (!client)
+                           return;
+                       if (!isFollowing || reply.status != ExitStatus::done)
+                           return send(client, reply);
+                       addFollower(client);
+                       client->write(encoded(reply));
+                   });
+}
+
+void ControlServer::addFollower(QLocalSocket *socket)
+{
     m_followers.insert(socket);
-    socket->write(encoded(reply));
+    if (m_followers.size() == 1)
+        Q_EMIT followedChanged(true);
+}
+
+void ControlServer::removeFollower(QLocalSocket *socket)
+{
+    if (m_followers.erase(socket) > 0 && m_followers.empty())
+        Q_EMIT followedChanged(false);
 }
 
 void ControlServer::refuse(QLocalSocket *socket, const QString &reason)
 {
     m_logger.info(QStringLiteral("Refused a request: ") + reason);
     socket->setProperty("answered", true);
+    forget(socket);
     send(socket, controlReply(ExitStatus::usage, reason));
 }
 

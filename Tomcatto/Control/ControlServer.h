@@ -4,6 +4,7 @@
 #include "Foundation/Logger.h"
 
 #include <chrono>
+#include <deque>
 #include <QtNetwork/QLocalServer>
 #include <QtNetwork/QLocalSocket>
 #include <set>
@@ -38,8 +39,15 @@ public:
     /// Sends a line to everyone who follows.
     void publish(const nlohmann::ordered_json &result);
 
+Q_SIGNALS:
+    /// The first one follows, or nobody does any more.
+    void followedChanged(bool isFollowed);
+
 private:
     void acceptConnections();
+    void forget(QLocalSocket *socket);
+    void addFollower(QLocalSocket *socket);
+    void removeFollower(QLocalSocket *socket);
     void readRequest(QLocalSocket *socket);
     void answer(QLocalSocket *socket, const QByteArray &line);
     void refuse(QLocalSocket *socket, const QString &reason);
@@ -50,6 +58,8 @@ private:
     std::chrono::milliseconds m_requestTimeLimit;
     QLocalServer m_server;
     std::set<QLocalSocket *> m_followers;
+    // Connections that have sent no whole request yet, oldest first.
+    std::deque<QLocalSocket *> m_waiting;
     Logger m_logger;
 };
 

@@ -1,5 +1,6 @@
 #include "Control/StatusSource.h"
 
+#include <QtCore/QMetaMethod>
 #include <QtCore/QPointer>
 
 namespace tomcatto {
@@ -46,17 +47,23 @@ TimerStatus StatusSource::status() const
     return status;
 }
 
+void StatusSource::connectNotify(const QMetaMethod &signal)
+{
+    // The first who listens hears of what changes from now on.
+    if (signal == QMetaMethod::fromSignal(&StatusSource::changed))
+        m_last = status();
+}
+
 void StatusSource::checkSoon()
 {
-    if (std::exchange(m_isChecking, true))
+    if (!isSignalConnected(QMetaMethod::fromSignal(&StatusSource::changed)) || std::exchange(m_isChecking, true))
         return;
     m_parts.runLoop.async([this, alive = QPointer(this)] {
         if (!alive)
             return;
         m_isChecking = false;
         const TimerStatus now = status();
-        const auto before = std::exchange(m_last, now);
-        if (!before || differByMoreThanTick(*before, now))
+        if (differByMoreThanTick(std::exchange(m_last, now), now))
             Q_EMIT changed(now);
     });
 }

@@ -7,8 +7,8 @@
 
 namespace tomcatto {
 
-/// Gathers the status from the timer, the settings and the statistics, and tells when it changed by more than a tick.
-/// Main thread only.
+/// Gathers the status from the timer, the settings and the statistics, and tells when it changed by more than a tick,
+/// while somebody is connected: gathering reads the whole history after each save. Main thread only.
 class StatusSource final : public QObject
 {
     Q_OBJECT
@@ -35,13 +35,15 @@ Q_SIGNALS:
     /// The status changed by more than a tick; once for all changes of one turn of the main loop.
     void changed(const tomcatto::TimerStatus &status);
 
+protected:
+    void connectNotify(const QMetaMethod &signal) override;
+
 private:
     void checkSoon();
 
     Parts m_parts;
     StatusPillSource m_pill;
-    // Gathered with the first change: asking for it reads the whole history.
-    std::optional<TimerStatus> m_last;
+    TimerStatus m_last;
     bool m_isChecking = false;
     Cancellable m_dayObserver;
 };

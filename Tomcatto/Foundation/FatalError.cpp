@@ -2,6 +2,7 @@
 
 #include "Foundation/Logger.h"
 
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 
@@ -9,14 +10,24 @@ namespace tomcatto {
 
 namespace {
 
+std::atomic<FatalErrorHook> fatalErrorHook = nullptr;
+
 void announce(const QString &message)
 {
+    // Taken out, so that a failure inside it cannot come back to it.
+    if (const FatalErrorHook hook = fatalErrorHook.exchange(nullptr))
+        hook();
     Logger(QStringLiteral("FatalError")).fault(message);
     const QByteArray line = "tomcatto: " + message.toUtf8() + '\n';
     std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stderr);
     std::fflush(stderr);
 }
 
+}
+
+void setFatalErrorHook(FatalErrorHook hook)
+{
+    fatalErrorHook = hook;
 }
 
 void fatalError(const QString &message)

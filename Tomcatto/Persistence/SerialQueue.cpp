@@ -7,6 +7,8 @@ namespace tomcatto {
 namespace {
 
 constexpr std::chrono::seconds idleLifetime{1};
+// Whoever hands over faster than the disk takes it waits at this many jobs, so memory and the end stay bounded.
+constexpr std::size_t longestBacklog = 256;
 
 }
 
@@ -23,6 +25,10 @@ SerialQueue::~SerialQueue()
 
 void SerialQueue::async(std::function<void()> job)
 {
+    if (!isCurrent()) {
+        std::unique_lock lock(m_mutex);
+        m_changed.wait(lock, [this] { return m_jobs.size() < longestBacklog; });
+    }
     static_cast<void>(append(std::move(job)));
 }
 

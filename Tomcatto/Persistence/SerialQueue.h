@@ -20,7 +20,7 @@ public:
     SerialQueue(const SerialQueue &) = delete;
     SerialQueue &operator=(const SerialQueue &) = delete;
 
-    /// Runs `job` later.
+    /// Runs `job` later; waits first where too many wait already.
     void async(std::function<void()> job);
     /// Runs `job` after all jobs handed over before and returns when it is done; from within a job it runs at once.
     void sync(const std::function<void()> &job);

@@ -39,9 +39,9 @@ void InFlightSessionStore::clear()
     m_store.remove(markerKey());
 }
 
-void InFlightSessionStore::synchronize() const
+bool InFlightSessionStore::synchronize() const
 {
-    m_store.synchronize();
+    return m_store.synchronize();
 }
 
 }

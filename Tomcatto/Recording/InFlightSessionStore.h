@@ -16,8 +16,8 @@ public:
     [[nodiscard]] std::optional<InFlightSessionMarker> load() const;
     void save(const InFlightSessionMarker &marker);
     void clear();
-    /// Waits until the last save or clear is on disk. Any thread.
-    void synchronize() const;
+    /// Waits until the last save or clear is on disk. Any thread. @return whether it is
+    bool synchronize() const;
 
 private:
     UserDefaults &m_store;

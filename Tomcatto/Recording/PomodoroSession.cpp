@@ -33,9 +33,15 @@ void PomodoroSession::recover()
     const auto marker = m_inFlightStore.load();
     // On disk before anything can fail over the marker's values, so that a bad one is never met twice.
     m_inFlightStore.clear();
-    m_inFlightStore.synchronize();
+    const bool isCleared = m_inFlightStore.synchronize();
     if (!marker)
         return;
+    if (!isCleared) {
+        m_logger.error(
+            QStringLiteral("The phase of the last run is not recorded: its marker cannot be removed, and every "
+                           "start would record it again"));
+        return;
+    }
     const auto request = recoveredRequest(*marker, m_surroundings.wallClock.now(), m_surroundings.wallClock.calendar(),
                                           m_surroundings.identifiers.next());
     if (request)

@@ -61,6 +61,7 @@ private:
     qint64 m_inFlightCycleIndex = 0;
     InFlightSessionMarker m_inFlightMarker;
     Cancellable m_heartbeat;
+    const Logger m_logger{QStringLiteral("PomodoroSession")};
 };
 
 }

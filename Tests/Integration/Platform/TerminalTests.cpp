@@ -1,27 +1,25 @@
 #include "Platform/Freedesktop/KeyDecoder.h"
-#include "Platform/Freedesktop/UnixProcessSignals.h"
+#include "Platform/Freedesktop/UnixOutput.h"
 
-#include <csignal>
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <pty.h>
-#include <QtCore/QFile>
-#include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 #include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 
 using namespace tomcatto;
 
 namespace {
 
-/// Starts the test process on a terminal of its own with 97 columns.
-pid_t startOnTerminal(int &master, const char *role, const QByteArray &argument)
+/// Starts the test process as a shell on a terminal of its own with 97 columns.
+pid_t startShell(int &master)
 {
     const winsize size{24, 97, 0, 0};
     const pid_t process = ::forkpty(&master, nullptr, nullptr, &size);
     if (process == 0)
-        ::execl(PLATFORM_TEST_PROCESS, PLATFORM_TEST_PROCESS, role, argument.constData(), nullptr);
+        ::execl(PLATFORM_TEST_PROCESS, PLATFORM_TEST_PROCESS, "shell", nullptr);
     return process;
 }
 
@@ -57,49 +55,50 @@ TEST(TerminalTests, DecodesKeysAndLeavesEscapeSequencesOut)
 
 TEST(TerminalTests, TakesSingleKeysAlsoAfterBeingStoppedAndRestoresTheTerminal)
 {
-    int master = -1;
-    const pid_t shell = startOnTerminal(master, "shell", "");
     // Each input and what is shown next; an echo would come before it.
-    const std::pair<QByteArray, QByteArray> turns[] = {{"", "<interactive 1, columns 97>"},
-                                                       {"s", "<key 115>"},
-                                                       {"\x1a", "<stopped, echo on>"},
-                                                       {"\n", "<key 10>"},
-                                                       {"q", "<key 113>"},
-                                                       {"", "<ended 0, echo on>"}};
-    for (const auto &[input, output] : turns) {
-        EXPECT_EQ(::write(master, input.constData(), size_t(input.size())), input.size());
-        EXPECT_EQ(shown(master).replace("^Z", ""), output);
+    const std::vector<std::pair<QByteArray, QByteArray>> starts{{"", "<interactive 1, columns 97>"},
+                                                                {"s", "<key 115>"},
+                                                                {"\x1a", "<stopped, echo on>"},
+                                                                {"\n", "<key 10>"},
+                                                                {"p", "<key 112>"},
+                                                                {"", "<stopped, echo off>"},
+                                                                {"\n", "<key 10>"},
+                                                                {"s", "<key 115>"}};
+    const std::vector<std::pair<QByteArray, QByteArray>> ends[] = {
+        {{"q", "<key 113>"}, {"", "<ended 0, echo on>"}},
+        {{"f", "<key 102>"}, {"", "tomcatto: failed>"}, {"", "<ended 4, echo on>"}}};
+    for (const auto &end : ends) {
+        int master = -1;
+        const pid_t shell = startShell(master);
+        for (const auto &turns : {starts, end}) {
+            for (const auto &[input, output] : turns) {
+                EXPECT_EQ(::write(master, input.constData(), size_t(input.size())), input.size());
+                EXPECT_EQ(shown(master).replace("^Z", ""), output);
+            }
+        }
+        ::close(master);
+        ::waitpid(shell, nullptr, 0);
     }
-    ::close(master);
-    ::waitpid(shell, nullptr, 0);
 }
 
-TEST(TerminalTests, AClosedTerminalIsANormalEndAndCostsNoProcessorTime)
+TEST(TerminalTests, WhatAStoppedReaderDoesNotTakeFollowsButForLinesDrawnOver)
 {
-    const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("ended")));
-    int master = -1;
-    const pid_t process = startOnTerminal(master, "keys", QFile::encodeName(file.fileName()));
-    EXPECT_EQ(shown(master), "<interactive 1, columns 97>");
-    ::close(master);
-    ::waitpid(process, nullptr, 0);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << "the end was not orderly";
-    EXPECT_LT(file.readAll().toInt(), 150) << "of 300 milliseconds";
-}
-
-TEST(ProcessSignalsTests, TheFirstRequestToEndIsDeliveredAndTheSecondEndsHard)
-{
-    UnixProcessSignals signals;
-    QByteArray events;
-    const Cancellable end = signals.onTerminationRequest([&events] { events += "end "; });
-    const Cancellable change = signals.onTerminalChanged([&events] { events += "change "; });
-    for (const int signalNumber : {SIGWINCH, SIGCONT, SIGTERM, SIGHUP})
-        ::raise(signalNumber);
-    EXPECT_EQ(events, "") << "handlers run on the loop";
+    int pipeEnds[2] = {};
+    int terminalEnds[2] = {};
+    ASSERT_EQ(::pipe(pipeEnds) + ::openpty(&terminalEnds[0], &terminalEnds[1], nullptr, nullptr, nullptr), 0);
+    // As Ctrl-S does.
+    ASSERT_EQ(::tcflow(terminalEnds[1], TCOOFF), 0);
+    UnixOutput lines(pipeEnds[1]);
+    UnixOutput drawing(terminalEnds[1]);
+    for (int number = 0; number < 10'000; ++number)
+        lines.write(QByteArray::number(number).rightJustified(19) + '\n');
+    for (const char *text : {"line\n", "\rold", "\rnew>"})
+        drawing.write(text);
+    QByteArray read;
+    for (char bytes[4096]; read.size() < 200'000; QTest::qWait(0))
+        read.append(bytes, ::read(pipeEnds[0], bytes, sizeof bytes));
+    EXPECT_TRUE(read.endsWith("\n               9999\n") && read.size() == 200'000);
+    ::tcflow(terminalEnds[1], TCOON);
     QTest::qWait(20);
-    EXPECT_EQ(events, "change end ");
-    struct sigaction action = {};
-    ::sigaction(SIGTERM, nullptr, &action);
-    EXPECT_EQ(action.sa_handler, SIG_DFL);
-    ::signal(SIGHUP, SIG_DFL);
+    EXPECT_EQ(shown(terminalEnds[0]), "line\r\n\rnew>");
 }

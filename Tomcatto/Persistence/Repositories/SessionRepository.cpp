@@ -173,8 +173,10 @@ bool SessionRepository::fetch(const char *sql, const std::vector<StoreValue> &va
     StoreResult<void> fetched;
     m_stack.viewContext().performAndWait(
         [&](const ManagedObjectContext &context) { fetched = context.connection().fetch(sql, values, visit); });
-    if (!fetched)
+    if (!fetched) {
         m_logger.error(QStringLiteral("Failed to fetch sessions: ") + fetched.error().description());
+        Q_EMIT fetchFailed();
+    }
     return fetched.has_value();
 }
 

@@ -55,6 +55,8 @@ public:
 Q_SIGNALS:
     /// A context of the store has saved. On the main thread.
     void didSave();
+    /// A query failed, which is logged; it answers as if there were nothing.
+    void fetchFailed() const;
 
 private:
     class LifeToken

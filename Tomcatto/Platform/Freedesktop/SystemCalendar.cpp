@@ -1,5 +1,9 @@
 #include "Platform/Freedesktop/SystemCalendar.h"
 
+#include "Foundation/Logger.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
 #include <sys/stat.h>
 
@@ -17,6 +21,33 @@ QByteArray timeLocaleName()
     return {};
 }
 
+/// The zone's name that the `TZ` variable stands for if that is a path, which Qt does not know; empty if it is none, or
+/// one of a file that is not the system's.
+QByteArray nameOfZoneFile(QByteArray variable)
+{
+    if (variable.startsWith(':'))
+        variable.remove(0, 1);
+    if (!variable.startsWith('/'))
+        return {};
+    const QByteArray path = QFile::encodeName(QFileInfo(QFile::decodeName(variable)).canonicalFilePath());
+    const QByteArray folder = "/zoneinfo/";
+    const auto start = path.indexOf(folder);
+    return start < 0 ? QByteArray() : path.mid(start + folder.size());
+}
+
+/// UTC where the zone is not known, as in the system's own library.
+QTimeZone readZone(const QByteArray &variable)
+{
+    const QByteArray name = nameOfZoneFile(variable);
+    const QTimeZone zone(name.isEmpty() ? QTimeZone::systemTimeZoneId() : name);
+    if (zone.isValid())
+        return zone;
+    Logger(QStringLiteral("SystemCalendar"))
+        .error(QStringLiteral("the time zone \"%1\" is not known, so days are those of UTC")
+                   .arg(QString::fromLocal8Bit(variable)));
+    return QTimeZone::utc();
+}
+
 }
 
 Qt::DayOfWeek firstWeekdayOfLocale(const QByteArray &name)
@@ -31,8 +62,7 @@ const Calendar &SystemCalendar::current()
 {
     ZoneSource source = zoneSource();
     if (!m_isRead || source != m_zoneSource) {
-        const QTimeZone zone = QTimeZone::systemTimeZone();
-        m_calendar.timeZone = zone.isValid() ? zone : QTimeZone::utc();
+        m_calendar.timeZone = readZone(source.variable);
         m_zoneSource = std::move(source);
     }
     QByteArray name = timeLocaleName();

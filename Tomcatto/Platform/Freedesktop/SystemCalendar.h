@@ -12,7 +12,7 @@ namespace tomcatto {
 class SystemCalendar final
 {
 public:
-    /// The calendar as it is now. A zone that the system does not know is UTC.
+    /// The calendar as it is now. A zone that the system does not know is logged, and UTC is taken.
     [[nodiscard]] const Calendar &current();
 
 private:

@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <mutex>
+#include <poll.h>
 #include <QtCore/QDateTime>
 #include <QtCore/QtEndian>
 #include <sys/socket.h>
@@ -98,6 +99,11 @@ public:
                              QLatin1String(": ") + text + QLatin1Char('\n');
         const QByteArray bytes = line.toUtf8();
         const std::scoped_lock lock(m_copying);
+        // A reader that stands still may hold a copy up, not the application; the system's log has the line.
+        constexpr int longestWaitMilliseconds = 100;
+        pollfd output{m_standardError, POLLOUT, 0};
+        if (::poll(&output, 1, longestWaitMilliseconds) == 0)
+            return;
         [[maybe_unused]] const auto size =
             ::write(m_standardError, bytes.constData(), static_cast<std::size_t>(bytes.size()));
     }

@@ -1,9 +1,10 @@
 #include "Platform/Freedesktop/UnixTerminal.h"
 
+#include "Foundation/FatalError.h"
+
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <poll.h>
 #include <QtCore/QPointer>
 #include <QtCore/QSocketNotifier>
 #include <sys/ioctl.h>
@@ -14,7 +15,7 @@ namespace tomcatto {
 
 namespace {
 
-/// What the stop handler restores; written only while that handler is not installed.
+/// What the handlers of a stop and of a fatal error restore; written only while these are not installed.
 struct StopState
 {
     int descriptor = -1;
@@ -32,13 +33,19 @@ void setStopHandler(void (*handler)(int))
     ::sigaction(SIGTSTP, &action, nullptr);
 }
 
+/// Only async-signal-safe calls.
+void restoreSettings()
+{
+    // In the background the terminal is another process's, and touching it would stop this one for good.
+    if (::tcgetpgrp(stopState.descriptor) == ::getpgrp())
+        ::tcsetattr(stopState.descriptor, TCSANOW, &stopState.settings);
+}
+
 /// Restores the terminal, then stops the process as the signal does by itself. Only async-signal-safe calls.
 void restoreAndStop(int signalNumber)
 {
     const int savedErrno = errno;
-    // In the background the terminal is another process's, and touching it would stop this one for good.
-    if (::tcgetpgrp(stopState.descriptor) == ::getpgrp())
-        ::tcsetattr(stopState.descriptor, TCSANOW, &stopState.settings);
+    restoreSettings();
     hasStopped = 1;
     setStopHandler(SIG_DFL);
     ::raise(signalNumber);
@@ -53,20 +60,17 @@ void restoreAndStop(int signalNumber)
     errno = savedErrno;
 }
 
-/// Waits a moment for an output that takes nothing now; false when it stays so.
-bool waitForOutput(int descriptor)
-{
-    constexpr int longestWaitMilliseconds = 1000;
-    pollfd output{descriptor, POLLOUT, 0};
-    return ::poll(&output, 1, longestWaitMilliseconds) > 0;
-}
-
 }
 
 UnixTerminal::UnixTerminal(ProcessSignals &signals, int input, int output)
     : m_input(input)
     , m_output(output)
-    , m_resumption(signals.onTerminalChanged([this] { enterKeyMode(); }))
+    , m_text(output)
+    , m_resumption(signals.onTerminalChanged([this] {
+        // A stop that cannot be handled leaves no other trace.
+        m_isInKeyMode = false;
+        enterKeyMode();
+    }))
 {
 }
 
@@ -105,6 +109,7 @@ Cancellable UnixTerminal::readKeys(std::function<void(QChar)> handler)
     m_notifier->setEnabled(false);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &UnixTerminal::readInput);
     setStopHandler(restoreAndStop);
+    setFatalErrorHook(restoreSettings);
     enterKeyMode();
     return Cancellable([terminal = QPointer(this)] {
         if (terminal)
@@ -114,7 +119,7 @@ Cancellable UnixTerminal::readKeys(std::function<void(QChar)> handler)
 
 void UnixTerminal::enterKeyMode()
 {
-    if (!m_keyHandler || (m_notifier->isEnabled() && hasStopped == 0) || !isForeground())
+    if (!m_keyHandler || (m_isInKeyMode && hasStopped == 0) || !isForeground())
         return;
     termios settings = stopState.settings;
     settings.c_lflag &= ~static_cast<tcflag_t>(ICANON | ECHO);
@@ -123,6 +128,7 @@ void UnixTerminal::enterKeyMode()
     hasStopped = 0;
     ::tcsetattr(m_input, TCSANOW, &settings);
     m_notifier->setEnabled(true);
+    m_isInKeyMode = true;
 }
 
 void UnixTerminal::leaveKeyMode()
@@ -133,9 +139,10 @@ void UnixTerminal::leaveKeyMode()
     // It may be the one that is delivering the key which led here.
     m_notifier->setEnabled(false);
     m_notifier.release()->deleteLater();
+    m_isInKeyMode = false;
     setStopHandler(SIG_DFL);
-    if (isForeground())
-        ::tcsetattr(m_input, TCSANOW, &stopState.settings);
+    setFatalErrorHook(nullptr);
+    restoreSettings();
 }
 
 void UnixTerminal::readInput()
@@ -143,6 +150,7 @@ void UnixTerminal::readInput()
     // Reading in the background would stop the process.
     if (!isForeground()) {
         m_notifier->setEnabled(false);
+        m_isInKeyMode = false;
         return;
     }
     std::array<char, 256> bytes{};
@@ -166,16 +174,7 @@ void UnixTerminal::readInput()
 void UnixTerminal::write(const QString &text)
 {
     enterKeyMode();
-    const QByteArray bytes = text.toUtf8();
-    for (qsizetype done = 0; done < bytes.size() && !m_isOutputClosed;) {
-        const auto size = ::write(m_output, bytes.constData() + done, static_cast<std::size_t>(bytes.size() - done));
-        if (size >= 0)
-            done += size;
-        else if (errno == EAGAIN && !waitForOutput(m_output))
-            return;
-        else if (errno != EAGAIN && errno != EINTR)
-            m_isOutputClosed = true;
-    }
+    m_text.write(text.toUtf8());
 }
 
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/Freedesktop/KeyDecoder.h"
+#include "Platform/Freedesktop/UnixOutput.h"
 #include "Platform/Ports/ProcessSignals.h"
 #include "Platform/Ports/Terminal.h"
 
@@ -12,8 +13,9 @@ class QSocketNotifier;
 namespace tomcatto {
 
 /// A Unix terminal. While keys are read it is in single-key mode without echo; Ctrl-C and Ctrl-Z keep their effect. The
-/// settings are restored when the process stops, and single-key mode comes back with it in the foreground: at the
-/// signal that it goes on, or at the latest with the next text written. One object reads keys at a time.
+/// settings are restored when the process stops or ends by a fatal error, and single-key mode comes back with it in the
+/// foreground: at the signal that it goes on, or at the latest with the next text written. One object reads keys at a
+/// time.
 class UnixTerminal final : public QObject, public Terminal
 {
     Q_OBJECT
@@ -38,7 +40,8 @@ private:
 
     int m_input;
     int m_output;
-    bool m_isOutputClosed = false;
+    UnixOutput m_text;
+    bool m_isInKeyMode = false;
     KeyDecoder m_decoder;
     std::shared_ptr<std::function<void(QChar)>> m_keyHandler;
     std::unique_ptr<QSocketNotifier> m_notifier;

@@ -13,9 +13,25 @@ namespace tomcatto {
 
 namespace {
 
-QString inFolder(QStandardPaths::StandardLocation location, const QString &name)
+/// Empty where neither the home folder nor the location's own variable is set: Qt takes the root folder for the home
+/// then.
+QString folderAt(QStandardPaths::StandardLocation location, const char *variable)
 {
-    return QStandardPaths::writableLocation(location) + QLatin1Char('/') + name;
+    if (qEnvironmentVariableIsEmpty("HOME") && qEnvironmentVariableIsEmpty(variable))
+        return {};
+    QString path = QStandardPaths::writableLocation(location);
+    return QDir::isAbsolutePath(path) ? path : QString();
+}
+
+QString inFolder(const QString &folder, const QString &name)
+{
+    return folder.isEmpty() ? QString() : folder + QLatin1Char('/') + name;
+}
+
+QString configurationFile(const QString &name)
+{
+    return inFolder(folderAt(QStandardPaths::GenericConfigLocation, "XDG_CONFIG_HOME"),
+                    applicationIdentifier + QLatin1Char('/') + name);
 }
 
 /// A folder of this user alone below the temporary location. A foreign one of that name is refused by the change of its
@@ -31,7 +47,7 @@ QString temporaryRuntimeFolder()
     const bool isOurs = info.isDir() && !info.isSymLink() && info.ownerId() == ::geteuid();
     if (isOurs && QFile::setPermissions(path, ownerOnly))
         return path;
-    return inFolder(QStandardPaths::GenericConfigLocation, applicationIdentifier);
+    return inFolder(folderAt(QStandardPaths::GenericConfigLocation, "XDG_CONFIG_HOME"), applicationIdentifier);
 }
 
 /// Qt's own look-up falls back as well, but complains on standard error.
@@ -48,49 +64,45 @@ QString runtimeFolder()
 
 std::optional<QString> ApplicationDirectories::applicationSupport() const
 {
-    if (qEnvironmentVariableIsEmpty("HOME") && qEnvironmentVariableIsEmpty("XDG_DATA_HOME"))
-        return std::nullopt;
-    QString path = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    if (!QDir::isAbsolutePath(path))
-        return std::nullopt;
-    return path;
+    QString path = folderAt(QStandardPaths::GenericDataLocation, "XDG_DATA_HOME");
+    return path.isEmpty() ? std::nullopt : std::optional(std::move(path));
 }
 
 QString ApplicationDirectories::userDefaultsFile() const
 {
-    return inFolder(QStandardPaths::GenericConfigLocation, applicationIdentifier + QStringLiteral("/defaults.json"));
+    return configurationFile(QStringLiteral("defaults.json"));
 }
 
 QString ApplicationDirectories::instanceLockFile() const
 {
-    return inFolder(QStandardPaths::GenericConfigLocation, applicationIdentifier + QStringLiteral("/lock"));
+    QString path = configurationFile(QStringLiteral("lock"));
+    return path.isEmpty() ? fallbackInstanceLockFile() : path;
 }
 
 QString ApplicationDirectories::fallbackInstanceLockFile() const
 {
-    return runtimeFolder() + QLatin1Char('/') + applicationIdentifier + QStringLiteral(".lock");
+    return inFolder(runtimeFolder(), applicationIdentifier + QStringLiteral(".lock"));
 }
 
 QString ApplicationDirectories::controlSocket() const
 {
     // A socket's address holds 108 bytes on Linux, 104 elsewhere, with the closing zero.
     constexpr qsizetype longestAddress = 103;
-    const QString name = QLatin1Char('/') + applicationIdentifier + QStringLiteral(".sock");
-    QString path = runtimeFolder() + name;
+    QString path = inFolder(runtimeFolder(), applicationIdentifier + QStringLiteral(".sock"));
     if (QFile::encodeName(path).size() <= longestAddress)
         return path;
     const QByteArray digest = QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha256).toHex().left(16);
-    return temporaryRuntimeFolder() + QLatin1Char('/') + QString::fromLatin1(digest) + QStringLiteral(".sock");
+    return inFolder(temporaryRuntimeFolder(), QString::fromLatin1(digest) + QStringLiteral(".sock"));
 }
 
 QString ApplicationDirectories::urlCache() const
 {
-    return inFolder(QStandardPaths::GenericCacheLocation, applicationIdentifier);
+    return inFolder(folderAt(QStandardPaths::GenericCacheLocation, "XDG_CACHE_HOME"), applicationIdentifier);
 }
 
 QString ApplicationDirectories::widgetSnapshotFile() const
 {
-    return inFolder(QStandardPaths::GenericDataLocation,
+    return inFolder(folderAt(QStandardPaths::GenericDataLocation, "XDG_DATA_HOME"),
                     QStringLiteral("group.") + applicationIdentifier + QStringLiteral("/widget-snapshot.json"));
 }
 

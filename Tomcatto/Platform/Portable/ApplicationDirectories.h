@@ -7,7 +7,8 @@
 namespace tomcatto {
 
 /// Where the application keeps its things, by the platform's standard locations and the environment at the time of the
-/// call. Nothing is created but the user-only folder that stands in for a missing runtime folder. Any thread.
+/// call. Nothing is created but the user-only folder that stands in for a missing runtime folder. A path is empty where
+/// the user has no home folder and no other place for it is set. Any thread.
 class ApplicationDirectories final
 {
 public:
@@ -16,7 +17,7 @@ public:
     [[nodiscard]] std::optional<QString> applicationSupport() const;
     /// The JSON file of the user defaults.
     [[nodiscard]] QString userDefaultsFile() const;
-    /// The instance lock, beside the user defaults.
+    /// The instance lock, beside the user defaults; where these have no place, as below.
     [[nodiscard]] QString instanceLockFile() const;
     /// Where the instance lock goes when the folder of the user defaults cannot be written.
     [[nodiscard]] QString fallbackInstanceLockFile() const;

@@ -83,15 +83,25 @@ std::optional<QString> DefaultsFile::setAside() const
 QString DefaultsFile::write(const QByteArray &text) const
 {
     const QString path = target();
+    if (path.isEmpty())
+        return QStringLiteral("the user has no folder for it");
     if (QString problem = makeFolder(QFileInfo(path).path()); !problem.isEmpty())
         return problem;
     const bool isNew = !QFileInfo::exists(path);
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
+    // Without a buffer, because committing does not notice that emptying it failed, as on a full disk, and would put an
+    // empty file in the place of the good one.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return file.errorString();
     if (isNew)
         file.setPermissions(ownerOnlyFile);
-    file.write(text);
+    for (qint64 done = 0; done < text.size();) {
+        // What is cut short has no reason of its own; writing on gives it.
+        const qint64 size = file.write(text.constData() + done, text.size() - done);
+        if (size <= 0)
+            return file.errorString();
+        done += size;
+    }
     return file.commit() ? QString() : file.errorString();
 }
 

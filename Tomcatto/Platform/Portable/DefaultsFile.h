@@ -26,6 +26,7 @@ public:
         QString problem;
     };
 
+    /// @param path empty where there is no place for it: then it is never there and cannot be written.
     explicit DefaultsFile(QString path);
 
     [[nodiscard]] Content read() const;

@@ -18,7 +18,9 @@ public:
     [[nodiscard]] virtual int columns() const = 0;
     /// Takes single keys without echo from now until the result is destroyed, which restores the terminal's settings.
     [[nodiscard]] virtual Cancellable readKeys(std::function<void(QChar)> handler) = 0;
-    /// Writes text to standard output and flushes it. A closed output is no error.
+    /// Writes text to standard output and flushes it. Never waits for who reads it: what is not taken now follows when
+    /// it is, but for an unwritten rest of a line that text with a carriage return in front draws anew. A closed output
+    /// is no error.
     virtual void write(const QString &text) = 0;
 };
 

@@ -1,0 +1,156 @@
+"""Runs programs in places of their own and measures them through /proc. Linux only."""
+
+import os
+import pty
+import shutil
+import statistics
+import subprocess
+import tempfile
+import threading
+import time
+
+BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig><type>session</type><listen>unix:dir={folder}</listen>
+<policy context="default"><allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/><allow own="*"/></policy>
+</busconfig>
+"""
+
+
+class Places:
+    """A home, a runtime folder and a bus of their own, gone with the `with` block."""
+
+    def __enter__(self):
+        self.folder = tempfile.mkdtemp(prefix="tom")
+        self.environment = {k: v for k, v in os.environ.items() if not k.startswith(("XDG_", "LC_", "DBUS_"))}
+        for name in ("CONFIG", "DATA", "CACHE"):
+            self.environment[f"XDG_{name}_HOME"] = os.path.join(self.folder, name.lower())
+        runtime = os.path.join(self.folder, "run")
+        os.mkdir(runtime, 0o700)
+        self.socket_path = os.path.join(runtime, "studio.quillbay.Tomcatto.sock")
+        configuration = os.path.join(self.folder, "bus.conf")
+        with open(configuration, "w", encoding="utf-8") as file:
+            file.write(BUS_CONFIGURATION.format(folder=runtime))
+        # Both buses, so that the program waits on what it waits on at home.
+        self.bus = subprocess.Popen(["dbus-daemon", f"--config-file={configuration}", "--nofork", "--print-address"],
+                                    stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        address = self.bus.stdout.readline().strip()
+        self.environment.update(HOME=self.folder, XDG_RUNTIME_DIR=runtime, LANG="C.UTF-8", TZ="Europe/Berlin",
+                                DBUS_SYSTEM_BUS_ADDRESS=address, DBUS_SESSION_BUS_ADDRESS=address)
+        self.environment.pop("DISPLAY", None)
+        self.environment.pop("WAYLAND_DISPLAY", None)
+        return self
+
+    def __exit__(self, *_):
+        self.bus.terminate()
+        self.bus.wait()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def run(self, *command, **environment):
+        """Runs a command to its end, its output to nowhere: seconds on the clock and of the processor."""
+        begin = time.perf_counter()
+        process = subprocess.Popen(command, env=self.environment | environment, stdin=subprocess.DEVNULL,
+                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, close_fds=False)
+        _, status, usage = os.wait4(process.pid, 0)
+        seconds = time.perf_counter() - begin
+        process.returncode = os.waitstatus_to_exitcode(status)
+        if process.returncode != 0:
+            raise SystemExit(f"Error: {' '.join(command)} ended with {process.returncode}")
+        return seconds, usage.ru_utime + usage.ru_stime
+
+    def alternate(self, count, *commands):
+        """Runs the commands in turn, so that the machine's moods meet all alike: for each the median of both times."""
+        taken = [[self.run(*command) for command in commands] for _ in range(count)]
+        return [tuple(statistics.median(run[index][kind] for run in taken) for kind in (0, 1)) for index in range(len(commands))]
+
+
+class Display:
+    """An X server with a window manager; the `with` block gets the environment that names it."""
+
+    def __enter__(self):
+        read, write = os.pipe()
+        self.server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1920x1080x24"],
+                                       pass_fds=[write], stderr=subprocess.DEVNULL)
+        os.close(write)
+        with os.fdopen(read) as display:
+            environment = {"DISPLAY": ":" + display.readline().strip(), "QT_QPA_PLATFORM": "xcb"}
+        self.manager = subprocess.Popen(["openbox"], env=os.environ | environment, stderr=subprocess.DEVNULL)
+        return environment
+
+    def __exit__(self, *_):
+        for process in (self.manager, self.server):
+            process.terminate()
+            process.wait()
+
+
+class Running:
+    """A program that stays, ended with the `with` block. With a terminal of its own when asked."""
+
+    def __init__(self, places, command, has_terminal=False, ready=None):
+        self.places, self.command, self.has_terminal, self.ready = places, command, has_terminal, ready
+
+    def __enter__(self):
+        streams = [subprocess.DEVNULL] * 3
+        if self.has_terminal:
+            self.terminal, inner = pty.openpty()
+            streams = [inner] * 3
+        begin = time.perf_counter()
+        self.process = subprocess.Popen(self.command, env=self.places.environment, stdin=streams[0], stdout=streams[1],
+                                        stderr=streams[2], start_new_session=True, close_fds=False,
+                                        preexec_fn=self.take_terminal if self.has_terminal else None)
+        if self.has_terminal:
+            os.close(inner)
+            threading.Thread(target=self.drain, daemon=True).start()
+        while self.ready and not os.path.exists(self.ready):
+            if self.process.poll() is not None or time.perf_counter() > begin + 30:
+                raise SystemExit(f"Error: {' '.join(self.command)} does not start")
+            time.sleep(0.001)
+        self.seconds_to_ready = time.perf_counter() - begin
+        return self
+
+    def __exit__(self, *_):
+        self.process.terminate()
+        self.process.wait()
+        if self.has_terminal:
+            os.close(self.terminal)
+
+    @staticmethod
+    def take_terminal():
+        import fcntl
+        import termios
+        fcntl.ioctl(0, termios.TIOCSCTTY, 0)
+
+    def drain(self):
+        try:
+            while os.read(self.terminal, 65536):
+                pass
+        except OSError:
+            pass
+
+    def tasks(self, name):
+        folder = f"/proc/{self.process.pid}/task"
+        for task in os.listdir(folder):
+            try:
+                with open(f"{folder}/{task}/{name}", encoding="ascii") as file:
+                    yield file.read()
+            except FileNotFoundError:
+                pass  # A thread that has just ended.
+
+    def processor_seconds(self):
+        """Of all threads that are there now."""
+        return sum(int(text.split()[0]) for text in self.tasks("schedstat")) / 1e9
+
+    def wakeups(self):
+        """How often the threads that are there now have gone to sleep by themselves."""
+        return sum(int(line.split()[1]) for text in self.tasks("status") for line in text.splitlines()
+                   if line.startswith("voluntary_ctxt_switches"))
+
+    def wakeups_a_second(self, seconds):
+        before = self.wakeups()
+        time.sleep(seconds)
+        return (self.wakeups() - before) / seconds
+
+    def megabytes(self):
+        """Proportional set size in units of 10⁶ bytes: memory of its own and its share of what it shares."""
+        with open(f"/proc/{self.process.pid}/smaps_rollup", encoding="ascii") as file:
+            return next(int(line.split()[1]) for line in file if line.startswith("Pss:")) * 1024 / 1e6

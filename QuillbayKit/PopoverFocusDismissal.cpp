@@ -1,0 +1,39 @@
+#include "QuillbayKit/PopoverFocusDismissal.h"
+
+namespace quillbay {
+
+PopoverFocusDismissal::PopoverFocusDismissal(QWindow &popover, tomcatto::GlobalClickMonitor &clickMonitor,
+                                             std::function<void()> dismiss)
+    : m_popover(popover)
+    , m_dismiss(std::move(dismiss))
+    , m_clicks(clickMonitor.onPressed([this](QPoint place) { pressed(place); }))
+    , m_wasActive(popover.isActive())
+{
+    connect(&popover, &QWindow::activeChanged, this, &PopoverFocusDismissal::activeChanged);
+}
+
+void PopoverFocusDismissal::activeChanged()
+{
+    // A dialog that belongs to the popover counts as the popover.
+    if (m_popover.isActive())
+        m_wasActive = true;
+    else if (m_wasActive)
+        ask();
+}
+
+void PopoverFocusDismissal::pressed(QPoint place)
+{
+    if (!m_popover.frameGeometry().contains(place))
+        ask();
+}
+
+void PopoverFocusDismissal::ask()
+{
+    if (m_hasAsked)
+        return;
+    m_hasAsked = true;
+    QMetaObject::invokeMethod(
+        this, [dismiss = m_dismiss] { dismiss(); }, Qt::QueuedConnection);
+}
+
+}

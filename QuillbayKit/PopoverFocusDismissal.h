@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Platform/Ports/GlobalClickMonitor.h"
+
+#include <QtCore/QObject>
+#include <QtGui/QWindow>
+
+namespace quillbay {
+
+/// Asks for a popover to be closed when the user turns elsewhere: the popover, once it had the keyboard, loses it, or
+/// the mouse is pressed outside of it. Asks once, in a later turn of the event loop, so that whoever is asked may
+/// destroy the popover and this object. Main thread only.
+class PopoverFocusDismissal final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// @param popover outlives this object. @param dismiss closes it.
+    PopoverFocusDismissal(QWindow &popover, tomcatto::GlobalClickMonitor &clickMonitor, std::function<void()> dismiss);
+
+private:
+    void activeChanged();
+    void pressed(QPoint place);
+    void ask();
+
+    QWindow &m_popover;
+    std::function<void()> m_dismiss;
+    tomcatto::Cancellable m_clicks;
+    bool m_wasActive = false;
+    bool m_hasAsked = false;
+};
+
+}

@@ -1,0 +1,106 @@
+#!/usr/bin/python3
+"""The desktop program on a real X server with a window manager and a session bus: keys and windows."""
+
+import os
+import shutil
+import signal
+import subprocess
+import time
+import unittest
+
+from tomcatto_process import Tomcatto
+
+
+class Desktop(Tomcatto):
+    """One user's desktop session around Tomcatto."""
+
+    def __init__(self):
+        super().__init__()
+        read, write = os.pipe()
+        self.server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1280x900x24"],
+                                       pass_fds=[write], stderr=subprocess.DEVNULL)
+        os.close(write)
+        with os.fdopen(read) as display:
+            self.environment["DISPLAY"] = ":" + display.readline().strip()
+        bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--print-address"], stdout=subprocess.PIPE,
+                               env=self.environment, text=True, stderr=subprocess.DEVNULL)
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
+        manager = subprocess.Popen(["openbox"], env=self.environment, stderr=subprocess.DEVNULL)
+        self.helpers = [manager, bus, self.server]
+        self.environment.update(QT_QPA_PLATFORM="xcb", QT_QUICK_BACKEND="software")
+
+    def close(self):
+        super().close()
+        for helper in self.helpers:
+            helper.terminate()
+            helper.wait()
+
+    def tool(self, *arguments):
+        return subprocess.run(["xdotool", *arguments], env=self.environment, capture_output=True, text=True,
+                              check=False, timeout=30).stdout.split()
+
+    def windows(self, name):
+        return self.tool("search", "--onlyvisible", "--name", name)
+
+    def press(self, *keys):
+        for key in keys:
+            self.tool("key", key)
+            time.sleep(0.15)
+
+    def is_focused(self, name):
+        return self.tool("getactivewindow", "getwindowname") == name.split()
+
+
+class DesktopTest(unittest.TestCase):
+    def setUp(self):
+        for tool in ("Xvfb", "openbox", "xdotool", "dbus-daemon"):
+            self.assertTrue(shutil.which(tool), f"{tool} is missing; run Tools/install-packages test")
+        self.desktop = Desktop()
+        self.addCleanup(self.desktop.close)
+
+    def start(self, *arguments):
+        self.desktop.start(*arguments)
+        return self.desktop
+
+    def test_onboarding_comes_once_and_leads_to_a_focus_phase(self):
+        desktop = self.start()
+        desktop.wait_for(lambda: desktop.windows("Welcome to Tomcatto"))
+        desktop.wait_for(lambda: desktop.is_focused("Welcome to Tomcatto"))
+        time.sleep(0.5)
+        desktop.press("Tab", "space")
+        desktop.wait_for(lambda: desktop.status()["phase"] == "work" or desktop.press("shift+Tab", "space") is not None)
+        desktop.wait_for(lambda: desktop.status()["phase"] == "work")
+        self.assertEqual(desktop.run("settings", "get", "hasCompletedOnboarding").stdout, "true\n")
+        self.assertEqual(desktop.end(signal.SIGTERM), 0)
+        self.assertEqual([row[0] for row in desktop.records()], ["work"])
+
+    def test_the_panel_by_keyboard(self):
+        desktop = self.start("-hasCompletedOnboarding", "true", "--ui-test", "-workDurationSeconds", "1000")
+        self.assertFalse(desktop.windows("Welcome"), "onboarding was completed")
+        self.assertEqual(desktop.run("panel").returncode, 0)
+        desktop.wait_for(lambda: desktop.tool("getactivewindow"))
+        time.sleep(0.8)
+        desktop.press("space")
+        desktop.wait_for(lambda: desktop.status()["phase"] == "work")
+        desktop.press("space")
+        desktop.wait_for(lambda: desktop.status()["isPaused"])
+        desktop.press("space")
+        desktop.wait_for(lambda: not desktop.status()["isPaused"])
+        desktop.press("Tab", "Tab", "space")
+        desktop.wait_for(lambda: desktop.status()["phase"] == "shortBreak")
+        desktop.press("shift+Tab", "space")
+        desktop.wait_for(lambda: desktop.status()["phase"] == "idle")
+        desktop.press("Escape")
+        self.assertEqual(desktop.run("window", "about").returncode, 0)
+        desktop.wait_for(lambda: desktop.is_focused("Tomcatto"))
+        self.assertEqual(desktop.run("window", "nowhere").returncode, 2)
+        second = desktop.run()
+        self.assertEqual((second.returncode, "tomcatto panel" in second.stdout), (0, True))
+        desktop.press("ctrl+w")
+        desktop.wait_for(lambda: not desktop.is_focused("Tomcatto"))
+        self.assertEqual(desktop.status()["phase"], "idle", "closing the window ends nothing")
+        self.assertNotIn(" error ", desktop.output())
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,101 @@
+#pragma once
+
+#include "BreakOverlay/OverlayWindows.h"
+#include "Platform/Overlay/ScreenChanges.h"
+#include "Platform/Ports/KeyMonitor.h"
+
+namespace tomcatto {
+
+/// Screens that a test plugs in and out. Changes are reported as the real ones are.
+class FakeScreens final : public Screens
+{
+public:
+    explicit FakeScreens(MainRunLoop &runLoop)
+        : m_changes(runLoop, [this] { return !live.empty(); })
+    {
+    }
+
+    [[nodiscard]] std::vector<Screen> screens() const override { return live; }
+    [[nodiscard]] Cancellable onChanged(std::function<void()> handler) override
+    {
+        return m_changes.onChanged(std::move(handler));
+    }
+    void cover(QWindow &, const QString &screenId) override { covered.push_back(screenId); }
+    void makeKey(QWindow &) override {}
+    [[nodiscard]] bool canFade() const override { return false; }
+
+    /// Makes these the screens, the first one the main one. None: only the stand-in is left.
+    void plug(const QStringList &ids)
+    {
+        live.clear();
+        for (const QString &id : ids)
+            live.push_back({id, QRect(0, 0, 800, 600), 1, live.empty()});
+        m_changes.note();
+    }
+
+    std::vector<Screen> live;
+    QStringList covered;
+
+private:
+    ScreenChanges m_changes;
+};
+
+/// Keys that a test presses.
+class FakeKeyMonitor final : public KeyMonitor
+{
+public:
+    [[nodiscard]] Cancellable onKeyDown(std::function<bool(const KeyPress &)> pressed) override
+    {
+        handler = std::move(pressed);
+        return Cancellable([this] { handler = nullptr; });
+    }
+    /// Whether the key was swallowed.
+    bool press(Qt::Key key)
+    {
+        const auto current = handler;
+        return current && current({key, Qt::NoModifier, false});
+    }
+
+    std::function<bool(const KeyPress &)> handler;
+};
+
+/// Notes which screens have windows, which one has the keyboard, and whether the next ones are ready.
+class FakeOverlayWindows final : public OverlayWindows
+{
+public:
+    [[nodiscard]] std::unique_ptr<OverlayWindow> make(const Screen &screen) override
+    {
+        ++made;
+        return std::make_unique<Window>(*this, screen.id);
+    }
+    [[nodiscard]] Cancellable warm() override
+    {
+        isWarm = true;
+        return Cancellable([this] { isWarm = false; });
+    }
+
+    QStringList open;
+    QString key;
+    int made = 0;
+    bool isWarm = false;
+
+private:
+    class Window final : public OverlayWindow
+    {
+    public:
+        Window(FakeOverlayWindows &windows, QString id)
+            : m_windows(windows)
+            , m_id(std::move(id))
+        {
+            m_windows.open.append(m_id);
+        }
+        ~Window() override { m_windows.open.removeOne(m_id); }
+        void makeKey() override { m_windows.key = m_id; }
+
+    private:
+        FakeOverlayWindows &m_windows;
+        QString m_id;
+    };
+};
+
+}

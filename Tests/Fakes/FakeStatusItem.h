@@ -1,0 +1,61 @@
+#pragma once
+
+#include "Platform/Ports/GlobalClickMonitor.h"
+#include "Platform/Ports/StatusItem.h"
+
+namespace tomcatto {
+
+/// An item that keeps what it was given; a test clicks it by hand.
+class FakeStatusItem final : public StatusItem
+{
+public:
+    [[nodiscard]] StatusItemForms forms() const override { return givenForms; }
+    [[nodiscard]] Cancellable onFormsChanged(std::function<void()> handler) override
+    {
+        formsChanged = std::move(handler);
+        return Cancellable([this] { formsChanged = nullptr; });
+    }
+    void show(const StatusItemPresentation &presentation) override
+    {
+        shown = presentation;
+        ++shows;
+    }
+    void setMenu(const TrayMenu &given) override { menu = given; }
+    void setPillWanted(bool isWanted) override { isPillWanted = isWanted; }
+    [[nodiscard]] std::optional<QRect> geometry() const override { return place; }
+    [[nodiscard]] Cancellable onActivated(std::function<void(std::optional<QRect>)> handler) override
+    {
+        activate = std::move(handler);
+        return Cancellable([this] { activate = nullptr; });
+    }
+    [[nodiscard]] Cancellable onMenuAction(std::function<void(TrayMenuAction)> handler) override
+    {
+        choose = std::move(handler);
+        return Cancellable([this] { choose = nullptr; });
+    }
+
+    StatusItemForms givenForms{{}, 1.0, false};
+    std::optional<QRect> place;
+    StatusItemPresentation shown;
+    TrayMenu menu;
+    int shows = 0;
+    bool isPillWanted = false;
+    std::function<void()> formsChanged;
+    std::function<void(std::optional<QRect>)> activate;
+    std::function<void(TrayMenuAction)> choose;
+};
+
+/// A mouse that a test presses by hand.
+class ManualClickMonitor final : public GlobalClickMonitor
+{
+public:
+    [[nodiscard]] Cancellable onPressed(std::function<void(QPoint)> handler) override
+    {
+        press = std::move(handler);
+        return Cancellable([this] { press = nullptr; });
+    }
+
+    std::function<void(QPoint)> press;
+};
+
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "Fakes/EngineFixture.h"
+#include "Fakes/FakeDesktopServices.h"
+#include "Fakes/VideosFixture.h"
+#include "MainWindow/MainWindowViewModel.h"
+#include "MainWindow/OnboardingViewModel.h"
+
+namespace tomcatto {
+
+/// Every view model of the main window and of onboarding over an engine and a desktop that a test controls.
+class MainWindowFixture
+{
+public:
+    explicit MainWindowFixture(SelectedLanguage chosen = SelectedLanguage::en)
+    {
+        languageService.setLanguage(chosen);
+        engine.settings.setSelectedLanguage(chosen);
+    }
+
+    EngineFixture engine;
+    FakeLoginItem loginItem;
+    FakeAlert alert;
+    FakeSystemSettings systemSettings;
+    FakeNotificationProbe probe;
+    VideosFixture library;
+    LanguageOverrideService languageService{engine.defaults, {QStringLiteral("en")}};
+    LocalizedStrings strings{languageService};
+    LaunchAtLoginService launchAtLogin{engine.settings, loginItem, alert, systemSettings, strings};
+    quillbay::NotificationAuthorization authorization{probe};
+    TimerPageViewModel timer{engine.settings, engine.machine, strings};
+    GeneralPageViewModel general{engine.settings, launchAtLogin,   authorization,
+                                 systemSettings,  languageService, strings};
+    VideosPageViewModel videos{library.commands, library.repository, library.bundled, strings};
+    PermissionsPageViewModel permissions{engine.settings, launchAtLogin, authorization, systemSettings, strings};
+    AboutPageViewModel about{QStringLiteral("1.0.0"), strings};
+    MainWindowViewModel window{{timer, general, videos, permissions, about}, strings};
+    OnboardingViewModel onboarding{engine.settings, authorization, systemSettings, strings};
+};
+
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "Composition/AppDependencies.h"
+#include "Fakes/FakeUserDefaults.h"
+#include "Fakes/ManualClock.h"
+#include "Fakes/ManualPower.h"
+#include "Fakes/ManualRunLoop.h"
+#include "Fakes/ManualWallClock.h"
+#include "Fakes/SequentialIdentifiers.h"
+
+#include <QtCore/QTemporaryDir>
+
+namespace tomcatto {
+
+/// All services over clocks that a test moves by hand, with a store of their own and texts in English.
+class ServicesFixture
+{
+public:
+    explicit ServicesFixture(const QString &language = QStringLiteral("en"))
+    {
+        dependencies.settings.setSelectedLanguage(languageFromRawValue(language).value());
+        dependencies.languageOverrideService.setLanguage(languageFromRawValue(language).value());
+    }
+
+    /// Lets time pass: all clocks and the run loop move together.
+    void pass(std::chrono::milliseconds span)
+    {
+        runLoop.advance(span, [this](std::chrono::milliseconds step) {
+            clock.advance(step);
+            wallClock.advance(step);
+        });
+    }
+
+    QTemporaryDir folder;
+    FakeUserDefaults defaults;
+    ManualClock clock;
+    ManualWallClock wallClock;
+    ManualRunLoop runLoop;
+    SequentialIdentifiers identifiers;
+    ManualPower power;
+    AppDependencies dependencies{
+        PlatformServices{clock, wallClock, runLoop, identifiers, defaults, power, folder.path()}};
+};
+
+}

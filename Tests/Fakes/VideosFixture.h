@@ -1,0 +1,84 @@
+#pragma once
+
+#include "Fakes/ManualWallClock.h"
+#include "Fakes/SequentialIdentifiers.h"
+#include "Media/UserVideoCommands.h"
+#include "Media/VideoProviding.h"
+#include "Persistence/CoreDataStack.h"
+#include "Persistence/Repositories/UserVideoRepository.h"
+
+#include <QtCore/QFileInfo>
+#include <QtCore/QTemporaryDir>
+
+namespace tomcatto {
+
+/// Bookmarks that are the path alone.
+class PathBookmarks final : public Bookmarks
+{
+public:
+    [[nodiscard]] std::optional<QByteArray> bookmarkData(const QUrl &fileUrl) const override
+    {
+        const QString path = fileUrl.toLocalFile();
+        return QFileInfo::exists(path) ? std::optional(path.toUtf8()) : std::nullopt;
+    }
+    [[nodiscard]] std::optional<ResolvedBookmark> resolve(const QByteArray &data, QDeadlineTimer) const override
+    {
+        const QString path = QString::fromUtf8(data);
+        return QFileInfo::exists(path) ? std::optional(ResolvedBookmark{QUrl::fromLocalFile(path)}) : std::nullopt;
+    }
+    [[nodiscard]] bool startAccess(const QUrl &) const override { return true; }
+    void stopAccess(const QUrl &) const override {}
+};
+
+/// Reads what a test puts in the file: "sound" has no picture, "text" is no container, the rest is itself the picture.
+class TextStillFrame final : public StillFrame
+{
+public:
+    [[nodiscard]] std::expected<double, StillFrameFailure> durationSeconds(const QString &path,
+                                                                           std::stop_token) const override
+    {
+        const QByteArray content = read(path);
+        if (content == "sound")
+            return std::unexpected(StillFrameFailure::noPicture);
+        if (content == "text")
+            return std::unexpected(StillFrameFailure::noContainer);
+        return 12.5;
+    }
+    [[nodiscard]] std::expected<QByteArray, StillFrameFailure> jpeg(const QString &path, StillFrameRequest,
+                                                                    std::stop_token) const override
+    {
+        return read(path);
+    }
+
+private:
+    static QByteArray read(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+};
+
+class ChosenBundledVideos final : public BundledVideoProviding
+{
+public:
+    [[nodiscard]] const std::vector<LocalVideoCandidate> &candidates() const override { return videos; }
+
+    std::vector<LocalVideoCandidate> videos;
+};
+
+/// The user's videos in a store of their own, and those that come along.
+class VideosFixture
+{
+public:
+    QTemporaryDir folder;
+    ManualWallClock clock;
+    SequentialIdentifiers identifiers;
+    PathBookmarks bookmarks;
+    TextStillFrame stillFrame;
+    CoreDataStack stack{folder.path()};
+    UserVideoRepository repository{stack, clock, identifiers, bookmarks, stillFrame};
+    UserVideoCommands commands{repository, stillFrame};
+    ChosenBundledVideos bundled;
+};
+
+}

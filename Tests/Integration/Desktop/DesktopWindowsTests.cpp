@@ -1,0 +1,123 @@
+#include "Fakes/CapturedLog.h"
+#include "Platform/Widgets/MessageBoxAlert.h"
+#include "Platform/Widgets/PluginViewHost.h"
+#include "Platform/X11/X11ClickMonitor.h"
+#include "Platform/X11/X11TaskbarPresence.h"
+#include "TestScreen.h"
+
+#include <gmock/gmock.h>
+#include <QtCore/QDir>
+#include <QtGui/QImage>
+#include <QtGui/QWindow>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+
+using namespace tomcatto;
+
+TEST(X11TaskbarPresenceTests, ListsOrdinaryWindowsWhileTheApplicationIsARegularOne)
+{
+    X11TaskbarPresence presence;
+    QWindow window, tool;
+    tool.setFlags(Qt::FramelessWindowHint);
+    const auto isListed = [](const QWindow &shown) {
+        return !windowStates(const_cast<QWindow &>(shown).winId()).contains(QLatin1String("SKIP_TASKBAR"));
+    };
+    for (QWindow *each : {&window, &tool})
+        each->show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window) && QTest::qWaitForWindowExposed(&tool));
+    EXPECT_FALSE(isListed(window));
+    presence.setPolicy(ActivationPolicyKind::regular);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isListed(window); }));
+    EXPECT_FALSE(isListed(tool));
+    presence.setPolicy(ActivationPolicyKind::accessory);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !isListed(window); }));
+    // The window manager forgets it with the window.
+    window.hide();
+    QTest::qWait(100);
+    window.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    EXPECT_FALSE(isListed(window));
+}
+
+TEST(X11ClickMonitorTests, SeesPressesAnywhereWhileSubscribed)
+{
+    // A window of another program, which takes its clicks for itself.
+    const SideProgram other(QStringLiteral("xev"), QStringLiteral("-geometry 200x200+300+300").split(u' '));
+    QTest::qWait(500);
+    X11ClickMonitor monitor;
+    std::vector<QPoint> places, secondPlaces;
+    Cancellable first = monitor.onPressed([&](QPoint place) { places.push_back(place); });
+    Cancellable second = monitor.onPressed([&](QPoint place) { secondPlaces.push_back(place); });
+    usePointer(QStringLiteral("mousemove 400 400 click 1 click 4 click 3"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return places.size() == 2; }));
+    first.cancel();
+    usePointer(QStringLiteral("mousemove 20 700 click 1"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return secondPlaces.size() == 3; }));
+    second.cancel();
+    usePointer(QStringLiteral("click 1"));
+    QTest::qWait(100);
+    EXPECT_THAT(places, testing::ElementsAre(QPoint(400, 400), QPoint(400, 400)));
+    EXPECT_THAT(secondPlaces, testing::ElementsAre(QPoint(400, 400), QPoint(400, 400), QPoint(20, 700)));
+}
+
+TEST(MessageBoxAlertTests, ShowsOneWarningAfterTheOther)
+{
+    MessageBoxAlert alert;
+    std::vector<AlertButton> pressed;
+    for (const char *text : {"<b>one</b>", "two"})
+        alert.showWarning(
+            {QLatin1String(text), QStringLiteral("more"), QStringLiteral("Act"), QStringLiteral("Not now")},
+            [&](AlertButton button) { pressed.push_back(button); });
+    const auto box = [] { return qobject_cast<QMessageBox *>(QApplication::activeModalWidget()); };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return box() != nullptr && box()->text() == QLatin1String("<b>one</b>"); }));
+    EXPECT_EQ(box()->textFormat(), Qt::PlainText);
+    box()->buttons().at(0)->click();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return box() != nullptr && box()->text() == QLatin1String("two"); }));
+    QTest::keyClick(box(), Qt::Key_Escape);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pressed.size() == 2; }));
+    EXPECT_THAT(pressed, testing::ElementsAre(AlertButton::first, AlertButton::second));
+}
+
+namespace {
+
+/// An appearance that the plugin knows only by its properties.
+class Looks final : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(bool dark MEMBER m_isDark NOTIFY darkChanged)
+
+public:
+    bool m_isDark = false;
+
+Q_SIGNALS:
+    void darkChanged();
+};
+
+}
+
+TEST(PluginViewHostTests, LoadsThePluginWithTheFirstViewAndFollowsTheLooks)
+{
+    CapturedLog log;
+    Looks looks;
+    PluginViewHost missing(looks, {QStringLiteral("/nonexistent")});
+    const ViewDescription description{
+        QStringLiteral("TestViews"), QStringLiteral("Sample"), {{QStringLiteral("strings"), QStringLiteral("text")}}};
+    EXPECT_EQ(missing.create(description), nullptr);
+    EXPECT_EQ(log.count(LogLevel::error), 1);
+
+    PluginViewHost host(looks, {QStringLiteral("/nonexistent"), QStringLiteral(VIEW_PLUGIN_FOLDER)});
+    EXPECT_FALSE(host.isLoaded());
+    const std::unique_ptr<HostedView> view = host.create(description);
+    ASSERT_NE(view, nullptr);
+    EXPECT_FALSE(view->window().isVisible());
+    EXPECT_EQ(view->window().property("shownText").toString(), QStringLiteral("text"));
+    EXPECT_FALSE(view->window().property("isDark").toBool());
+    looks.setProperty("dark", true);
+    EXPECT_TRUE(view->window().property("isDark").toBool());
+    view->window().show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&view->window()));
+    EXPECT_EQ(log.count(LogLevel::error), 1);
+}
+
+#include "DesktopWindowsTests.moc"

@@ -1,0 +1,63 @@
+#include "Fakes/CapturedLog.h"
+#include "Platform/Quick/QuickViewHost.h"
+
+#include <gmock/gmock.h>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QWindow>
+#include <QtTest/QTest>
+
+using namespace tomcatto;
+
+namespace {
+
+ViewDescription sample(const QString &component = QStringLiteral("Sample"))
+{
+    return {QStringLiteral("TestViews"), component, {{QStringLiteral("strings"), QStringLiteral("text")}}};
+}
+
+}
+
+TEST(QuickViewHostTests, LetsTheEngineGoSomeTimeAfterTheLastViewAndMakesAnotherOne)
+{
+    CapturedLog log;
+    QObject appearance;
+    QuickViewHost host(appearance, std::chrono::milliseconds(50));
+    EXPECT_FALSE(host.hasEngine());
+    auto first = host.create(sample());
+    auto second = host.create(sample());
+    ASSERT_TRUE(first && second);
+    first.reset();
+    QTest::qWait(150);
+    EXPECT_TRUE(host.hasEngine());
+    second.reset();
+    EXPECT_TRUE(host.hasEngine());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !host.hasEngine(); }));
+    second = host.create(sample());
+    ASSERT_NE(second, nullptr);
+    QTest::qWait(150);
+    EXPECT_TRUE(host.hasEngine());
+    EXPECT_EQ(log.count(LogLevel::error), 0);
+}
+
+TEST(QuickViewHostTests, LogsViewsThatCannotBeMadeAndKeepsNoEngineForThem)
+{
+    CapturedLog log;
+    QObject appearance;
+    QuickViewHost host(appearance, std::chrono::milliseconds(0));
+    ViewDescription incomplete = sample();
+    incomplete.properties.clear();
+    for (const ViewDescription &description :
+         {sample(QStringLiteral("Missing")), sample(QStringLiteral("NoWindow")), incomplete})
+        EXPECT_EQ(host.create(description), nullptr);
+    EXPECT_GE(log.count(LogLevel::error), 3);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !host.hasEngine(); }));
+}
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QUICK_BACKEND", "software");
+    const QGuiApplication application(argc, argv);
+    testing::InitGoogleMock(&argc, argv);
+    return RUN_ALL_TESTS();
+}

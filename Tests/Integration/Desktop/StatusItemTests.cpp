@@ -1,0 +1,204 @@
+#include "Fakes/FakeUserDefaults.h"
+#include "Integration/Platform/PrivateBus.h"
+#include "Platform/Widgets/StatusItemSwitch.h"
+#include "TestScreen.h"
+
+#include <gmock/gmock.h>
+#include <QtCore/QJsonDocument>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
+#include <QtGui/QWindow>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QMenu>
+
+using namespace tomcatto;
+
+namespace {
+
+TrayMenuEntry entry(TrayMenuAction action, const QString &text, bool isEnabled = true,
+                    std::optional<bool> isChecked = {})
+{
+    return {action, text, isEnabled, isChecked};
+}
+
+class StatusItemTests : public testing::Test
+{
+protected:
+    StatusItemTests()
+    {
+        m_item.setMenu(m_menu);
+        present(Qt::red, QStringLiteral("Focus"));
+    }
+
+    void present(const QColor &colour, const QString &toolTip)
+    {
+        StatusItemPresentation presentation;
+        for (const int edge : m_item.forms().squareSizes) {
+            presentation.squareIcons.emplace_back(edge, edge, QImage::Format_ARGB32_Premultiplied);
+            presentation.squareIcons.back().fill(colour);
+        }
+        if (m_item.forms().pillScale) {
+            presentation.pill = QImage(80, 24, QImage::Format_ARGB32_Premultiplied);
+            presentation.pill.fill(colour);
+        }
+        presentation.toolTip = toolTip;
+        presentation.accessibleText = QStringLiteral("25 minutes left");
+        m_item.show(presentation);
+    }
+    [[nodiscard]] std::unique_ptr<SideProgram> startHost()
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_bus.address());
+        return std::make_unique<SideProgram>(QStringLiteral("/usr/bin/python3"),
+                                             QStringList{QStringLiteral(STATUS_NOTIFIER_HOST)}, environment);
+    }
+    [[nodiscard]] static FloatingPillWindow *pill()
+    {
+        for (QWidget *window : QApplication::topLevelWidgets()) {
+            if (auto *found = qobject_cast<FloatingPillWindow *>(window); found != nullptr && found->isVisible())
+                return found;
+        }
+        return nullptr;
+    }
+    [[nodiscard]] bool becomes(bool hasTray, bool hasPill) const
+    {
+        return QTest::qWaitFor(
+            [&] {
+                return m_item.hasTray() == hasTray && m_item.forms().pillScale.has_value() == hasPill &&
+                       (pill() != nullptr) == hasPill;
+            },
+            20'000);
+    }
+    static QByteArray json(const QByteArray &text)
+    {
+        QByteArray plain = text;
+        return plain.replace('\'', '"');
+    }
+
+    const TrayMenu m_menu{{entry(TrayMenuAction::openPanel, QStringLiteral("Open_panel")),
+                           {},
+                           entry(TrayMenuAction::skip, QStringLiteral("Skip"), false),
+                           entry(TrayMenuAction::togglePill, QStringLiteral("Pill"), true, true)}};
+    PrivateBus m_bus;
+    FakeUserDefaults m_defaults;
+    DesktopAppearance m_appearance{QDBusConnection(QString())};
+    StatusItemSwitch m_item{m_bus.connection(), m_appearance, m_defaults};
+    std::vector<std::optional<QRect>> m_places;
+    std::vector<TrayMenuAction> m_actions;
+    Cancellable m_forms = m_item.onFormsChanged([this] { present(Qt::red, QStringLiteral("Focus")); });
+    Cancellable m_activation = m_item.onActivated([this](const auto &place) { m_places.push_back(place); });
+    Cancellable m_choice = m_item.onMenuAction([this](TrayMenuAction action) { m_actions.push_back(action); });
+};
+
+}
+
+TEST_F(StatusItemTests, FollowsTraysOfBothKindsAndFloatsThePillWhereThereIsNone)
+{
+    EXPECT_TRUE(becomes(false, true));
+    auto windowTray = std::make_unique<SideProgram>(QStringLiteral("trayer"), QStringList());
+    EXPECT_TRUE(becomes(true, false));
+    EXPECT_EQ(m_item.forms().squareSizes.size(), 1U);
+    m_item.setPillWanted(true);
+    EXPECT_TRUE(becomes(true, true));
+    auto busTray = startHost();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return m_item.forms().squareSizes.size() == 3; }, 20'000));
+    m_item.setPillWanted(false);
+    windowTray->stop();
+    EXPECT_TRUE(becomes(true, false));
+    // A watcher that nobody draws for is no tray.
+    EXPECT_EQ(busTray->ask("host no"), "\"done\"");
+    EXPECT_TRUE(becomes(false, true));
+    EXPECT_EQ(busTray->ask("host yes"), "\"done\"");
+    EXPECT_TRUE(becomes(true, false));
+    busTray->stop();
+    EXPECT_TRUE(becomes(false, true));
+    // And it registers with the next one, too.
+    busTray = startHost();
+    EXPECT_TRUE(becomes(true, false));
+    EXPECT_TRUE(busTray->ask("item").contains("studio.quillbay.Tomcatto"));
+}
+
+TEST_F(StatusItemTests, IsReadAndUsedByATrayOverTheBus)
+{
+    const auto tray = startHost();
+    EXPECT_TRUE(becomes(true, false));
+    EXPECT_EQ(tray->ask("item"),
+              json("{'id': 'studio.quillbay.Tomcatto', 'status': 'Active', 'menu': '/MenuBar', 'isMenu': false, "
+                   "'size': [22, 22, 1936], 'pixel': [255, 255, 0, 0], 'icons': '(iiay)', 'toolTip': 'Focus', "
+                   "'toolTipTypes': null}"));
+    EXPECT_EQ(
+        tray->ask("menu"),
+        json("[0, [[1, {'enabled': true, 'label': 'Open__panel', 'visible': true}], [1000, {'type': 'separator'}], "
+             "[3, {'enabled': false, 'label': 'Skip', 'visible': true}], [9, {'enabled': true, 'label': 'Pill', "
+             "'toggle-state': 1, 'toggle-type': 'checkmark', 'visible': true}]]]"));
+
+    EXPECT_EQ(tray->ask("activate 700 5"), "\"done\"");
+    EXPECT_EQ(tray->ask("activate 0 0"), "\"done\"");
+    EXPECT_THAT(m_places, testing::ElementsAre(QRect(700, 5, 0, 0), std::nullopt));
+    for (const char *click : {"click 3", "click 9", "click 1000", "click 77"})
+        EXPECT_EQ(tray->ask(click), "\"done\"");
+    EXPECT_THAT(m_actions, testing::ElementsAre(TrayMenuAction::togglePill)) << "the others are off or no commands";
+
+    EXPECT_FALSE(tray->ask("changes").isEmpty());
+    EXPECT_TRUE(tray->ask("item").contains("Focus"));
+    for (const char *toolTip : {"24:59", "24:58", "24:57"})
+        present(Qt::red, QLatin1String(toolTip));
+    EXPECT_TRUE(tray->ask("item").contains("24:57"));
+    EXPECT_EQ(tray->ask("changes"), "[]") << "ticks are not announced one by one";
+    present(Qt::blue, QStringLiteral("Paused"));
+    const QByteArray item = tray->ask("item");
+    EXPECT_TRUE(item.contains("Paused") && item.contains("[255, 0, 0, 255]")) << item.toStdString();
+    EXPECT_EQ(tray->ask("changes"), json("['NewIcon', 'NewToolTip']"));
+}
+
+TEST_F(StatusItemTests, SitsInATrayThatTakesInWindows)
+{
+    const SideProgram tray(QStringLiteral("trayer"), {});
+    EXPECT_TRUE(becomes(true, false));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return m_item.geometry().value_or(QRect()).y() > 0; }, 20'000));
+    const auto edge = [this] { return std::min(m_item.geometry()->width(), m_item.geometry()->height()); };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return m_item.forms().squareSizes == std::vector{edge()}; }, 20'000)) << edge();
+    const QRect place = *m_item.geometry();
+    const QPoint middle = place.center();
+    usePointer(QStringLiteral("mousemove %1 %2 click 1").arg(middle.x()).arg(middle.y()));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !m_places.empty(); }));
+    EXPECT_THAT(m_places, testing::ElementsAre(place));
+    usePointer(QStringLiteral("click 3"));
+    EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
+    usePointer(QStringLiteral("key Down Return"));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !m_actions.empty(); }));
+    EXPECT_THAT(m_actions, testing::ElementsAre(TrayMenuAction::openPanel));
+}
+
+TEST_F(StatusItemTests, FloatsAboveEverythingIsDraggedAlongTheEdgeAndComesBackThere)
+{
+    ASSERT_TRUE(becomes(false, true));
+    FloatingPillWindow &window = *pill();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.windowHandle()->isExposed(); }));
+    EXPECT_EQ(window.geometry(), QRect(640 - 44, 0, 88, 32));
+    EXPECT_EQ(window.accessibleName(), QStringLiteral("25 minutes left"));
+    const QString states = windowStates(window.winId());
+    for (const char *state : {"ABOVE", "SKIP_TASKBAR", "SKIP_PAGER", "(CARDINAL) = 4294967295"})
+        EXPECT_TRUE(states.contains(QLatin1String(state))) << state << " in " << states.toStdString();
+    EXPECT_FALSE(window.isActiveWindow()) << "it must not take the keyboard when it appears";
+
+    usePointer(QStringLiteral("mousemove 640 16 click 1"));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !m_places.empty(); }));
+    usePointer(QStringLiteral("mousemove 640 16 mousedown 1 mousemove 900 60 mousemove 940 200 mouseup 1"));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !m_defaults.stored.empty(); }));
+    EXPECT_EQ(window.geometry(), QRect(940 - 44, 0, 88, 32));
+    const auto middle = m_defaults.stored;
+    usePointer(QStringLiteral("mousemove 940 16 mousedown 1 mousemove 1270 20 mousemove 1279 20 mouseup 1"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.geometry().right() == 1279; })) << "it stays on the screen";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return m_defaults.stored != middle; }));
+    EXPECT_THAT(m_places, testing::ElementsAre(QRect(640 - 44, 0, 88, 32))) << "a drag is no click";
+
+    FloatingPillWindow next(m_defaults);
+    next.setShown(true);
+    EXPECT_EQ(next.geometry().center().x(), 1279 - 44) << "narrower, around the same middle";
+    StatusItemPresentation text;
+    text.title = QStringLiteral("A title that takes the place of a picture");
+    next.present(text);
+    EXPECT_EQ(next.geometry().right(), 1279);
+    EXPECT_GT(next.width(), 200);
+}

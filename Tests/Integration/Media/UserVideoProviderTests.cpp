@@ -1,0 +1,109 @@
+#include "Integration/Media/VideoLibrary.h"
+#include "Media/MovedVideoSearch.h"
+#include "Media/UserVideoProvider.h"
+#include "Platform/Ports/IdentifierSource.h"
+
+#include <gmock/gmock.h>
+#include <QtTest/QSignalSpy>
+
+namespace tomcatto {
+
+namespace {
+
+class UserVideoProviderTest : public VideoLibrary
+{
+protected:
+    QUuid addSelected(const char *name)
+    {
+        const QUuid id = addFile(name);
+        m_repository.setSelected(id, true);
+        return id;
+    }
+    [[nodiscard]] QStringList candidateFiles()
+    {
+        QStringList files;
+        for (const LocalVideoCandidate &candidate : m_provider.candidates())
+            files += QDir(m_home.path()).relativeFilePath(candidate.fileUrl.toLocalFile());
+        return files;
+    }
+
+    MovedVideoSearch m_search{m_repository, m_bookmarks};
+    UserVideoProvider m_provider{m_repository, m_bookmarks, m_search};
+};
+
+}
+
+TEST_F(UserVideoProviderTest, NeverPlayedVideosComeFirstThenThoseOfLongAgo)
+{
+    std::map<QString, QUuid> ids;
+    for (const char *name : {"played-late", "played-early", "new-late", "new-early", "undated", "unselected"}) {
+        m_clock.advance(Seconds{1});
+        ids[QString::fromLatin1(name)] = name == std::string("unselected") ? addFile(name) : addSelected(name);
+    }
+    executeRaw("UPDATE UserVideo SET lastPlayedAt = 200 WHERE displayName = 'played-late';"
+               "UPDATE UserVideo SET lastPlayedAt = 100 WHERE displayName = 'played-early';"
+               "UPDATE UserVideo SET addedAt = 50 WHERE displayName = 'new-early';"
+               "UPDATE UserVideo SET addedAt = NULL WHERE displayName = 'undated'");
+    EXPECT_EQ(candidateFiles().join(QLatin1Char(' ')),
+              QStringLiteral("undated new-early new-late played-early played-late"));
+    EXPECT_EQ(m_provider.candidates().front().identifier, identifierText(ids[QStringLiteral("undated")]));
+
+    m_provider.markPlayed(ids[QStringLiteral("undated")]);
+    EXPECT_EQ(candidateFiles().back(), QStringLiteral("undated"));
+    m_repository.deleteVideo(ids[QStringLiteral("new-early")]);
+    EXPECT_FALSE(candidateFiles().contains(QStringLiteral("new-early")));
+}
+
+TEST_F(UserVideoProviderTest, AMovedFileIsFoundAndItsBookmarkRenewed)
+{
+    const QUuid id = addSelected("Videos/a.mp4");
+    ASSERT_TRUE(QFile::rename(path("Videos/a.mp4"), path("Videos/b.mp4")));
+    EXPECT_EQ(candidateFiles(), QStringList(QStringLiteral("Videos/b.mp4")));
+    const auto resolved = m_repository.resolveBookmark(m_repository.video(id).value(), QDeadlineTimer(0));
+    EXPECT_EQ(resolved, (ResolvedBookmark{QUrl::fromLocalFile(path("Videos/b.mp4")), false}));
+}
+
+TEST_F(UserVideoProviderTest, AFileMovedTooFarIsLeftOutAndFoundInTheBackground)
+{
+    addSelected("Videos/a.mp4");
+    addSelected("gone.mp4");
+    QFile::remove(path("gone.mp4"));
+    ASSERT_TRUE(QFile::rename(path("Videos/a.mp4"), path("b.mp4")));
+    QSignalSpy finished(&m_search, &MovedVideoSearch::finished);
+    m_bookmarks.m_isSearchOff = true;
+    const auto lost = m_repository.allVideos();
+    EXPECT_TRUE(m_provider.selection(lost.front().id) ==
+                std::unexpected(UserVideoRepositoryError::bookmarkResolutionFailed));
+    ASSERT_TRUE(finished.wait());
+    m_bookmarks.m_isSearchOff = false;
+    m_search.search(lost);
+    ASSERT_TRUE(finished.wait());
+    m_bookmarks.m_isSearchOff = true;
+    EXPECT_EQ(candidateFiles(), QStringList(QStringLiteral("b.mp4")));
+}
+
+TEST_F(UserVideoProviderTest, AccessLastsWhileItIsNeededAndAFileWithoutAccessIsSkipped)
+{
+    addSelected("a.mp4");
+    const QUuid refused = addSelected("b.mp4");
+    const QUrl a = QUrl::fromLocalFile(path("a.mp4"));
+    m_bookmarks.m_refused = QUrl::fromLocalFile(path("b.mp4"));
+    EXPECT_EQ(candidateFiles(), QStringList(QStringLiteral("a.mp4")));
+    EXPECT_EQ(candidateFiles(), QStringList(QStringLiteral("a.mp4")));
+    EXPECT_EQ(m_bookmarks.m_accesses[a], 1);
+    m_provider.endAccess();
+    EXPECT_EQ(m_bookmarks.m_accesses[a], 0);
+    const QString skipped =
+        QStringLiteral("UserVideoProvider: startAccessingSecurityScopedResource returned false; skipping video");
+    EXPECT_EQ(takeErrors(), QStringList({skipped, skipped}));
+
+    const auto selection = m_provider.selection(refused);
+    ASSERT_TRUE(selection);
+    EXPECT_FALSE((*selection)->hasAccess());
+    EXPECT_EQ(takeErrors(),
+              QStringList(QStringLiteral("UserVideoProvider: startAccessingSecurityScopedResource returned "
+                                         "false for user video")));
+    EXPECT_TRUE(m_provider.selection(QUuid::createUuid()) == std::unexpected(UserVideoRepositoryError::videoNotFound));
+}
+
+}

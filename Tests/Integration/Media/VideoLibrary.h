@@ -1,0 +1,116 @@
+#pragma once
+
+#include "Fakes/ManualWallClock.h"
+#include "Fakes/SequentialIdentifiers.h"
+#include "Integration/Persistence/StoreFolder.h"
+#include "Persistence/CoreDataStack.h"
+#include "Persistence/Repositories/UserVideoRepository.h"
+#include "Platform/Freedesktop/FileBookmarks.h"
+
+#include <map>
+#include <QtTest/QTest>
+
+namespace tomcatto {
+
+/// Bookmarks of real files that count accesses, and refuse those to chosen files.
+class CountingBookmarks final : public Bookmarks
+{
+public:
+    explicit CountingBookmarks(const QString &homeFolder)
+        : m_files(homeFolder)
+    {
+    }
+
+    [[nodiscard]] std::optional<QByteArray> bookmarkData(const QUrl &fileUrl) const override
+    {
+        return m_files.bookmarkData(fileUrl);
+    }
+    [[nodiscard]] std::optional<ResolvedBookmark> resolve(const QByteArray &data,
+                                                          QDeadlineTimer searchUntil) const override
+    {
+        return m_files.resolve(data, m_isSearchOff ? QDeadlineTimer(0) : searchUntil);
+    }
+    [[nodiscard]] bool startAccess(const QUrl &fileUrl) const override
+    {
+        if (fileUrl == m_refused || !m_files.startAccess(fileUrl))
+            return false;
+        ++m_accesses[fileUrl];
+        return true;
+    }
+    void stopAccess(const QUrl &fileUrl) const override { --m_accesses[fileUrl]; }
+
+    QUrl m_refused;
+    std::atomic<bool> m_isSearchOff = false;
+    mutable std::map<QUrl, int> m_accesses;
+
+private:
+    FileBookmarks m_files;
+};
+
+/// Gives the same answers for every file.
+class FixedStillFrame final : public StillFrame
+{
+public:
+    [[nodiscard]] std::expected<double, StillFrameFailure> durationSeconds(const QString &,
+                                                                           std::stop_token) const override
+    {
+        return m_duration;
+    }
+    [[nodiscard]] std::expected<QByteArray, StillFrameFailure> jpeg(const QString &, StillFrameRequest request,
+                                                                    std::stop_token) const override
+    {
+        m_request = request;
+        return m_jpeg;
+    }
+
+    std::expected<double, StillFrameFailure> m_duration = 12.5;
+    std::expected<QByteArray, StillFrameFailure> m_jpeg = QByteArray("picture");
+    mutable StillFrameRequest m_request;
+};
+
+/// A store of user videos on disk, and a home folder with real files.
+class VideoLibrary : public StoreFolder
+{
+protected:
+    using Write = std::expected<UserVideoSave, UserVideoRepositoryError>;
+
+    [[nodiscard]] QString path(const char *name) const { return m_home.filePath(QString::fromUtf8(name)); }
+    QUrl makeFile(const char *name, const char *content = "video") const
+    {
+        QDir().mkpath(QFileInfo(path(name)).path());
+        QFile file(path(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+        return QUrl::fromLocalFile(path(name));
+    }
+    [[nodiscard]] UserVideoRepository::Completion keep()
+    {
+        m_result.reset();
+        return [this](const Write &result) { m_result = result; };
+    }
+    /// Waits for the completion that `keep` made.
+    [[nodiscard]] std::optional<Write> result()
+    {
+        static_cast<void>(QTest::qWaitFor([this] { return m_result.has_value(); }));
+        return m_result;
+    }
+    QUuid addFile(const char *name)
+    {
+        const auto id = m_repository.addVideo(makeFile(name), keep());
+        EXPECT_EQ(result(), Write(UserVideoSave::saved));
+        return id.value_or(QUuid());
+    }
+
+    QTemporaryDir m_home;
+    CoreDataStack m_stack{directory()};
+    ManualWallClock m_clock;
+    SequentialIdentifiers m_identifiers;
+    CountingBookmarks m_bookmarks{m_home.path()};
+    FixedStillFrame m_stillFrame;
+    UserVideoRepository m_repository{m_stack, m_clock, m_identifiers, m_bookmarks, m_stillFrame};
+
+private:
+    std::optional<Write> m_result;
+};
+
+}

@@ -1,0 +1,164 @@
+import QtQuick
+import QtTest
+import Tomcatto.BreakOverlay
+
+TestCase {
+    id: test
+
+    name: "BreakOverlay"
+    when: windowShown
+    width: 1920
+    height: 1080
+    visible: true
+
+    QtObject {
+        id: texts
+
+        property int revision: 0
+
+        function text(key: string): string {
+            return key
+        }
+    }
+    QtObject {
+        id: model
+
+        property string phase: "shortBreak"
+        property string title: "Short break"
+        property string subtitle: "Look far away."
+        property string time: "03:18"
+        property string spokenTime: "Break, 3 minutes 18 seconds left"
+        property real progress: 0.5
+        property bool canStart: false
+        property bool canExtend: true
+        property bool soundEnabled: true
+        property bool isMuted: false
+        property url videoUrl
+        property url posterUrl
+        property var calls: []
+
+        function bodyAppeared() { calls = calls.concat("appeared") }
+        function start() { calls = calls.concat("start") }
+        function extend() { calls = calls.concat("extend") }
+        function toggleMute() { calls = calls.concat("mute") }
+        function videoFailed(reason: string) { calls = calls.concat("failed") }
+    }
+    Component {
+        id: contents
+
+        BreakOverlayContent {
+            anchors.fill: parent
+            strings: texts
+            viewModel: model
+            isShown: true
+        }
+    }
+    Component {
+        id: overlays
+
+        BreakOverlayView {
+            strings: texts
+            viewModel: model
+            width: 800
+            height: 600
+        }
+    }
+
+    function init() {
+        test.Window.window.requestActivate()
+        tryVerify(() => test.Window.window.active)
+        model.canStart = false
+        model.canExtend = true
+        model.isMuted = false
+        model.videoUrl = ""
+        model.calls = []
+    }
+
+    function test_controls_data() {
+        return [
+            {tag: "running", canStart: false, shown: ["break.extend.button", "break.mute.button", "break.progress"], hidden: ["break.start.button"]},
+            {tag: "waiting", canStart: true, shown: ["break.start.button", "break.mute.button"], hidden: ["break.extend.button", "break.progress"]}
+        ]
+    }
+    function test_controls(data) {
+        model.canStart = data.canStart
+        model.canExtend = !data.canStart
+        const content = createTemporaryObject(contents, test)
+        for (const name of data.shown.concat("break.countdown.chip", "break.skip.hint")) {
+            const item = findChild(content, name)
+            verify(item.visible, name)
+            verify(item.Accessible.name.length > 0, name)
+        }
+        for (const name of data.hidden)
+            verify(!findChild(content, name).visible, name)
+        compare(findChild(content, "break.countdown.chip").Accessible.name, model.spokenTime)
+        for (const [name, call] of [["break.start.button", "start"], ["break.extend.button", "extend"], ["break.mute.button", "mute"]]) {
+            const button = findChild(content, name)
+            if (!button.visible)
+                continue
+            verify(button.width >= 44 && button.height >= 44, name)
+            model.calls = []
+            mouseClick(button)
+            compare(model.calls, [call])
+        }
+        const mute = findChild(content, "break.mute.button")
+        compare([mute.symbol, mute.text], ["speaker.wave.2.fill", "breakoverlay.mute"])
+        model.isMuted = true
+        compare([mute.symbol, mute.text], ["speaker.slash.fill", "breakoverlay.unmute"])
+    }
+
+    function test_hintLeavesAfterFiveSeconds() {
+        const content = createTemporaryObject(contents, test)
+        const hint = findChild(content, "break.skip.hint")
+        wait(4700)
+        compare(hint.parent.opacity, 1)
+        tryVerify(() => hint.parent.opacity < 1, 600)
+        wait(250)
+        verify(hint.parent.opacity > 0, "it fades and does not vanish")
+        tryVerify(() => !hint.visible, 1000)
+    }
+
+    function test_typedWordsPressNothingAtFirst() {
+        model.canStart = true
+        const content = createTemporaryObject(contents, test)
+        const button = findChild(content, "break.start.button")
+        keyClick(Qt.Key_Tab)
+        keyClick(Qt.Key_Space)
+        keyClick(Qt.Key_Return)
+        mouseMove(button)
+        verify(!button.activeFocus)
+        compare(model.calls, [])
+        tryVerify(() => !content.isGuarded, 1000)
+        keyClick(Qt.Key_Tab)
+        tryVerify(() => button.activeFocus)
+        keyClick(Qt.Key_Return)
+        compare(model.calls, ["start"])
+    }
+
+    function test_everythingFits_data() {
+        return [{tag: "small", size: [1280, 720]}, {tag: "narrow", size: [640, 900]}, {tag: "wide", size: [5120, 1440]}, {tag: "tall", size: [2160, 3840]}]
+    }
+    function test_everythingFits(data) {
+        const content = createTemporaryObject(contents, test, {"anchors.fill": undefined})
+        content.width = data.size[0]
+        content.height = data.size[1]
+        const area = Qt.rect(0, 0, content.width, content.height)
+        const boxes = ["break.countdown.chip", "break.extend.button", "break.mute.button"].map(name => {
+            const item = findChild(content, name)
+            return item.mapToItem(content, 0, 0, item.width, item.height)
+        })
+        for (const box of boxes)
+            verify(box.left >= area.left && box.right <= area.right && box.bottom <= area.bottom, String(box))
+        verify(boxes[0].right <= boxes[1].left || boxes[0].bottom <= boxes[1].top, "the bar covers the countdown")
+    }
+
+    function test_countdownDoesNotWaitForTheVideo() {
+        const overlay = createTemporaryObject(overlays, null)
+        compare(model.calls, [])
+        overlay.visible = true
+        tryVerify(() => model.calls.includes("appeared"))
+        model.videoUrl = "file:///nowhere/at-all.mp4"
+        tryVerify(() => model.calls.includes("failed"))
+        verify(findChild(overlay, "break.countdown.chip").visible)
+    }
+}

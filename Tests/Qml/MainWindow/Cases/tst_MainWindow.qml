@@ -1,0 +1,154 @@
+import QtQuick
+import QtTest
+import Tomcatto.MainWindow
+
+TestCase {
+    id: test
+
+    property var window: null
+
+    name: "MainWindow"
+    when: windowShown
+
+    Component {
+        id: maker
+
+        MainWindow {
+            strings: world.strings
+            viewModel: world.window
+        }
+    }
+
+    function initTestCase() {
+        window = maker.createObject(null)
+        window.show()
+        window.requestActivate()
+        tryCompare(window, "active", true)
+    }
+
+    function cleanupTestCase() {
+        window.destroy()
+    }
+
+    /// Every item below `item` for which `fits` holds.
+    function all(item, fits) {
+        let found = fits(item) ? [item] : []
+        for (let index = 0; index < item.children.length; ++index)
+            found = found.concat(all(item.children[index], fits))
+        return found
+    }
+
+    function one(fits) {
+        const found = all(window.contentItem, item => item.visible && fits(item))
+        compare(found.length, 1)
+        return found[0]
+    }
+
+    function row(title) {
+        return one(item => item.title === title && item.switchable === true)
+    }
+
+    function show(page) {
+        world.window.showPage(page)
+        tryVerify(() => all(window.contentItem, item => item.columnWidth > 0).length === 1)
+    }
+
+    function press(item, key) {
+        item.forceActiveFocus(Qt.TabFocusReason)
+        verify(item.activeFocus)
+        keyClick(key)
+    }
+
+    function test_arrowsInTheSidebarChooseThePage() {
+        show("timer")
+        const first = one(item => item.symbol === "timer" && item.selected === true)
+        press(first, Qt.Key_Down)
+        compare(world.window.page, "general")
+        keyClick(Qt.Key_End)
+        compare(world.window.page, "about")
+        keyClick(Qt.Key_Down)
+        compare(world.window.page, "about")
+        keyClick(Qt.Key_Home)
+        compare(world.window.page, "timer")
+    }
+
+    function test_durationFollowsSliderAndStepperAndSettings() {
+        show("timer")
+        const slider = () => one(item => item.minimumValue === 1 && item.thumbX !== undefined && item.name === "Focus")
+        const stepper = () => one(item => item.stepSize === 1 && item.decreaseName !== undefined && item.name === "Focus")
+        world.setWorkSeconds(5)
+        compare(stepper().text, "5 s")
+        press(stepper(), Qt.Key_Tab)
+        compare(world.stored("workDurationSeconds"), 5)
+
+        press(slider(), Qt.Key_Right)
+        compare(world.stored("workDurationSeconds"), 120)
+        press(slider(), Qt.Key_PageUp)
+        compare(world.stored("workDurationSeconds"), 420)
+        compare(stepper().text, "7 min")
+        press(stepper(), Qt.Key_End)
+        compare(world.stored("workDurationSeconds"), 10800)
+        world.setWorkSeconds(1500)
+        compare(slider().value, 25)
+        compare(stepper().value, 25)
+    }
+
+    function test_presetsAreChosenByMouseAndKeyboard() {
+        show("timer")
+        const tile = title => one(item => item.title === title && item.durations !== undefined)
+        mouseClick(tile("Flow"))
+        compare(world.stored("workDurationSeconds"), 2700)
+        verify(tile("Flow").selected)
+        press(tile("Flow"), Qt.Key_Right)
+        verify(tile("Deep").activeFocus)
+        keyClick(Qt.Key_Space)
+        compare(world.stored("workDurationSeconds"), 3000)
+        press(tile("Classic"), Qt.Key_Return)
+        compare(world.stored("longBreakDurationSeconds"), 900)
+    }
+
+    function test_roundsKeepFollowingTheSettingAfterAStep() {
+        show("timer")
+        const stepper = one(item => item.decreaseName === "Rounds before a long break, less")
+        press(stepper, Qt.Key_Up)
+        compare(world.stored("cyclesBeforeLongBreak"), 5)
+        world.setRounds(9)
+        compare(stepper.value, 9)
+        world.setRounds(4)
+    }
+
+    function test_switchesAndChoicesActAtOnce() {
+        show("general")
+        press(row("Sounds"), Qt.Key_Space)
+        compare(world.stored("soundEnabled"), false)
+        world.setSound(true)
+        verify(row("Sounds").checked)
+
+        const themes = one(item => item.name === "Theme" && item.texts !== undefined)
+        press(themes, Qt.Key_Right)
+        compare(world.stored("themePreference"), "light")
+        world.setTheme(2)
+        compare(themes.currentIndex, 2)
+    }
+
+    function test_refusedLaunchAtLoginSwitchesBack() {
+        show("general")
+        world.failLaunchAtLogin()
+        mouseClick(row("Open at login"))
+        compare(world.alerts(), 1)
+        verify(!row("Open at login").checked)
+    }
+
+    function test_everyControlIsNamed_data() {
+        return [{ tag: "timer", stops: 15 }, { tag: "general", stops: 8 }, { tag: "permissions", stops: 2 },
+                { tag: "about", stops: 9 }]
+    }
+
+    function test_everyControlIsNamed(data) {
+        show(data.tag)
+        const stops = all(window.contentItem, item => item.visible && item.enabled && item.activeFocusOnTab)
+        verify(stops.length >= data.stops, stops.length)
+        for (const stop of stops)
+            verify((stop.name || stop.text || stop.title || "").length > 0, stop)
+    }
+}

@@ -1,0 +1,64 @@
+#include "Appearance/AppearanceSettings.h"
+#include "Fakes/MainWindowFixture.h"
+
+#include <QtQml/QQmlContext>
+#include <QtQml/QQmlEngine>
+#include <QtQuickTest/quicktest.h>
+
+// Shows the real views on the real view models; the cases move the controls and look at the settings behind them.
+
+namespace {
+
+using namespace tomcatto;
+
+/// What the cases see of the world behind the view models.
+class World final : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QObject *strings READ strings CONSTANT FINAL)
+    Q_PROPERTY(QObject *window READ window CONSTANT FINAL)
+    Q_PROPERTY(QObject *onboarding READ onboarding CONSTANT FINAL)
+
+public:
+    using QObject::QObject;
+
+    [[nodiscard]] QObject *strings() { return &m_fixture->strings; }
+    [[nodiscard]] QObject *window() { return &m_fixture->window; }
+    [[nodiscard]] QObject *onboarding() { return &m_fixture->onboarding; }
+
+    /// The stored value of a setting, by its key.
+    Q_INVOKABLE QVariant stored(const QString &key) const
+    {
+        const auto value = m_fixture->engine.defaults.storedValue(key);
+        return value ? std::visit([](const auto &each) { return QVariant::fromValue(each); }, *value) : QVariant();
+    }
+    Q_INVOKABLE void setWorkSeconds(int seconds) { m_fixture->engine.settings.setWorkDurationSeconds(seconds); }
+    Q_INVOKABLE void setRounds(int rounds) { m_fixture->engine.settings.setCyclesBeforeLongBreak(rounds); }
+    Q_INVOKABLE void setSound(bool isOn) { m_fixture->engine.settings.setSoundEnabled(isOn); }
+    Q_INVOKABLE void setTheme(int index) { m_fixture->general.chooseTheme(index); }
+    Q_INVOKABLE void failLaunchAtLogin() { m_fixture->loginItem.failure = QStringLiteral("refused"); }
+    Q_INVOKABLE int alerts() const { return static_cast<int>(m_fixture->alert.shown.size()); }
+
+private:
+    std::unique_ptr<MainWindowFixture> m_fixture = std::make_unique<MainWindowFixture>();
+};
+
+class Setup final : public QObject
+{
+    Q_OBJECT
+
+public Q_SLOTS:
+    void qmlEngineAvailable(QQmlEngine *engine)
+    {
+        // Both end with the engine; each file of cases has its own.
+        auto *const appearance = new AppearanceSettings(engine);
+        appearance->setReducedMotion(true);
+        appearance->install(*engine);
+        engine->rootContext()->setContextProperty(QStringLiteral("world"), new World(engine));
+    }
+};
+
+}
+
+QUICK_TEST_MAIN_WITH_SETUP(mainwindow, Setup)
+#include "MainWindowQmlTest.moc"

@@ -1,0 +1,168 @@
+#include "Appearance/AppearanceSettings.h"
+#include "Fakes/MainWindowFixture.h"
+#include "Media/BundledVideoProvider.h"
+
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QDir>
+#include <QtCore/QTimer>
+#include <QtGui/QGuiApplication>
+#include <QtQml/QQmlComponent>
+#include <QtQml/QQmlEngine>
+#include <QtQuick/QQuickWindow>
+
+// Writes pictures of every page of the main window and every step of onboarding, to be looked at.
+
+namespace {
+
+using namespace tomcatto;
+
+struct Variant
+{
+    QString name = {};
+    SelectedLanguage language = SelectedLanguage::en;
+    bool dark = false;
+    bool pseudo = false;
+    qreal textScale = 1;
+    QSize size = {};
+    bool highContrast = false;
+};
+
+void settle(int milliseconds)
+{
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+class Studio
+{
+public:
+    explicit Studio(const Variant &variant)
+        : m_variant(variant)
+        , m_fixture(variant.language)
+    {
+        m_fixture.strings.setPseudo(variant.pseudo);
+        m_fixture.probe.current = {variant.language == SelectedLanguage::de ? NotificationPermission::denied
+                                                                            : NotificationPermission::authorised,
+                                   true};
+        m_fixture.onboarding.setShowsPill(true);
+        addVideos();
+        m_appearance.setDark(variant.dark);
+        m_appearance.setReducedMotion(true);
+        m_appearance.setTextScale(variant.textScale);
+        m_appearance.setHighContrast(variant.highContrast);
+        m_appearance.install(m_engine);
+    }
+
+    bool grab(const QString &component, QObject &viewModel, const QString &name, const QDir &folder)
+    {
+        QQmlComponent maker(
+            &m_engine, QUrl(QStringLiteral("qrc:/qt-project.org/imports/Tomcatto/MainWindow/%1.qml").arg(component)));
+        const std::unique_ptr<QObject> object(maker.createWithInitialProperties(
+            {{QStringLiteral("strings"), QVariant::fromValue<QObject *>(&m_fixture.strings)},
+             {QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(&viewModel)}}));
+        auto *const window = qobject_cast<QQuickWindow *>(object.get());
+        if (window == nullptr) {
+            qCritical() << maker.errorString();
+            return false;
+        }
+        if (m_variant.size.isValid())
+            window->resize(m_variant.size);
+        window->show();
+        settle(250);
+        if (name == QStringLiteral("window-videos"))
+            disturbVideos();
+        return window->grabWindow().save(
+            folder.filePath(name + QLatin1Char('-') + m_variant.name + QStringLiteral(".png")));
+    }
+
+    bool grabAll(const QDir &folder)
+    {
+        bool isComplete = true;
+        for (const MainWindowPage page : mainWindowPages) {
+            m_fixture.window.show(page);
+            isComplete = grab(QStringLiteral("MainWindow"), m_fixture.window,
+                              QStringLiteral("window-") + rawValue(page), folder) &&
+                         isComplete;
+        }
+        m_fixture.onboarding.restart();
+        m_fixture.probe.current.permission = NotificationPermission::notDetermined;
+        m_fixture.authorization.refresh();
+        for (int step = 0; step < m_fixture.onboarding.stepCount(); ++step) {
+            isComplete = grab(QStringLiteral("OnboardingWindow"), m_fixture.onboarding,
+                              QStringLiteral("onboarding-%1").arg(step + 1), folder) &&
+                         isComplete;
+            m_fixture.onboarding.next();
+        }
+        return isComplete;
+    }
+
+private:
+    // A removal that can be undone, and a refusal.
+    void disturbVideos()
+    {
+        const QVariantList own = m_fixture.videos.own();
+        m_fixture.videos.remove(own.last().toMap().value(QStringLiteral("id")).toString());
+        settle(150);
+        m_fixture.videos.addFiles({QUrl::fromLocalFile(m_fixture.library.folder.path())});
+        settle(250);
+    }
+
+    // Three, the first one ticked, the file of the last one gone.
+    void addVideos()
+    {
+        VideosFixture &library = m_fixture.library;
+        const QString included = QStringLiteral(TOMCATTO_INCLUDED_VIDEOS);
+        library.bundled.videos = BundledVideoProvider(included).candidates();
+        int number = 0;
+        for (const char *const name :
+             {"Mio at the window.mp4", "Moving day.mp4", "A day at the lake with the cats.mov"}) {
+            const QString path = library.folder.filePath(QString::fromLatin1(name));
+            const LocalVideoCandidate &model = library.bundled.videos.at(static_cast<std::size_t>(++number));
+            QFile::copy(included + QStringLiteral("/posters/%1.jpg").arg(model.identifier), path);
+            const auto id = library.repository.addVideo(QUrl::fromLocalFile(path));
+            settle(150);
+            if (id && number == 1)
+                library.repository.setSelected(*id, true);
+            if (number == 3)
+                QFile::remove(path);
+        }
+    }
+
+    Variant m_variant;
+    MainWindowFixture m_fixture;
+    AppearanceSettings m_appearance{nullptr};
+    QQmlEngine m_engine;
+};
+
+}
+
+int main(int argc, char **argv)
+{
+    QGuiApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.addHelpOption();
+    parser.addPositionalArgument(QStringLiteral("folder"), QStringLiteral("Where the pictures go."));
+    parser.addPositionalArgument(QStringLiteral("variants"), QStringLiteral("Their names; none for all."));
+    parser.process(application);
+    QStringList wanted = parser.positionalArguments();
+    if (wanted.isEmpty())
+        parser.showHelp(2);
+    const QDir folder(wanted.takeFirst());
+
+    const std::vector<Variant> variants{
+        {QStringLiteral("light")},
+        {.name = QStringLiteral("dark"), .dark = true},
+        {.name = QStringLiteral("german"), .language = SelectedLanguage::de},
+        {.name = QStringLiteral("pseudo"), .pseudo = true},
+        {.name = QStringLiteral("large"), .pseudo = true, .textScale = 2},
+        {.name = QStringLiteral("small"), .pseudo = true, .textScale = 2, .size = QSize(720, 520)},
+        {.name = QStringLiteral("contrast"), .highContrast = true},
+    };
+    bool isComplete = true;
+    for (const Variant &variant : variants) {
+        if (wanted.isEmpty() || wanted.contains(variant.name))
+            isComplete = Studio(variant).grabAll(folder) && isComplete;
+    }
+    return isComplete ? 0 : 1;
+}

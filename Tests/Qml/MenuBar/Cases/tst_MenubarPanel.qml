@@ -1,0 +1,110 @@
+import QtQuick
+import QtTest
+import Tomcatto.MenuBar
+
+TestCase {
+    id: test
+
+    property var calls: []
+
+    name: "MenubarPanel"
+    when: windowShown
+    width: 300
+    height: 480
+    visible: true
+
+    QtObject {
+        id: model
+
+        property var clock: ({text: "25:00", progress: 0, name: ""})
+        property var phase: test.phaseOf({})
+        property var strip: ({rounds: 4, roundsDone: 1, isRoundCurrent: true, roundCompact: "", roundLabel: "", goalCount: "5", goalRest: " / 8", goalName: "", streak: "12", streakName: ""})
+        property bool showsStatistics: false
+        property string announcement: ""
+
+        function primary() { test.calls.push("primary") }
+        function reset() { test.calls.push("reset") }
+        function skip() { test.calls.push("skip") }
+        function takeBreak() { test.calls.push("takeBreak") }
+        function extend() { test.calls.push("extend") }
+        function quit() { test.calls.push("quit") }
+        function openStatistics() { test.calls.push("statistics") }
+        function openSettings() { test.calls.push("settings") }
+    }
+    QtObject {
+        id: texts
+
+        property int revision: 0
+
+        function text(key: string): string { return key }
+    }
+    PanelBody {
+        id: panel
+
+        width: 280
+        height: 460
+        strings: texts
+        viewModel: model
+    }
+
+    function phaseOf(changes) {
+        return Object.assign({theme: "work", headline: "", name: "Focus", symbol: "", caption: "", isPaused: false, isPending: false, primaryText: "Pause",
+            primarySymbol: "pause.fill", canReset: true, canSkip: true, showsTakeBreak: false, showsExtend: true}, changes)
+    }
+    function init() {
+        calls = []
+        panel.takeFocus()
+    }
+    function button(name) {
+        return findChild(panel, name)
+    }
+
+    function test_controls_data() {
+        return [
+            {tag: "idle", phase: {canReset: false, canSkip: false, showsExtend: false, caption: "Classic"}, pressable: []},
+            {tag: "running", phase: {}, pressable: ["extend", "reset", "skip"]},
+            {tag: "pending", phase: {isPending: true, showsExtend: false}, pressable: ["reset", "skip"]},
+            {tag: "overtime", phase: {theme: "overtime", showsTakeBreak: true}, pressable: ["extend", "reset", "takeBreak"]},
+        ]
+    }
+    function test_controls(row) {
+        model.phase = phaseOf(row.phase)
+        for (const name of ["extend", "reset", "skip", "takeBreak"]) {
+            const control = button(name)
+            compare(control.visible && control.enabled, row.pressable.includes(name), name)
+            if (control.visible)
+                mouseClick(control)
+        }
+        mouseClick(button("primary"))
+        compare(calls, row.pressable.concat("primary"))
+        compare(button("caption").visible, !row.pressable.includes("extend"))
+        // A disabled tile keeps its place; take break and skip share one.
+        compare(button("skip").visible, !row.pressable.includes("takeBreak"))
+    }
+
+    function test_keyboardGoesInReadingOrder() {
+        model.phase = phaseOf({})
+        verify(button("primary").activeFocus)
+        keyClick(Qt.Key_Space)
+        keyClick(Qt.Key_Return)
+        compare(calls, ["primary", "primary"])
+        const order = []
+        for (let step = 0; step < 7; ++step) {
+            keyClick(Qt.Key_Tab)
+            calls = []
+            keyClick(Qt.Key_Return)
+            order.push(calls[0])
+        }
+        compare(order, ["reset", "skip", "quit", "statistics", "settings", "extend", "primary"])
+    }
+
+    function test_longLabelsStayInside() {
+        model.phase = phaseOf({name: "Langer Name", caption: "Eine recht lange Zeile, die in zwei Zeilen steht", showsExtend: false})
+        model.clock = {text: "+100:41", progress: 0, name: ""}
+        const time = button("time")
+        verify(time.width < 184, "inside the ring: " + time.width)
+        const caption = button("caption")
+        verify(caption.lineCount === 2 && caption.y + caption.height < 186)
+        verify(!caption.truncated)
+    }
+}

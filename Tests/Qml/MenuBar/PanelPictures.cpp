@@ -1,0 +1,127 @@
+#include "Appearance/AppearanceSettings.h"
+#include "Fakes/ServicesFixture.h"
+#include "MenuBar/MenubarPanelViewModel.h"
+#include "MenuBar/StatusPillRenderer.h"
+#include "MenuBar/TrayIconRenderer.h"
+#include "StatisticsViews/StatisticsViewModel.h"
+#include "StatusPill/StatusPillSource.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QTimer>
+#include <QtGui/QGuiApplication>
+#include <QtQml/QQmlComponent>
+#include <QtQml/QQmlEngine>
+#include <QtQuick/QQuickWindow>
+
+// Writes a picture of the panel in every state, light and dark, in the language given: PanelPictures FOLDER [LANGUAGE]
+
+namespace {
+
+using namespace std::chrono_literals;
+using namespace tomcatto;
+
+const char *const states[] = {"idle", "working", "paused", "short-break", "pending", "overtime", "statistics", "empty"};
+
+/// Phases on most days of the last weeks, so that chart and heat map have something to show.
+void fillHistory(ServicesFixture &services)
+{
+    for (int day = 0; day < 110; ++day) {
+        for (int phase = 0; phase < (day * 7 + day / 3) % 9; ++phase) {
+            const Date start = services.wallClock.now() - Seconds(86400.0 * day + 1800.0 * phase);
+            services.dependencies.sessionRepository.insert({.id = QUuid::createUuid(),
+                                                            .phase = PomodoroPhase::working,
+                                                            .startedAt = start,
+                                                            .endedAt = start + Seconds(1500),
+                                                            .plannedDurationSeconds = 1500,
+                                                            .actualDurationSeconds = 1500,
+                                                            .wasCompleted = true},
+                                                           InsertMode::asynchronous);
+        }
+    }
+    services.dependencies.coreDataStack.save();
+}
+
+void reach(ServicesFixture &services, PopoverNavigationStore &navigation, const QString &state)
+{
+    PomodoroStateMachine &machine = services.dependencies.stateMachine;
+    services.dependencies.settings.setAutoStartBreaks(state != QLatin1String("pending"));
+    services.dependencies.settings.setOverflowEnabled(state == QLatin1String("overtime"));
+    if (state == QLatin1String("statistics") || state == QLatin1String("empty"))
+        navigation.append(PopoverRoute::stats);
+    else if (state != QLatin1String("idle"))
+        machine.start();
+    if (state == QLatin1String("working") || state == QLatin1String("paused"))
+        services.pass(528s);
+    if (state == QLatin1String("paused"))
+        machine.pause();
+    if (state == QLatin1String("short-break") || state == QLatin1String("pending"))
+        services.pass(1602s);
+    if (state == QLatin1String("overtime"))
+        services.pass(1661s);
+}
+
+bool picture(const QString &state, bool dark, const QString &language, const QDir &folder)
+{
+    ServicesFixture services(language);
+    if (state != QLatin1String("empty"))
+        fillHistory(services);
+    PopoverNavigationStore navigation;
+    MainWindowRouter router;
+    reach(services, navigation, state);
+    QCoreApplication::processEvents();
+    AppDependencies &dependencies = services.dependencies;
+    MenubarPanelViewModel panel(dependencies, navigation, router);
+    StatisticsViewModel statistics(
+        {dependencies.statsAggregator, dependencies.settings, dependencies.strings, services.wallClock});
+
+    QQmlEngine engine;
+    AppearanceSettings appearance(nullptr);
+    appearance.setDark(dark);
+    appearance.setReducedMotion(true);
+    appearance.install(engine);
+    QQmlComponent component(&engine,
+                            QUrl(QStringLiteral("qrc:/qt-project.org/imports/Tomcatto/MenuBar/MenubarPanelView.qml")));
+    const std::unique_ptr<QObject> root(component.createWithInitialProperties(
+        {{QStringLiteral("strings"), QVariant::fromValue<QObject *>(&dependencies.strings)},
+         {QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(&panel)},
+         {QStringLiteral("statistics"), QVariant::fromValue<QObject *>(&statistics)}}));
+    auto *window = qobject_cast<QQuickWindow *>(root.get());
+    if (!window) {
+        qWarning("%s", qPrintable(component.errorString()));
+        return false;
+    }
+    if (panel.showsStatistics())
+        window->resize(400, 560);
+    window->show();
+    QEventLoop settling;
+    QTimer::singleShot(300, &settling, &QEventLoop::quit);
+    settling.exec();
+    const QString name =
+        QStringLiteral("%1-%2-%3").arg(state, dark ? QStringLiteral("dark") : QStringLiteral("light"), language);
+    const StatusArt art;
+    const StatusPillSource source(dependencies.stateMachine, dependencies.timer, dependencies.settings,
+                                  dependencies.strings);
+    return window->grabWindow().save(folder.filePath(name + QStringLiteral(".png"))) &&
+           StatusPillRenderer(art)
+               .render(source.content(dark), 2)
+               ->save(folder.filePath(name + QStringLiteral("-pill.png"))) &&
+           TrayIconRenderer(art)
+               .render(source.content(dark), 48)
+               ->save(folder.filePath(name + QStringLiteral("-tray.png")));
+}
+
+}
+
+int main(int argc, char **argv)
+{
+    const QGuiApplication application(argc, argv);
+    const QStringList arguments = QGuiApplication::arguments();
+    const QDir folder(arguments.value(1, QStringLiteral(".")));
+    bool written = folder.mkpath(QStringLiteral("."));
+    for (const char *state : states) {
+        for (const bool dark : {false, true})
+            written =
+                picture(QString::fromLatin1(state), dark, arguments.value(2, QStringLiteral("en")), folder) && written;
+    }
+    return written ? 0 : 1;
+}

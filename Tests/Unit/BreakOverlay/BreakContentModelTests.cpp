@@ -1,0 +1,106 @@
+#include "BreakOverlay/BreakOverlayModel.h"
+#include "BreakOverlay/BreakPreviewModel.h"
+#include "Fakes/CapturedLog.h"
+#include "Fakes/EngineFixture.h"
+
+#include <gtest/gtest.h>
+
+namespace tomcatto {
+namespace {
+
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+
+struct Models : EngineFixture
+{
+    LanguageOverrideService language{defaults, {u"en"_s}};
+    LocalizedStrings strings{language};
+    BreakOverlayServices services{machine, timer, settings, strings};
+    BreakVideoSource videos;
+};
+
+TEST(BreakOverlayModel, ShowsTheBreakAndDrivesTheStateMachine)
+{
+    Models models;
+    models.settings.setCyclesBeforeLongBreak(2);
+    models.machine.start();
+    models.machine.skip();
+    BreakOverlayModel model(models.services, models.videos, false);
+    EXPECT_EQ(model.title(), u"Short break"_s);
+    EXPECT_EQ(model.time(), u"05:00"_s);
+    EXPECT_TRUE(model.canExtend());
+    EXPECT_FALSE(model.canStart());
+    models.pass(102s);
+    EXPECT_EQ(model.time(), u"03:18"_s);
+    EXPECT_EQ(model.spokenTime(), u"Break, 3 minutes 18 seconds left"_s);
+    EXPECT_DOUBLE_EQ(model.progress(), 198.0 / 300);
+
+    model.extend();
+    EXPECT_EQ(model.time(), u"08:18"_s);
+    EXPECT_DOUBLE_EQ(model.progress(), 498.0 / 600);
+
+    // Work begins while the window fades: it keeps what it showed.
+    models.machine.skip();
+    EXPECT_EQ(model.time(), u"08:18"_s);
+    EXPECT_EQ(model.title(), u"Short break"_s);
+
+    models.settings.setAutoStartBreaks(false);
+    models.pass(1500s);
+    EXPECT_EQ(model.phase(), u"longBreak"_s);
+    EXPECT_EQ(model.title(), u"Your break is ready"_s);
+    EXPECT_TRUE(model.canStart());
+    EXPECT_FALSE(model.canExtend());
+    models.pass(60s);
+    EXPECT_EQ(model.time(), u"15:00"_s);
+    model.start();
+    EXPECT_FALSE(models.machine.isPaused());
+    EXPECT_EQ(model.title(), u"Long break"_s);
+    models.language.setLanguage(SelectedLanguage::de);
+    EXPECT_EQ(model.title(), u"Lange Pause"_s);
+}
+
+TEST(BreakOverlayModel, AsksForItsVideoOnceItIsOnScreen)
+{
+    Models models;
+    int asked = 0;
+    models.videos.next = [&asked] { return ++asked, QUrl(u"file:///videos/a.mp4"_s); };
+    models.videos.poster = [](const QUrl &video) { return QUrl(video.toString() + u".jpg"_s); };
+    BreakOverlayModel model(models.services, models.videos, false);
+    EXPECT_EQ(asked, 0);
+    model.bodyAppeared();
+    model.bodyAppeared();
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(model.posterUrl(), QUrl(u"file:///videos/a.mp4.jpg"_s));
+    const CapturedLog log;
+    model.videoFailed(u"no such codec"_s);
+    EXPECT_EQ(log.count(LogLevel::error), 1);
+
+    EXPECT_FALSE(model.isMuted());
+    model.toggleMute();
+    EXPECT_TRUE(model.isMuted());
+
+    models.settings.setSoundEnabled(false);
+    models.videos.next = [] { return QUrl(); };
+    BreakOverlayModel bare(models.services, models.videos, false);
+    bare.bodyAppeared();
+    EXPECT_TRUE(bare.posterUrl().isEmpty());
+    EXPECT_TRUE(bare.isMuted());
+}
+
+TEST(BreakPreviewModel, CountsByItselfAndStopsAtZero)
+{
+    Models models;
+    models.settings.setShortBreakDurationSeconds(3);
+    BreakPreviewModel model(models.settings, models.strings, models.runLoop, models.videos);
+    EXPECT_EQ(model.time(), u"00:03"_s);
+    models.pass(1s);
+    EXPECT_EQ(model.time(), u"00:02"_s);
+    EXPECT_DOUBLE_EQ(model.progress(), 2.0 / 3);
+    models.pass(5s);
+    EXPECT_EQ(model.time(), u"00:00"_s);
+    EXPECT_FALSE(model.canStart() || model.canExtend());
+    EXPECT_EQ(models.machine.currentPhase(), PomodoroPhase::idle);
+}
+
+}
+}

@@ -1,0 +1,218 @@
+#include "Fakes/MainWindowFixture.h"
+#include "MainWindow/DurationText.h"
+
+#include <gtest/gtest.h>
+
+namespace tomcatto {
+
+namespace {
+
+QString field(const QVariantList &rows, int index, const char *name)
+{
+    return rows.at(index).toMap().value(QString::fromLatin1(name)).toString();
+}
+
+QVariantMap permission(const MainWindowFixture &fixture, const QString &id)
+{
+    for (const QVariant &row : fixture.permissions.rows()) {
+        if (row.toMap().value(QStringLiteral("id")) == id)
+            return row.toMap();
+    }
+    return {};
+}
+
+}
+
+TEST(DurationText, NamesHoursMinutesAndSeconds)
+{
+    const MainWindowFixture fixture;
+    for (const auto &[seconds, plain, exact] : {std::tuple{-5, "0 min", "0 min"},
+                                                {0, "0 min", "0 min"},
+                                                {5, "5 s", "5 s"},
+                                                {60, "1 min", "1 min"},
+                                                {90, "1 min", "1 min 30 s"},
+                                                {3600, "1 h", "1 h"},
+                                                {7800, "2 h 10 min", "2 h 10 min"}}) {
+        EXPECT_EQ(durationText(fixture.strings, seconds), QString::fromLatin1(plain)) << seconds;
+        EXPECT_EQ(durationText(fixture.strings, seconds, true), QString::fromLatin1(exact)) << seconds;
+    }
+}
+
+TEST(TimerPage, TakesValuesToTheBoundsOfItsControls)
+{
+    MainWindowFixture fixture;
+    const PomodoroSettings &settings = fixture.engine.settings;
+    for (const auto &[asked, minutes, rounds, goal] : {std::tuple{-3, 1, 1, 1},
+                                                       {0, 1, 1, 1},
+                                                       {1, 1, 1, 1},
+                                                       {12, 12, 12, 12},
+                                                       {25, 25, 12, 24},
+                                                       {181, 180, 12, 24}}) {
+        for (const auto *const id : {"work", "shortBreak", "longBreak"})
+            fixture.timer.setMinutes(QString::fromLatin1(id), asked);
+        fixture.timer.setRounds(asked);
+        fixture.timer.setGoal(asked);
+        EXPECT_EQ(settings.workDurationSeconds(), 60 * minutes);
+        EXPECT_EQ(settings.shortBreakDurationSeconds(), 60 * minutes);
+        EXPECT_EQ(settings.longBreakDurationSeconds(), 60 * minutes);
+        EXPECT_EQ(settings.cyclesBeforeLongBreak(), rounds);
+        EXPECT_EQ(settings.dailyGoalPomodoros(), goal);
+    }
+}
+
+TEST(TimerPage, DurationInSecondsStaysUntilItsControlIsMoved)
+{
+    MainWindowFixture fixture;
+    PomodoroSettings &settings = fixture.engine.settings;
+    settings.setWorkDurationSeconds(5);
+    settings.setShortBreakDurationSeconds(150);
+
+    EXPECT_EQ(field(fixture.timer.durations(), 0, "minutes"), QStringLiteral("1"));
+    EXPECT_EQ(field(fixture.timer.durations(), 0, "text"), QStringLiteral("5 s"));
+    EXPECT_EQ(field(fixture.timer.durations(), 1, "text"), QStringLiteral("2 min 30 s"));
+    fixture.timer.setMinutes(QStringLiteral("longBreak"), 20);
+    EXPECT_EQ(settings.workDurationSeconds(), 5);
+    EXPECT_EQ(settings.shortBreakDurationSeconds(), 150);
+    fixture.timer.setMinutes(QStringLiteral("work"), 2);
+    EXPECT_EQ(settings.workDurationSeconds(), 120);
+}
+
+TEST(TimerPage, CustomBringsBackTheLastMix)
+{
+    MainWindowFixture fixture;
+    PomodoroSettings &settings = fixture.engine.settings;
+    EXPECT_EQ(fixture.timer.preset(), QStringLiteral("classic"));
+    EXPECT_FALSE(fixture.timer.choosePreset(QStringLiteral("custom"))) << "there is no mix yet";
+
+    settings.setWorkDurationSeconds(5);
+    EXPECT_EQ(fixture.timer.preset(), QStringLiteral("custom"));
+    EXPECT_TRUE(fixture.timer.choosePreset(QStringLiteral("deep")));
+    EXPECT_EQ(fixture.timer.preset(), QStringLiteral("deep"));
+    EXPECT_EQ(settings.cyclesBeforeLongBreak(), 4);
+    EXPECT_FALSE(fixture.timer.choosePreset(QStringLiteral("nonsense")));
+    EXPECT_TRUE(fixture.timer.choosePreset(QStringLiteral("custom")));
+    EXPECT_EQ(settings.workDurationSeconds(), 5);
+    EXPECT_EQ(settings.longBreakDurationSeconds(), 900);
+}
+
+TEST(TimerPage, DrawsOneSetAndTellsItsLength)
+{
+    MainWindowFixture fixture;
+    EXPECT_EQ(fixture.timer.set().size(), 8);
+    EXPECT_EQ(field(fixture.timer.set(), 6, "phase"), QStringLiteral("work"));
+    EXPECT_EQ(field(fixture.timer.set(), 7, "phase"), QStringLiteral("longBreak"));
+    EXPECT_EQ(fixture.timer.setText(), QStringLiteral("2 h 10 min"));
+    fixture.timer.setRounds(1);
+    EXPECT_EQ(fixture.timer.setText(), QStringLiteral("40 min"));
+    EXPECT_EQ(fixture.timer.goalHelp(), QStringLiteral("8 focus phases, about 3 h 20 min"));
+}
+
+TEST(GeneralPage, ChoicesReachTheSettings)
+{
+    MainWindowFixture fixture;
+    const PomodoroSettings &settings = fixture.engine.settings;
+    fixture.general.chooseMenuBarStyle(0);
+    fixture.general.chooseTheme(2);
+    fixture.general.chooseLanguage(3);
+    EXPECT_EQ(settings.menuBarStyle(), MenuBarStyle::iconOnly);
+    EXPECT_EQ(settings.themePreference(), ThemePreference::dark);
+    EXPECT_EQ(settings.selectedLanguage(), SelectedLanguage::de);
+    fixture.general.chooseTheme(3);
+    fixture.general.chooseLanguage(-1);
+    EXPECT_EQ(fixture.general.theme(), 2);
+    EXPECT_EQ(fixture.general.language(), 3);
+
+    fixture.general.chooseLanguage(0);
+    EXPECT_EQ(fixture.general.languages().first(), QStringLiteral("System (English)"));
+}
+
+TEST(GeneralPage, NotificationsNeedThePermissionToo)
+{
+    MainWindowFixture fixture;
+    for (const auto &[permission, isOn, isBlocked] : {std::tuple{NotificationPermission::notDetermined, true, false},
+                                                      {NotificationPermission::authorised, true, false},
+                                                      {NotificationPermission::denied, false, true},
+                                                      {NotificationPermission::unavailable, false, true}}) {
+        fixture.probe.current.permission = permission;
+        fixture.general.refresh();
+        EXPECT_EQ(fixture.general.notifications(), isOn);
+        EXPECT_EQ(fixture.general.notificationsBlocked(), isBlocked);
+    }
+    fixture.general.setNotifications(false);
+    EXPECT_EQ(fixture.probe.requests, 0);
+    fixture.general.setNotifications(true);
+    EXPECT_EQ(fixture.probe.requests, 1);
+    EXPECT_TRUE(fixture.general.notifications());
+}
+
+TEST(GeneralPage, FailedLaunchAtLoginTurnsTheSwitchBack)
+{
+    MainWindowFixture fixture;
+    int changes = 0;
+    QObject::connect(&fixture.general, &GeneralPageViewModel::changed, &fixture.general, [&changes] { ++changes; });
+    fixture.loginItem.failure = QStringLiteral("no");
+    fixture.general.setLaunchAtLogin(true);
+    EXPECT_FALSE(fixture.general.launchAtLogin());
+    EXPECT_GT(changes, 0);
+    EXPECT_EQ(fixture.alert.shown.size(), 1U);
+}
+
+TEST(PermissionsPage, SaysWhatTheDesktopCanDo)
+{
+    MainWindowFixture fixture;
+    fixture.probe.current = {NotificationPermission::authorised, false};
+    fixture.permissions.setCapabilities({DesktopSupport::none, DesktopSupport::limited, HotKeySupport::notAsked, true});
+    fixture.permissions.refresh();
+
+    const auto expect = [&fixture](const char *id, const char *state, const char *button, bool isGood) {
+        const QVariantMap row = permission(fixture, QString::fromLatin1(id));
+        EXPECT_EQ(row.value(QStringLiteral("state")).toString(), QString::fromLatin1(state)) << id;
+        EXPECT_EQ(row.value(QStringLiteral("button")).toString(), QString::fromLatin1(button)) << id;
+        EXPECT_EQ(row.value(QStringLiteral("isGood")).toBool(), isGood) << id;
+        EXPECT_FALSE(row.value(QStringLiteral("help")).toString().startsWith(QStringLiteral("window."))) << id;
+    };
+    expect("notifications", "Allowed", "", true);
+    expect("tray", "Not available", "", false);
+    expect("overlay", "Limited", "", false);
+    expect("hotkeys", "Not asked yet", "Ask now", false);
+    expect("launch_at_login", "Off", "General", false);
+    EXPECT_EQ(permission(fixture, QStringLiteral("notifications")).value(QStringLiteral("help")).toString(),
+              QStringLiteral("They come without buttons on this desktop"));
+
+    fixture.probe.current.permission = NotificationPermission::denied;
+    fixture.permissions.refresh();
+    expect("notifications", "Turned off", "Open settings", false);
+    fixture.permissions.act(QStringLiteral("notifications"));
+    EXPECT_EQ(fixture.systemSettings.notifications, 1);
+    fixture.window.show(MainWindowPage::permissions);
+    fixture.permissions.act(QStringLiteral("launch_at_login"));
+    EXPECT_EQ(fixture.window.currentPage(), MainWindowPage::general);
+}
+
+TEST(AboutPage, NamesVersionLicencesAndNews)
+{
+    MainWindowFixture fixture(SelectedLanguage::de);
+    EXPECT_EQ(fixture.about.version(), QStringLiteral("Version 1.0.0"));
+    EXPECT_EQ(field(fixture.about.components(), 1, "license"), QStringLiteral("Gemeinfrei"));
+    EXPECT_FALSE(fixture.about.whatsNew().isEmpty());
+    EXPECT_FALSE(fixture.about.whatsNew().contains(QStringLiteral("## [")));
+
+    QString copied;
+    QUrl opened;
+    QObject::connect(&fixture.about, &AboutPageViewModel::copyRequested, &fixture.about,
+                     [&copied](const QString &text) { copied = text; });
+    QObject::connect(&fixture.about, &AboutPageViewModel::linkRequested, &fixture.about,
+                     [&opened](const QUrl &address) { opened = address; });
+    fixture.about.copyDetails();
+    EXPECT_TRUE(copied.startsWith(QStringLiteral("Tomcatto 1.0.0\nQt 6.")));
+    EXPECT_TRUE(fixture.about.isCopied());
+    for (int index = 0; index < fixture.about.components().size(); ++index) {
+        fixture.about.openLicense(index);
+        EXPECT_TRUE(opened.isValid() && opened.scheme() == QStringLiteral("https")) << index;
+        opened.clear();
+    }
+    fixture.about.openLicense(99);
+    EXPECT_TRUE(opened.isEmpty());
+}
+
+}

@@ -1,0 +1,120 @@
+#include "Fakes/MainWindowFixture.h"
+#include "MainWindow/VideoStill.h"
+
+#include <gtest/gtest.h>
+#include <QtCore/QBuffer>
+#include <QtGui/QImage>
+#include <QtTest/QTest>
+
+namespace tomcatto {
+
+namespace {
+
+class VideosPageTest : public testing::Test
+{
+protected:
+    VideosPageTest() { page.appear(); }
+
+    QUrl makeFile(const char *name, const QByteArray &content = "video") const
+    {
+        QFile file(world.library.folder.filePath(QString::fromUtf8(name)));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+        return QUrl::fromLocalFile(file.fileName());
+    }
+    [[nodiscard]] QString field(int index, const char *name) const
+    {
+        return page.own().value(index).toMap().value(QString::fromLatin1(name)).toString();
+    }
+    void waitForVideos(qsizetype count) const
+    {
+        EXPECT_TRUE(QTest::qWaitFor([this, count] { return page.own().size() == count; }));
+    }
+    void waitForStatus(int index, const char *status) const
+    {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return field(index, "status") == QLatin1String(status); })) << status;
+    }
+
+    MainWindowFixture world;
+    VideosPageViewModel &page = world.videos;
+};
+
+}
+
+TEST_F(VideosPageTest, RefusesWhatIsNoVideoAndSaysWhy)
+{
+    const QUrl folder = QUrl::fromLocalFile(world.library.folder.path());
+    const QString folderName = QFileInfo(folder.path()).fileName();
+    for (const auto &[file, text] :
+         {std::pair{makeFile("text.mp4", "text"), QStringLiteral("“text.mp4” is no video.")},
+          {makeFile("sound.mp4", "sound"), QStringLiteral("“sound.mp4” is no video: it has no picture.")},
+          {makeFile("empty.mp4", ""), QStringLiteral("“empty.mp4” is empty.")},
+          {folder, QStringLiteral("“%1” is a folder, not a video.").arg(folderName)},
+          {QUrl(folder.toString() + QLatin1Char('/')),
+           QStringLiteral("“%1” is a folder, not a video.").arg(folderName)},
+          {QUrl::fromLocalFile(QStringLiteral("/dev/null")),
+           QStringLiteral("“null” is a pipe or a device, not a video.")},
+          {QUrl(folder.toString() + QStringLiteral("/gone.mp4")), QStringLiteral("“gone.mp4” is not there any more.")},
+          {QUrl(QStringLiteral("https://example.org/cat.mp4")), QStringLiteral("“cat.mp4” cannot be read.")}}) {
+        page.addFiles({file});
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !page.error().isEmpty(); })) << qPrintable(text);
+        EXPECT_EQ(page.error(), text);
+    }
+    EXPECT_TRUE(page.own().isEmpty());
+    page.previewBreak();
+    EXPECT_TRUE(page.error().isEmpty()) << "gone with the next action";
+}
+
+TEST_F(VideosPageTest, AddsEveryFileOnceAndTicksIt)
+{
+    const QUrl cats = makeFile("cats.mp4");
+    page.addFiles({cats, cats, makeFile("dogs.mp4")});
+    EXPECT_EQ(page.error(), QStringLiteral("“cats.mp4” is among your videos already."));
+    waitForVideos(2);
+    EXPECT_EQ(field(0, "title"), QStringLiteral("cats.mp4"));
+    EXPECT_EQ(field(0, "caption"), QStringLiteral("Added 9 Oct, resting"));
+
+    page.toggle(field(0, "id"));
+    waitForStatus(0, "active");
+    EXPECT_EQ(field(0, "caption"), QStringLiteral("Added 9 Oct, plays on breaks"));
+    EXPECT_EQ(field(1, "status"), QStringLiteral("resting"));
+    page.toggle(field(0, "id"));
+    waitForStatus(0, "resting");
+
+    QFile::remove(cats.toLocalFile());
+    page.appear();
+    EXPECT_EQ(field(0, "status"), QStringLiteral("missing"));
+}
+
+TEST_F(VideosPageTest, RemovedVideoComesBackWhole)
+{
+    page.addFiles({makeFile("cats.mp4")});
+    const auto length = [this] { return world.library.repository.allVideos().at(0).durationSeconds; };
+    waitForVideos(1);
+    ASSERT_TRUE(QTest::qWaitFor([&length] { return length() > 0; }));
+    const QUuid id = QUuid::fromString(field(0, "id"));
+    const UserVideo before = world.library.repository.video(id).value();
+
+    page.remove(field(0, "id"));
+    waitForVideos(0);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !page.deletedText().isEmpty(); }));
+    EXPECT_EQ(page.deletedText(), QStringLiteral("“cats.mp4” is deleted."));
+    page.undoRemoval();
+    waitForVideos(1);
+    EXPECT_EQ(world.library.repository.video(id), before);
+}
+
+TEST(VideoStill, HasRoundCornersAndTheMiddleOfThePicture)
+{
+    QImage tall(100, 400, QImage::Format_RGB32);
+    tall.fill(Qt::red);
+    QBuffer buffer;
+    ASSERT_TRUE(buffer.open(QIODevice::ReadWrite) && tall.save(&buffer, "JPG") && buffer.seek(0));
+    const QByteArray address = videoStillAddress(buffer).toLatin1();
+    const QImage still = QImage::fromData(QByteArray::fromBase64(address.mid(address.indexOf(',') + 1)));
+    EXPECT_EQ(still.size(), QSize(410, 230));
+    EXPECT_EQ(still.pixelColor(2, 2).alpha(), 0);
+    EXPECT_GT(still.pixelColor(205, 115).red(), 240);
+}
+
+}

@@ -1,0 +1,94 @@
+#include "Fakes/FakeViewHost.h"
+#include "Fakes/MainWindowFixture.h"
+#include "MainWindow/AppMenuCommands.h"
+#include "MainWindow/MainWindowController.h"
+
+#include <gtest/gtest.h>
+#include <QtCore/QCoreApplication>
+#include <QtTest/QTest>
+
+namespace tomcatto {
+
+namespace {
+
+class WindowController : public testing::Test
+{
+protected:
+    MainWindowFixture fixture;
+    FakeViewHost viewHost;
+    FakeActivationPolicyPort port;
+    ActivationPolicy policy{port};
+    MainWindowRouter router;
+    MainWindowController controller{viewHost, router, policy, fixture.window, fixture.strings};
+};
+
+}
+
+TEST(MainWindowPage, NamesLeadBackToThePages)
+{
+    const QStringList names{QStringLiteral("timer"),      QStringLiteral("general"),     QStringLiteral("videos"),
+                            QStringLiteral("statistics"), QStringLiteral("permissions"), QStringLiteral("about")};
+    for (qsizetype index = 0; index < names.size(); ++index)
+        EXPECT_EQ(mainWindowPageFromRawValue(names.at(index)), mainWindowPages[static_cast<std::size_t>(index)]);
+    EXPECT_FALSE(mainWindowPageFromRawValue(u"Timer"));
+    EXPECT_FALSE(mainWindowPageFromRawValue(u""));
+}
+
+TEST_F(WindowController, HoldsTheDockFromActivationUntilClosing)
+{
+    router.open(MainWindowPage::general);
+    ASSERT_TRUE(controller.isOpen());
+    EXPECT_EQ(fixture.window.page(), QStringLiteral("general"));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(viewHost.current));
+    EXPECT_TRUE(controller.mainWindowHoldsDock());
+
+    router.open(MainWindowPage::about);
+    EXPECT_EQ(viewHost.made, 1) << "the window that is there comes to the front";
+    EXPECT_EQ(policy.holders(), 1);
+
+    viewHost.current->close();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(controller.isOpen());
+    EXPECT_FALSE(controller.mainWindowHoldsDock());
+    EXPECT_EQ(port.kinds.back(), ActivationPolicyKind::accessory);
+}
+
+TEST_F(WindowController, OpensOnThePageShownLast)
+{
+    controller.openWindow();
+    fixture.window.showPage(QStringLiteral("statistics"));
+    fixture.window.showPage(QStringLiteral("nowhere"));
+    controller.closeWindow();
+    QCoreApplication::processEvents();
+    router.open();
+    EXPECT_TRUE(controller.isOpen());
+    EXPECT_EQ(fixture.window.currentPage(), MainWindowPage::statistics);
+}
+
+TEST_F(WindowController, SurvivesAViewThatCannotBeMade)
+{
+    viewHost.isBroken = true;
+    router.open(MainWindowPage::timer);
+    EXPECT_FALSE(controller.isOpen());
+    EXPECT_EQ(policy.holders(), 0);
+}
+
+TEST_F(WindowController, MenuCommandsLeadToTheWindow)
+{
+    int closed = 0;
+    int quit = 0;
+    const AppMenuCommands menu(router,
+                               {[this] { controller.openWindow(); }, [&closed] { ++closed; }, [&quit] { ++quit; }});
+    EXPECT_EQ(menu.about().titleKey, QStringLiteral("menu.about"));
+    menu.about()();
+    EXPECT_TRUE(controller.isOpen());
+    EXPECT_EQ(fixture.window.currentPage(), MainWindowPage::about);
+    for (const MenuCommand &command : menu.commands()) {
+        EXPECT_NE(fixture.strings.text(command.titleKey), command.titleKey);
+        command.action();
+    }
+    EXPECT_EQ(fixture.window.currentPage(), MainWindowPage::timer);
+    EXPECT_EQ(closed + quit, 2);
+}
+
+}

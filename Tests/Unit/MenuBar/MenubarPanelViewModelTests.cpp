@@ -1,0 +1,226 @@
+#include "Fakes/ServicesFixture.h"
+#include "MenuBar/MenubarPanelViewModel.h"
+
+#include <gtest/gtest.h>
+#include <QtCore/QRegularExpression>
+#include <QtTest/QSignalSpy>
+
+namespace tomcatto {
+namespace {
+
+using namespace std::chrono_literals;
+
+struct Panel : ServicesFixture
+{
+    PopoverNavigationStore navigation;
+    MainWindowRouter router;
+    MenubarPanelViewModel model{dependencies, navigation, router};
+
+    PomodoroStateMachine &machine() { return dependencies.stateMachine; }
+};
+
+struct StateCase
+{
+    const char *name;
+    std::function<void(Panel &)> reach;
+    const char *theme;
+    const char *phaseName;
+    const char *time;
+    const char *headline;
+    const char *caption;
+    const char *primary;
+    const char *primarySymbol;
+    /// Letters of what may be pressed or shows: r reset, s skip, t take break in its place, e extend.
+    const char *controls;
+    /// The strip: done / rounds, + with a current one.
+    const char *rounds;
+    const char *dial;
+};
+
+/// Starts a phase and lets seconds pass.
+auto run(int seconds)
+{
+    return [seconds](Panel &panel) {
+        panel.machine().start();
+        panel.pass(std::chrono::seconds(seconds));
+    };
+}
+const auto startWithOverflow = [](Panel &panel) {
+    panel.dependencies.settings.setOverflowEnabled(true);
+    panel.machine().start();
+    panel.pass(1500s + 161s);
+};
+const auto pendingBreak = [](Panel &panel) {
+    panel.dependencies.settings.setAutoStartBreaks(false);
+    panel.machine().start();
+    panel.pass(1500s);
+};
+
+const StateCase states[] = {
+    {"idle", [](Panel &) {}, "idle", "Focus", "25:00", "Tomcatto", "Classic rhythm", "Start focus", "play.fill", "",
+     "0/4+", "Focus, 25 minutes planned"},
+    {"own rhythm", [](Panel &panel) { panel.dependencies.settings.setWorkDurationSeconds(3700); }, "idle", "Focus",
+     "61:40", "Tomcatto", "Your own rhythm", "Start focus", "play.fill", "", "0/4+",
+     "Focus, 1 hour 1 minute 40 seconds planned"},
+    {"working", run(528), "work", "Focus", "16:12", "until 0?9:18.*", "", "Pause", "pause.fill", "rse", "0/4+",
+     "Focus, 16 minutes 12 seconds left"},
+    {"paused",
+     [](Panel &panel) {
+         run(528)(panel);
+         panel.machine().pause();
+         panel.pass(60s);
+     },
+     "work", "Focus, paused", "16:12", "Tomcatto", "", "Resume", "play.fill", "rse", "0/4+",
+     "Focus, paused, 16 minutes 12 seconds left"},
+    {"short break", run(1602), "shortBreak", "Short break", "03:18", "until 0?9:23.*", "", "Pause", "pause.fill", "rse",
+     "1/4", "Short break, 3 minutes 18 seconds left"},
+    {"pending break", pendingBreak, "shortBreak", "Break ready", "05:00", "Tomcatto", "Take your time", "Start break",
+     "cup.and.saucer.fill", "rs", "1/4", "Break ready, 5 minutes, waiting to be started"},
+    {"pending focus",
+     [](Panel &panel) {
+         panel.dependencies.settings.setAutoStartFocus(false);
+         run(1800)(panel);
+     },
+     "work", "Focus ready", "25:00", "Tomcatto", "Take your time", "Start focus", "play.fill", "rs", "1/4+",
+     "Focus ready, 25 minutes, waiting to be started"},
+    {"overtime", startWithOverflow, "overtime", "Overtime", "+02:41", "25 min done", "", "Pause", "pause.fill", "rste",
+     "0/4+", "Overtime, 2 minutes 41 seconds past the end"},
+    {"overtime paused",
+     [](Panel &panel) {
+         startWithOverflow(panel);
+         panel.machine().pause();
+     },
+     "overtime", "Overtime, paused", "+02:41", "25 min done", "", "Resume", "play.fill", "rste", "0/4+",
+     "Overtime, 2 minutes 41 seconds past the end"},
+    {"long break",
+     [](Panel &panel) {
+         panel.dependencies.settings.setCyclesBeforeLongBreak(1);
+         run(1501)(panel);
+     },
+     "longBreak", "Long break", "14:59", "until 0?9:33.*", "", "Pause", "pause.fill", "rse", "1/1",
+     "Long break, 14 minutes 59 seconds left"},
+};
+
+class PanelStates : public testing::TestWithParam<StateCase>
+{
+};
+
+TEST_P(PanelStates, AreWordedAndOffered)
+{
+    const StateCase &expected = GetParam();
+    Panel panel;
+    expected.reach(panel);
+    panel.runLoop.drain();
+    const PanelPhase &phase = panel.model.phase();
+    const PanelStrip &strip = panel.model.strip();
+    EXPECT_EQ(phase.theme, QLatin1String(expected.theme));
+    EXPECT_EQ(phase.name, QLatin1String(expected.phaseName));
+    EXPECT_EQ(panel.model.clock().text, QLatin1String(expected.time));
+    // The clock's form is the locale's.
+    const QRegularExpression headline(QRegularExpression::anchoredPattern(QLatin1String(expected.headline)));
+    EXPECT_TRUE(headline.match(phase.headline).hasMatch()) << phase.headline.toStdString();
+    EXPECT_EQ(phase.caption, QLatin1String(expected.caption));
+    EXPECT_EQ(phase.primaryText, QLatin1String(expected.primary));
+    EXPECT_EQ(phase.primarySymbol, QLatin1String(expected.primarySymbol));
+    const QString controls = QString(phase.canReset ? u"r"_qs : QString()) + (phase.canSkip ? u"s"_qs : QString()) +
+                             (phase.showsTakeBreak ? u"t"_qs : QString()) + (phase.showsExtend ? u"e"_qs : QString());
+    EXPECT_EQ(controls, QLatin1String(expected.controls));
+    const QString rounds =
+        u"%1/%2%3"_qs.arg(strip.roundsDone).arg(strip.rounds).arg(strip.isRoundCurrent ? u"+"_qs : QString());
+    EXPECT_EQ(rounds, QLatin1String(expected.rounds));
+    EXPECT_EQ(panel.model.clock().name, QLatin1String(expected.dial));
+}
+
+INSTANTIATE_TEST_SUITE_P(Panel, PanelStates, testing::ValuesIn(states), [](const auto &row) {
+    return QString::fromLatin1(row.param.name).replace(u' ', u'_').toStdString();
+});
+
+TEST(MenubarPanelViewModel, PrimaryGoesThroughAllItsMeanings)
+{
+    Panel panel;
+    panel.dependencies.settings.setAutoStartBreaks(false);
+    panel.dependencies.settings.setAutoStartFocus(false);
+    panel.model.primary();
+    EXPECT_EQ(panel.machine().currentPhase(), PomodoroPhase::working);
+    panel.model.primary();
+    EXPECT_TRUE(panel.machine().isPaused());
+    panel.model.primary();
+    EXPECT_FALSE(panel.machine().isPaused());
+    panel.pass(1500s);
+    ASSERT_TRUE(panel.machine().isPhasePending());
+    panel.model.primary();
+    EXPECT_EQ(panel.machine().currentPhase(), PomodoroPhase::shortBreak);
+    EXPECT_FALSE(panel.machine().isPhasePending());
+    panel.pass(300s);
+    ASSERT_TRUE(panel.machine().isPhasePending());
+    panel.model.primary();
+    EXPECT_EQ(panel.machine().currentPhase(), PomodoroPhase::working);
+    EXPECT_FALSE(panel.machine().isPaused());
+}
+
+TEST(MenubarPanelViewModel, OneTurnOfTheLoopIsOneUpdateAndTicksLeaveTheRestAlone)
+{
+    Panel panel;
+    QSignalSpy phases(&panel.model, &MenubarPanelViewModel::phaseChanged);
+    QSignalSpy clocks(&panel.model, &MenubarPanelViewModel::clockChanged);
+    panel.machine().start();
+    panel.machine().pause();
+    panel.machine().resume();
+    EXPECT_EQ(phases.count(), 0) << "nothing inside the operation";
+    panel.runLoop.drain();
+    EXPECT_EQ(phases.count(), 1);
+    clocks.clear();
+    panel.pass(10s);
+    EXPECT_EQ(clocks.count(), 10);
+    EXPECT_EQ(phases.count(), 1);
+}
+
+TEST(MenubarPanelViewModel, AnnouncesPhasesAndTheLastMinuteButNotTheSeconds)
+{
+    Panel panel;
+    QSignalSpy announcements(&panel.model, &MenubarPanelViewModel::announcementChanged);
+    panel.machine().start();
+    panel.pass(1439s);
+    const auto before = announcements.count();
+    panel.pass(1s);
+    EXPECT_EQ(announcements.count(), before + 1);
+    EXPECT_EQ(panel.model.announcement(), u"Focus, 1 minute left"_qs);
+    panel.pass(59s);
+    EXPECT_EQ(announcements.count(), before + 1);
+    panel.pass(1s);
+    EXPECT_TRUE(panel.model.announcement().startsWith(u"Short break"_qs));
+}
+
+TEST(MenubarPanelViewModel, StripFollowsTheHistoryAndTheSettings)
+{
+    Panel panel;
+    EXPECT_EQ(panel.model.strip().goalCount + panel.model.strip().goalRest, u"0 / 8"_qs);
+    panel.machine().start();
+    panel.pass(1500s);
+    panel.dependencies.coreDataStack.save();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(panel.model.strip().goalCount, u"1"_qs);
+    EXPECT_EQ(panel.model.strip().streakName, u"Days in a row: 1"_qs);
+    panel.dependencies.settings.setDailyGoalPomodoros(3);
+    panel.dependencies.settings.setCyclesBeforeLongBreak(12);
+    panel.runLoop.drain();
+    EXPECT_EQ(panel.model.strip().goalRest, u" / 3"_qs);
+    EXPECT_EQ(panel.model.strip().roundCompact, u"1 / 12"_qs);
+}
+
+TEST(MenubarPanelViewModel, BackGoesToTheTimerAndThenCloses)
+{
+    Panel panel;
+    QSignalSpy dismissals(&panel.model, &MenubarPanelViewModel::dismissRequested);
+    panel.model.openStatistics();
+    panel.model.openStatistics();
+    EXPECT_EQ(panel.navigation.path(), std::vector{PopoverRoute::stats});
+    panel.model.back();
+    EXPECT_FALSE(panel.model.showsStatistics());
+    EXPECT_EQ(dismissals.count(), 0);
+    panel.model.back();
+    EXPECT_EQ(dismissals.count(), 1);
+}
+
+}
+}

@@ -1,0 +1,171 @@
+#include "Fakes/FakeStatusItem.h"
+#include "Fakes/FakeViewHost.h"
+#include "Fakes/ServicesFixture.h"
+#include "MenuBar/StatusItemController.h"
+
+#include <gtest/gtest.h>
+#include <QtGui/QGuiApplication>
+#include <QtTest/QSignalSpy>
+
+namespace tomcatto {
+namespace {
+
+using namespace std::chrono_literals;
+
+struct Item : ServicesFixture
+{
+    FakeStatusItem item;
+    FakeViewHost viewHost;
+    ManualClickMonitor clicks;
+    MainWindowRouter router;
+    StatusItemController controller{dependencies, {item, viewHost, clicks}, router};
+
+    [[nodiscard]] QStringList enabledEntries() const
+    {
+        QStringList texts;
+        for (const TrayMenuEntry &entry : item.menu.entries) {
+            if (entry.action && entry.isEnabled)
+                texts.append(entry.text);
+        }
+        return texts;
+    }
+};
+
+TEST(StatusItemController, DrawsOncePerTurnAndNotWithoutChange)
+{
+    Item test;
+    EXPECT_EQ(test.item.shows, 1);
+    EXPECT_EQ(test.item.shown.toolTip, u"Tomcatto"_qs);
+    EXPECT_EQ(test.item.shown.accessibleText, u"Tomcatto, 25:00"_qs);
+    EXPECT_TRUE(test.item.shown.title.isEmpty());
+    const int width = test.item.shown.pill.width();
+    test.dependencies.stateMachine.start();
+    test.dependencies.stateMachine.pause();
+    EXPECT_EQ(test.item.shows, 1);
+    test.runLoop.drain();
+    EXPECT_EQ(test.item.shows, 2);
+    test.dependencies.settings.setSoundEnabled(false);
+    test.runLoop.drain();
+    EXPECT_EQ(test.item.shows, 2);
+    test.dependencies.settings.setMenuBarStyle(MenuBarStyle::iconOnly);
+    test.runLoop.drain();
+    EXPECT_LT(test.item.shown.pill.width(), width);
+    EXPECT_EQ(test.item.shown.toolTip, u"Tomcatto, 25:00"_qs) << "the time is nowhere else";
+}
+
+TEST(StatusItemController, DrawsWhatTheBarAsksFor)
+{
+    Item test;
+    test.item.givenForms = {{24, 48}, std::nullopt, true};
+    test.item.formsChanged();
+    ASSERT_EQ(test.item.shown.squareIcons.size(), 2U);
+    EXPECT_EQ(test.item.shown.squareIcons[1].width(), 48);
+    EXPECT_TRUE(test.item.shown.pill.isNull());
+    EXPECT_EQ(test.item.shown.toolTip, u"Tomcatto, 25:00"_qs) << "a square has no room for the time";
+    test.item.givenForms = {{}, 2.0, false};
+    test.item.formsChanged();
+    EXPECT_EQ(test.item.shown.pill.height(), 48);
+}
+
+TEST(StatusItemController, MenuFollowsTheTimerAndActs)
+{
+    Item test;
+    EXPECT_EQ(test.enabledEntries(), QStringList({u"Open panel"_qs, u"Start focus"_qs, u"Statistics"_qs, u"Settings"_qs,
+                                                  u"Show the time at the top edge"_qs, u"Quit Tomcatto"_qs}));
+    test.item.choose(TrayMenuAction::primary);
+    test.runLoop.drain();
+    EXPECT_TRUE(test.enabledEntries().contains(u"Pause"_qs));
+    EXPECT_TRUE(test.enabledEntries().contains(u"Skip this phase"_qs));
+    test.item.choose(TrayMenuAction::extend);
+    EXPECT_EQ(test.dependencies.stateMachine.currentPlannedSeconds(), 1800);
+    test.item.choose(TrayMenuAction::reset);
+    EXPECT_EQ(test.dependencies.stateMachine.currentPhase(), PomodoroPhase::idle);
+    QSignalSpy pages(&test.router, &MainWindowRouter::pageRequested);
+    test.item.choose(TrayMenuAction::settings);
+    EXPECT_EQ(pages.count(), 1);
+
+    test.item.choose(TrayMenuAction::togglePill);
+    EXPECT_TRUE(test.item.isPillWanted);
+    EXPECT_EQ(test.item.menu.entries.at(9).isChecked, true);
+    FakeStatusItem next;
+    const StatusItemController restarted(test.dependencies, {next, test.viewHost, test.clicks}, test.router);
+    EXPECT_TRUE(next.isPillWanted) << "kept over a restart";
+}
+
+TEST(StatusItemController, ANewLanguageRewordsItemAndMenu)
+{
+    Item test;
+    test.dependencies.stateMachine.start();
+    test.runLoop.drain();
+    test.dependencies.languageOverrideService.setLanguage(SelectedLanguage::de);
+    EXPECT_TRUE(test.enabledEntries().contains(u"Anhalten"_qs)) << test.enabledEntries().join(u", "_qs).toStdString();
+}
+
+TEST(StatusItemController, OpensAtTheItemAndLetsTheViewGoWhenClosed)
+{
+    Item test;
+    QStringList calls;
+    test.controller.setOnWillShow([&] { calls.append(u"show"_qs); });
+    test.controller.setOnDidClose([&] { calls.append(u"close"_qs); });
+    test.item.activate(QRect(400, 0, 60, 24));
+    ASSERT_EQ(test.viewHost.alive, 1);
+    EXPECT_EQ(test.viewHost.last.component, u"MenubarPanelView"_qs);
+    const auto windows = QGuiApplication::topLevelWindows();
+    ASSERT_EQ(windows.size(), 1);
+    EXPECT_EQ(windows.first()->geometry(), QRect(290, 28, 280, 460));
+    EXPECT_TRUE(windows.first()->flags().testFlag(Qt::FramelessWindowHint));
+
+    auto *model = test.viewHost.last.properties.value(u"viewModel"_qs).value<QObject *>();
+    QMetaObject::invokeMethod(model, "openStatistics");
+    EXPECT_EQ(windows.first()->geometry().size(), QSize(400, 560));
+    // From inside the view: it must outlive the call.
+    QMetaObject::invokeMethod(model, "back");
+    QMetaObject::invokeMethod(model, "back");
+    EXPECT_FALSE(test.controller.isPopoverShown());
+    EXPECT_EQ(test.viewHost.alive, 1);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(test.viewHost.alive, 0);
+    EXPECT_EQ(calls, QStringList({u"show"_qs, u"close"_qs}));
+
+    test.controller.showStatistics();
+    EXPECT_EQ(QGuiApplication::topLevelWindows().first()->size(), QSize(400, 560));
+    test.controller.closePopover();
+    test.controller.showPopover();
+    EXPECT_EQ(test.controller.isPopoverShown(), true);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(QGuiApplication::topLevelWindows().first()->size(), QSize(280, 460)) << "opens with the timer";
+}
+
+TEST(StatusItemController, AClickElsewhereClosesAndTheSameClickDoesNotReopen)
+{
+    Item test;
+    const QRect place(400, 0, 60, 24);
+    test.item.activate(place);
+    test.clicks.press(QPoint(300, 100));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(test.controller.isPopoverShown()) << "inside";
+    test.clicks.press(QPoint(410, 10));
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(test.controller.isPopoverShown());
+    test.pass(100ms);
+    test.item.activate(place);
+    EXPECT_FALSE(test.controller.isPopoverShown()) << "one click on the item only closes";
+    test.item.activate(place);
+    EXPECT_TRUE(test.controller.isPopoverShown());
+    test.item.activate(place);
+    EXPECT_FALSE(test.controller.isPopoverShown());
+}
+
+TEST(StatusItemController, AViewThatCannotBeMadeLeavesThePopoverClosed)
+{
+    Item test;
+    test.viewHost.isBroken = true;
+    int closed = 0;
+    test.controller.setOnDidClose([&] { ++closed; });
+    test.item.activate(std::nullopt);
+    EXPECT_FALSE(test.controller.isPopoverShown());
+    EXPECT_EQ(closed, 1);
+}
+
+}
+}

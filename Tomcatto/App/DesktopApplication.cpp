@@ -1,0 +1,89 @@
+#include "App/DesktopApplication.h"
+
+#include "App/ApplicationControl.h"
+#include "App/DesktopSurfaces.h"
+#include "App/PlatformAdapters.h"
+#include "Platform/Freedesktop/UnixProcessSignals.h"
+
+#include <QtGui/QGuiApplication>
+
+namespace tomcatto {
+
+namespace {
+
+void addDesktopCommands(CommandTable &commands, DesktopSurfaces &surfaces)
+{
+    commands.add(QStringLiteral("activate"), [](const auto &) {
+        return controlReply(ExitStatus::done,
+                            QStringLiteral("Tomcatto is already running. Open its panel with a click on its icon, or "
+                                           "with: tomcatto panel"));
+    });
+    commands.add(QStringLiteral("panel"), [&surfaces](const auto &) {
+        surfaces.showPanel();
+        return ControlReply{};
+    });
+    commands.add(QStringLiteral("preview"), [&surfaces](const nlohmann::ordered_json &arguments) {
+        const auto id = arguments.find("id");
+        const bool isText = id != arguments.end() && id->is_string();
+        if (surfaces.previewVideo(isText ? QString::fromStdString(id->get<std::string>()) : QString()))
+            return ControlReply{};
+        return controlReply(
+            ExitStatus::notApplicable,
+            QStringLiteral("There is no such video, or its file is gone; `tomcatto videos list` shows all"));
+    });
+    commands.add(QStringLiteral("window"), [&surfaces](const nlohmann::ordered_json &arguments) {
+        const auto page = arguments.find("page");
+        const bool isText = page != arguments.end() && page->is_string();
+        const QString name = isText ? QString::fromStdString(page->get<std::string>()) : QString();
+        if (surfaces.openWindow(name))
+            return ControlReply{};
+        return controlReply(ExitStatus::usage,
+                            QStringLiteral("There is no page \"%1\"; there are timer, general, videos, statistics, "
+                                           "permissions and about")
+                                .arg(name));
+    });
+}
+
+}
+
+DesktopApplication::DesktopApplication(const Invocation &invocation, ProgramStart &program)
+    : m_invocation(invocation)
+    , m_program(program)
+{
+}
+
+int DesktopApplication::run()
+{
+    if (m_program.instanceLock().tryTake() == InstanceLockResult::held)
+        return static_cast<int>(m_program.runner().activateRunning());
+    const int status = runHoldingLock();
+    m_program.instanceLock().release();
+    return status;
+}
+
+int DesktopApplication::runHoldingLock()
+{
+    m_program.log().setStandardErrorLevel(LogLevel::debug);
+    UnixProcessSignals processSignals;
+    PlatformAdapters adapters(m_program.directories(), m_invocation.argumentDomain);
+    AppDependencies dependencies(adapters.services());
+    AppDelegate delegate(dependencies);
+    const auto quit = [] { QCoreApplication::quit(); };
+    ApplicationControl control(dependencies, delegate, m_program.directories().controlSocket(), quit);
+    if (control.listen() == ControlServer::ListenResult::taken)
+        return static_cast<int>(m_program.runner().activateRunning());
+    DesktopSurfaces surfaces(dependencies, quit);
+    addDesktopCommands(control.commands(), surfaces);
+    const Cancellable termination = processSignals.onTerminationRequest(quit);
+    // The end of the session is a normal end; the running phase is on disk before the session goes.
+    QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, &delegate,
+                     [&delegate] { delegate.applicationWillTerminate(); });
+    QGuiApplication::setQuitOnLastWindowClosed(AppDelegate::applicationShouldTerminateAfterLastWindowClosed());
+    delegate.applicationWillFinishLaunching({m_invocation.isBackground, m_invocation.isUiTest});
+    delegate.applicationDidFinishLaunching(surfaces);
+    const int status = QCoreApplication::exec();
+    delegate.applicationWillTerminate();
+    return status;
+}
+
+}

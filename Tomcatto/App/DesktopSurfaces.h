@@ -1,0 +1,105 @@
+#pragma once
+
+#include "App/ApplicationSurfaces.h"
+#include "BreakOverlay/BreakOverlayController.h"
+#include "BreakOverlay/BreakOverlayWindows.h"
+#include "BreakOverlay/BreakPreviewController.h"
+#include "Composition/AppDependencies.h"
+#include "MainWindow/AboutPageViewModel.h"
+#include "MainWindow/AppMenuCommands.h"
+#include "MainWindow/GeneralPageViewModel.h"
+#include "MainWindow/MainWindowController.h"
+#include "MainWindow/MainWindowViewModel.h"
+#include "MainWindow/OnboardingController.h"
+#include "MainWindow/OnboardingViewModel.h"
+#include "MainWindow/PermissionsPageViewModel.h"
+#include "MainWindow/TimerPageViewModel.h"
+#include "MainWindow/VideosPageViewModel.h"
+#include "MenuBar/StatusItemController.h"
+#include "Platform/FreedesktopDesktop/AutostartLoginItem.h"
+#include "Platform/FreedesktopDesktop/DesktopAppearance.h"
+#include "Platform/FreedesktopDesktop/DesktopSystemSettings.h"
+#include "Platform/FreedesktopDesktop/FreedesktopNotificationProbe.h"
+#include "Platform/Overlay/ApplicationKeyMonitor.h"
+#include "Platform/Overlay/DesktopScreens.h"
+#include "Platform/Widgets/MessageBoxAlert.h"
+#include "Platform/Widgets/PluginViewHost.h"
+#include "Platform/Widgets/StatusItemSwitch.h"
+#include "Platform/X11/X11ClickMonitor.h"
+#include "Platform/X11/X11TaskbarPresence.h"
+#include "QuillbayKit/NotificationAuthorization.h"
+#include "SystemIntegration/ActivationPolicy.h"
+#include "SystemIntegration/LaunchAtLoginService.h"
+
+namespace tomcatto {
+
+/// Everything that is seen of the application on a desktop, over that desktop's adapters. Main thread only.
+class DesktopSurfaces final : public QObject, public ApplicationSurfaces
+{
+    Q_OBJECT
+
+public:
+    /// @param quit ends the main loop.
+    DesktopSurfaces(AppDependencies &dependencies, std::function<void()> quit, QObject *parent = nullptr);
+    ~DesktopSurfaces() override;
+
+    void prepare() override;
+    void readLoginItem() override;
+    void install() override;
+    void revealPopover() override;
+    void showOnboardingIfNeeded() override;
+
+    /// Opens the panel, as the status item does.
+    void showPanel();
+    /// Opens the main window. @param page raw text of a page; the last one where it is empty. @return whether there is
+    /// such a page
+    [[nodiscard]] bool openWindow(const QString &page);
+    /// Opens the preview of a break with one of the user's videos, or with the next one where the id is empty.
+    /// @return whether there is such a video
+    [[nodiscard]] bool previewVideo(const QString &id);
+
+private:
+    void applyTheme();
+    void updateCapabilities();
+    void connectPages();
+    [[nodiscard]] BreakVideoSource overlayVideos();
+    void previewFile(const QUrl &file);
+    void chooseVideos(const QString &title, const QStringList &filters);
+
+    AppDependencies &m_dependencies;
+    std::function<void()> m_quit;
+
+    DesktopAppearance m_appearance;
+    X11TaskbarPresence m_taskbarPresence;
+    MessageBoxAlert m_alert;
+    DesktopSystemSettings m_systemSettings;
+    AutostartLoginItem m_loginItem;
+    FreedesktopNotificationProbe m_notificationProbe;
+    X11ClickMonitor m_clickMonitor;
+    DesktopScreens m_screens;
+    ApplicationKeyMonitor m_keyMonitor;
+    PluginViewHost m_viewHost;
+    StatusItemSwitch m_statusItem;
+
+    ActivationPolicy m_activationPolicy;
+    quillbay::NotificationAuthorization m_notificationAuthorization;
+    LaunchAtLoginService m_launchAtLoginService;
+    MainWindowRouter m_mainWindowRouter;
+
+    TimerPageViewModel m_timerPage;
+    GeneralPageViewModel m_generalPage;
+    VideosPageViewModel m_videosPage;
+    PermissionsPageViewModel m_permissionsPage;
+    AboutPageViewModel m_aboutPage;
+    MainWindowViewModel m_mainWindowModel;
+    OnboardingViewModel m_onboardingModel;
+
+    BreakOverlayWindows m_overlayWindows;
+    BreakPreviewController m_breakPreviewController;
+    std::unique_ptr<StatusItemController> m_statusItemController;
+    std::unique_ptr<BreakOverlayController> m_breakOverlayController;
+    std::unique_ptr<MainWindowController> m_mainWindowController;
+    std::unique_ptr<OnboardingController> m_onboardingController;
+};
+
+}

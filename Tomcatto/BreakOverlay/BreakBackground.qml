@@ -1,0 +1,68 @@
+import QtQuick
+import Tomcatto.Appearance
+import Tomcatto.BreakOverlay
+
+/// From back to front: plain ground with the mark, the still picture, the video. Each shows while what is above it does
+/// not, so nothing ever waits for a video and a broken one leaves what was there.
+Item {
+    id: background
+
+    required property real unit
+    required property url videoUrl
+    required property url posterUrl
+    required property bool isMuted
+    /// Loads what playing takes before there is anything to play.
+    property bool isWarmUp: false
+    signal failed(string reason)
+
+    Rectangle {
+        anchors.fill: parent
+        color: OverlayStyle.ground
+    }
+    Logo {
+        anchors.centerIn: parent
+        visible: poster.status !== Image.Ready && !(player.item?.hasFrame ?? false)
+        variant: Logo.Mono
+        size: Math.round(320 * background.unit)
+        color: OverlayStyle.logo
+    }
+    Image {
+        id: poster
+
+        anchors.fill: parent
+        visible: !(player.item?.hasFrame ?? false)
+        source: background.posterUrl
+        asynchronous: true
+        // Decoded no larger than it is shown.
+        sourceSize.height: background.height
+        fillMode: Image.PreserveAspectCrop
+        Accessible.ignored: true
+    }
+    Loader {
+        id: player
+
+        function load() {
+            setSource(Qt.resolvedUrl("VideoPlayerView.qml"), {
+                "videoUrl": background.videoUrl,
+                "isMuted": Qt.binding(() => background.isMuted),
+                "isStill": Qt.binding(() => Theme.reducedMotion)
+            })
+        }
+
+        readonly property bool isWanted: background.isWarmUp || String(background.videoUrl).length > 0
+
+        anchors.fill: parent
+        onIsWantedChanged: if (isWanted)
+            load()
+        Component.onCompleted: if (isWanted)
+            load()
+    }
+    Connections {
+        target: player.item
+        ignoreUnknownSignals: true
+
+        function onFailed(reason: string) {
+            background.failed(reason)
+        }
+    }
+}

@@ -1,0 +1,128 @@
+#include "BreakOverlay/BreakOverlayController.h"
+
+#include <QtCore/QPointer>
+#include <utility>
+
+namespace tomcatto {
+
+BreakOverlayController::BreakOverlayController(PomodoroStateMachine &stateMachine, const PomodoroTimer &timer,
+                                               const PomodoroSettings &settings, MainRunLoop &runLoop, Screens &screens,
+                                               KeyMonitor &keyMonitor, OverlayWindows &overlayWindows, QObject *parent)
+    : QObject(parent)
+    , m_stateMachine(stateMachine)
+    , m_timer(timer)
+    , m_settings(settings)
+    , m_runLoop(runLoop)
+    , m_screens(screens)
+    , m_keys(keyMonitor)
+    , m_overlayWindows(overlayWindows)
+{
+    connect(&m_stateMachine, &PomodoroStateMachine::transitioned, this, [this](const PhaseTransition &transition) {
+        deliver([this, current = transition.current] { phaseChanged(current); });
+    });
+    connect(&m_stateMachine, &PomodoroStateMachine::isPhasePendingChanged, this, [this](bool isPending) {
+        if (std::exchange(m_isPending, isPending) != isPending)
+            deliver([this, isPending] { pendingChanged(isPending); });
+    });
+    m_screensCancellable = m_screens.onChanged([this] { deliver([this] { screensChanged(); }); });
+    connect(&m_timer, &PomodoroTimer::remainingSecondsChanged, this, &BreakOverlayController::updateWarmth);
+    connect(&m_stateMachine, &PomodoroStateMachine::isPausedChanged, this, &BreakOverlayController::updateWarmth);
+}
+
+void BreakOverlayController::deliver(std::function<void()> handler)
+{
+    m_runLoop.async([self = QPointer(this), handler = std::move(handler)] {
+        if (self)
+            handler();
+    });
+}
+
+void BreakOverlayController::phaseChanged(PomodoroPhase current)
+{
+    if (!isBreak(current) || (m_stateMachine.isPhasePending() && isAnnouncedOtherwise()))
+        hide();
+    else
+        show(current);
+    m_warmth.cancel();
+}
+
+bool BreakOverlayController::isAnnouncedOtherwise() const
+{
+    return m_settings.notificationsEnabled() || m_settings.soundEnabled();
+}
+
+void BreakOverlayController::pendingChanged(bool isPending)
+{
+    const PomodoroPhase current = m_stateMachine.currentPhase();
+    if (isPending) {
+        m_pendingPhase = current;
+        return;
+    }
+    const auto waited = std::exchange(m_pendingPhase, std::nullopt);
+    if (waited == current && !isShown() && !m_stateMachine.isPhasePending())
+        show(current);
+}
+
+void BreakOverlayController::screensChanged()
+{
+    if (isShown())
+        buildWindows();
+}
+
+void BreakOverlayController::show(PomodoroPhase phase)
+{
+    if (isBreak(phase))
+        buildWindows();
+}
+
+void BreakOverlayController::hide()
+{
+    m_windows.clear();
+    m_keyMonitor.cancel();
+}
+
+void BreakOverlayController::buildWindows()
+{
+    m_windows.clear();
+    OverlayWindow *main = nullptr;
+    for (const Screen &screen : m_screens.screens()) {
+        auto window = m_overlayWindows.make(screen);
+        if (!window)
+            continue;
+        window->makeKey();
+        if (screen.isMain)
+            main = window.get();
+        m_windows.push_back(std::move(window));
+    }
+    if (main)
+        main->makeKey();
+    if (m_windows.empty())
+        m_keyMonitor.cancel();
+    else if (!m_keyMonitor.isActive())
+        m_keyMonitor = m_keys.onKeyDown([this](const KeyPress &press) { return keyPressed(press); });
+}
+
+bool BreakOverlayController::keyPressed(const KeyPress &press)
+{
+    if (press.key != Qt::Key_Escape)
+        return false;
+    hide();
+    m_stateMachine.skip();
+    return true;
+}
+
+void BreakOverlayController::updateWarmth()
+{
+    // What a break was warmed for is let go once the break is shown.
+    if (m_stateMachine.currentPhase() != PomodoroPhase::working)
+        return;
+    const bool willShow = (m_settings.autoStartBreaks() && !m_settings.overflowEnabled()) || !isAnnouncedOtherwise();
+    const bool ends = m_timer.remainingSeconds() <= warmingSeconds && m_timer.remainingSeconds() > 0;
+    const bool isSoon = ends && !m_stateMachine.isPaused() && !m_timer.allowsOverflow();
+    if (!isSoon || !willShow)
+        m_warmth.cancel();
+    else if (!m_warmth.isActive())
+        m_warmth = m_overlayWindows.warm();
+}
+
+}

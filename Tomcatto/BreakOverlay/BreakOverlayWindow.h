@@ -1,0 +1,41 @@
+#pragma once
+
+#include "BreakOverlay/BreakContentModel.h"
+#include "BreakOverlay/OverlayWindows.h"
+#include "Platform/Ports/ViewHost.h"
+
+namespace tomcatto {
+
+class BreakOverlayWindows;
+
+/// Lets an object go in the order of the event loop, after what was posted before.
+struct DeleteLater
+{
+    void operator()(QObject *object) const { object->deleteLater(); }
+};
+
+/// A view and what it shows. Destroyed from the last to the first: the view before its model, which bindings may still
+/// read until the view's window is gone in a later turn of the event loop.
+struct OverlayView
+{
+    std::unique_ptr<BreakContentModel, DeleteLater> model;
+    std::unique_ptr<HostedView> view;
+};
+
+/// One window of the break overlay over one screen. Main thread only.
+class BreakOverlayWindow final : public OverlayWindow
+{
+public:
+    /// Shows the view over the screen. @param owner takes the view when the window closes
+    BreakOverlayWindow(OverlayView contents, const Screen &screen, Screens &screens, BreakOverlayWindows &owner);
+    ~BreakOverlayWindow() override;
+
+    void makeKey() override;
+
+private:
+    OverlayView m_contents;
+    Screens &m_screens;
+    BreakOverlayWindows &m_owner;
+};
+
+}

@@ -1,0 +1,81 @@
+#include "BreakOverlay/BreakOverlayWindows.h"
+
+#include <QtCore/QPointer>
+#include <QtCore/QPropertyAnimation>
+#include <QtGui/QWindow>
+
+namespace tomcatto {
+
+BreakOverlayWindows::BreakOverlayWindows(const BreakOverlayServices &services, LocalizedStrings &strings,
+                                         ViewHost &viewHost, Screens &screens, MainRunLoop &runLoop,
+                                         BreakVideoSource videos, QObject *parent)
+    : QObject(parent)
+    , m_services(services)
+    , m_strings(strings)
+    , m_viewHost(viewHost)
+    , m_screens(screens)
+    , m_runLoop(runLoop)
+    , m_videos(std::move(videos))
+{
+}
+
+OverlayView BreakOverlayWindows::makeView(const QString &component, bool isMuted)
+{
+    OverlayView contents;
+    // Owned by this object as well: at the end of the process no later turn comes.
+    contents.model.reset(new BreakOverlayModel(m_services, m_videos, isMuted, this));
+    contents.view =
+        m_viewHost.create({QStringLiteral("Tomcatto.BreakOverlay"),
+                           component,
+                           {{QStringLiteral("strings"), QVariant::fromValue<QObject *>(&m_strings)},
+                            {QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(contents.model.get())}}});
+    return contents;
+}
+
+std::unique_ptr<OverlayWindow> BreakOverlayWindows::make(const Screen &screen)
+{
+    // One video is heard, that of the main screen, until the user turns on another.
+    OverlayView contents = makeView(QStringLiteral("BreakOverlayView"), !screen.isMain);
+    if (!contents.view)
+        return nullptr;
+    ++m_openWindows;
+    return std::make_unique<BreakOverlayWindow>(std::move(contents), screen, m_screens, *this);
+}
+
+Cancellable BreakOverlayWindows::warm()
+{
+    const auto warm = std::make_shared<OverlayView>(makeView(QStringLiteral("BreakOverlayWarmUp"), true));
+    return Cancellable([warm] {});
+}
+
+void BreakOverlayWindows::retire(OverlayView contents)
+{
+    m_leaving.push_back(std::move(contents));
+    const auto leaving = std::prev(m_leaving.end());
+    QWindow &window = leaving->view->window();
+    window.setProperty("isLeaving", true);
+    if (m_screens.canFade() && window.isVisible()) {
+        qDeleteAll(window.findChildren<QPropertyAnimation *>(Qt::FindDirectChildrenOnly));
+        auto *fade = new QPropertyAnimation(&window, "opacity", &window);
+        fade->setDuration(window.property("outTime").toInt());
+        fade->setEasingCurve(QEasingCurve::OutQuad);
+        fade->setEndValue(0.0);
+        connect(fade, &QAbstractAnimation::finished, this, [this, leaving] { finish(leaving); });
+        fade->start();
+    } else {
+        finish(leaving);
+    }
+    if (--m_openWindows == 0 && m_videos.finished)
+        m_videos.finished();
+}
+
+void BreakOverlayWindows::finish(Leaving::iterator leaving)
+{
+    leaving->view->window().hide();
+    m_runLoop.async([self = QPointer(this), leaving] {
+        if (self)
+            self->m_leaving.erase(leaving);
+    });
+}
+
+}

@@ -1,0 +1,6 @@
+import Tomcatto.BreakOverlay
+
+/// Makes the break longer.
+OverlayButton {
+    objectName: "break.extend.button"
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+
+namespace tomcatto {
+
+/// How far the desktop goes along with something.
+enum class DesktopSupport : std::uint8_t {
+    full,
+    /// It works, with a difference that the permissions page names.
+    limited,
+    none
+};
+
+/// Whether keys can be taken while another application is in front.
+enum class HotKeySupport : std::uint8_t {
+    /// This version does not offer it yet.
+    later,
+    works,
+    /// The desktop asks the user first, and has not done so.
+    notAsked,
+    none
+};
+
+/// What this desktop can do for the application, as the application found out at start.
+struct DesktopCapabilities
+{
+    /// Whether there is a tray; without one a small window at the top edge takes the icon's place (`none`), which on
+    /// some desktops stands where they want it (`limited`).
+    DesktopSupport tray = DesktopSupport::full;
+    /// Whether the break may cover the whole screen, panels included; never `none`.
+    DesktopSupport overlay = DesktopSupport::full;
+    HotKeySupport hotKeys = HotKeySupport::later;
+    /// Whether the whole pill is seen, in a menu bar or a small window, and not a square tray icon.
+    bool showsPill = false;
+
+    bool operator==(const DesktopCapabilities &) const = default;
+};
+
+}

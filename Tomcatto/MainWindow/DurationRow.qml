@@ -1,0 +1,62 @@
+import QtQuick
+import Tomcatto.Appearance
+
+/// The length of one phase, by slider and by stepper. Both count whole minutes; a length in seconds stays until one of
+/// them is moved.
+ControlRow {
+    id: row
+
+    property int minutes: 1
+    property string valueText
+    property string lessText
+    property string moreText
+
+    signal chosen(int minutes)
+
+    function focusControl() {
+        slider.forceActiveFocus(Qt.TabFocusReason)
+    }
+
+    DurationSlider {
+        id: slider
+
+        anchors.verticalCenter: parent.verticalCenter
+        width: Math.min(220, row.controlRoom - stepper.implicitWidth - 32)
+        value: row.minutes
+        phase: row.dot
+        name: row.title
+        valueText: row.valueText
+        onMoved: {
+            row.chosen(value)
+            value = Qt.binding(() => row.minutes)
+        }
+    }
+    Item {
+        width: 8
+        height: 1
+    }
+    Stepper {
+        id: stepper
+
+        anchors.verticalCenter: parent.verticalCenter
+        implicitWidth: 64 + Math.max(Math.round(66 * Theme.textScale), textMetrics.advanceWidth + 20)
+        from: 1
+        to: 180
+        value: row.minutes
+        text: row.valueText
+        name: row.title
+        decreaseName: row.lessText
+        increaseName: row.moreText
+        onModified: {
+            row.chosen(value)
+            value = Qt.binding(() => row.minutes)
+        }
+
+        TextMetrics {
+            id: textMetrics
+
+            font: Theme.font("section", Theme.textScale)
+            text: row.valueText
+        }
+    }
+}

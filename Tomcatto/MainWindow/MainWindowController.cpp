@@ -1,0 +1,85 @@
+#include "MainWindow/MainWindowController.h"
+
+#include <QtGui/QWindow>
+
+namespace tomcatto {
+
+MainWindowController::MainWindowController(ViewHost &viewHost, MainWindowRouter &router,
+                                           ActivationPolicy &activationPolicy, MainWindowViewModel &viewModel,
+                                           LocalizedStrings &strings, QObject *parent)
+    : QObject(parent)
+    , m_viewHost(viewHost)
+    , m_router(router)
+    , m_activationPolicy(activationPolicy)
+    , m_viewModel(viewModel)
+    , m_strings(strings)
+{
+    connect(&router, &MainWindowRouter::pageRequested, this, [this](MainWindowPage page) {
+        m_viewModel.show(page);
+        openWindow();
+    });
+    connect(&viewModel, &MainWindowViewModel::pageChanged, this,
+            [this] { m_router.setCurrentPage(m_viewModel.currentPage()); });
+    connect(&viewModel, &MainWindowViewModel::closeRequested, this, &MainWindowController::closeWindow);
+}
+
+MainWindowController::~MainWindowController() = default;
+
+void MainWindowController::openWindow()
+{
+    if (!m_view && !makeView())
+        return;
+    QWindow &window = m_view->window();
+    if (window.windowStates().testFlag(Qt::WindowMinimized))
+        window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.requestActivate();
+}
+
+bool MainWindowController::makeView()
+{
+    m_view = m_viewHost.create({QStringLiteral("Tomcatto.MainWindow"),
+                                QStringLiteral("MainWindow"),
+                                {{QStringLiteral("strings"), QVariant::fromValue<QObject *>(&m_strings)},
+                                 {QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(&m_viewModel)}}});
+    if (m_view)
+        observe(m_view->window());
+    return m_view != nullptr;
+}
+
+void MainWindowController::observe(QWindow &window)
+{
+    connect(&window, &QWindow::activeChanged, this, &MainWindowController::becameActive);
+    // Queued: the window is let go after its signal has been delivered.
+    connect(
+        &window, &QWindow::visibleChanged, this,
+        [this](bool isVisible) {
+            if (!isVisible)
+                closed();
+        },
+        Qt::QueuedConnection);
+}
+
+void MainWindowController::becameActive()
+{
+    if (m_view && m_view->window().isActive() && !m_dockHold.isActive())
+        m_dockHold = m_activationPolicy.hold();
+}
+
+void MainWindowController::closeWindow()
+{
+    if (m_view)
+        m_view->window().close();
+}
+
+void MainWindowController::closed()
+{
+    // It may have been opened again before this was delivered.
+    if (!m_view || m_view->window().isVisible())
+        return;
+    m_view.reset();
+    m_dockHold.cancel();
+}
+
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "MainWindow/MainWindowViewModel.h"
+#include "Navigation/MainWindowRouter.h"
+#include "Platform/Ports/ViewHost.h"
+#include "SystemIntegration/ActivationPolicy.h"
+
+namespace tomcatto {
+
+/// Opens the main window when the router asks, lets it go when it is closed, and makes the application an ordinary one
+/// from the moment the window becomes active until it closes. Closing it quits nothing. Main thread only.
+class MainWindowController final : public QObject
+{
+    Q_OBJECT
+
+public:
+    MainWindowController(ViewHost &viewHost, MainWindowRouter &router, ActivationPolicy &activationPolicy,
+                         MainWindowViewModel &viewModel, LocalizedStrings &strings, QObject *parent = nullptr);
+    ~MainWindowController() override;
+
+    /// Opens the window on the page it showed last, or brings it to the front.
+    void openWindow();
+    /// Closes the window if it is open.
+    void closeWindow();
+    [[nodiscard]] bool isOpen() const noexcept { return m_view != nullptr; }
+    /// Whether the window keeps the application among the ordinary ones.
+    [[nodiscard]] bool mainWindowHoldsDock() const noexcept { return m_dockHold.isActive(); }
+
+private:
+    bool makeView();
+    void observe(QWindow &window);
+    void becameActive();
+    void closed();
+
+    ViewHost &m_viewHost;
+    MainWindowRouter &m_router;
+    ActivationPolicy &m_activationPolicy;
+    MainWindowViewModel &m_viewModel;
+    LocalizedStrings &m_strings;
+    std::unique_ptr<HostedView> m_view;
+    Cancellable m_dockHold;
+};
+
+}

@@ -1,0 +1,94 @@
+#include "MainWindow/MainWindowViewModel.h"
+
+namespace tomcatto {
+
+namespace {
+
+QString symbolName(MainWindowPage page)
+{
+    switch (page) {
+    case MainWindowPage::timer:
+        return QStringLiteral("timer");
+    case MainWindowPage::general:
+        return QStringLiteral("sliders");
+    case MainWindowPage::videos:
+        return QStringLiteral("play.rectangle");
+    case MainWindowPage::statistics:
+        return QStringLiteral("chart.bar");
+    case MainWindowPage::permissions:
+        return QStringLiteral("shield");
+    case MainWindowPage::about:
+        return QStringLiteral("info");
+    }
+    return {};
+}
+
+}
+
+MainWindowViewModel::MainWindowViewModel(const Pages &pages, const LocalizedStrings &strings, QObject *parent)
+    : QObject(parent)
+    , m_models(pages)
+    , m_strings(strings)
+{
+    connect(&strings, &LocalizedStrings::changed, this, &MainWindowViewModel::changed);
+    connect(&pages.permissions, &PermissionsPageViewModel::generalRequested, this,
+            [this] { show(MainWindowPage::general); });
+}
+
+QVariantList MainWindowViewModel::pages() const
+{
+    QVariantList list;
+    for (const MainWindowPage page : mainWindowPages) {
+        const QString id = rawValue(page);
+        list.append(QVariantMap{{QStringLiteral("id"), id},
+                                {QStringLiteral("title"), m_strings.text(QStringLiteral("window.page.") + id)},
+                                {QStringLiteral("symbol"), symbolName(page)}});
+    }
+    return list;
+}
+
+void MainWindowViewModel::show(MainWindowPage page)
+{
+    const bool isNew = page != m_page;
+    m_page = page;
+    refreshPage();
+    if (isNew)
+        Q_EMIT pageChanged();
+}
+
+void MainWindowViewModel::refreshPage()
+{
+    switch (m_page) {
+    case MainWindowPage::general:
+        m_models.general.refresh();
+        break;
+    case MainWindowPage::permissions:
+        m_models.permissions.refresh();
+        break;
+    case MainWindowPage::about:
+        m_models.about.refresh();
+        break;
+    case MainWindowPage::timer:
+    case MainWindowPage::videos:
+    case MainWindowPage::statistics:
+        break;
+    }
+}
+
+void MainWindowViewModel::showPage(const QString &id)
+{
+    if (const auto page = mainWindowPageFromRawValue(id))
+        show(*page);
+}
+
+void MainWindowViewModel::closeWindow()
+{
+    Q_EMIT closeRequested();
+}
+
+void MainWindowViewModel::quit()
+{
+    Q_EMIT quitRequested();
+}
+
+}

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "Localization/LocalizedStrings.h"
+#include "MainWindow/AboutPageViewModel.h"
+#include "MainWindow/GeneralPageViewModel.h"
+#include "MainWindow/PermissionsPageViewModel.h"
+#include "MainWindow/TimerPageViewModel.h"
+#include "MainWindow/VideosPageViewModel.h"
+#include "Navigation/MainWindowPage.h"
+
+#include <QtCore/QVariantList>
+
+namespace tomcatto {
+
+/// The main window: its pages and which of them is shown. Main thread only; the page models outlive it.
+class MainWindowViewModel final : public QObject
+{
+    Q_OBJECT
+    /// The sidebar: id, title, symbol.
+    Q_PROPERTY(QVariantList pages READ pages NOTIFY changed FINAL)
+    /// The id of the page shown.
+    Q_PROPERTY(QString page READ page NOTIFY pageChanged FINAL)
+    Q_PROPERTY(QObject *timer READ timer CONSTANT FINAL)
+    Q_PROPERTY(QObject *general READ general CONSTANT FINAL)
+    Q_PROPERTY(QObject *videos READ videos CONSTANT FINAL)
+    Q_PROPERTY(QObject *permissions READ permissions CONSTANT FINAL)
+    Q_PROPERTY(QObject *about READ about CONSTANT FINAL)
+
+public:
+    struct Pages
+    {
+        TimerPageViewModel &timer;
+        GeneralPageViewModel &general;
+        VideosPageViewModel &videos;
+        PermissionsPageViewModel &permissions;
+        AboutPageViewModel &about;
+    };
+
+    MainWindowViewModel(const Pages &pages, const LocalizedStrings &strings, QObject *parent = nullptr);
+
+    [[nodiscard]] QVariantList pages() const;
+    [[nodiscard]] QString page() const { return rawValue(m_page); }
+    [[nodiscard]] MainWindowPage currentPage() const noexcept { return m_page; }
+    [[nodiscard]] QObject *timer() const { return &m_models.timer; }
+    [[nodiscard]] QObject *general() const { return &m_models.general; }
+    [[nodiscard]] QObject *videos() const { return &m_models.videos; }
+    [[nodiscard]] QObject *permissions() const { return &m_models.permissions; }
+    [[nodiscard]] QObject *about() const { return &m_models.about; }
+
+    /// Shows a page; it reads anew what others may have changed.
+    void show(MainWindowPage page);
+
+    /// Shows the page with that id; other texts do nothing.
+    Q_INVOKABLE void showPage(const QString &id);
+    /// Asks for the window to be closed.
+    Q_INVOKABLE void closeWindow();
+    /// Asks for the end of the application.
+    Q_INVOKABLE void quit();
+
+Q_SIGNALS:
+    void changed();
+    void pageChanged();
+    void closeRequested();
+    void quitRequested();
+
+private:
+    void refreshPage();
+
+    Pages m_models;
+    const LocalizedStrings &m_strings;
+    MainWindowPage m_page = MainWindowPage::timer;
+};
+
+}

@@ -1,0 +1,74 @@
+#include "MainWindow/OnboardingController.h"
+
+#include <QtGui/QWindow>
+
+namespace tomcatto {
+
+OnboardingController::OnboardingController(ViewHost &viewHost, PomodoroSettings &settings,
+                                           PomodoroStateMachine &stateMachine, OnboardingViewModel &viewModel,
+                                           LocalizedStrings &strings, QObject *parent)
+    : QObject(parent)
+    , m_viewHost(viewHost)
+    , m_settings(settings)
+    , m_stateMachine(stateMachine)
+    , m_viewModel(viewModel)
+    , m_strings(strings)
+{
+    connect(&viewModel, &OnboardingViewModel::finished, this, &OnboardingController::finish);
+}
+
+OnboardingController::~OnboardingController() = default;
+
+void OnboardingController::showIfNeeded()
+{
+    if (!m_settings.hasCompletedOnboarding())
+        show();
+}
+
+void OnboardingController::reset()
+{
+    m_settings.setHasCompletedOnboarding(false);
+    Q_EMIT wasReset();
+    show();
+}
+
+void OnboardingController::show()
+{
+    m_viewModel.restart();
+    if (!m_view) {
+        m_view = m_viewHost.create({QStringLiteral("Tomcatto.MainWindow"),
+                                    QStringLiteral("OnboardingWindow"),
+                                    {{QStringLiteral("strings"), QVariant::fromValue<QObject *>(&m_strings)},
+                                     {QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(&m_viewModel)}}});
+        if (!m_view)
+            return;
+        // The window is let go after its signal has been delivered.
+        connect(
+            &m_view->window(), &QWindow::visibleChanged, this,
+            [this](bool isVisible) {
+                if (!isVisible)
+                    close();
+            },
+            Qt::QueuedConnection);
+    }
+    m_view->window().show();
+    m_view->window().raise();
+    m_view->window().requestActivate();
+}
+
+void OnboardingController::close()
+{
+    if (m_view && !m_view->window().isVisible())
+        m_view.reset();
+}
+
+void OnboardingController::finish()
+{
+    m_settings.setHasCompletedOnboarding(true);
+    m_stateMachine.start();
+    if (m_view)
+        m_view->window().hide();
+    Q_EMIT completed();
+}
+
+}

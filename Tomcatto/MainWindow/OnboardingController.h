@@ -1,0 +1,48 @@
+#pragma once
+
+#include "MainWindow/OnboardingViewModel.h"
+#include "Platform/Ports/ViewHost.h"
+#include "Timer/PomodoroStateMachine.h"
+
+namespace tomcatto {
+
+/// The names of what onboarding announces.
+inline const QString onboardingCompletedNotification = QStringLiteral("studio.quillbay.Tomcatto.onboarding.completed");
+inline const QString onboardingResetNotification = QStringLiteral("studio.quillbay.Tomcatto.onboarding.reset");
+
+/// Shows onboarding until it was completed once. Closing its window leaves it for the next start. Main thread only.
+class OnboardingController final : public QObject
+{
+    Q_OBJECT
+
+public:
+    OnboardingController(ViewHost &viewHost, PomodoroSettings &settings, PomodoroStateMachine &stateMachine,
+                         OnboardingViewModel &viewModel, LocalizedStrings &strings, QObject *parent = nullptr);
+    ~OnboardingController() override;
+
+    /// Shows the window unless onboarding was completed.
+    void showIfNeeded();
+    /// Forgets that onboarding was completed and shows it again.
+    void reset();
+    [[nodiscard]] bool isShown() const noexcept { return m_view != nullptr; }
+
+Q_SIGNALS:
+    /// Posted as `onboardingCompletedNotification`, when the setting holds it already.
+    void completed();
+    /// Posted as `onboardingResetNotification`.
+    void wasReset();
+
+private:
+    void show();
+    void close();
+    void finish();
+
+    ViewHost &m_viewHost;
+    PomodoroSettings &m_settings;
+    PomodoroStateMachine &m_stateMachine;
+    OnboardingViewModel &m_viewModel;
+    LocalizedStrings &m_strings;
+    std::unique_ptr<HostedView> m_view;
+};
+
+}

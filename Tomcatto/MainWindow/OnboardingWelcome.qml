@@ -1,0 +1,44 @@
+import QtQuick
+import Tomcatto.Appearance
+
+/// The first step: what it is, with the cat.
+Item {
+    id: step
+
+    required property string title
+    required property string text
+
+    implicitHeight: heading.y + heading.implicitHeight + 16
+
+    Image {
+        width: step.width
+        height: 262
+        source: "qrc:/tomcatto/onboarding/onboarding-rain.jpg"
+        fillMode: Image.PreserveAspectCrop
+        smooth: true
+        Accessible.ignored: true
+    }
+    Rectangle {
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: 218
+        width: 88
+        height: 88
+        radius: 22
+        color: Theme.paper
+
+        Logo {
+            anchors.centerIn: parent
+            size: 90
+            variant: Logo.Plate
+        }
+    }
+    OnboardingHeading {
+        id: heading
+
+        x: 40
+        y: 313
+        width: step.width - 80
+        title: step.title
+        text: step.text
+    }
+}

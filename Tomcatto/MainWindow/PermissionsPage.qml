@@ -1,0 +1,75 @@
+import QtQuick
+import Tomcatto.Appearance
+
+/// What the system allows and what this desktop can do.
+ScrollPage {
+    id: page
+
+    required property var strings
+    required property var viewModel
+
+    function words(key: string): string {
+        return strings.revision >= 0 ? strings.text(key) : ""
+    }
+
+    title: words("window.page.permissions")
+    subtitle: words("window.permissions.subtitle")
+    spacing: 12
+
+    Card {
+        width: page.columnWidth
+
+        Repeater {
+            model: page.viewModel.rows.length
+
+            // qmllint disable unqualified
+            ControlRow {
+                id: line
+
+                required property int index
+                readonly property var permission: page.viewModel.rows[index] ?? ({})
+
+                title: permission.title ?? ""
+                help: permission.help ?? ""
+                helpIsError: permission.isProblem ?? false
+
+                Row {
+                    anchors.verticalCenter: parent.verticalCenter
+                    spacing: 8
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: line.permission.name ?? ""
+
+                    Symbol {
+                        anchors.verticalCenter: parent.verticalCenter
+                        visible: line.permission.isGood ?? false
+                        name: "checkmark"
+                        size: 16
+                        color: Theme.longBreak.text
+                    }
+                    ThemedText {
+                        text: line.permission.state ?? ""
+                        color: line.permission.isGood ? Theme.longBreak.text : Theme.ink2
+                        wrapMode: Text.NoWrap
+                        Accessible.ignored: true
+                    }
+                }
+                PushButton {
+                    anchors.verticalCenter: parent.verticalCenter
+                    visible: text.length > 0
+                    width: Math.max(112, implicitWidth)
+                    text: line.permission.button ?? ""
+                    Accessible.description: line.title
+                    onClicked: page.viewModel.act(line.permission.id)
+                }
+            }
+            // qmllint enable unqualified
+        }
+    }
+    ThemedText {
+        width: page.columnWidth
+        leftPadding: 4
+        text: page.words("window.permissions.footer")
+        role: "caption"
+        color: Theme.ink2
+    }
+}

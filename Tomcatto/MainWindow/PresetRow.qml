@@ -1,0 +1,92 @@
+import QtQuick
+import Tomcatto.Appearance
+
+/// One rhythm to choose, with its set drawn to scale. Its text is the spoken name.
+PressButton {
+    id: row
+
+    property string title
+    property string help
+    property string durations
+    property var segments: []
+    property bool selected: false
+    readonly property bool hasRoom: width - 56 - figure.implicitWidth - 40 - 198 > 150 * Theme.textScale
+
+    implicitHeight: Math.max(69, texts.implicitHeight + 24)
+    radius: Theme.cardRadius
+    fill: selected ? Theme.work.wash : Theme.card
+    lineColor: selected ? "transparent" : Theme.line
+    Accessible.checkable: true
+    Accessible.checked: selected
+    Accessible.description: help
+
+    Rectangle {
+        anchors.fill: parent
+        visible: row.selected
+        radius: row.radius
+        color: "transparent"
+        border.width: 2
+        border.color: Theme.work.solid
+    }
+    Rectangle {
+        x: 20
+        anchors.verticalCenter: parent.verticalCenter
+        width: 20
+        height: 20
+        radius: 10
+        color: "transparent"
+        border.width: 2
+        border.color: row.selected ? Theme.work.solid : Theme.controlLine
+
+        Rectangle {
+            anchors.centerIn: parent
+            visible: row.selected
+            width: 10
+            height: 10
+            radius: 5
+            color: Theme.work.solid
+        }
+    }
+    Column {
+        id: texts
+
+        x: 56
+        anchors.verticalCenter: parent.verticalCenter
+        width: (bar.visible ? bar.x : figure.x) - x - 12
+
+        ThemedText {
+            width: parent.width
+            text: row.title
+            role: "bodyStrong"
+            Accessible.ignored: true
+        }
+        ThemedText {
+            width: parent.width
+            text: row.help
+            role: "caption"
+            color: Theme.ink2
+            Accessible.ignored: true
+        }
+    }
+    SetBar {
+        id: bar
+
+        x: Math.min(figure.x - 25, row.width - 118) - width
+        anchors.verticalCenter: parent.verticalCenter
+        visible: row.hasRoom
+        implicitHeight: 9
+        width: 198
+        height: 9
+        segments: row.segments
+    }
+    ThemedText {
+        id: figure
+
+        x: row.width - width - 20
+        anchors.verticalCenter: parent.verticalCenter
+        text: row.durations
+        color: Theme.ink2
+        wrapMode: Text.NoWrap
+        Accessible.ignored: true
+    }
+}

@@ -1,0 +1,56 @@
+#include "MainWindow/VideoTexts.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tomcatto {
+
+namespace {
+
+struct IncludedTitle
+{
+    QLatin1StringView name;
+    QLatin1StringView key;
+};
+
+// The file names begin with a number, which is their place in the list.
+constexpr std::array includedTitles{IncludedTitle{QLatin1StringView("rain-on-the-sill"), QLatin1StringView("rain")},
+                                    IncludedTitle{QLatin1StringView("the-fish"), QLatin1StringView("fish")},
+                                    IncludedTitle{QLatin1StringView("kneading"), QLatin1StringView("kneading")},
+                                    IncludedTitle{QLatin1StringView("box-and-butterfly"), QLatin1StringView("box")},
+                                    IncludedTitle{QLatin1StringView("warm-keyboard"), QLatin1StringView("keyboard")},
+                                    IncludedTitle{QLatin1StringView("first-snow"), QLatin1StringView("snow")}};
+
+}
+
+QString includedVideoTitle(const LocalizedStrings &strings, const QString &identifier)
+{
+    const QString name = identifier.section(QLatin1Char('-'), 1);
+    const auto *const known = std::ranges::find(includedTitles, name, &IncludedTitle::name);
+    return known == includedTitles.end() ? identifier : strings.text(QStringLiteral("videos.included.") + known->key);
+}
+
+QString refusalKey(VideoFileError error)
+{
+    switch (error) {
+    case VideoFileError::notFound:
+        return QStringLiteral("not_found");
+    case VideoFileError::isDirectory:
+        return QStringLiteral("folder");
+    case VideoFileError::notAFile:
+        return QStringLiteral("no_file");
+    case VideoFileError::unreadable:
+        return QStringLiteral("unreadable");
+    case VideoFileError::empty:
+        return QStringLiteral("empty");
+    case VideoFileError::noContainer:
+        return QStringLiteral("not_a_video");
+    case VideoFileError::noPicture:
+        return QStringLiteral("no_picture");
+    case VideoFileError::timedOut:
+        return QStringLiteral("timed_out");
+    }
+    return {};
+}
+
+}

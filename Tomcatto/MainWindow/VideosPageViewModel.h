@@ -1,0 +1,102 @@
+#pragma once
+
+#include "Localization/LocalizedStrings.h"
+#include "Media/UserVideoCommands.h"
+#include "Media/VideoProviding.h"
+
+#include <QtCore/QHash>
+#include <QtCore/QVariantList>
+
+namespace tomcatto {
+
+/// The page with the videos for the breaks: the user's own and those that came along. Between `appear` and `disappear`
+/// it follows the store and keeps the stills; otherwise it holds nothing. Main thread only.
+class VideosPageViewModel final : public QObject
+{
+    Q_OBJECT
+    /// The user's videos, the earliest added first: id, title, caption and the status of a tile: "active", "resting"
+    /// or, where the file is gone, "missing".
+    Q_PROPERTY(QVariantList own READ own NOTIFY changed FINAL)
+    /// The videos that came along: id, title.
+    Q_PROPERTY(QVariantList included READ included NOTIFY changed FINAL)
+    /// Why the last action was not done, a line for each file; empty where all went well.
+    Q_PROPERTY(QString error READ error NOTIFY errorChanged FINAL)
+    /// Names the video that was deleted last and can come back; empty where none can.
+    Q_PROPERTY(QString deletedText READ deletedText NOTIFY deletedChanged FINAL)
+
+public:
+    /// All outlive the view model.
+    VideosPageViewModel(UserVideoCommands &commands, UserVideoRepository &repository,
+                        const BundledVideoProviding &bundled, const LocalizedStrings &strings,
+                        QObject *parent = nullptr);
+
+    [[nodiscard]] QVariantList own() const;
+    [[nodiscard]] QVariantList included() const;
+    [[nodiscard]] QString error() const { return m_errors.join(QLatin1Char('\n')); }
+    [[nodiscard]] QString deletedText() const;
+
+    /// The page is seen from now on.
+    Q_INVOKABLE void appear();
+    /// The page is gone: what was deleted stays deleted.
+    Q_INVOKABLE void disappear();
+    /// The still of a video of either list as a "data:" address; empty while there is none.
+    Q_INVOKABLE QString still(const QString &id);
+
+    /// Asks for a dialog that lets the user choose files to add.
+    Q_INVOKABLE void chooseFiles();
+    /// Adds the files that are videos and not among them yet; `error` tells of the others.
+    Q_INVOKABLE void addFiles(const QList<QUrl> &files);
+    /// Ticks or unticks a video of the user's, unless its file is gone.
+    Q_INVOKABLE void toggle(const QString &id);
+    /// Deletes a video of the user's from the list, never its file.
+    Q_INVOKABLE void remove(const QString &id);
+    /// Brings the video back that was deleted last.
+    Q_INVOKABLE void undoRemoval();
+    /// The video that was deleted last stays deleted.
+    Q_INVOKABLE void forgetRemoval();
+    /// Asks for the preview of a video of either list.
+    Q_INVOKABLE void preview(const QString &id);
+    /// Asks for the preview of a break with the video that would come next.
+    Q_INVOKABLE void previewBreak();
+
+Q_SIGNALS:
+    void changed();
+    void errorChanged();
+    void deletedChanged();
+    /// Files are to be chosen; those chosen go to `addFiles`.
+    /// @param filters the kinds of files, as such dialogs write them
+    void chooseFilesRequested(const QString &title, const QStringList &filters);
+    /// A video of the user's is to be previewed.
+    void previewRequested(const QString &id);
+    /// A video that came along is to be previewed.
+    void previewBundledRequested(const QUrl &file);
+    /// A break is to be previewed as it would come.
+    void previewBreakRequested();
+
+private:
+    using Result = UserVideoCommands::Result;
+
+    void refresh();
+    void addFile(const QUrl &file);
+    void clearErrors();
+    void report(const QString &reason, const QString &name);
+    [[nodiscard]] std::function<void(const Result &)> reporter(const QString &name);
+    [[nodiscard]] const UserVideoListing *listing(const QString &id) const;
+    [[nodiscard]] const LocalVideoCandidate *bundledVideo(const QString &id) const;
+    [[nodiscard]] bool isAmongOwn(const QString &path) const;
+    [[nodiscard]] QString caption(const UserVideoListing &line) const;
+
+    UserVideoCommands &m_commands;
+    UserVideoRepository &m_repository;
+    const BundledVideoProviding &m_bundled;
+    const LocalizedStrings &m_strings;
+    bool m_isShown = false;
+    std::vector<UserVideoListing> m_own;
+    QHash<QString, QString> m_stills;
+    QStringList m_errors;
+    /// The files that are being looked into.
+    QSet<QString> m_adding;
+    std::optional<UserVideo> m_deleted;
+};
+
+}

@@ -1,0 +1,23 @@
+#include "Media/BundledVideoProvider.h"
+
+#include "Foundation/Logger.h"
+
+#include <QtCore/QDir>
+
+namespace tomcatto {
+
+BundledVideoProvider::BundledVideoProvider(const QString &directory)
+{
+    QStringList names =
+        QDir(directory).entryList({QStringLiteral("*.mp4")}, QDir::Files | QDir::CaseSensitive, QDir::NoSort);
+    if (names.isEmpty())
+        Logger(QStringLiteral("BundledVideoProvider"))
+            .error(QStringLiteral("BundledVideos directory missing or empty in main bundle"));
+    names.sort(Qt::CaseSensitive);
+    m_candidates.reserve(static_cast<std::size_t>(names.size()));
+    for (const QString &name : names)
+        m_candidates.push_back({LocalVideoCandidate::Origin::bundled, name.left(name.lastIndexOf(QLatin1Char('.'))),
+                                QUrl::fromLocalFile(QDir(directory).absoluteFilePath(name))});
+}
+
+}

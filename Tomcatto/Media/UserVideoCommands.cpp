@@ -1,0 +1,138 @@
+#include "Media/UserVideoCommands.h"
+
+#include "Media/UserVideoProvider.h"
+#include "Persistence/Repositories/UserVideoRepository.h"
+
+#include <QtCore/QDir>
+
+namespace tomcatto {
+
+namespace {
+
+using Kind = UserVideoCommandError::Kind;
+
+UserVideoCommandError refusal(VideoFileError error, const QString &path)
+{
+    return {Kind::file, description(error, path), error};
+}
+
+UserVideoCommandError storeError()
+{
+    return {Kind::store, QStringLiteral("The store could not be written; the log tells why."), std::nullopt};
+}
+
+UserVideoCommands::Result resultOf(const std::expected<UserVideoSave, UserVideoRepositoryError> &written,
+                                   const QString &id)
+{
+    if (!written)
+        return std::unexpected(
+            UserVideoCommandError{Kind::videoNotFound, QStringLiteral("There is no video \"%1\".").arg(id), {}});
+    switch (*written) {
+    case UserVideoSave::saved:
+        return {};
+    case UserVideoSave::failed:
+        return std::unexpected(storeError());
+    }
+    return {};
+}
+
+}
+
+UserVideoCommands::UserVideoCommands(UserVideoRepository &repository, const StillFrame &stillFrame, QObject *parent)
+    : QObject(parent)
+    , m_repository(repository)
+    , m_validator(stillFrame)
+{
+}
+
+UserVideoCommands::~UserVideoCommands()
+{
+    m_stop.request_stop();
+    m_queue.drain();
+}
+
+std::vector<UserVideoListing> UserVideoCommands::list() const
+{
+    const QDeadlineTimer searchUntil(UserVideoProvider::searchTime);
+    std::vector<UserVideoListing> lines;
+    for (UserVideo &video : m_repository.allVideos()) {
+        const auto resolved = m_repository.resolveBookmark(video, searchUntil);
+        lines.push_back({std::move(video), resolved ? resolved->fileUrl.toLocalFile() : QString()});
+    }
+    return lines;
+}
+
+void UserVideoCommands::add(const QString &path, std::function<void(const AddResult &)> done)
+{
+    if (!QDir::isAbsolutePath(path)) {
+        done(std::unexpected(
+            UserVideoCommandError{Kind::usage, QStringLiteral("\"%1\" is no absolute path.").arg(path), {}}));
+        return;
+    }
+    m_queue.async([this, path, done = std::move(done)] {
+        const auto valid = m_validator.validate(path, m_stop.get_token());
+        QMetaObject::invokeMethod(
+            this,
+            [this, path, valid, done] {
+                if (valid)
+                    store(path, done);
+                else
+                    done(std::unexpected(refusal(valid.error(), path)));
+            },
+            Qt::QueuedConnection);
+    });
+}
+
+void UserVideoCommands::store(const QString &path, const std::function<void(const AddResult &)> &done)
+{
+    const auto id = std::make_shared<QUuid>();
+    const auto added = m_repository.addVideo(
+        QUrl::fromLocalFile(path), [id, done](const std::expected<UserVideoSave, UserVideoRepositoryError> &written) {
+            // A record that is gone again was added all the same.
+            if (written == UserVideoSave::failed)
+                done(std::unexpected(storeError()));
+            else
+                done(*id);
+        });
+    if (added)
+        *id = *added;
+    else
+        done(std::unexpected(refusal(VideoFileError::notFound, path)));
+}
+
+void UserVideoCommands::remove(const QString &id, const std::function<void(const Result &)> &done)
+{
+    change(id, done, [this](const QUuid &uuid, UserVideoRepository::Completion completion) {
+        m_repository.deleteVideo(uuid, std::move(completion));
+    });
+}
+
+void UserVideoCommands::select(const QString &id, const std::function<void(const Result &)> &done)
+{
+    change(id, done, [this](const QUuid &uuid, UserVideoRepository::Completion completion) {
+        m_repository.setSelected(uuid, true, std::move(completion));
+    });
+}
+
+void UserVideoCommands::deselect(const QString &id, const std::function<void(const Result &)> &done)
+{
+    change(id, done, [this](const QUuid &uuid, UserVideoRepository::Completion completion) {
+        m_repository.setSelected(uuid, false, std::move(completion));
+    });
+}
+
+void UserVideoCommands::change(const QString &id, const std::function<void(const Result &)> &done,
+                               const Operation &operation)
+{
+    const QUuid uuid = QUuid::fromString(id);
+    if (uuid.isNull()) {
+        done(std::unexpected(UserVideoCommandError{
+            Kind::usage, QStringLiteral("\"%1\" is no id of a video; see videos list.").arg(id), {}}));
+        return;
+    }
+    operation(uuid, [id, done](const std::expected<UserVideoSave, UserVideoRepositoryError> &written) {
+        done(resultOf(written, id));
+    });
+}
+
+}

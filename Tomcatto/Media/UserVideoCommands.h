@@ -1,0 +1,85 @@
+#pragma once
+
+#include "Media/VideoFileValidator.h"
+#include "Persistence/Repositories/UserVideo.h"
+#include "Persistence/SerialQueue.h"
+
+#include <functional>
+#include <QtCore/QObject>
+#include <vector>
+
+namespace tomcatto {
+
+class UserVideoRepository;
+
+/// Why a command on the user's videos was not done.
+struct UserVideoCommandError
+{
+    enum class Kind {
+        /// The words of the command are wrong.
+        usage,
+        /// No video has the id.
+        videoNotFound,
+        /// The file is no video or cannot be read.
+        file,
+        /// The store failed.
+        store,
+    };
+
+    Kind kind = Kind::store;
+    /// One sentence for people.
+    QString text;
+    /// What is wrong with the file, where that is it.
+    std::optional<VideoFileError> fileError;
+
+    bool operator==(const UserVideoCommandError &) const = default;
+};
+
+/// One line of the list of the user's videos.
+struct UserVideoListing
+{
+    UserVideo video;
+    /// Where the file is; empty where it was not found.
+    QString path;
+
+    bool operator==(const UserVideoListing &) const = default;
+};
+
+/// What the command line and the videos page do with the user's videos: like the repository, but picky about files and
+/// clear about errors. Main thread only.
+class UserVideoCommands final : public QObject
+{
+    Q_OBJECT
+public:
+    using AddResult = std::expected<QUuid, UserVideoCommandError>;
+    using Result = std::expected<void, UserVideoCommandError>;
+
+    /// Both outlive the commands.
+    UserVideoCommands(UserVideoRepository &repository, const StillFrame &stillFrame, QObject *parent = nullptr);
+    ~UserVideoCommands() override;
+
+    /// Every video, the earliest added first, and where its file is. Moved files are looked for 30 ms at most, nothing
+    /// is written.
+    [[nodiscard]] std::vector<UserVideoListing> list() const;
+    /// Adds a video file after looking into it, in the background; `done` is called on the main thread when it is
+    /// stored with length and thumbnail, or refused.
+    /// @param path absolute
+    void add(const QString &path, std::function<void(const AddResult &)> done);
+    // The id is the text of the list. `done` is called on the main thread, for a malformed id at once.
+    void remove(const QString &id, const std::function<void(const Result &)> &done);
+    void select(const QString &id, const std::function<void(const Result &)> &done);
+    void deselect(const QString &id, const std::function<void(const Result &)> &done);
+
+private:
+    using Operation =
+        std::function<void(const QUuid &, std::function<void(std::expected<UserVideoSave, UserVideoRepositoryError>)>)>;
+    void change(const QString &id, const std::function<void(const Result &)> &done, const Operation &operation);
+    void store(const QString &path, const std::function<void(const AddResult &)> &done);
+
+    UserVideoRepository &m_repository;
+    VideoFileValidator m_validator;
+    std::stop_source m_stop;
+    SerialQueue m_queue;
+};
+
+}

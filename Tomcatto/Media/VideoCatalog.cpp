@@ -1,0 +1,53 @@
+#include "Media/VideoCatalog.h"
+
+#include <QtCore/QRandomGenerator>
+
+namespace tomcatto {
+
+VideoCatalog::VideoCatalog(const BundledVideoProviding &bundledProvider, UserVideoProviding &userProvider,
+                           RemoteVideoProviding *remoteProvider, QRandomGenerator &random)
+    : m_bundledProvider(bundledProvider)
+    , m_userProvider(userProvider)
+    , m_remoteProvider(remoteProvider)
+    , m_random(random)
+    , m_logger(QStringLiteral("VideoCatalog"))
+{
+}
+
+std::optional<QUrl> VideoCatalog::nextVideoUrl()
+{
+    if (auto url = nextUserVideoUrl())
+        return url;
+    if (m_remoteProvider) {
+        if (auto url = m_remoteProvider->nextVideoUrl())
+            return url;
+    }
+    return nextBundledVideoUrl();
+}
+
+std::optional<QUrl> VideoCatalog::nextUserVideoUrl()
+{
+    const auto candidates = m_userProvider.candidates();
+    if (candidates.empty())
+        return std::nullopt;
+    const auto index = m_random.bounded(static_cast<quint64>(candidates.size()));
+    const LocalVideoCandidate &chosen = candidates.at(index);
+    if (const auto id = QUuid::fromString(chosen.identifier); !id.isNull())
+        m_userProvider.markPlayed(id);
+    else
+        m_logger.debug(QStringLiteral("A user video's identifier is no UUID"));
+    return chosen.fileUrl;
+}
+
+std::optional<QUrl> VideoCatalog::nextBundledVideoUrl()
+{
+    const auto &candidates = m_bundledProvider.candidates();
+    if (candidates.empty())
+        return std::nullopt;
+    const auto count = static_cast<qint64>(candidates.size());
+    const auto index = static_cast<std::size_t>(m_bundledCursor % count);
+    m_bundledCursor = (m_bundledCursor + 1) % count;
+    return candidates.at(index).fileUrl;
+}
+
+}

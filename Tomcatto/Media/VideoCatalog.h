@@ -1,0 +1,34 @@
+#pragma once
+
+#include "Foundation/Logger.h"
+#include "Media/VideoProviding.h"
+
+class QRandomGenerator;
+
+namespace tomcatto {
+
+/// Chooses the video of a break: one of the user's own at random, else one of the remote library, else the bundled ones
+/// in turn. Main thread only.
+class VideoCatalog final
+{
+public:
+    /// All outlive the catalog. @param remoteProvider may be null
+    VideoCatalog(const BundledVideoProviding &bundledProvider, UserVideoProviding &userProvider,
+                 RemoteVideoProviding *remoteProvider, QRandomGenerator &random);
+
+    /// The next file to play, once for each window that plays one; nothing where there is no video at all.
+    [[nodiscard]] std::optional<QUrl> nextVideoUrl();
+
+private:
+    [[nodiscard]] std::optional<QUrl> nextUserVideoUrl();
+    [[nodiscard]] std::optional<QUrl> nextBundledVideoUrl();
+
+    const BundledVideoProviding &m_bundledProvider;
+    UserVideoProviding &m_userProvider;
+    RemoteVideoProviding *m_remoteProvider;
+    QRandomGenerator &m_random;
+    Logger m_logger;
+    qint64 m_bundledCursor = 0;
+};
+
+}

@@ -1,0 +1,104 @@
+#include "Media/VideoFileValidator.h"
+
+#include <array>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+
+namespace tomcatto {
+
+namespace {
+
+constexpr qint64 signatureBytes = 12;
+
+struct Signature
+{
+    qsizetype offset;
+    QByteArrayView bytes;
+};
+
+// MP4 and QuickTime, Matroska and WebM, AVI.
+const std::array signatures{Signature{4, "ftyp"}, Signature{4, "moov"}, Signature{0, "\x1A\x45\xDF\xA3"},
+                            Signature{8, "AVI "}};
+
+bool beginsLikeVideo(QByteArrayView start)
+{
+    for (const Signature &signature : signatures) {
+        if (start.sliced(qMin(signature.offset, start.size())).startsWith(signature.bytes))
+            return true;
+    }
+    return false;
+}
+
+// Looks at the file from outside, opens it last: opening a pipe waits for its other end.
+std::expected<QByteArray, VideoFileError> readableStart(const QString &path)
+{
+    const QFileInfo info(path);
+    if (!info.exists())
+        return std::unexpected(VideoFileError::notFound);
+    if (info.isDir())
+        return std::unexpected(VideoFileError::isDirectory);
+    if (!info.isFile())
+        return std::unexpected(VideoFileError::notAFile);
+    if (info.size() == 0)
+        return std::unexpected(VideoFileError::empty);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::unexpected(VideoFileError::unreadable);
+    QByteArray start = file.read(signatureBytes);
+    if (start.isEmpty())
+        return std::unexpected(VideoFileError::unreadable);
+    return start;
+}
+
+}
+
+QString description(VideoFileError error, const QString &path)
+{
+    switch (error) {
+    case VideoFileError::notFound:
+        return QStringLiteral("There is no file \"%1\".").arg(path);
+    case VideoFileError::isDirectory:
+        return QStringLiteral("\"%1\" is a folder, not a video.").arg(path);
+    case VideoFileError::notAFile:
+        return QStringLiteral("\"%1\" is a pipe or a device, not a video.").arg(path);
+    case VideoFileError::unreadable:
+        return QStringLiteral("\"%1\" cannot be read.").arg(path);
+    case VideoFileError::empty:
+        return QStringLiteral("\"%1\" is empty.").arg(path);
+    case VideoFileError::noContainer:
+        return QStringLiteral("\"%1\" is no video: its format is unknown or damaged.").arg(path);
+    case VideoFileError::noPicture:
+        return QStringLiteral("\"%1\" is no video: it has no picture that can be shown.").arg(path);
+    case VideoFileError::timedOut:
+        return QStringLiteral("\"%1\" takes too long to read.").arg(path);
+    }
+    return {};
+}
+
+std::expected<void, VideoFileError> VideoFileValidator::validate(const QString &path, const std::stop_token &stop) const
+{
+    const auto start = readableStart(path);
+    if (!start)
+        return std::unexpected(start.error());
+    const auto length = m_stillFrame.durationSeconds(path, stop);
+    if (length)
+        return {};
+    switch (length.error()) {
+    case StillFrameFailure::unavailable:
+        if (beginsLikeVideo(*start))
+            return {};
+        return std::unexpected(VideoFileError::noContainer);
+    case StillFrameFailure::unreadable:
+        return std::unexpected(VideoFileError::unreadable);
+    case StillFrameFailure::noContainer:
+        return std::unexpected(VideoFileError::noContainer);
+    case StillFrameFailure::noPicture:
+    case StillFrameFailure::noFrame:
+        return std::unexpected(VideoFileError::noPicture);
+    case StillFrameFailure::timedOut:
+        return std::unexpected(VideoFileError::timedOut);
+    }
+    return {};
+}
+
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "Platform/Ports/ViewHost.h"
+
+#include <functional>
+#include <optional>
+#include <QtCore/QObject>
+#include <QtCore/QRect>
+#include <QtCore/QVariantAnimation>
+
+namespace tomcatto {
+
+/// The frameless window that hosts the panel beside the status item. Its view and the models behind it exist only while
+/// it is shown. Main thread only.
+class MenuBarPopover final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Makes the view's models as children of `owner` and names them as the view's properties.
+    using ModelFactory = std::function<QVariantMap(QObject &owner)>;
+
+    MenuBarPopover(ViewHost &viewHost, ModelFactory models, QObject *parent = nullptr);
+    ~MenuBarPopover() override;
+
+    [[nodiscard]] bool isShown() const noexcept { return m_view != nullptr; }
+    /// The window while it is shown, else null.
+    [[nodiscard]] QWindow *window() const;
+    /// The size of the next showing; a shown window glides to it.
+    void setContentSize(QSize size);
+    [[nodiscard]] QSize contentSize() const noexcept { return m_contentSize; }
+
+    /// Shows the window beside the item's rectangle and gives it the keyboard. @return whether it is shown now.
+    bool show(std::optional<QRect> item);
+    /// Closes the window; nothing where none is shown.
+    void performClose();
+
+Q_SIGNALS:
+    void willShow();
+    void didClose();
+
+private:
+    [[nodiscard]] QRect target() const;
+    void place(const QRect &rectangle);
+
+    ViewHost &m_viewHost;
+    ModelFactory m_models;
+    QSize m_contentSize;
+    std::optional<QRect> m_item;
+    std::unique_ptr<HostedView> m_view;
+    QObject *m_shownModels = nullptr;
+    QVariantAnimation m_resizing;
+};
+
+}

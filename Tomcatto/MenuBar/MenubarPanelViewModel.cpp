@@ -1,0 +1,117 @@
+#include "MenuBar/MenubarPanelViewModel.h"
+
+#include "MenuBar/StateSubscription.h"
+#include "MenuBar/TransportControls.h"
+
+namespace tomcatto {
+namespace {
+
+constexpr qint64 lastMinuteSeconds = 60;
+
+}
+
+MenubarPanelViewModel::MenubarPanelViewModel(AppDependencies &dependencies, PopoverNavigationStore &navigationStore,
+                                             MainWindowRouter &router, QObject *parent)
+    : QObject(parent)
+    , m_dependencies(dependencies)
+    , m_navigationStore(navigationStore)
+    , m_router(router)
+    , m_source(dependencies)
+    , m_clock(m_source.clock())
+    , m_phase(m_source.phase())
+    , m_strip(m_source.strip())
+{
+    m_cancellables.push_back(subscribeToState(dependencies, [this] { update(); }));
+    m_cancellables.push_back(dependencies.platform.wallClock.onDayChanged([this] { update(); }));
+    connect(&dependencies.statsAggregator, &StatsAggregator::changes, this, &MenubarPanelViewModel::update);
+    connect(&navigationStore, &PopoverNavigationStore::pathChanged, this, &MenubarPanelViewModel::routeChanged);
+}
+
+void MenubarPanelViewModel::update()
+{
+    const PanelClock clock = m_source.clock();
+    const PanelPhase phase = m_source.phase();
+    const PanelStrip strip = m_source.strip();
+    const bool isNewPhase = phase.name != m_phase.name;
+    // The phase first: the dial then takes its new colour and its new arc in one motion.
+    if (phase != m_phase) {
+        m_phase = phase;
+        Q_EMIT phaseChanged();
+    }
+    if (clock != m_clock) {
+        m_clock = clock;
+        announce(isNewPhase);
+        Q_EMIT clockChanged();
+    }
+    if (strip != m_strip) {
+        m_strip = strip;
+        Q_EMIT stripChanged();
+    }
+}
+
+void MenubarPanelViewModel::announce(bool isNewPhase)
+{
+    const PomodoroStateMachine &machine = m_dependencies.stateMachine;
+    const bool isLastMinute = machine.currentPhase() != PomodoroPhase::idle && !machine.isOverflowing() &&
+                              m_dependencies.timer.remainingSeconds() == lastMinuteSeconds;
+    if (!isNewPhase && !isLastMinute)
+        return;
+    m_announcement = m_clock.name;
+    Q_EMIT announcementChanged();
+}
+
+void MenubarPanelViewModel::primary()
+{
+    performPrimary(m_dependencies.stateMachine);
+}
+
+void MenubarPanelViewModel::reset()
+{
+    m_dependencies.stateMachine.reset();
+}
+
+void MenubarPanelViewModel::skip()
+{
+    m_dependencies.stateMachine.skip();
+}
+
+void MenubarPanelViewModel::takeBreak()
+{
+    m_dependencies.stateMachine.takeBreak();
+}
+
+void MenubarPanelViewModel::extend()
+{
+    m_dependencies.stateMachine.extend(extensionSeconds);
+}
+
+void MenubarPanelViewModel::openStatistics()
+{
+    m_navigationStore.append(PopoverRoute::stats);
+}
+
+void MenubarPanelViewModel::openSettings()
+{
+    m_router.openSettings();
+    Q_EMIT dismissRequested();
+}
+
+void MenubarPanelViewModel::back()
+{
+    if (m_navigationStore.path().empty())
+        Q_EMIT dismissRequested();
+    else
+        m_navigationStore.back();
+}
+
+void MenubarPanelViewModel::exportSessions()
+{
+    Q_EMIT exportRequested();
+}
+
+void MenubarPanelViewModel::quit()
+{
+    Q_EMIT quitRequested();
+}
+
+}

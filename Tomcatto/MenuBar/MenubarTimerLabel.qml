@@ -1,0 +1,82 @@
+import QtQuick
+import Tomcatto.Appearance
+
+/// The dial with the phase's name, the time, and the extend chip or a caption.
+Dial {
+    id: label
+
+    required property var strings
+    required property var viewModel
+    readonly property var shown: viewModel.phase
+
+    phase: shown.theme
+    progress: viewModel.clock.progress
+    paused: shown.isPaused
+    pending: shown.isPending
+    name: viewModel.clock.name
+
+    Row {
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: 46
+        height: 18
+        spacing: 6
+
+        Symbol {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: label.shown.symbol.length > 0
+            name: label.shown.symbol
+            size: label.shown.isPaused ? 11 : 14
+            color: phaseName.color
+        }
+        ThemedText {
+            id: phaseName
+
+            text: label.shown.name
+            role: "section"
+            textScale: 1
+            color: label.shown.isPaused ? Theme.ink2 : label.colours.text
+            wrapMode: Text.NoWrap
+            Accessible.ignored: true
+        }
+    }
+    TickingText {
+        objectName: "time"
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: 65
+        text: label.viewModel.clock.text
+        font: Theme.font(text.length >= 6 ? "dialTimeLong" : "dialTime", 1)
+        lineHeight: 58
+        opacity: label.shown.isPaused ? 0.6 : 1
+        name: ""
+    }
+    Chip {
+        objectName: "extend"
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: 126
+        visible: label.shown.showsExtend
+        phase: label.phase
+        text: label.strings.revision, label.strings.text("menubar.extend_five")
+        Accessible.name: label.strings.revision, label.strings.text("menubar.extend")
+        Accessible.description: extendTip.text
+        onClicked: label.viewModel.extend()
+
+        ToolTip {
+            id: extendTip
+
+            text: label.strings.revision, label.strings.text("menubar.extend_five.help")
+            wanted: parent.hovered && !parent.down
+        }
+    }
+    ThemedText {
+        objectName: "caption"
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: 134
+        width: 132
+        visible: !label.shown.showsExtend
+        text: label.shown.caption
+        role: "caption"
+        textScale: 1
+        color: Theme.ink2
+        horizontalAlignment: Text.AlignHCenter
+    }
+}

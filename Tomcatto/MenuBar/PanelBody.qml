@@ -1,0 +1,76 @@
+import QtQuick
+import Tomcatto.Appearance
+
+/// The timer panel: header, dial with time, transport controls, progress strip.
+Item {
+    id: body
+
+    required property var strings
+    required property var viewModel
+    property real radius: 0
+    readonly property var phase: viewModel.phase
+    readonly property var colours: Theme.phase(phase.theme)
+
+    /// Gives the keyboard to the one filled button.
+    function takeFocus() {
+        transport.takeFocus()
+    }
+
+    // The wash of the phase at the top fades into the paper.
+    Rectangle {
+        anchors.fill: parent
+        radius: body.radius
+        gradient: Gradient {
+            GradientStop {
+                position: 0
+                color: body.colours.wash
+
+                Behavior on color {
+                    ColorAnimation {
+                        duration: Theme.phaseTime
+                        easing.type: Easing.OutCubic
+                    }
+                }
+            }
+            GradientStop {
+                position: 190 / 460
+                color: Theme.paper
+            }
+        }
+    }
+    MenubarHeader {
+        y: 8
+        width: body.width
+        strings: body.strings
+        viewModel: body.viewModel
+    }
+    MenubarTimerLabel {
+        x: 40
+        y: 50
+        strings: body.strings
+        viewModel: body.viewModel
+    }
+    MenubarTransportBar {
+        id: transport
+
+        x: 16
+        y: 264
+        width: body.width - 32
+        strings: body.strings
+        viewModel: body.viewModel
+    }
+    PanelProgressStrip {
+        y: 376
+        width: body.width
+        height: 84
+        radius: body.radius
+        strings: body.strings
+        viewModel: body.viewModel
+    }
+    // Read aloud by itself when its text changes.
+    Item {
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: body.viewModel.announcement
+        Accessible.ignored: body.viewModel.announcement.length === 0
+    }
+}

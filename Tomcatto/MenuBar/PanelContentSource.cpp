@@ -1,0 +1,199 @@
+#include "MenuBar/PanelContentSource.h"
+
+#include "MenuBar/SpokenDuration.h"
+#include "MenuBar/TransportControls.h"
+#include "StatusPill/StatusPillSource.h"
+
+#include <algorithm>
+
+namespace tomcatto {
+namespace {
+
+struct PrimaryFace
+{
+    const char *key;
+    const char *symbol;
+};
+
+PrimaryFace primaryFace(PrimaryTransport primary)
+{
+    switch (primary) {
+    case PrimaryTransport::start:
+        return {"menubar.transport_start", "play.fill"};
+    case PrimaryTransport::startBreak:
+        return {"menubar.transport_start_break", "cup.and.saucer.fill"};
+    case PrimaryTransport::pause:
+        return {"menubar.transport_pause", "pause.fill"};
+    case PrimaryTransport::resume:
+        return {"menubar.transport_resume", "play.fill"};
+    }
+    return {};
+}
+
+QString rhythmKey(PomodoroPreset preset)
+{
+    if (!preset)
+        return QStringLiteral("menubar.rhythm.custom");
+    return QStringLiteral("menubar.rhythm.") + rawValue(*preset);
+}
+
+}
+
+PanelContentSource::PanelContentSource(const AppDependencies &dependencies)
+    : m_dependencies(dependencies)
+{
+}
+
+QString PanelContentSource::text(const char *key) const
+{
+    return m_dependencies.strings.text(QString::fromLatin1(key));
+}
+
+qint64 PanelContentSource::seconds() const
+{
+    if (m_dependencies.stateMachine.isOverflowing())
+        return m_dependencies.timer.overflowSeconds();
+    return m_dependencies.stateMachine.currentPhase() == PomodoroPhase::idle
+               ? m_dependencies.settings.workDurationSeconds()
+               : m_dependencies.timer.remainingSeconds();
+}
+
+PanelClock PanelContentSource::clock() const
+{
+    const PomodoroStateMachine &machine = m_dependencies.stateMachine;
+    const StatusPillSource pill(machine, m_dependencies.timer, m_dependencies.settings, m_dependencies.strings);
+    PanelClock clock;
+    clock.text = clockText(seconds());
+    if (machine.isOverflowing())
+        clock.text.prepend(QLatin1Char('+'));
+    clock.progress = std::clamp(pill.content().progress, 0.0, 1.0);
+    clock.name = m_dependencies.strings.format(dialKey(), m_dependencies.strings.text(phaseKey()),
+                                               spokenDuration(m_dependencies.strings, seconds()));
+    return clock;
+}
+
+PanelPhase PanelContentSource::phase() const
+{
+    const PomodoroStateMachine &machine = m_dependencies.stateMachine;
+    const TransportControls controls = transportControls(machine);
+    const PrimaryFace face = primaryFace(controls.primary);
+    PanelPhase phase;
+    phase.theme = theme();
+    phase.headline = headline();
+    phase.name = m_dependencies.strings.text(phaseKey());
+    phase.caption = caption();
+    phase.isPending = machine.isPhasePending();
+    phase.isPaused = machine.isPaused() && !phase.isPending;
+    if (phase.isPaused) {
+        phase.name = m_dependencies.strings.format(QStringLiteral("menubar.phase.paused"), phase.name);
+        phase.symbol = QStringLiteral("pause.fill");
+    } else if (phase.isPending && isBreak(machine.currentPhase())) {
+        phase.symbol = QStringLiteral("cup.and.saucer.fill");
+    }
+    phase.primaryText = text(face.key);
+    phase.primarySymbol = QString::fromLatin1(face.symbol);
+    phase.canReset = controls.canReset;
+    phase.canSkip = controls.canSkip;
+    phase.showsTakeBreak = controls.showsTakeBreak;
+    phase.showsExtend = controls.showsExtend;
+    return phase;
+}
+
+PanelStrip PanelContentSource::strip() const
+{
+    const PomodoroStateMachine &machine = m_dependencies.stateMachine;
+    const LocalizedStrings &strings = m_dependencies.strings;
+    const qint64 rounds = std::max<qint64>(m_dependencies.settings.cyclesBeforeLongBreak(), 1);
+    const qint64 round = std::clamp<qint64>(machine.currentCycleIndex() + 1, 1, rounds);
+    const bool inBreak = isBreak(machine.currentPhase());
+    PanelStrip strip;
+    strip.rounds = static_cast<int>(rounds);
+    // The index moves on with the next work phase, so during a break the round it counts is over.
+    strip.roundsDone = static_cast<int>(inBreak ? round : round - 1);
+    strip.isRoundCurrent = !inBreak;
+    strip.roundCompact = strings.format(QStringLiteral("menubar.cycle"), round, rounds);
+    strip.roundLabel = strings.format(QStringLiteral("menubar.popover.cycle_count"), round, rounds);
+
+    const qint64 done = m_dependencies.statsAggregator.todayCount();
+    const qint64 goal = m_dependencies.settings.dailyGoalPomodoros();
+    const QString figure = strings.format(QStringLiteral("menubar.goal"), done, goal);
+    strip.goalCount = QString::number(done);
+    if (figure.startsWith(strip.goalCount)) {
+        strip.goalRest = figure.mid(strip.goalCount.size());
+    } else {
+        strip.goalCount = figure;
+    }
+    strip.goalName = strings.format(QStringLiteral("menubar.goal.accessibility_label"), done, goal);
+    const qint64 streak = m_dependencies.statsAggregator.currentStreak();
+    strip.streak = strings.format(QStringLiteral("menubar.streak"), streak);
+    strip.streakName = strings.format(QStringLiteral("menubar.streak.accessibility_label"), streak);
+    return strip;
+}
+
+QString PanelContentSource::phaseKey() const
+{
+    const PomodoroStateMachine &machine = m_dependencies.stateMachine;
+    if (machine.isPhasePending()) {
+        return isBreak(machine.currentPhase()) ? QStringLiteral("menubar.phase.ready")
+                                               : QStringLiteral("menubar.phase.focus_ready");
+    }
+    switch (statusPillTone(machine.currentPhase(), machine.isOverflowing())) {
+    case StatusPillTone::idle:
+    case StatusPillTone::work:
+        return QStringLiteral("menubar.phase.work");
+    case StatusPillTone::shortBreak:
+        return QStringLiteral("menubar.phase.short_break");
+    case StatusPillTone::longBreak:
+        return QStringLiteral("menubar.phase.long_break");
+    case StatusPillTone::overtime:
+        return QStringLiteral("menubar.phase.overtime");
+    }
+    return {};
+}
+
+QString PanelContentSource::theme() const
+{
+    const PomodoroStateMachine &machine = m_dependencies.stateMachine;
+    return machine.isOverflowing() ? QStringLiteral("overtime") : rawValue(machine.currentPhase());
+}
+
+QString PanelContentSource::headline() const
+{
+    const PomodoroStateMachine &machine = m_dependencies.stateMachine;
+    const LocalizedStrings &strings = m_dependencies.strings;
+    if (machine.isOverflowing()) {
+        // A plan below a minute still counts as one.
+        const qint64 minutes = std::max<qint64>(machine.currentPlannedSeconds() / 60, 1);
+        return strings.format(QStringLiteral("menubar.overtime.done"), minutes);
+    }
+    if (machine.currentPhase() == PomodoroPhase::idle || machine.isPaused())
+        return text("app.name");
+    const WallClock &wallClock = m_dependencies.platform.wallClock;
+    const Date end = wallClock.now() + Seconds(static_cast<double>(m_dependencies.timer.remainingSeconds()));
+    const QTime time = toDateTime(end).toTimeZone(wallClock.calendar().timeZone).time();
+    return strings.format(QStringLiteral("menubar.header.until"),
+                          strings.locale().toString(time, QLocale::ShortFormat));
+}
+
+QString PanelContentSource::caption() const
+{
+    if (m_dependencies.stateMachine.isPhasePending())
+        return text("menubar.pending.caption");
+    return m_dependencies.stateMachine.currentPhase() == PomodoroPhase::idle
+               ? m_dependencies.strings.text(rhythmKey(m_dependencies.settings.preset()))
+               : QString();
+}
+
+QString PanelContentSource::dialKey() const
+{
+    const PomodoroStateMachine &machine = m_dependencies.stateMachine;
+    if (machine.currentPhase() == PomodoroPhase::idle)
+        return QStringLiteral("menubar.dial.idle");
+    if (machine.isPhasePending())
+        return QStringLiteral("menubar.dial.ready");
+    if (machine.isOverflowing())
+        return QStringLiteral("menubar.dial.overtime");
+    return machine.isPaused() ? QStringLiteral("menubar.dial.paused") : QStringLiteral("menubar.dial.remaining");
+}
+
+}

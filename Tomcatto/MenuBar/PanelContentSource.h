@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Composition/AppDependencies.h"
+#include "MenuBar/PanelContent.h"
+
+namespace tomcatto {
+
+/// Words what the panel shows from the state at the time of the call. Main thread only.
+class PanelContentSource final
+{
+public:
+    explicit PanelContentSource(const AppDependencies &dependencies);
+
+    [[nodiscard]] PanelClock clock() const;
+    [[nodiscard]] PanelPhase phase() const;
+    [[nodiscard]] PanelStrip strip() const;
+
+private:
+    [[nodiscard]] qint64 seconds() const;
+    [[nodiscard]] QString phaseKey() const;
+    [[nodiscard]] QString theme() const;
+    [[nodiscard]] QString headline() const;
+    [[nodiscard]] QString caption() const;
+    [[nodiscard]] QString dialKey() const;
+    [[nodiscard]] QString text(const char *key) const;
+
+    const AppDependencies &m_dependencies;
+};
+
+}

@@ -1,0 +1,153 @@
+import QtQuick
+import Tomcatto.Appearance
+
+/// The statistics route: range, three figures, chart and heat map.
+Item {
+    id: view
+
+    required property var strings
+    required property var viewModel
+    required property var statistics
+
+    function takeFocus() {
+        ranges.forceActiveFocus(Qt.OtherFocusReason)
+    }
+
+    TextButton {
+        x: 8
+        y: 8
+        objectName: "back"
+        textScale: 1
+        symbol: "chevron.left"
+        text: view.strings.revision, view.strings.text("menubar.stats.back")
+        onClicked: view.viewModel.back()
+    }
+    ThemedText {
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: 14
+        text: view.strings.revision, view.strings.text("stats.title")
+        role: "bodyStrong"
+        textScale: 1
+        wrapMode: Text.NoWrap
+        Accessible.role: Accessible.Heading
+    }
+    IconButton {
+        x: view.width - width - 8
+        y: 8
+        objectName: "export"
+        symbol: "square.and.arrow.up"
+        text: view.strings.revision, view.strings.text("stats.export.accessibility")
+        onClicked: view.viewModel.exportSessions()
+    }
+    Segmented {
+        id: ranges
+
+        x: 16
+        y: 48
+        width: view.width - 32
+        equal: true
+        textScale: 1
+        texts: view.statistics.rangeTexts
+        currentIndex: view.statistics.rangeIndex
+        name: view.strings.revision, view.strings.text("stats.range.accessibility")
+        onActivated: index => view.statistics.selectRange(index)
+    }
+    Row {
+        x: 16
+        y: 94
+        spacing: 8
+
+        Repeater {
+            // The panel has room for three.
+            model: view.statistics.figures.slice(0, 3)
+
+            // qmllint disable unqualified
+            PanelFigure {
+                required property var modelData
+
+                width: Math.floor((view.width - 32 - 16) / 3)
+                height: 64
+                parts: modelData.parts
+                label: modelData.label
+                Accessible.name: modelData.name
+            }
+            // qmllint enable unqualified
+        }
+    }
+    Rectangle {
+        x: 16
+        y: 166
+        width: view.width - 32
+        height: 172
+        radius: Theme.cardRadius
+        color: Theme.card
+        border.color: Theme.line
+
+        ThemedText {
+            x: 15
+            y: 12
+            text: view.statistics.chartTitle
+            role: "section"
+            textScale: 1
+            color: Theme.ink2
+        }
+        BarChart {
+            x: 15
+            y: 36
+            width: parent.width - 30
+            height: 129
+            visible: !view.statistics.isEmpty
+            textScale: 1
+            bars: view.statistics.chartBars
+            ticks: view.statistics.chartTicks
+            maximum: view.statistics.chartMaximum
+            name: view.statistics.chartTitle
+        }
+        EmptyState {
+            y: 24
+            width: parent.width
+            height: 140
+            visible: view.statistics.isEmpty
+            textScale: 1
+            title: view.statistics.emptyTitle
+            text: view.statistics.emptyHelp
+        }
+    }
+    Rectangle {
+        x: 16
+        y: 350
+        width: view.width - 32
+        height: 194
+        radius: Theme.cardRadius
+        color: Theme.card
+        border.color: Theme.line
+
+        ThemedText {
+            x: 15
+            y: 12
+            text: view.statistics.heatTitle
+            role: "section"
+            textScale: 1
+            color: Theme.ink2
+        }
+        HeatLegend {
+            x: parent.width - width - 15
+            y: 14
+            textScale: 1
+            lessText: view.strings.revision, view.strings.text("stats.heatmap.less")
+            moreText: view.strings.revision, view.strings.text("stats.heatmap.more")
+        }
+        HeatMap {
+            x: 15
+            y: 44
+            cellWidth: 15
+            cellHeight: 15
+            gap: 4
+            cellRadius: 4
+            textScale: 1
+            cells: view.statistics.heatCells
+            dayLabels: view.statistics.heatDayLabels
+            name: view.statistics.heatTitle
+        }
+    }
+}

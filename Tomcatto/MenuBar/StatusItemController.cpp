@@ -1,0 +1,227 @@
+#include "MenuBar/StatusItemController.h"
+
+#include "Composition/AppDependencies.h"
+#include "MenuBar/MenubarPanelViewModel.h"
+#include "MenuBar/StateSubscription.h"
+#include "MenuBar/TransportControls.h"
+#include "MenuBar/TrayMenuBuilder.h"
+#include "StatisticsViews/StatisticsViewModel.h"
+
+namespace tomcatto {
+namespace {
+
+constexpr QSize panelSize{280, 460};
+constexpr QSize statisticsSize{400, 560};
+/// A press that took the keyboard from the panel and then reached the item is one click: it only closes.
+constexpr quint64 dismissalNanoseconds = 300'000'000;
+
+QString pillWantedKey()
+{
+    return QStringLiteral("showsFloatingPill");
+}
+
+Cancellable cancellable(const QMetaObject::Connection &connection)
+{
+    return Cancellable([connection] { QObject::disconnect(connection); });
+}
+
+}
+
+StatusItemController::StatusItemController(AppDependencies &dependencies, const Platform &platform,
+                                           MainWindowRouter &router, QObject *parent)
+    : QObject(parent)
+    , m_dependencies(dependencies)
+    , m_statusItem(platform.statusItem)
+    , m_clickMonitor(platform.clickMonitor)
+    , m_router(router)
+    , m_source(dependencies.stateMachine, dependencies.timer, dependencies.settings, dependencies.strings)
+    , m_popover(platform.viewHost, [this](QObject &owner) { return makeModels(owner); })
+{
+    m_popover.setContentSize(panelSize);
+    connect(&m_popover, &MenuBarPopover::willShow, this, &StatusItemController::popoverWillShow);
+    connect(&m_popover, &MenuBarPopover::didClose, this, &StatusItemController::popoverDidClose);
+    const auto wanted = dependencies.platform.defaults.value(pillWantedKey());
+    m_isPillWanted = wanted && std::holds_alternative<bool>(*wanted) && std::get<bool>(*wanted);
+    connectItem();
+    subscribe();
+    updateStatusItem();
+}
+
+void StatusItemController::connectItem()
+{
+    m_statusItem.setPillWanted(m_isPillWanted);
+    m_itemCancellables.push_back(m_statusItem.onActivated([this](std::optional<QRect> item) { togglePopover(item); }));
+    m_itemCancellables.push_back(m_statusItem.onMenuAction([this](TrayMenuAction action) { perform(action); }));
+    m_itemCancellables.push_back(m_statusItem.onFormsChanged([this] { updateStatusItem(); }));
+}
+
+void StatusItemController::subscribe()
+{
+    m_statusCancellable = subscribeToState(m_dependencies, [this] { updateStatusItem(); });
+    m_themeCancellable = cancellable(
+        connect(&m_dependencies.settings, &PomodoroSettings::changed, this, [this](PomodoroSettings::Key key) {
+            if (key == PomodoroSettings::Key::themePreference)
+                updateStatusItem();
+        }));
+    m_routeCancellable = cancellable(connect(&m_navigationStore, &PopoverNavigationStore::pathChanged, this,
+                                             &StatusItemController::updateContentSize));
+    // The panel's texts follow by themselves; those already handed to the item do not.
+    m_languageCancellable = cancellable(connect(&m_dependencies.strings, &LocalizedStrings::changed, this, [this] {
+        m_shownContent.reset();
+        updateStatusItem();
+    }));
+}
+
+QVariantMap StatusItemController::makeModels(QObject &owner)
+{
+    auto *panel = new MenubarPanelViewModel(m_dependencies, m_navigationStore, m_router, &owner);
+    connect(panel, &MenubarPanelViewModel::dismissRequested, this, &StatusItemController::closePopover);
+    connect(panel, &MenubarPanelViewModel::exportRequested, this, &StatusItemController::exportRequested);
+    connect(panel, &MenubarPanelViewModel::quitRequested, this, &StatusItemController::quitRequested);
+    auto *statistics = new StatisticsViewModel({m_dependencies.statsAggregator, m_dependencies.settings,
+                                                m_dependencies.strings, m_dependencies.platform.wallClock},
+                                               &owner);
+    return {{QStringLiteral("strings"), QVariant::fromValue<QObject *>(&m_dependencies.strings)},
+            {QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(panel)},
+            {QStringLiteral("statistics"), QVariant::fromValue<QObject *>(statistics)}};
+}
+
+void StatusItemController::updateStatusItem()
+{
+    updateMenu();
+    const StatusItemForms forms = m_statusItem.forms();
+    const StatusPillContent content = m_source.content(forms.isDark);
+    if (content == m_shownContent && forms == m_shownForms)
+        return;
+    m_shownContent = content;
+    m_shownForms = forms;
+
+    StatusItemPresentation presentation;
+    presentation.accessibleText =
+        m_dependencies.strings.format(QStringLiteral("menubar.accessibility.remaining %@"), content.title);
+    // A square icon has no room for the time, whatever the style.
+    const bool showsTime = content.style == MenuBarStyle::countdown && forms.squareSizes.empty();
+    presentation.toolTip = showsTime ? QStringLiteral("Tomcatto") : presentation.accessibleText;
+    for (const int size : forms.squareSizes) {
+        if (const auto icon = m_iconRenderer.render(content, size))
+            presentation.squareIcons.push_back(*icon);
+    }
+    if (forms.pillScale)
+        presentation.pill = m_pillRenderer.render(content, *forms.pillScale).value_or(QImage());
+    if (presentation.pill.isNull() && presentation.squareIcons.empty())
+        presentation.title = content.title;
+    m_statusItem.show(presentation);
+}
+
+void StatusItemController::updateMenu()
+{
+    const TrayMenu menu =
+        trayMenu(transportControls(m_dependencies.stateMachine), m_dependencies.strings, m_isPillWanted);
+    if (menu == m_shownMenu)
+        return;
+    m_shownMenu = menu;
+    m_statusItem.setMenu(menu);
+}
+
+void StatusItemController::updateContentSize()
+{
+    m_popover.setContentSize(m_navigationStore.showsStatistics() ? statisticsSize : panelSize);
+}
+
+void StatusItemController::togglePopover(std::optional<QRect> item)
+{
+    if (m_popover.isShown()) {
+        m_popover.performClose();
+        return;
+    }
+    const auto dismissedAt = std::exchange(m_dismissedAtNanoseconds, std::nullopt);
+    if (dismissedAt && m_dependencies.platform.monotonicClock.nowNanoseconds() - *dismissedAt < dismissalNanoseconds)
+        return;
+    present(item ? item : m_statusItem.geometry());
+}
+
+void StatusItemController::showPopover()
+{
+    if (QWindow *window = m_popover.window()) {
+        window->raise();
+        window->requestActivate();
+        return;
+    }
+    present(m_statusItem.geometry());
+}
+
+void StatusItemController::showStatistics()
+{
+    m_navigationStore.setPath({PopoverRoute::stats});
+    showPopover();
+}
+
+void StatusItemController::present(std::optional<QRect> item)
+{
+    if (!m_popover.show(item))
+        return;
+    m_focusDismissal =
+        std::make_unique<quillbay::PopoverFocusDismissal>(*m_popover.window(), m_clickMonitor, [this] { dismiss(); });
+}
+
+void StatusItemController::dismiss()
+{
+    m_dismissedAtNanoseconds = m_dependencies.platform.monotonicClock.nowNanoseconds();
+    m_popover.performClose();
+}
+
+void StatusItemController::popoverWillShow()
+{
+    if (m_onWillShow)
+        m_onWillShow();
+}
+
+void StatusItemController::popoverDidClose()
+{
+    m_focusDismissal.reset();
+    m_navigationStore.setPath({});
+    if (m_onDidClose)
+        m_onDidClose();
+}
+
+void StatusItemController::perform(TrayMenuAction action)
+{
+    PomodoroStateMachine &machine = m_dependencies.stateMachine;
+    switch (action) {
+    case TrayMenuAction::openPanel:
+        return showPopover();
+    case TrayMenuAction::primary:
+        return performPrimary(machine);
+    case TrayMenuAction::skip:
+        machine.skip();
+        return;
+    case TrayMenuAction::takeBreak:
+        machine.takeBreak();
+        return;
+    case TrayMenuAction::extend:
+        machine.extend(extensionSeconds);
+        return;
+    case TrayMenuAction::reset:
+        machine.reset();
+        return;
+    case TrayMenuAction::statistics:
+        return showStatistics();
+    case TrayMenuAction::settings:
+        return m_router.openSettings();
+    case TrayMenuAction::togglePill:
+        return togglePillWanted();
+    case TrayMenuAction::quit:
+        Q_EMIT quitRequested();
+        return;
+    }
+}
+
+void StatusItemController::togglePillWanted()
+{
+    m_isPillWanted = !m_isPillWanted;
+    m_dependencies.platform.defaults.setValue(pillWantedKey(), m_isPillWanted);
+    m_statusItem.setPillWanted(m_isPillWanted);
+    updateStatusItem();
+}
+
+}

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "MenuBar/MenuBarPopover.h"
+#include "MenuBar/StatusPillRenderer.h"
+#include "MenuBar/TrayIconRenderer.h"
+#include "Navigation/MainWindowRouter.h"
+#include "Navigation/PopoverNavigationStore.h"
+#include "Platform/Ports/GlobalClickMonitor.h"
+#include "Platform/Ports/StatusItem.h"
+#include "QuillbayKit/PopoverFocusDismissal.h"
+#include "StatusPill/StatusPillSource.h"
+
+namespace tomcatto {
+
+class AppDependencies;
+
+/// Owns the application's face in the system's bar: draws the pill and the tray icon, keeps the menu, and opens the
+/// panel beside the item. Main thread only.
+class StatusItemController final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What the controller needs of the platform; everything outlives it.
+    struct Platform
+    {
+        StatusItem &statusItem;
+        ViewHost &viewHost;
+        GlobalClickMonitor &clickMonitor;
+    };
+
+    StatusItemController(AppDependencies &dependencies, const Platform &platform, MainWindowRouter &router,
+                         QObject *parent = nullptr);
+
+    /// Opens the panel at the item, or closes it.
+    /// @param item where the item was clicked; the item's own place where that is not known.
+    void togglePopover(std::optional<QRect> item = {});
+    /// Opens the panel, or brings it to the front.
+    void showPopover();
+    void closePopover() { m_popover.performClose(); }
+    /// Opens the panel with the statistics.
+    void showStatistics();
+    [[nodiscard]] bool isPopoverShown() const noexcept { return m_popover.isShown(); }
+
+    /// Called when the panel is about to show, and after it closed; empty until set.
+    void setOnWillShow(std::function<void()> onWillShow) { m_onWillShow = std::move(onWillShow); }
+    void setOnDidClose(std::function<void()> onDidClose) { m_onDidClose = std::move(onDidClose); }
+
+Q_SIGNALS:
+    /// The user wants to export the history.
+    void exportRequested();
+    /// The user wants to end the application.
+    void quitRequested();
+
+private:
+    void connectItem();
+    void subscribe();
+    [[nodiscard]] QVariantMap makeModels(QObject &owner);
+    void updateStatusItem();
+    void updateMenu();
+    void updateContentSize();
+    void popoverWillShow();
+    void popoverDidClose();
+    void present(std::optional<QRect> item);
+    void dismiss();
+    void perform(TrayMenuAction action);
+    void togglePillWanted();
+
+    AppDependencies &m_dependencies;
+    StatusItem &m_statusItem;
+    GlobalClickMonitor &m_clickMonitor;
+    MainWindowRouter &m_router;
+    StatusArt m_art;
+    StatusPillRenderer m_pillRenderer{m_art};
+    TrayIconRenderer m_iconRenderer{m_art};
+    StatusPillSource m_source;
+    PopoverNavigationStore m_navigationStore;
+    MenuBarPopover m_popover;
+    std::unique_ptr<quillbay::PopoverFocusDismissal> m_focusDismissal;
+    Cancellable m_statusCancellable;
+    Cancellable m_themeCancellable;
+    Cancellable m_routeCancellable;
+    Cancellable m_languageCancellable;
+    std::vector<Cancellable> m_itemCancellables;
+    std::function<void()> m_onWillShow;
+    std::function<void()> m_onDidClose;
+    std::optional<StatusPillContent> m_shownContent;
+    StatusItemForms m_shownForms;
+    TrayMenu m_shownMenu;
+    bool m_isPillWanted = false;
+    /// When a click elsewhere closed the panel; the same click may go on to the item.
+    std::optional<quint64> m_dismissedAtNanoseconds;
+};
+
+}

@@ -1,0 +1,261 @@
+#include "Persistence/Repositories/UserVideoRepository.h"
+
+#include "Foundation/Cancellable.h"
+#include "Persistence/CoreDataStack.h"
+#include "Persistence/Repositories/UserVideoQueries.h"
+#include "Platform/Ports/IdentifierSource.h"
+#include "Platform/Ports/WallClock.h"
+
+namespace tomcatto {
+
+namespace {
+
+StoreValue storeValue(const std::optional<Date> &date)
+{
+    return date ? StoreValue(secondsSince1970(*date)) : StoreValue();
+}
+
+StoreValue storeValue(const QByteArray &data)
+{
+    return data.isEmpty() ? StoreValue() : StoreValue(data);
+}
+
+StoreValue storeValue(const QString &text)
+{
+    return text.isEmpty() ? StoreValue() : StoreValue(text);
+}
+
+UserVideo listedVideo(const StoreRow &row)
+{
+    return {.id = row.identifier(0),
+            .displayName = row.text(1),
+            .bookmarkData = row.data(2),
+            .localCopyPath = row.text(3),
+            .durationSeconds = row.real(4),
+            .addedAt = row.date(5),
+            .lastPlayedAt = row.date(6),
+            .playCount = row.integer<qint32>(7),
+            .thumbnailData = {},
+            .userSelected = row.boolean(8)};
+}
+
+UserVideo wholeVideo(const StoreRow &row)
+{
+    UserVideo video = listedVideo(row);
+    video.thumbnailData = row.data(9);
+    return video;
+}
+
+}
+
+UserVideoRepository::UserVideoRepository(CoreDataStack &stack, const WallClock &clock, IdentifierSource &identifiers,
+                                         const Bookmarks &bookmarks, const StillFrame &stillFrame, QObject *parent)
+    : QObject(parent)
+    , m_clock(clock)
+    , m_identifiers(identifiers)
+    , m_bookmarks(bookmarks)
+    , m_stillFrame(stillFrame)
+    , m_thumbnailRenderer(stillFrame)
+    , m_logger(QStringLiteral("UserVideoRepository"))
+    , m_context(stack.newBackgroundContext())
+{
+}
+
+UserVideoRepository::~UserVideoRepository()
+{
+    // No block may be running or waiting that still knows this object.
+    m_stop.request_stop();
+    m_pictureQueue.drain();
+    m_context.performAndWait([](const ManagedObjectContext &) {});
+}
+
+std::expected<QUuid, UserVideoRepositoryError> UserVideoRepository::addVideo(const QUrl &fileUrl, Completion completion)
+{
+    // Held until the file has been looked into.
+    std::shared_ptr<Cancellable> access;
+    if (m_bookmarks.startAccess(fileUrl))
+        access = std::make_shared<Cancellable>([this, fileUrl] { m_bookmarks.stopAccess(fileUrl); });
+    auto bookmark = m_bookmarks.bookmarkData(fileUrl);
+    if (!bookmark)
+        return std::unexpected(UserVideoRepositoryError::bookmarkResolutionFailed);
+    UserVideo video;
+    video.id = m_identifiers.next();
+    video.displayName = fileUrl.fileName();
+    video.bookmarkData = *std::move(bookmark);
+    video.addedAt = m_clock.now();
+    insert(video,
+           [this, id = video.id, fileUrl, access, completion = std::move(completion)](const WriteResult &result) {
+               if (result == UserVideoSave::saved)
+                   addPicture(id, fileUrl, access, completion);
+               else if (completion)
+                   completion(result);
+           });
+    return video.id;
+}
+
+// Looking into the file may take seconds, so it has a thread of its own and holds up no other write.
+void UserVideoRepository::addPicture(const QUuid &id, const QUrl &fileUrl, std::shared_ptr<Cancellable> access,
+                                     Completion completion)
+{
+    m_pictureQueue.async([this, id, fileUrl, access = std::move(access), completion = std::move(completion)]() mutable {
+        const std::stop_token stop = m_stop.get_token();
+        if (stop.stop_requested())
+            return;
+        const auto length = m_stillFrame.durationSeconds(fileUrl.toLocalFile(), stop);
+        const auto thumbnail = m_thumbnailRenderer.thumbnail(fileUrl, stop);
+        if (access)
+            access->cancel();
+        write({id,
+               userVideoQueries::setPicture,
+               {identifierText(id), length.value_or(0.0), storeValue(thumbnail.value_or(QByteArray()))},
+               QStringLiteral("addVideo save failed: "),
+               true,
+               std::move(completion)});
+    });
+}
+
+void UserVideoRepository::restoreVideo(const UserVideo &video, Completion completion)
+{
+    insert(video, std::move(completion));
+}
+
+void UserVideoRepository::insert(const UserVideo &video, Completion completion)
+{
+    write({video.id,
+           userVideoQueries::insert,
+           {identifierText(video.id), video.displayName, video.bookmarkData, storeValue(video.localCopyPath),
+            video.durationSeconds, storeValue(video.addedAt), storeValue(video.lastPlayedAt), qint64{video.playCount},
+            storeValue(video.thumbnailData), qint64{video.userSelected}},
+           QStringLiteral("addVideo save failed: "),
+           false,
+           std::move(completion)});
+}
+
+void UserVideoRepository::deleteVideo(const QUuid &id, Completion completion)
+{
+    write({id,
+           userVideoQueries::remove,
+           {identifierText(id)},
+           QStringLiteral("deleteVideo failed: "),
+           true,
+           std::move(completion)});
+}
+
+void UserVideoRepository::setSelected(const QUuid &id, bool isSelected, Completion completion)
+{
+    write({id,
+           userVideoQueries::setSelected,
+           {identifierText(id), qint64{isSelected}},
+           QStringLiteral("setSelected failed: "),
+           true,
+           std::move(completion)});
+}
+
+void UserVideoRepository::markPlayed(const QUuid &id, Completion completion)
+{
+    write({id,
+           userVideoQueries::markPlayed,
+           {identifierText(id), secondsSince1970(m_clock.now())},
+           QStringLiteral("markPlayed failed: "),
+           true,
+           std::move(completion)});
+}
+
+void UserVideoRepository::updateBookmarkData(const QUuid &id, const QByteArray &data, Completion completion)
+{
+    write({id,
+           userVideoQueries::updateBookmark,
+           {identifierText(id), data},
+           QStringLiteral("updateBookmarkData failed: "),
+           true,
+           std::move(completion)});
+}
+
+void UserVideoRepository::write(Write write)
+{
+    m_context.perform([this, write = std::move(write)](ManagedObjectContext &context) {
+        finish(perform(context, write), write.completion);
+    });
+}
+
+UserVideoRepository::WriteResult UserVideoRepository::perform(ManagedObjectContext &context, const Write &write) const
+{
+    bool exists = !write.needsRecord;
+    StoreResult<void> done;
+    if (write.needsRecord)
+        done = context.connection().fetch(userVideoQueries::exists, {identifierText(write.id)},
+                                          [&exists](const StoreRow &) { exists = true; });
+    if (done && !exists)
+        return std::unexpected(UserVideoRepositoryError::videoNotFound);
+    if (done) {
+        done = context.save([&write](StoreConnection &connection) -> StoreResult<void> {
+            if (const auto executed = connection.execute(write.sql, write.values); !executed)
+                return std::unexpected(executed.error());
+            return {};
+        });
+    }
+    if (done)
+        return UserVideoSave::saved;
+    m_logger.error(write.failureText + done.error().description());
+    return UserVideoSave::failed;
+}
+
+// On the store's queue.
+void UserVideoRepository::finish(const WriteResult &result, const Completion &completion)
+{
+    QMetaObject::invokeMethod(
+        this,
+        [this, result, completion] {
+            if (result == UserVideoSave::saved)
+                Q_EMIT didChange();
+            if (completion)
+                completion(result);
+        },
+        Qt::QueuedConnection);
+}
+
+std::vector<UserVideo> UserVideoRepository::allVideos() const
+{
+    return fetch(userVideoQueries::all, {}, listedVideo);
+}
+
+std::vector<UserVideo> UserVideoRepository::selectedVideos() const
+{
+    return fetch(userVideoQueries::selected, {}, listedVideo);
+}
+
+std::expected<UserVideo, UserVideoRepositoryError> UserVideoRepository::video(const QUuid &id) const
+{
+    auto found = fetch(userVideoQueries::one, {identifierText(id)}, wholeVideo);
+    if (found.empty())
+        return std::unexpected(UserVideoRepositoryError::videoNotFound);
+    return std::move(found.front());
+}
+
+std::vector<UserVideo> UserVideoRepository::fetch(const char *sql, const std::vector<StoreValue> &values,
+                                                  const std::function<UserVideo(const StoreRow &)> &read) const
+{
+    std::vector<UserVideo> found;
+    m_context.performAndWait([&](const ManagedObjectContext &context) {
+        const auto fetched =
+            context.connection().fetch(sql, values, [&](const StoreRow &row) { found.push_back(read(row)); });
+        if (fetched)
+            return;
+        m_logger.error(QStringLiteral("Failed to fetch user videos: ") + fetched.error().description());
+        found.clear();
+    });
+    return found;
+}
+
+std::expected<ResolvedBookmark, UserVideoRepositoryError>
+UserVideoRepository::resolveBookmark(const UserVideo &video, QDeadlineTimer searchUntil) const
+{
+    auto resolved = m_bookmarks.resolve(video.bookmarkData, searchUntil);
+    if (!resolved)
+        return std::unexpected(UserVideoRepositoryError::bookmarkResolutionFailed);
+    if (resolved->isStale)
+        m_logger.info(QStringLiteral("Resolved a stale security-scoped bookmark; caller should refresh."));
+    return *std::move(resolved);
+}
+
+}

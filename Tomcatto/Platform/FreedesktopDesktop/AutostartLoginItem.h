@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Platform/Ports/LoginItem.h"
+
+namespace tomcatto {
+
+/// The login item as an autostart entry of the desktop, a small file in the user's configuration. The desktop's own
+/// settings switch it off by a key in that file, which counts as waiting for approval.
+class AutostartLoginItem final : public LoginItem
+{
+public:
+    /// @param program absolute path of what is started at login, with the option that keeps it in the background.
+    /// @param folder where the desktop reads autostart entries.
+    explicit AutostartLoginItem(QString program, QString folder = userFolder());
+
+    /// The user's autostart folder; it need not exist.
+    [[nodiscard]] static QString userFolder();
+
+    [[nodiscard]] LoginItemStatus status() const override;
+    /// Replaces the entry as a whole, with everything that was switched in it.
+    [[nodiscard]] std::expected<void, QString> registerItem() override;
+    [[nodiscard]] std::expected<void, QString> unregisterItem() override;
+
+private:
+    [[nodiscard]] QString file() const;
+    [[nodiscard]] QByteArray entry() const;
+
+    QString m_program;
+    QString m_folder;
+};
+
+}

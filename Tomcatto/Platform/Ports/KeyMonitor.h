@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Foundation/Cancellable.h"
+
+#include <QtCore/Qt>
+
+namespace tomcatto {
+
+/// One press of a key.
+struct KeyPress
+{
+    Qt::Key key = Qt::Key_unknown;
+    Qt::KeyboardModifiers modifiers;
+    /// Whether a held key repeats.
+    bool isRepeat = false;
+
+    bool operator==(const KeyPress &) const = default;
+};
+
+/// The keys that go to the application's own windows, seen before the windows see them. Main thread only.
+class KeyMonitor
+{
+public:
+    virtual ~KeyMonitor() = default;
+
+    /// Calls `handler` with each press until the result is cancelled, which the handler itself may do. Where it returns
+    /// true the key is swallowed, else it goes on unchanged.
+    [[nodiscard]] virtual Cancellable onKeyDown(std::function<bool(const KeyPress &)> handler) = 0;
+};
+
+}

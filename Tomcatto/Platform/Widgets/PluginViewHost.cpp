@@ -1,0 +1,71 @@
+#include "Platform/Widgets/PluginViewHost.h"
+
+#include "Platform/Quick/ViewPlugin.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
+#include <QtCore/QPluginLoader>
+
+namespace tomcatto {
+
+namespace {
+
+const QString fileName = QStringLiteral("tomcatto-views.so");
+
+}
+
+PluginViewHost::PluginViewHost(QObject &appearance, QStringList folders)
+    : m_appearance(appearance)
+    , m_folders(std::move(folders))
+{
+}
+
+PluginViewHost::~PluginViewHost() = default;
+
+QStringList PluginViewHost::pluginFolders()
+{
+    const QString folder = QCoreApplication::applicationDirPath();
+    return {folder, folder + QStringLiteral("/../" TOMCATTO_LIBRARY_FOLDER "/tomcatto")};
+}
+
+std::unique_ptr<HostedView> PluginViewHost::create(const ViewDescription &description)
+{
+    if (!m_host)
+        load();
+    return m_host ? m_host->create(description) : nullptr;
+}
+
+void PluginViewHost::load()
+{
+    for (const QString &folder : std::as_const(m_folders)) {
+        const QString file = folder + u'/' + fileName;
+        if (!QFile::exists(file))
+            continue;
+        QPluginLoader loader(file);
+        auto *plugin = qobject_cast<ViewPlugin *>(loader.instance());
+        if (plugin == nullptr) {
+            m_logger.error(QStringLiteral("windows cannot be shown: ") + loader.errorString());
+            return;
+        }
+        // The plugin has a log of its own, whose lines belong into this one.
+        m_host =
+            plugin->makeViewHost(m_appearance, [](LogLevel level, const QString &category, const QString &message) {
+                const Logger logger(category);
+                switch (level) {
+                case LogLevel::debug:
+                    return logger.debug(message);
+                case LogLevel::info:
+                    return logger.info(message);
+                case LogLevel::error:
+                    return logger.error(message);
+                case LogLevel::fault:
+                    return logger.fault(message);
+                }
+            });
+        return;
+    }
+    m_logger.error(QStringLiteral("windows cannot be shown: %1 is not in %2; is Tomcatto installed completely?")
+                       .arg(fileName, m_folders.join(QStringLiteral(", "))));
+}
+
+}

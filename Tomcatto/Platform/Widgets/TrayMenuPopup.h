@@ -1,0 +1,28 @@
+#pragma once
+
+#include "Platform/Ports/StatusItem.h"
+
+#include <QtCore/QObject>
+
+class QWidget;
+
+namespace tomcatto {
+
+/// The item's menu as a popup, made when it is shown and gone when it closes. Main thread only.
+class TrayMenuPopup final : public QObject
+{
+    Q_OBJECT
+
+public:
+    void setMenu(const TrayMenu &menu) { m_menu = menu; }
+    /// Shows the menu at a place of the screens, in logical pixels. @param owner the window it belongs to; may be null.
+    void popUp(QPoint place, QWidget *owner);
+
+Q_SIGNALS:
+    void chosen(tomcatto::TrayMenuAction action);
+
+private:
+    TrayMenu m_menu;
+};
+
+}

@@ -1,0 +1,75 @@
+#include "SystemIntegration/LaunchAtLoginService.h"
+
+#include <QtCore/QPointer>
+
+namespace tomcatto {
+
+LaunchAtLoginService::LaunchAtLoginService(PomodoroSettings &settings, LoginItem &loginItem, Alert &alert,
+                                           SystemSettings &systemSettings, const LocalizedStrings &strings,
+                                           QObject *parent)
+    : QObject(parent)
+    , m_settings(settings)
+    , m_loginItem(loginItem)
+    , m_alert(alert)
+    , m_systemSettings(systemSettings)
+    , m_strings(strings)
+{
+    connect(&settings, &PomodoroSettings::changed, this, [this](PomodoroSettings::Key key) {
+        if (key == PomodoroSettings::Key::launchAtLogin)
+            settingChanged();
+    });
+}
+
+void LaunchAtLoginService::readStatus()
+{
+    const LoginItemStatus status = m_loginItem.status();
+    const bool isNew = status != m_status;
+    m_status = status;
+    m_isFollowing = true;
+    m_settings.setLaunchAtLogin(status == LoginItemStatus::enabled);
+    m_isFollowing = false;
+    if (isNew)
+        Q_EMIT statusChanged();
+}
+
+void LaunchAtLoginService::enable()
+{
+    apply(true);
+}
+
+void LaunchAtLoginService::disable()
+{
+    apply(false);
+}
+
+void LaunchAtLoginService::settingChanged()
+{
+    if (!m_isFollowing)
+        apply(m_settings.launchAtLogin());
+}
+
+void LaunchAtLoginService::apply(bool isOn)
+{
+    const auto result = isOn ? m_loginItem.registerItem() : m_loginItem.unregisterItem();
+    if (!result) {
+        m_logger.error(QStringLiteral("launch-at-login %1 failed: %2")
+                           .arg(isOn ? QStringLiteral("register") : QStringLiteral("unregister"), result.error()));
+        tellFailure();
+    }
+    readStatus();
+}
+
+void LaunchAtLoginService::tellFailure()
+{
+    const AlertDescription description{
+        m_strings.text(QStringLiteral("settings.general.launch_at_login_failed_alert")),
+        m_strings.text(QStringLiteral("settings.general.launch_at_login_failed_alert_detail")),
+        m_strings.text(QStringLiteral("settings.general.launch_at_login_open_settings_button")),
+        m_strings.text(QStringLiteral("settings.general.launch_at_login_dismiss_button"))};
+    m_alert.showWarning(description, [service = QPointer(this)](AlertButton button) {
+        if (service && button == AlertButton::first)
+            service->m_systemSettings.openLoginItems();
+    });
+}
+
+}

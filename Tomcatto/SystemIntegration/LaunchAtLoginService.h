@@ -1,0 +1,52 @@
+#pragma once
+
+#include "Foundation/Logger.h"
+#include "Localization/LocalizedStrings.h"
+#include "Platform/Ports/Alert.h"
+#include "Platform/Ports/LoginItem.h"
+#include "Platform/Ports/SystemSettings.h"
+#include "Timer/PomodoroSettings.h"
+
+namespace tomcatto {
+
+/// Keeps the system's login item and the `launchAtLogin` setting together. A change of the setting, from wherever, is
+/// handed to the system; where that fails the user is told and the setting goes back to what the system has. Waiting
+/// for the user's approval counts as off: nothing is started then. Main thread only.
+class LaunchAtLoginService final : public QObject
+{
+    Q_OBJECT
+
+public:
+    LaunchAtLoginService(PomodoroSettings &settings, LoginItem &loginItem, Alert &alert, SystemSettings &systemSettings,
+                         const LocalizedStrings &strings, QObject *parent = nullptr);
+
+    /// The state read last.
+    [[nodiscard]] LoginItemStatus status() const noexcept { return m_status; }
+
+    /// Reads the state from the system; the setting follows it.
+    void readStatus();
+    /// Registers the application as a login item.
+    void enable();
+    /// Takes the registration back.
+    void disable();
+
+Q_SIGNALS:
+    void statusChanged();
+
+private:
+    void settingChanged();
+    void apply(bool isOn);
+    void tellFailure();
+
+    PomodoroSettings &m_settings;
+    LoginItem &m_loginItem;
+    Alert &m_alert;
+    SystemSettings &m_systemSettings;
+    const LocalizedStrings &m_strings;
+    Logger m_logger{QStringLiteral("LaunchAtLoginService")};
+    LoginItemStatus m_status = LoginItemStatus::notRegistered;
+    // The setting follows the system; that is no wish of the user's.
+    bool m_isFollowing = false;
+};
+
+}
