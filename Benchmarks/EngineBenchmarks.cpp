@@ -1,6 +1,7 @@
 #include "CommandLine/TerminalFrontEnd.h"
 #include "Fakes/ManualClock.h"
 #include "Fakes/ManualPower.h"
+#include "Fakes/VideosFixture.h"
 #include "Platform/Portable/JsonFileUserDefaults.h"
 #include "Platform/Portable/QtMainRunLoop.h"
 #include "Platform/Portable/RandomIdentifierSource.h"
@@ -82,8 +83,10 @@ public:
     RandomIdentifierSource identifiers;
     JsonFileUserDefaults defaults{freshFile(history.applicationSupportDirectory() + QStringLiteral("/defaults.json"))};
     ManualPower power;
-    AppDependencies dependencies{
-        {clock, wallClock, runLoop, identifiers, defaults, power, history.applicationSupportDirectory()}};
+    PathBookmarks bookmarks;
+    TextStillFrame stillFrame;
+    AppDependencies dependencies{{clock, wallClock, runLoop, identifiers, defaults, power, bookmarks, stillFrame,
+                                  history.applicationSupportDirectory(), QString()}};
 };
 
 constexpr qint64 longPhase = 1'000'000'000;
@@ -132,8 +135,11 @@ void transition(Workshop &workshop, benchmark::State &state, Aspect aspect)
     else
         Yardstick::report(state, "at most 2 ms", "", 0);
     std::optional<StatusSource> status;
-    if (aspect == Aspect::withStatus)
+    if (aspect == Aspect::withStatus) {
         status.emplace(application.statusParts());
+        // The status is gathered only while somebody listens.
+        QObject::connect(&*status, &StatusSource::changed, &*status, [] {});
+    }
     application.dependencies.stateMachine.start();
     Application::settle();
     for (auto _ : state) {

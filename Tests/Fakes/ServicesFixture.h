@@ -7,6 +7,7 @@
 #include "Fakes/ManualRunLoop.h"
 #include "Fakes/ManualWallClock.h"
 #include "Fakes/SequentialIdentifiers.h"
+#include "Fakes/VideosFixture.h"
 
 #include <QtCore/QTemporaryDir>
 
@@ -38,8 +39,10 @@ public:
     ManualRunLoop runLoop;
     SequentialIdentifiers identifiers;
     ManualPower power;
-    AppDependencies dependencies{
-        PlatformServices{clock, wallClock, runLoop, identifiers, defaults, power, folder.path()}};
+    PathBookmarks bookmarks;
+    TextStillFrame stillFrame;
+    AppDependencies dependencies{PlatformServices{clock, wallClock, runLoop, identifiers, defaults, power, bookmarks,
+                                                  stillFrame, folder.path(), folder.path()}};
 };
 
 }

@@ -7,8 +7,9 @@ namespace {
 /// Starts an X server that nobody sees and has the rest of the process use it.
 bool startServer(QProcess &server)
 {
-    server.start(QStringLiteral("Xvfb"),
-                 QStringLiteral("-displayfd 1 -screen 0 1280x800x24 -nolisten tcp").split(u' '));
+    // It ends with this process, however this one ends.
+    server.start(QStringLiteral("setpriv"),
+                 QStringLiteral("--pdeathsig KILL Xvfb -displayfd 1 -screen 0 1280x800x24 -nolisten tcp").split(u' '));
     if (!server.waitForReadyRead())
         return false;
     qputenv("DISPLAY", ':' + server.readLine().trimmed());

@@ -3,6 +3,7 @@
 #include "Platform/Widgets/PluginViewHost.h"
 #include "Platform/X11/X11ClickMonitor.h"
 #include "Platform/X11/X11TaskbarPresence.h"
+#include "TestLooks.h"
 #include "TestScreen.h"
 
 #include <gmock/gmock.h>
@@ -79,27 +80,10 @@ TEST(MessageBoxAlertTests, ShowsOneWarningAfterTheOther)
     EXPECT_THAT(pressed, testing::ElementsAre(AlertButton::first, AlertButton::second));
 }
 
-namespace {
-
-/// An appearance that the plugin knows only by its properties.
-class Looks final : public QObject
-{
-    Q_OBJECT
-    Q_PROPERTY(bool dark MEMBER m_isDark NOTIFY darkChanged)
-
-public:
-    bool m_isDark = false;
-
-Q_SIGNALS:
-    void darkChanged();
-};
-
-}
-
 TEST(PluginViewHostTests, LoadsThePluginWithTheFirstViewAndFollowsTheLooks)
 {
     CapturedLog log;
-    Looks looks;
+    TestLooks looks;
     PluginViewHost missing(looks, {QStringLiteral("/nonexistent")});
     const ViewDescription description{
         QStringLiteral("TestViews"), QStringLiteral("Sample"), {{QStringLiteral("strings"), QStringLiteral("text")}}};
@@ -119,5 +103,3 @@ TEST(PluginViewHostTests, LoadsThePluginWithTheFirstViewAndFollowsTheLooks)
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&view->window()));
     EXPECT_EQ(log.count(LogLevel::error), 1);
 }
-
-#include "DesktopWindowsTests.moc"

@@ -156,13 +156,13 @@ TEST_F(StatusItemTests, SitsInATrayThatTakesInWindows)
     const SideProgram tray(QStringLiteral("trayer"), {});
     EXPECT_TRUE(becomes(true, false));
     ASSERT_TRUE(QTest::qWaitFor([this] { return m_item.geometry().value_or(QRect()).y() > 0; }, 20'000));
-    const auto edge = [this] { return std::min(m_item.geometry()->width(), m_item.geometry()->height()); };
+    const auto place = [this] { return m_item.geometry().value_or(QRect()); };
+    const auto edge = [&] { return std::min(place().width(), place().height()); };
     EXPECT_TRUE(QTest::qWaitFor([&] { return m_item.forms().squareSizes == std::vector{edge()}; }, 20'000)) << edge();
-    const QRect place = *m_item.geometry();
-    const QPoint middle = place.center();
+    const QPoint middle = place().center();
     usePointer(QStringLiteral("mousemove %1 %2 click 1").arg(middle.x()).arg(middle.y()));
     EXPECT_TRUE(QTest::qWaitFor([this] { return !m_places.empty(); }));
-    EXPECT_THAT(m_places, testing::ElementsAre(place));
+    EXPECT_THAT(m_places, testing::ElementsAre(place()));
     usePointer(QStringLiteral("click 3"));
     EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
     usePointer(QStringLiteral("key Down Return"));
@@ -177,6 +177,12 @@ TEST_F(StatusItemTests, FloatsAboveEverythingIsDraggedAlongTheEdgeAndComesBackTh
     EXPECT_TRUE(QTest::qWaitFor([&] { return window.windowHandle()->isExposed(); }));
     EXPECT_EQ(window.geometry(), QRect(640 - 44, 0, 88, 32));
     EXPECT_EQ(window.accessibleName(), QStringLiteral("25 minutes left"));
+    const QImage drawn = window.grab().toImage();
+    EXPECT_EQ(drawn.pixelColor(0, 0).alpha(), 0) << "outside the round end";
+    EXPECT_EQ(drawn.pixelColor(20, 2), QColor(0xEC, 0xE9, 0xE7));
+    EXPECT_EQ(drawn.pixelColor(4, 4), QColor(Qt::red));
+    EXPECT_EQ(drawn.pixelColor(83, 27), QColor(Qt::red));
+    EXPECT_EQ(drawn.pixelColor(20, 28), QColor(0xEC, 0xE9, 0xE7));
     const QString states = windowStates(window.winId());
     for (const char *state : {"ABOVE", "SKIP_TASKBAR", "SKIP_PAGER", "(CARDINAL) = 4294967295"})
         EXPECT_TRUE(states.contains(QLatin1String(state))) << state << " in " << states.toStdString();

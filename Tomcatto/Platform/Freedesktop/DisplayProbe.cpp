@@ -1,5 +1,6 @@
 #include "Platform/Freedesktop/DisplayProbe.h"
 
+#include <cerrno>
 #include <cstddef>
 #include <cstring>
 #include <netdb.h>
@@ -38,11 +39,11 @@ bool opensRemoteAddress(const addrinfo &place)
     const int socket = ::socket(place.ai_family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
     if (socket < 0)
         return false;
-    ::connect(socket, place.ai_addr, place.ai_addrlen);
+    const bool isUnderWay = ::connect(socket, place.ai_addr, place.ai_addrlen) == 0 || errno == EINPROGRESS;
     pollfd waiting{socket, POLLOUT, 0};
     int error = 0;
     socklen_t size = sizeof error;
-    const bool isOpen = ::poll(&waiting, 1, remoteLimitMilliseconds) == 1 &&
+    const bool isOpen = isUnderWay && ::poll(&waiting, 1, remoteLimitMilliseconds) == 1 &&
                         ::getsockopt(socket, SOL_SOCKET, SO_ERROR, &error, &size) == 0 && error == 0;
     ::close(socket);
     return isOpen;
@@ -62,8 +63,8 @@ bool opensRemote(const QByteArray &host, int port)
 
 }
 
-DisplayProbe::DisplayProbe(QProcessEnvironment environment)
-    : m_environment(std::move(environment))
+DisplayProbe::DisplayProbe(const QProcessEnvironment &environment)
+    : m_environment(environment)
 {
 }
 

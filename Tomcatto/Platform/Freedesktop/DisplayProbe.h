@@ -10,7 +10,7 @@ class DisplayProbe final
 {
 public:
     /// @param environment where the variables that name the display are read.
-    explicit DisplayProbe(QProcessEnvironment environment = QProcessEnvironment::systemEnvironment());
+    explicit DisplayProbe(const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment());
 
     /// Whether a display is named and its socket can be opened; takes at most half a second, for displays of other
     /// machines.

@@ -109,8 +109,10 @@ void TrayMenuService::Event(int id, const QString &eventId, const QDBusVariant &
     if (eventId != QLatin1String("clicked"))
         return;
     const auto found = std::ranges::find(m_entries, id, &std::pair<int, TrayMenuEntry>::first);
-    if (found != m_entries.end() && found->second.action && found->second.isEnabled)
-        m_onChosen(*found->second.action);
+    if (found == m_entries.end() || !found->second.isEnabled)
+        return;
+    if (const auto action = found->second.action)
+        m_onChosen(*action);
 }
 
 QList<int> TrayMenuService::EventGroup(const MenuEvents &events)

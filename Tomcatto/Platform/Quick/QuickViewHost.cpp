@@ -107,7 +107,7 @@ std::unique_ptr<QQuickWindow> QuickViewHost::makeWindow(const ViewDescription &d
         m_logger.error(QStringLiteral("%1.%2 is no window").arg(description.module, description.component));
         return nullptr;
     }
-    root.release();
+    static_cast<void>(root.release());
     QQmlEngine::setObjectOwnership(window, QQmlEngine::CppOwnership);
     window->setPersistentGraphics(false);
     window->setPersistentSceneGraph(false);

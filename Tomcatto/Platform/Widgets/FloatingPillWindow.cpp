@@ -205,20 +205,20 @@ void FloatingPillWindow::mouseMoveEvent(QMouseEvent *event)
     if (!m_isDragged)
         return;
     if (canPlaceWindows())
-        drag(cursor);
+        drag(cursor - *m_pressed, cursor);
     else if (windowHandle()->startSystemMove())
         m_pressed.reset();
 }
 
-void FloatingPillWindow::drag(QPoint cursor)
+void FloatingPillWindow::drag(QPoint way, QPoint cursor)
 {
     if (QScreen *screen = QGuiApplication::screenAt(cursor))
         m_screen = screen;
     if (!m_screen)
         return;
     const QRect area = m_screen->availableGeometry();
-    const int left = std::clamp(m_pressedLeft + cursor.x() - m_pressed->x(), area.left(),
-                                std::max(area.left(), area.right() + 1 - width()));
+    const int left =
+        std::clamp(m_pressedLeft + way.x(), area.left(), std::max(area.left(), area.right() + 1 - width()));
     m_fraction = std::clamp((left + width() / 2.0 - area.left()) / std::max(area.width(), 1), 0.0, 1.0);
     move(left, area.top());
 }

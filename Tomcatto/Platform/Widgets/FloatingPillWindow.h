@@ -53,7 +53,7 @@ private:
     void fit();
     void place();
     void shape();
-    void drag(QPoint cursor);
+    void drag(QPoint way, QPoint cursor);
     void finishDrag();
     void checkScale();
 
