@@ -42,7 +42,14 @@ DesktopSurfaces::DesktopSurfaces(AppDependencies &dependencies, std::function<vo
 {
 }
 
-DesktopSurfaces::~DesktopSurfaces() = default;
+DesktopSurfaces::~DesktopSurfaces()
+{
+    // A player must be gone before what it plays from is: its window goes in later turns, and after this there are
+    // none.
+    m_breakPreviewController.close();
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
 
 void DesktopSurfaces::prepare()
 {
