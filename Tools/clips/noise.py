@@ -10,7 +10,7 @@ def amplitude(decibels):
 
 
 def coloured(samples, random, gain):
-    """Noise of effective value 1 with the spectrum `gain(hertz)`, made from its spectrum and therefore periodic."""
+    """Noise of effective value 1 shaped by `gain(hertz)` over the frequencies, made from them and therefore periodic."""
     hertz = np.fft.rfftfreq(samples, 1 / RATE)
     spectrum = gain(hertz) * (random.normal(size=hertz.size) + 1j * random.normal(size=hertz.size))
     spectrum[0] = 0
