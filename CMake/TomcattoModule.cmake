@@ -1,10 +1,20 @@
 # A room is a static library with an explicit list of the rooms and libraries it may use. What is not listed does not
 # link, and its headers are not on the include path either.
 
-# One set of precompiled headers for the core rooms and one for the desktop's.
-add_library(TomcattoPrecompiled INTERFACE)
-target_precompile_headers(TomcattoPrecompiled INTERFACE
+# One precompiled header for all targets: at some 150 MB each, one per target would fill a disk.
+set(precompiled_source "${CMAKE_BINARY_DIR}/Precompiled.cpp")
+file(CONFIGURE OUTPUT "${precompiled_source}" CONTENT "// Exists so that the precompiled header has a target.\n")
+add_library(TomcattoPrecompiled STATIC "${precompiled_source}")
+target_link_libraries(TomcattoPrecompiled PRIVATE Qt6::Core)
+target_precompile_headers(TomcattoPrecompiled PRIVATE
     <QtCore/QObject> <QtCore/QString> <QtCore/QDateTime> <functional> <memory> <optional> <vector>)
+
+# tomcatto_precompile(TARGET…): the targets, which all use Qt6::Core, begin with the precompiled header.
+function(tomcatto_precompile)
+    foreach(target ${ARGV})
+        target_precompile_headers(${target} REUSE_FROM TomcattoPrecompiled)
+    endforeach()
+endfunction()
 
 # tomcatto_module(NAME SOURCES … [USES rooms and libraries …])
 # The target is Tomcatto<NAME>; headers are included as "NAME/Type.h" with the folder's path below Tomcatto/.
@@ -21,7 +31,8 @@ function(tomcatto_module name)
         add_library(${target} STATIC ${ARG_SOURCES})
         set_target_properties(${target} PROPERTIES AUTOMOC ON AUTORCC ON)
         target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}/Tomcatto")
-        target_link_libraries(${target} PUBLIC ${ARG_USES} PRIVATE TomcattoPrecompiled)
+        target_link_libraries(${target} PUBLIC ${ARG_USES})
+        tomcatto_precompile(${target})
     else()
         add_library(${target} INTERFACE ${ARG_SOURCES})
         target_include_directories(${target} INTERFACE "${PROJECT_SOURCE_DIR}/Tomcatto")
