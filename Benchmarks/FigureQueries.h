@@ -16,6 +16,9 @@ namespace figureQueries {
 /// The number as SQL.
 [[nodiscard]] std::string literal(Date date);
 
+/// Start and length of every completed work phase.
+inline constexpr const char *stamps = "SELECT startedAt, actualDurationSeconds FROM PomodoroSessionRecord"
+                                      " WHERE phase = 'work' AND wasCompleted = 1 ORDER BY startedAt";
 /// Completed work phases that started in the interval, and their minutes.
 [[nodiscard]] std::string count(const DateInterval &interval);
 [[nodiscard]] std::string minutes(const DateInterval &interval);

@@ -30,14 +30,14 @@ void registerFirstStatistics(Workshop &workshop)
             const StatsAggregator fresh(open.sessionHistory, open.clock);
             benchmark::DoNotOptimize(gatherStatsReport(fresh, StatsRange::allTime, goal));
         },
-        [](OpenHistory &) { return std::string(sessionQueries::completedWorkStamps); });
+        [](OpenHistory &) { return std::string(figureQueries::stamps); });
 
     const auto bare = [&workshop](benchmark::State &state) {
         const PhaseHistory history = workshop.history(state.range(0));
         const SQLite::Database database(history.storePath().toStdString());
         for (auto _ : state) {
             std::vector<CompletedWorkStamp> stamps;
-            SQLite::Statement statement(database, sessionQueries::completedWorkStamps);
+            SQLite::Statement statement(database, figureQueries::stamps);
             while (statement.executeStep())
                 stamps.push_back({dateFromSeconds(statement.getColumn(0)), statement.getColumn(1).getInt64()});
             benchmark::DoNotOptimize(stamps.data());

@@ -101,7 +101,7 @@ void registerWholeReads(Workshop &workshop)
     registerBesideShell(
         workshop, "query: completed work stamps", "",
         [](OpenHistory &open) { benchmark::DoNotOptimize(open.repository.completedWorkStamps()); },
-        [](OpenHistory &) { return std::string(sessionQueries::completedWorkStamps); });
+        [](OpenHistory &) { return std::string(figureQueries::stamps); });
     registerBesideShell(
         workshop, "query: completed work count", "",
         [](OpenHistory &open) { benchmark::DoNotOptimize(open.repository.completedWorkCount()); },

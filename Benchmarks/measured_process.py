@@ -64,25 +64,6 @@ class Places:
         return [tuple(statistics.median(run[index][kind] for run in taken) for kind in (0, 1)) for index in range(len(commands))]
 
 
-class Display:
-    """An X server with a window manager; the `with` block gets the environment that names it."""
-
-    def __enter__(self):
-        read, write = os.pipe()
-        self.server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1920x1080x24"],
-                                       pass_fds=[write], stderr=subprocess.DEVNULL)
-        os.close(write)
-        with os.fdopen(read) as display:
-            environment = {"DISPLAY": ":" + display.readline().strip(), "QT_QPA_PLATFORM": "xcb"}
-        self.manager = subprocess.Popen(["openbox"], env=os.environ | environment, stderr=subprocess.DEVNULL)
-        return environment
-
-    def __exit__(self, *_):
-        for process in (self.manager, self.server):
-            process.terminate()
-            process.wait()
-
-
 class Running:
     """A program that stays, ended with the `with` block. With a terminal of its own when asked."""
 
@@ -127,30 +108,38 @@ class Running:
         except OSError:
             pass
 
-    def tasks(self, name):
-        folder = f"/proc/{self.process.pid}/task"
+    def processor_seconds(self):
+        """Of all its threads, those that have ended as well: the kernel's clock of a process, by its number."""
+        return time.clock_gettime(~self.process.pid << 3 | 2)
+
+    def sleeps(self):
+        """For each thread how often it has gone to sleep by itself."""
+        folder, counted = f"/proc/{self.process.pid}/task", {}
         for task in os.listdir(folder):
             try:
-                with open(f"{folder}/{task}/{name}", encoding="ascii") as file:
-                    yield file.read()
+                with open(f"{folder}/{task}/status", encoding="ascii") as file:
+                    counted[task] = next(int(line.split()[1]) for line in file if line.startswith("voluntary_ctxt_switches"))
             except FileNotFoundError:
                 pass  # A thread that has just ended.
-
-    def processor_seconds(self):
-        """Of all threads that are there now."""
-        return sum(int(text.split()[0]) for text in self.tasks("schedstat")) / 1e9
-
-    def wakeups(self):
-        """How often the threads that are there now have gone to sleep by themselves."""
-        return sum(int(line.split()[1]) for text in self.tasks("status") for line in text.splitlines()
-                   if line.startswith("voluntary_ctxt_switches"))
+        return counted
 
     def wakeups_a_second(self, seconds):
-        before = self.wakeups()
+        before = self.sleeps()
         time.sleep(seconds)
-        return (self.wakeups() - before) / seconds
+        return sum(count - before.get(task, 0) for task, count in self.sleeps().items()) / seconds
 
-    def megabytes(self):
-        """Proportional set size in units of 10⁶ bytes: memory of its own and its share of what it shares."""
+    def megabytes(self, *kinds):
+        """In units of 10⁶ bytes. The proportional set size is memory of its own and its share of what it shares."""
+        wanted = kinds or ("Pss",)
         with open(f"/proc/{self.process.pid}/smaps_rollup", encoding="ascii") as file:
-            return next(int(line.split()[1]) for line in file if line.startswith("Pss:")) * 1024 / 1e6
+            return sum(int(line.split()[1]) for line in file if line.split(":")[0] in wanted) * 1024 / 1e6
+
+    def own_megabytes(self):
+        """That part which no other process has a share in, so that no other process changes it."""
+        return self.megabytes("Pss_Anon", "Pss_Shmem")
+
+    def threads(self):
+        return len(os.listdir(f"/proc/{self.process.pid}/task"))
+
+    def descriptors(self):
+        return len(os.listdir(f"/proc/{self.process.pid}/fd"))

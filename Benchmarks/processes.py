@@ -1,59 +1,26 @@
 #!/usr/bin/python3
-"""Measures whole processes for ./benchmark: start, memory, wake-ups, commands.
+"""Measures whole processes for ./benchmark: start, memory, wake-ups, commands, windows.
 
 Benchmarks/processes.py --build FOLDER --output FILE
 
 FOLDER holds the programs and the folder "histories" that tomcatto-benchmarks has made. FILE gets a list of objects with
-the texts "what", "measured", "budget", "verdict", "yardstick" and "ratio". A further program is one more function in MEASUREMENTS.
+the texts "what", "measured", "budget", "verdict", "yardstick" and "ratio". A further program is one more function in
+MEASUREMENTS. The exit status is 1 where one failed; its lines are missing then.
 """
 
 import argparse
 import json
 import pathlib
-import statistics
-import time
+import sys
 
-from measured_process import Display, Places, Running
+import desktop
+from figures import resting, row, starts
+from measured_process import Places, Running
 
-STARTS = 9
 COMMANDS = 50
-SETTLE_SECONDS = 5
-WATCH_SECONDS = 20
 LARGEST_HISTORY = 1_000_000
 STAMPS = ("SELECT startedAt, actualDurationSeconds FROM PomodoroSessionRecord"
           " WHERE phase = 'work' AND wasCompleted = 1 ORDER BY startedAt")
-
-
-def row(what, value, unit, limit=None, yardstick=None, limit_text=None, is_ratio=False):
-    """One line of the table. `limit` is of the value, or of its ratio to the yardstick, which is a name and a value."""
-    ratio = value / yardstick[1] if yardstick and yardstick[1] else None
-    judged = ratio if is_ratio else value
-    return {
-        "what": what,
-        "measured": f"{value:.3g} {unit}",
-        "budget": limit_text or ("" if limit is None else f"at most {limit:g} {unit}"),
-        "verdict": "" if limit is None else "kept" if judged <= limit else "**over**",
-        "yardstick": f"{yardstick[0]} {yardstick[1]:.3g} {unit}" if yardstick else "",
-        "ratio": f"{ratio:.2g} ×" if ratio else "",
-    }
-
-
-def starts(command, has_terminal=False, waits_for_socket=False):
-    """Milliseconds of the processor until the program has started and rests; the median."""
-    taken = []
-    for _ in range(STARTS):
-        with Places() as places, Running(places, command, has_terminal,
-                                         places.socket_path if waits_for_socket else None) as running:
-            time.sleep(0.5)
-            taken.append(running.processor_seconds() * 1e3)
-    return statistics.median(taken)
-
-
-def resting(running):
-    """Megabytes and wake-ups a second once everything that a start or a change brings has passed."""
-    time.sleep(SETTLE_SECONDS)
-    wakeups = running.wakeups_a_second(WATCH_SECONDS)
-    return running.megabytes(), wakeups
 
 
 def bare(build):
@@ -97,33 +64,7 @@ def commands(build, _):
               ("`sqlite3`", reading[1] * 1e3), "at most 2 × `sqlite3`", True)
 
 
-def desktop(build, yardstick):
-    """The desktop program with no window open, on a display of its own."""
-    _, megabytes, wakeups = yardstick
-    program, command = str(build / "tomcatto"), str(build / "tomcatto-desktop")
-    arguments = [command, "--background", "-hasCompletedOnboarding", "true"]
-    with Display() as display:
-        taken = []
-        for _ in range(STARTS):
-            with Places() as places:
-                places.environment.update(display)
-                with Running(places, arguments, ready=places.socket_path) as running:
-                    time.sleep(1)
-                    taken.append(running.processor_seconds() * 1e3)
-        yield row("start of the desktop program, processor time", statistics.median(taken), "ms", 60)
-        with Places() as places:
-            places.environment.update(display)
-            with Running(places, arguments, ready=places.socket_path) as running:
-                for state, limit in (("idle", 0), ("running", 2.2)):
-                    if state == "running":
-                        places.run(program, "start")
-                    measured, woken = resting(running)
-                    yield row(f"hidden desktop program, {state}: memory", measured, "MB", 28, ("bare Qt process", megabytes))
-                    yield row(f"hidden desktop program, {state}: wake-ups", woken, "a second", limit,
-                              ("bare Qt process", wakeups))
-
-
-MEASUREMENTS = (terminal, commands, desktop)
+MEASUREMENTS = (terminal, commands, *desktop.MEASUREMENTS)
 
 
 def main():
@@ -132,8 +73,18 @@ def main():
     parser.add_argument("--output", type=pathlib.Path, required=True)
     options = parser.parse_args()
     yardstick = bare(options.build)
-    rows = [line for measurement in MEASUREMENTS for line in measurement(options.build, yardstick)]
-    options.output.write_text(json.dumps(rows, indent=1, ensure_ascii=False) + "\n")
+    rows, has_failed = [], False
+    for measurement in MEASUREMENTS:
+        # One that fails does not take the minutes of the others with it.
+        try:
+            for line in measurement(options.build, yardstick):
+                print(f"{line['what']}: {line['measured']}", file=sys.stderr, flush=True)
+                rows.append(line)
+        except SystemExit as failure:
+            print(failure, file=sys.stderr, flush=True)
+            has_failed = True
+        options.output.write_text(json.dumps(rows, indent=1, ensure_ascii=False) + "\n")
+    sys.exit(has_failed)
 
 
 if __name__ == "__main__":

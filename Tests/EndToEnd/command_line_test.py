@@ -1,7 +1,6 @@
 #!/usr/bin/python3
 """The program as people and scripts use it: commands, exit statuses, files."""
 
-import glob
 import json
 import os
 import pty
@@ -54,12 +53,40 @@ class CommandLineTest(unittest.TestCase):
         self.expect(0, "quit")
         self.assertEqual(self.tomcatto.process.wait(timeout=10), 0)
         lines = [json.loads(line) for line in (first + follower.communicate(timeout=10)[0]).splitlines()]
+        self.assertEqual(follower.returncode, 0, "the application was quit")
         phases = [line["phase"] for line in lines]
         self.assertEqual([p for i, p in enumerate(phases) if i == 0 or p != phases[i - 1]][:6],
                          ["idle", "work", "shortBreak", "work", "longBreak", "work"])
         keys = [(line["phaseToken"], line["isPaused"], line["todayCompleted"]) for line in lines]
         self.assertTrue(all(a != b for a, b in zip(keys, keys[1:-1])), "no line for a mere tick")
         self.assertEqual(self.tomcatto.defaults(), {}, "values for one run are not stored")
+
+    def test_a_follower_tells_a_crash_from_an_end(self):
+        for with_signal, status in ((signal.SIGTERM, 0), (signal.SIGKILL, 3)):
+            self.tomcatto.start()
+            follower = subprocess.Popen([PROGRAM, "status", "--follow"], env=self.tomcatto.environment,
+                                        stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+            self.assertIn("idle", follower.stdout.readline())
+            self.tomcatto.end(with_signal)
+            self.assertEqual("gone" in follower.communicate(timeout=10)[1], status == 3)
+            self.assertEqual(follower.returncode, status)
+
+    def test_is_found_from_another_session(self):
+        here = self.tomcatto.environment["XDG_RUNTIME_DIR"]
+        elsewhere = os.path.join(self.tomcatto.folder, "other")
+        os.mkdir(elsewhere)
+        for announced, runtime in ((here, elsewhere), (elsewhere, here)):
+            self.tomcatto.environment["XDG_RUNTIME_DIR"] = announced
+            self.tomcatto.start()
+            self.tomcatto.environment["XDG_RUNTIME_DIR"] = runtime
+            self.expect(0, "start")
+            self.assertIn("already running", self.expect(0).stdout)
+            os.chmod(announced, 0o777)
+            self.expect(3, "status")
+            os.chmod(announced, 0o700)
+            # What it leaves behind leads nobody astray.
+            self.tomcatto.end(signal.SIGKILL)
+            self.expect(3, "status")
 
     def test_operations_and_their_refusals(self):
         self.tomcatto.start("-workDurationSeconds", "1000")
@@ -103,7 +130,13 @@ class CommandLineTest(unittest.TestCase):
                 while not answer.endswith(b"\n"):
                     answer += client.recv(4096)
                 self.assertEqual(json.loads(answer)["status"], 2)
-        self.assertEqual(self.tomcatto.status()["phase"], "idle")
+        with socket.socket(socket.AF_UNIX) as client:
+            client.connect(self.tomcatto.socket_path)
+            client.sendall(b'{"command":"start"}')
+            client.shutdown(socket.SHUT_WR)
+            with client.makefile() as answer:
+                self.assertEqual([json.loads(line)["status"] for line in answer], [0], "a request needs no line end")
+        self.assertEqual(self.tomcatto.status()["phase"], "work")
 
     def test_two_starts_at_one_moment_recover_one_marker(self):
         self.tomcatto.start()
@@ -118,32 +151,25 @@ class CommandLineTest(unittest.TestCase):
         self.assertEqual(self.tomcatto.records()[0][0], "work")
         self.assertEqual(self.tomcatto.status()["phase"], "idle")
 
-    def test_corrupt_defaults_are_set_aside(self):
-        self.tomcatto.write_defaults('{"workDurationSeconds": 90,')
-        self.tomcatto.start()
-        self.assertEqual(self.expect(0, "settings", "get", "workDurationSeconds").stdout, "1500\n")
-        self.assertEqual(len(glob.glob(self.tomcatto.defaults_path + ".corrupt-*")), 1)
-        self.assertIn("error", self.tomcatto.output())
-
-    def test_other_keys_of_the_file_stay(self):
-        self.tomcatto.write_defaults('{"mine": {"a": [1, 2.5, null]}, "soundEnabled": 1}')
-        self.tomcatto.start()
-        self.assertEqual(self.expect(0, "settings", "get", "soundEnabled").stdout, "true\n", )
-        self.expect(0, "settings", "set", "soundEnabled", "false")
-        self.assertEqual(self.tomcatto.defaults(), {"mine": {"a": [1, 2.5, None]}, "soundEnabled": False})
-
-    def test_keys_of_the_terminal(self):
+    def in_terminal(self, *command):
+        """Starts a program in a terminal of its own; gives its process, the terminal, and a wait for what it shows."""
         process, terminal = pty.fork()
         if process == 0:
-            os.execve(PROGRAM, [PROGRAM, "-workDurationSeconds", "100"], self.tomcatto.environment)
+            os.execvpe(command[0], command, self.tomcatto.environment)
         self.addCleanup(os.close, terminal)
 
+        seen = bytearray()
+
         def read_until(text):
-            seen = b""
             while text not in seen:
                 self.assertTrue(select.select([terminal], [], [], 20)[0], f"no {text} in {seen}")
-                seen += os.read(terminal, 4096)
+                seen.extend(os.read(terminal, 4096))
+            del seen[:seen.index(text) + len(text)]
 
+        return process, terminal, read_until
+
+    def test_keys_of_the_terminal(self):
+        process, terminal, read_until = self.in_terminal(PROGRAM, "-workDurationSeconds", "100")
         read_until(b"Idle")
         for key, shown in ((b" ", b"01:40"), (b" ", b"paused"), (b"e", b"06:"), (b"s", b"Short break"), (b"r", b"Idle")):
             os.write(terminal, key)
@@ -153,6 +179,34 @@ class CommandLineTest(unittest.TestCase):
         os.write(terminal, b"q")
         self.assertEqual(os.waitpid(process, 0)[1], 0)
         self.assertEqual([row[0] for row in self.tomcatto.records()], ["work", "shortBreak", "work"])
+
+    def test_stopped_continued_in_the_background_and_brought_back(self):
+        shell, terminal, read_until = self.in_terminal("bash", "--norc", "--noprofile", "--noediting", "-i")
+
+        def say(text):
+            os.write(terminal, text)
+
+        say(f"PS1=ready:; '{PROGRAM}' -workDurationSeconds 100\n".encode())
+        read_until(b"Idle")
+        say(b"\x1a")
+        read_until(b"Stopped")
+        read_until(b"ready:")
+        say(b"bg\n")
+        self.tomcatto.wait_for(lambda: self.tomcatto.run("start").returncode == 0)
+        say(b"echo still $((40 + 2))\n")
+        read_until(b"still 42")
+        say(b"fg\n")
+        # Brought back it draws its line, and keys reach it again without a line feed.
+        read_until(b"01:")
+        say(b" ")
+        read_until(b"paused")
+        self.assertTrue(self.tomcatto.status()["isPaused"])
+        say(b"q")
+        read_until(b"ready:")
+        say(b"stty -a; exit\n")
+        # The terminal is as it was.
+        read_until(b" icanon")
+        os.waitpid(shell, 0)
 
     def test_a_store_that_cannot_be_opened_ends_with_its_message(self):
         os.makedirs(os.path.dirname(self.tomcatto.store_path))

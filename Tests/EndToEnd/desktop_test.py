@@ -28,8 +28,7 @@ class Desktop(Tomcatto):
         manager = subprocess.Popen(["openbox"], env=self.environment, stderr=subprocess.DEVNULL)
         self.helpers = [manager, bus, self.server]
         self.environment.update(QT_QPA_PLATFORM="xcb", QT_QUICK_BACKEND="software")
-        # What the toolkit and the player's libraries keep until the end is not ours to judge here.
-        self.environment["ASAN_OPTIONS"] = self.environment.get("ASAN_OPTIONS", "") + ":detect_leaks=0"
+        self.outside = dict(self.environment)
 
     def close(self):
         super().close()
@@ -38,7 +37,7 @@ class Desktop(Tomcatto):
             helper.wait()
 
     def tool(self, *arguments):
-        return subprocess.run(["xdotool", *arguments], env=self.environment, capture_output=True, text=True,
+        return subprocess.run(["xdotool", *arguments], env=self.outside, capture_output=True, text=True,
                               check=False, timeout=30).stdout.split()
 
     def windows(self, name):
@@ -106,7 +105,31 @@ class DesktopTest(unittest.TestCase):
         desktop.press("ctrl+w")
         desktop.wait_for(lambda: not desktop.is_focused("Tomcatto"))
         self.assertEqual(desktop.status()["phase"], "idle", "closing the window ends nothing")
+        self.assertEqual(desktop.end(), 0, desktop.output())
         self.assertNotIn("TypeError", desktop.output(), "bindings never outlive what they read")
+
+    def test_ends_cleanly_whatever_is_open(self):
+        desktop = self.desktop
+        completed = ("-hasCompletedOnboarding", "true", "--ui-test")
+        for arguments, opening, end, recorded in (
+                ((), ("status",), signal.SIGTERM, "work"),
+                (completed, ("panel",), signal.SIGINT, "work"),
+                (completed, ("window", "videos"), signal.SIGHUP, "work"),
+                (completed, ("videos", "preview"), None, "work"),
+                (completed, ("skip",), signal.SIGTERM, "shortBreak"),
+        ):
+            with self.subTest(open=opening):
+                desktop.start(*arguments)
+                self.assertEqual(desktop.run("start").returncode, 0)
+                self.assertEqual(desktop.run(*opening).returncode, 0)
+                desktop.wait_for(lambda: desktop.tool("getactivewindow"))
+                # A player takes its time; the end comes while it plays.
+                time.sleep(1.5)
+                if end is None:
+                    self.assertEqual(desktop.run("quit").returncode, 0)
+                self.assertEqual(desktop.end(end) if end else desktop.process.wait(timeout=30), 0, desktop.output())
+                self.assertEqual(desktop.records("phase, wasCompleted")[-1], (recorded, 0))
+        self.assertNotIn("TypeError", desktop.output())
 
 
 if __name__ == "__main__":

@@ -40,9 +40,9 @@ class Tomcatto:
             self.process.wait()
         shutil.rmtree(self.folder, ignore_errors=True)
 
-    def start(self, *arguments, wait=True):
+    def start(self, *arguments, wait=True, program=PROGRAM):
         with open(self.output_path, "ab") as output:
-            self.process = subprocess.Popen([PROGRAM, *arguments], env=self.environment, stdin=subprocess.DEVNULL,
+            self.process = subprocess.Popen([program, *arguments], env=self.environment, stdin=subprocess.DEVNULL,
                                             stdout=output, stderr=output)
         if wait:
             self.wait_for(lambda: self.run("status").returncode == 0)
@@ -73,11 +73,6 @@ class Tomcatto:
     def defaults(self):
         with open(self.defaults_path, encoding="utf-8") as file:
             return json.load(file)
-
-    def write_defaults(self, text):
-        os.makedirs(os.path.dirname(self.defaults_path), exist_ok=True)
-        with open(self.defaults_path, "w", encoding="utf-8") as file:
-            file.write(text)
 
     def records(self, fields=FIELDS):
         if not os.path.exists(self.store_path):

@@ -31,10 +31,13 @@ public:
     TimerPageViewModel timer{engine.settings, engine.machine, strings};
     GeneralPageViewModel general{engine.settings, launchAtLogin,   authorization,
                                  systemSettings,  languageService, strings};
-    VideosPageViewModel videos{library.commands, library.repository, library.bundled, strings};
+    VideosPageViewModel videos{library.commands, library.repository, library.movedVideoSearch, library.bundled,
+                               strings};
     PermissionsPageViewModel permissions{engine.settings, launchAtLogin, authorization, systemSettings, strings};
     AboutPageViewModel about{QStringLiteral("1.0.0"), strings};
-    MainWindowViewModel window{{timer, general, videos, permissions, about}, strings};
+    MainWindowRouter router;
+    AppMenuCommands commands{router, {[] {}, [] {}, [] {}}};
+    MainWindowViewModel window{{timer, general, videos, permissions, about}, commands, strings};
     OnboardingViewModel onboarding{engine.settings, authorization, systemSettings, strings};
 };
 

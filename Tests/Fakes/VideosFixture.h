@@ -2,6 +2,7 @@
 
 #include "Fakes/ManualWallClock.h"
 #include "Fakes/SequentialIdentifiers.h"
+#include "Media/MovedVideoSearch.h"
 #include "Media/UserVideoCommands.h"
 #include "Media/VideoProviding.h"
 #include "Persistence/CoreDataStack.h"
@@ -12,7 +13,7 @@
 
 namespace tomcatto {
 
-/// Bookmarks that are the path alone.
+/// Bookmarks that are the path alone. A file that was moved is found by those who look for longer than a moment.
 class PathBookmarks final : public Bookmarks
 {
 public:
@@ -21,13 +22,18 @@ public:
         const QString path = fileUrl.toLocalFile();
         return QFileInfo::exists(path) ? std::optional(path.toUtf8()) : std::nullopt;
     }
-    [[nodiscard]] std::optional<ResolvedBookmark> resolve(const QByteArray &data, QDeadlineTimer) const override
+    [[nodiscard]] std::optional<ResolvedBookmark> resolve(const QByteArray &data, QDeadlineTimer until) const override
     {
         const QString path = QString::fromUtf8(data);
+        if (path == movedFrom && until.remainingTime() > 500)
+            return ResolvedBookmark{QUrl::fromLocalFile(movedTo), true};
         return QFileInfo::exists(path) ? std::optional(ResolvedBookmark{QUrl::fromLocalFile(path)}) : std::nullopt;
     }
     [[nodiscard]] bool startAccess(const QUrl &) const override { return true; }
     void stopAccess(const QUrl &) const override {}
+
+    QString movedFrom;
+    QString movedTo;
 };
 
 /// Reads what a test puts in the file: "sound" has no picture, "text" is no container, the rest is itself the picture.
@@ -77,6 +83,7 @@ public:
     TextStillFrame stillFrame;
     CoreDataStack stack{folder.path()};
     UserVideoRepository repository{stack, clock, identifiers, bookmarks, stillFrame};
+    MovedVideoSearch movedVideoSearch{repository, bookmarks};
     UserVideoCommands commands{repository, stillFrame};
     ChosenBundledVideos bundled;
 };

@@ -1,9 +1,11 @@
 #include "App/DesktopApplication.h"
 
 #include "App/ApplicationControl.h"
+#include "App/DesktopAdapters.h"
 #include "App/DesktopSurfaces.h"
 #include "App/PlatformAdapters.h"
 #include "Platform/Freedesktop/UnixProcessSignals.h"
+#include "Platform/X11/DisplayLoss.h"
 
 #include <QtGui/QGuiApplication>
 
@@ -66,18 +68,27 @@ int DesktopApplication::runHoldingLock()
     m_program.log().setStandardErrorLevel(LogLevel::debug);
     UnixProcessSignals processSignals;
     PlatformAdapters adapters(m_program.directories(), m_invocation.argumentDomain);
-    AppDependencies dependencies(adapters.services());
+    const DesktopAdapters desktopAdapters;
+    PlatformServices services = adapters.services();
+    services.desktop = &desktopAdapters.services();
+    AppDependencies dependencies(services);
     AppDelegate delegate(dependencies);
     const auto quit = [] { QCoreApplication::quit(); };
     ApplicationControl control(dependencies, delegate, m_program.directories().controlSocket(), quit);
     if (control.listen() == ControlServer::ListenResult::taken)
         return static_cast<int>(m_program.runner().activateRunning());
+    m_program.instanceLock().announce(m_program.directories().controlSocket());
     DesktopSurfaces surfaces(dependencies, quit);
     addDesktopCommands(control.commands(), surfaces);
     const Cancellable termination = processSignals.onTerminationRequest(quit);
     // The end of the session is a normal end; the running phase is on disk before the session goes.
     QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, &delegate,
                      [&delegate] { delegate.applicationWillTerminate(); });
+    const DisplayLoss displayLoss([&delegate] {
+        delegate.applicationWillTerminate();
+        Logger(QStringLiteral("DesktopApplication"))
+            .error(QStringLiteral("the display is gone, so Tomcatto has ended; what ran is recorded"));
+    });
     QGuiApplication::setQuitOnLastWindowClosed(AppDelegate::applicationShouldTerminateAfterLastWindowClosed());
     delegate.applicationWillFinishLaunching({m_invocation.isBackground, m_invocation.isUiTest});
     delegate.applicationDidFinishLaunching(surfaces);

@@ -6,35 +6,46 @@
 #include <QtGui/QClipboard>
 #include <QtGui/QDesktopServices>
 #include <QtGui/QGuiApplication>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QFileDialog>
 
 namespace tomcatto {
+
+namespace {
+
+/// A compositor of this kind gives windows neither a place nor a layer of their own choice, and the keyboard as they
+/// come.
+bool isPlacedByCompositor()
+{
+    return QGuiApplication::platformName().startsWith(QStringLiteral("wayland"));
+}
+
+}
 
 DesktopSurfaces::DesktopSurfaces(AppDependencies &dependencies, std::function<void()> quit, QObject *parent)
     : QObject(parent)
     , m_dependencies(dependencies)
     , m_quit(std::move(quit))
     , m_appearance(QDBusConnection::sessionBus())
-    , m_systemSettings(DesktopSystemSettings::currentDesktops(), AutostartLoginItem::userFolder())
-    , m_loginItem(QCoreApplication::applicationFilePath())
-    , m_notificationProbe(QDBusConnection::sessionBus())
     , m_screens(dependencies.platform.runLoop)
     , m_viewHost(m_appearance)
     , m_statusItem(QDBusConnection::sessionBus(), m_appearance, dependencies.platform.defaults)
     , m_activationPolicy(m_taskbarPresence)
-    , m_notificationAuthorization(m_notificationProbe)
-    , m_launchAtLoginService(dependencies.settings, m_loginItem, m_alert, m_systemSettings, dependencies.strings)
+    , m_menuCommands(dependencies.mainWindowRouter, menuActions())
     , m_timerPage(dependencies.settings, dependencies.stateMachine, dependencies.strings)
-    , m_generalPage(dependencies.settings, m_launchAtLoginService, m_notificationAuthorization, m_systemSettings,
-                    dependencies.languageOverrideService, dependencies.strings)
-    , m_videosPage(dependencies.userVideoCommands, dependencies.userVideoRepository, dependencies.bundledVideoProvider,
-                   dependencies.strings)
-    , m_permissionsPage(dependencies.settings, m_launchAtLoginService, m_notificationAuthorization, m_systemSettings,
+    , m_generalPage(dependencies.settings, *dependencies.launchAtLoginService, *dependencies.notificationAuthorization,
+                    dependencies.platform.desktop->systemSettings, dependencies.languageOverrideService,
+                    dependencies.strings)
+    , m_videosPage(dependencies.userVideoCommands, dependencies.userVideoRepository, dependencies.movedVideoSearch,
+                   dependencies.bundledVideoProvider, dependencies.strings)
+    , m_permissionsPage(dependencies.settings, *dependencies.launchAtLoginService,
+                        *dependencies.notificationAuthorization, dependencies.platform.desktop->systemSettings,
                         dependencies.strings)
     , m_aboutPage(applicationVersion(), dependencies.strings)
-    , m_mainWindowModel({m_timerPage, m_generalPage, m_videosPage, m_permissionsPage, m_aboutPage},
+    , m_mainWindowModel({m_timerPage, m_generalPage, m_videosPage, m_permissionsPage, m_aboutPage}, m_menuCommands,
                         dependencies.strings)
-    , m_onboardingModel(dependencies.settings, m_notificationAuthorization, m_systemSettings, dependencies.strings)
+    , m_onboardingModel(dependencies.settings, *dependencies.notificationAuthorization,
+                        dependencies.platform.desktop->systemSettings, dependencies.strings)
     , m_overlayWindows({dependencies.stateMachine, dependencies.timer, dependencies.settings, dependencies.strings},
                        dependencies.strings, m_viewHost, m_screens, dependencies.platform.runLoop, overlayVideos())
     , m_breakPreviewController(dependencies.settings, dependencies.strings, dependencies.platform.runLoop, m_viewHost,
@@ -42,14 +53,7 @@ DesktopSurfaces::DesktopSurfaces(AppDependencies &dependencies, std::function<vo
 {
 }
 
-DesktopSurfaces::~DesktopSurfaces()
-{
-    // A player must be gone before what it plays from is: its window goes in later turns, and after this there are
-    // none.
-    m_breakPreviewController.close();
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
+DesktopSurfaces::~DesktopSurfaces() = default;
 
 void DesktopSurfaces::prepare()
 {
@@ -62,19 +66,27 @@ void DesktopSurfaces::prepare()
 
 void DesktopSurfaces::readLoginItem()
 {
-    m_launchAtLoginService.readStatus();
+    m_dependencies.launchAtLoginService->readStatus();
 }
 
 void DesktopSurfaces::install()
 {
     m_statusItemController = std::make_unique<StatusItemController>(
-        m_dependencies, StatusItemController::Platform{m_statusItem, m_viewHost, m_clickMonitor}, m_mainWindowRouter);
+        m_dependencies, StatusItemController::Platform{m_statusItem, m_viewHost, m_clickMonitor},
+        m_dependencies.mainWindowRouter);
     connect(m_statusItemController.get(), &StatusItemController::quitRequested, this, m_quit);
+    m_statusItemController->setOnWillShow([this] {
+        m_logger.debug(QStringLiteral("the panel opens"));
+        // An open menu holds the keyboard, which the panel shall have at once.
+        if (QWidget *menu = QApplication::activePopupWidget())
+            menu->close();
+    });
+    m_statusItemController->setOnDidClose([this] { m_logger.debug(QStringLiteral("the panel is closed")); });
     m_breakOverlayController = std::make_unique<BreakOverlayController>(
         m_dependencies.stateMachine, m_dependencies.timer, m_dependencies.settings, m_dependencies.platform.runLoop,
         m_screens, m_keyMonitor, m_overlayWindows);
-    m_mainWindowController = std::make_unique<MainWindowController>(m_viewHost, m_mainWindowRouter, m_activationPolicy,
-                                                                    m_mainWindowModel, m_dependencies.strings);
+    m_mainWindowController = std::make_unique<MainWindowController>(
+        m_viewHost, m_dependencies.mainWindowRouter, m_activationPolicy, m_mainWindowModel, m_dependencies.strings);
     m_onboardingController = std::make_unique<OnboardingController>(
         m_viewHost, m_dependencies.settings, m_dependencies.stateMachine, m_onboardingModel, m_dependencies.strings);
     connectPages();
@@ -84,7 +96,11 @@ void DesktopSurfaces::install()
 
 void DesktopSurfaces::connectPages()
 {
-    connect(&m_mainWindowModel, &MainWindowViewModel::quitRequested, this, m_quit);
+    connect(&m_generalPage, &GeneralPageViewModel::floatingPillRequested, m_statusItemController.get(),
+            &StatusItemController::setPillWanted);
+    connect(m_statusItemController.get(), &StatusItemController::pillChoiceChanged, &m_generalPage,
+            &GeneralPageViewModel::setFloatingPill);
+    m_generalPage.setFloatingPill(m_statusItemController->pillChoice());
     connect(&m_generalPage, &GeneralPageViewModel::tourRequested, this, [this] { m_onboardingController->reset(); });
     connect(&m_videosPage, &VideosPageViewModel::chooseFilesRequested, this, &DesktopSurfaces::chooseVideos);
     connect(&m_videosPage, &VideosPageViewModel::previewRequested, this,
@@ -100,14 +116,31 @@ void DesktopSurfaces::connectPages()
 
 void DesktopSurfaces::chooseVideos(const QString &title, const QStringList &filters)
 {
+    if (m_videosDialog) {
+        m_videosDialog->raise();
+        m_videosDialog->activateWindow();
+        return;
+    }
     // Not modal to the process: the timer and its windows go on.
-    auto *const dialog = new QFileDialog(nullptr, title, QDir::homePath());
+    auto *const dialog =
+        new QFileDialog(nullptr, title, QDir(m_videosFolder).exists() ? m_videosFolder : QDir::homePath());
+    m_videosDialog = dialog;
     dialog->setNameFilters(filters);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFiles);
-    connect(dialog, &QFileDialog::urlsSelected, &m_videosPage, &VideosPageViewModel::addFiles);
-    connect(this, &QObject::destroyed, dialog, &QObject::deleteLater);
+    // The dialog that is made of widgets does not emit `urlsSelected`.
+    connect(dialog, &QDialog::accepted, &m_videosPage, [this, dialog] {
+        m_videosFolder = dialog->directory().path();
+        m_videosPage.addFiles(dialog->selectedUrls());
+    });
+    connect(this, &QObject::destroyed, dialog, [dialog] { delete dialog; });
     dialog->show();
+}
+
+AppMenuCommands::Actions DesktopSurfaces::menuActions()
+{
+    return {[this] { m_mainWindowController->openWindow(); }, [this] { m_mainWindowController->closeWindow(); },
+            m_quit};
 }
 
 BreakVideoSource DesktopSurfaces::overlayVideos()
@@ -138,12 +171,29 @@ void DesktopSurfaces::previewFile(const QUrl &file)
 
 void DesktopSurfaces::revealPopover()
 {
-    m_statusItemController->showPopover();
+    // The panel opens at the item, which at the start does not know yet where it shows.
+    const StatusItemForms forms = m_statusItem.forms();
+    if (forms.squareSizes.empty() && !forms.pillScale) {
+        connect(&m_statusItem, &StatusItemSwitch::formsChanged, this, &DesktopSurfaces::revealPopover,
+                static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+        return;
+    }
+    afterStatusItem([this] { m_statusItemController->showPopover(); });
 }
 
 void DesktopSurfaces::showOnboardingIfNeeded()
 {
-    m_onboardingController->showIfNeeded();
+    afterStatusItem([this] { m_onboardingController->showIfNeeded(); });
+}
+
+void DesktopSurfaces::afterStatusItem(const std::function<void()> &action)
+{
+    const StatusItemForms forms = m_statusItem.forms();
+    if (!isPlacedByCompositor() || forms.pillScale || !forms.squareSizes.empty())
+        return action();
+    connect(
+        &m_statusItem, &StatusItemSwitch::formsChanged, this, [this, action] { afterStatusItem(action); },
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
 }
 
 void DesktopSurfaces::showPanel()
@@ -154,12 +204,12 @@ void DesktopSurfaces::showPanel()
 bool DesktopSurfaces::openWindow(const QString &page)
 {
     if (page.isEmpty()) {
-        m_mainWindowRouter.open();
+        m_dependencies.mainWindowRouter.open();
         return true;
     }
     const auto wanted = mainWindowPageFromRawValue(page);
     if (wanted)
-        m_mainWindowRouter.open(*wanted);
+        m_dependencies.mainWindowRouter.open(*wanted);
     return wanted.has_value();
 }
 
@@ -177,14 +227,15 @@ void DesktopSurfaces::applyTheme()
 
 void DesktopSurfaces::updateCapabilities()
 {
-    // A compositor of this kind gives windows neither a place nor a layer of their own choice.
-    const bool placesWindowsItself = QGuiApplication::platformName().startsWith(QStringLiteral("wayland"));
+    const bool placesWindowsItself = isPlacedByCompositor();
     DesktopCapabilities capabilities;
     if (!m_statusItem.hasTray())
         capabilities.tray = placesWindowsItself ? DesktopSupport::limited : DesktopSupport::none;
     capabilities.overlay = placesWindowsItself ? DesktopSupport::limited : DesktopSupport::full;
+    capabilities.placesPanel = !placesWindowsItself;
     capabilities.showsPill = m_statusItem.forms().pillScale.has_value();
     m_permissionsPage.setCapabilities(capabilities);
+    m_onboardingModel.setShowsPill(capabilities.showsPill);
 }
 
 }

@@ -16,20 +16,19 @@
 #include "MainWindow/TimerPageViewModel.h"
 #include "MainWindow/VideosPageViewModel.h"
 #include "MenuBar/StatusItemController.h"
-#include "Platform/FreedesktopDesktop/AutostartLoginItem.h"
 #include "Platform/FreedesktopDesktop/DesktopAppearance.h"
-#include "Platform/FreedesktopDesktop/DesktopSystemSettings.h"
-#include "Platform/FreedesktopDesktop/FreedesktopNotificationProbe.h"
 #include "Platform/Overlay/ApplicationKeyMonitor.h"
 #include "Platform/Overlay/DesktopScreens.h"
-#include "Platform/Widgets/MessageBoxAlert.h"
 #include "Platform/Widgets/PluginViewHost.h"
 #include "Platform/Widgets/StatusItemSwitch.h"
 #include "Platform/X11/X11ClickMonitor.h"
 #include "Platform/X11/X11TaskbarPresence.h"
-#include "QuillbayKit/NotificationAuthorization.h"
 #include "SystemIntegration/ActivationPolicy.h"
-#include "SystemIntegration/LaunchAtLoginService.h"
+
+#include <QtCore/QPointer>
+#include <QtCore/QStandardPaths>
+
+class QFileDialog;
 
 namespace tomcatto {
 
@@ -39,6 +38,7 @@ class DesktopSurfaces final : public QObject, public ApplicationSurfaces
     Q_OBJECT
 
 public:
+    /// @param dependencies built with what a desktop gives.
     /// @param quit ends the main loop.
     DesktopSurfaces(AppDependencies &dependencies, std::function<void()> quit, QObject *parent = nullptr);
     ~DesktopSurfaces() override;
@@ -62,19 +62,19 @@ private:
     void applyTheme();
     void updateCapabilities();
     void connectPages();
+    /// Does it once the status item is where it will be, if a pill that came later would take the keyboard away.
+    void afterStatusItem(const std::function<void()> &action);
+    [[nodiscard]] AppMenuCommands::Actions menuActions();
     [[nodiscard]] BreakVideoSource overlayVideos();
     void previewFile(const QUrl &file);
     void chooseVideos(const QString &title, const QStringList &filters);
 
     AppDependencies &m_dependencies;
     std::function<void()> m_quit;
+    const Logger m_logger{QStringLiteral("DesktopSurfaces")};
 
     DesktopAppearance m_appearance;
     X11TaskbarPresence m_taskbarPresence;
-    MessageBoxAlert m_alert;
-    DesktopSystemSettings m_systemSettings;
-    AutostartLoginItem m_loginItem;
-    FreedesktopNotificationProbe m_notificationProbe;
     X11ClickMonitor m_clickMonitor;
     DesktopScreens m_screens;
     ApplicationKeyMonitor m_keyMonitor;
@@ -82,12 +82,13 @@ private:
     StatusItemSwitch m_statusItem;
 
     ActivationPolicy m_activationPolicy;
-    quillbay::NotificationAuthorization m_notificationAuthorization;
-    LaunchAtLoginService m_launchAtLoginService;
-    MainWindowRouter m_mainWindowRouter;
+    AppMenuCommands m_menuCommands;
 
     TimerPageViewModel m_timerPage;
     GeneralPageViewModel m_generalPage;
+    QPointer<QFileDialog> m_videosDialog;
+    /// Where the dialog opens: where it was closed the last time.
+    QString m_videosFolder = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
     VideosPageViewModel m_videosPage;
     PermissionsPageViewModel m_permissionsPage;
     AboutPageViewModel m_aboutPage;

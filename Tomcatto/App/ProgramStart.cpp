@@ -63,7 +63,7 @@ int ProgramStart::run(const QStringList &words, const std::function<int(const In
 CommandSurroundings ProgramStart::surroundings()
 {
     return {
-        m_directories.controlSocket(),
+        [this] { return m_directories.reachableControlSockets(m_instanceLock.announced()); },
         m_directories.applicationSupport(),
         m_instanceLock,
         m_wallClock,

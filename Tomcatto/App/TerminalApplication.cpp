@@ -81,6 +81,7 @@ int TerminalApplication::runHoldingLock()
     control.commands().add(QStringLiteral("preview"), noWindows);
     if (control.listen() == ControlServer::ListenResult::taken)
         return static_cast<int>(m_program.runner().activateRunning());
+    m_program.instanceLock().announce(m_program.directories().controlSocket());
     TerminalFrontEnd frontEnd(dependencies, control.commands(), control.status(), terminal, processSignals);
     TerminalSurfaces surfaces(frontEnd);
     const Cancellable termination = processSignals.onTerminationRequest([] { QCoreApplication::quit(); });

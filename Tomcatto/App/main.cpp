@@ -1,5 +1,6 @@
 #include "App/TerminalApplication.h"
 #include "Foundation/ApplicationIdentity.h"
+#include "Platform/Freedesktop/AllocatorArena.h"
 #include "Platform/Freedesktop/DisplayProbe.h"
 #include "Platform/Freedesktop/ProcessReplacement.h"
 #include "Platform/Freedesktop/StandardDescriptors.h"
@@ -27,6 +28,7 @@ void becomeDesktop(const Invocation &invocation)
 int main(int argc, char **argv)
 {
     openMissingStandardDescriptors();
+    useOneAllocatorArena();
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(productName);
     ProgramStart program;

@@ -1,17 +1,20 @@
 import QtQuick
 import Tomcatto.Appearance
 
-/// A symbol without a box. `text` is its name for a screen reader and its tooltip.
+/// A symbol without a box. `text` is its name for a screen reader.
 PressButton {
     id: control
 
     property real symbolSize: 17
     property bool hasTooltip: true
+    /// The tooltip: what a press does. The name where that says it already.
+    property string help: text
 
     implicitWidth: 32
     implicitHeight: 32
     padding: 0
     ink: enabled ? Theme.ink2 : Theme.disabled
+    Accessible.description: help === text ? "" : help
 
     contentItem: Item {
         Symbol {
@@ -23,7 +26,7 @@ PressButton {
     }
 
     ToolTip {
-        text: control.text
+        text: control.help
         wanted: control.hasTooltip && control.enabled && control.hovered && !control.down
     }
 }

@@ -23,7 +23,7 @@ T.AbstractButton {
     readonly property bool interactive: switchable || navigates
     readonly property bool isFirst: y <= 0
     readonly property bool isLast: !parent || y + height >= parent.height - 0.5
-    default property alias trailing: trailingRow.data
+    default property alias trailing: callerRow.data
 
     function spoken(first: string, second: string): string {
         return first.length > 0 && second.length > 0 ? first + ", " + second : first + second
@@ -152,15 +152,24 @@ T.AbstractButton {
                     anchors.right: parent.right
                     anchors.verticalCenter: parent.verticalCenter
                     spacing: 12
-                    // Whatever a caller puts here stands on the row's middle line.
-                    onChildrenChanged: {
-                        for (let index = 0; index < children.length; ++index)
-                            children[index].anchors.verticalCenter = verticalCenter
-                    }
 
+                    // Before the row's own control, so that the controls of all rows stand below one another.
+                    Row {
+                        id: callerRow
+
+                        anchors.verticalCenter: parent.verticalCenter
+                        spacing: 12
+                        // Whatever a caller puts here stands on the row's middle line.
+                        onChildrenChanged: {
+                            for (let index = 0; index < children.length; ++index)
+                                children[index].anchors.verticalCenter = verticalCenter
+                        }
+                    }
                     ThemedText {
+                        anchors.verticalCenter: parent.verticalCenter
                         visible: row.value.length > 0
                         text: row.value
+                        font: Theme.sizedFont(Math.round(13 * row.textScale), Font.Normal, 0)
                         textScale: row.textScale
                         color: Theme.ink2
                         wrapMode: Text.NoWrap
@@ -174,6 +183,7 @@ T.AbstractButton {
                         color: Theme.ink3
                     }
                     SwitchTrack {
+                        anchors.verticalCenter: parent.verticalCenter
                         visible: row.switchable
                         checked: row.checked
                         focused: row.switchable && row.showFocus

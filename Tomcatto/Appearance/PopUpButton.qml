@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Tomcatto.Appearance
 
-/// A choice from a list that opens over the button. Arrows choose, Space opens, Return takes, Esc closes.
+/// A choice from a list that opens over the button. Arrows choose, Space and Return open and take, Esc closes.
 T.ComboBox {
     id: control
 
@@ -10,12 +10,20 @@ T.ComboBox {
     property real textScale: Theme.textScale
     property bool showFocus: visualFocus
 
+    // At the release, since that of an open list takes the choice.
+    function openByKey(event: KeyEvent) {
+        event.accepted = (event.key === Qt.Key_Return || event.key === Qt.Key_Enter) && !popup.visible && !event.isAutoRepeat
+        if (event.accepted)
+            popup.open()
+    }
+
     implicitWidth: 170
     implicitHeight: Math.max(32, label.implicitHeight + 14)
     leftPadding: 12
     rightPadding: 32
     hoverEnabled: true
     focusPolicy: Qt.StrongFocus
+    Keys.onReleased: event => openByKey(event)
     Accessible.role: Accessible.ComboBox
     Accessible.name: name
     Accessible.description: displayText

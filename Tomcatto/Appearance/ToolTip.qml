@@ -1,7 +1,8 @@
 import QtQuick
 import Tomcatto.Appearance
 
-/// A short text beside the item that holds it, above everything else of the window. Keeps itself inside the window.
+/// A short text beside the item that holds it, above everything else of the window. Keeps itself inside the window: a
+/// text too wide for it takes lines of about one length.
 Item {
     id: tip
 
@@ -9,6 +10,8 @@ Item {
     property bool wanted: false
     /// Milliseconds of wanting before it shows.
     property int delay: 600
+    /// Whether it stands below although there is room above, where something matters more.
+    property bool standsBelow: false
     /// Point in the holder's coordinates that the tip stands over; below it where there is no room above.
     property real targetX: parent ? parent.width / 2 : 0
     property real targetTop: 0
@@ -23,7 +26,7 @@ Item {
         const below = tip.parent.mapToItem(layer, targetX, targetBottom + 6)
         const left = above.x - bubble.width / 2
         bubble.x = Math.round(Math.max(4, Math.min(left, layer.width - bubble.width - 4)))
-        bubble.y = Math.round(above.y - bubble.height >= 4 ? above.y - bubble.height : below.y)
+        bubble.y = Math.round(above.y - bubble.height >= 4 && !standsBelow ? above.y - bubble.height : below.y)
     }
 
     width: 0
@@ -53,7 +56,7 @@ Item {
         parent: tip.Window.contentItem ?? tip
         z: 1000
         visible: tip.wanted && tip.text.length > 0 && (tip.delay === 0 || !patience.running)
-        width: label.implicitWidth + 16
+        width: label.width + 16
         height: label.implicitHeight + 8
         radius: Theme.tooltipRadius
         color: Theme.ink
@@ -63,7 +66,14 @@ Item {
         Text {
             id: label
 
+            readonly property real room: (bubble.parent?.width ?? 0) - 24
+            readonly property int lines: Math.ceil(implicitWidth / Math.max(1, room))
+
             anchors.centerIn: parent
+            // A fifth more than its share, so that a long word does not make one line more.
+            width: lines < 2 ? implicitWidth : Math.min(room, Math.ceil(implicitWidth / lines * 1.2))
+            wrapMode: Text.Wrap
+            horizontalAlignment: Text.AlignHCenter
             text: tip.text
             font: Theme.font("captionMedium", 1)
             color: Theme.paper

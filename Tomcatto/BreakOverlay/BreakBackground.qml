@@ -21,7 +21,7 @@ Item {
     }
     Logo {
         anchors.centerIn: parent
-        visible: poster.status !== Image.Ready && !(player.item?.hasFrame ?? false)
+        visible: poster.status !== Image.Ready && !poster.isCovered
         variant: Logo.Mono
         size: Math.round(320 * background.unit)
         color: OverlayStyle.logo
@@ -29,9 +29,14 @@ Item {
     Image {
         id: poster
 
+        readonly property bool isCovered: player.item?.hasFrame ?? false
+
         anchors.fill: parent
-        visible: !(player.item?.hasFrame ?? false)
-        source: background.posterUrl
+        visible: !poster.isCovered
+        // Let go while the window still draws: what it leaves behind is kept until the next window does, hours later,
+        // and so is what is in the cache.
+        source: poster.isCovered ? "" : background.posterUrl
+        cache: false
         asynchronous: true
         // Decoded no larger than it is shown.
         sourceSize.height: background.height
@@ -42,6 +47,10 @@ Item {
         id: player
 
         function load() {
+            if (!VideoSupport.canPlay()) {
+                background.failed("nothing that plays videos is installed")
+                return
+            }
             setSource(Qt.resolvedUrl("VideoPlayerView.qml"), {
                 "videoUrl": background.videoUrl,
                 "isMuted": Qt.binding(() => background.isMuted),

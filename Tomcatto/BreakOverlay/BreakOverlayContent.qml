@@ -39,12 +39,13 @@ Item {
             right: parent.right
             bottom: parent.bottom
         }
-        height: Math.round(400 * content.unit)
+        // In one column the words stand higher, where a bright video would swallow them.
+        height: Math.round((content.isNarrow ? 640 : 400) * content.unit)
         gradient: Gradient {
-            GradientStop { position: 0; color: OverlayStyle.plate(0) }
-            GradientStop { position: 0.3; color: OverlayStyle.plate(0.3) }
-            GradientStop { position: 0.56; color: OverlayStyle.plate(0.7) }
-            GradientStop { position: 1; color: OverlayStyle.plate(0.86) }
+            GradientStop { position: 0; color: OverlayStyle.scrim(0) }
+            GradientStop { position: 0.3; color: OverlayStyle.scrim(0.3) }
+            GradientStop { position: 0.56; color: OverlayStyle.scrim(0.7) }
+            GradientStop { position: 1; color: OverlayStyle.scrim(0.86) }
         }
     }
     Item {
@@ -64,8 +65,8 @@ Item {
             width: parent.width
             height: Math.round(150 * content.unit)
             gradient: Gradient {
-                GradientStop { position: 0; color: OverlayStyle.plate(0.38) }
-                GradientStop { position: 1; color: OverlayStyle.plate(0) }
+                GradientStop { position: 0; color: OverlayStyle.scrim(0.38) }
+                GradientStop { position: 1; color: OverlayStyle.scrim(0) }
             }
         }
         SkipHint {

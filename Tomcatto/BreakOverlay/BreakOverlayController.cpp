@@ -16,6 +16,7 @@ BreakOverlayController::BreakOverlayController(PomodoroStateMachine &stateMachin
     , m_screens(screens)
     , m_keys(keyMonitor)
     , m_overlayWindows(overlayWindows)
+    , m_isPending(stateMachine.isPhasePending())
 {
     connect(&m_stateMachine, &PomodoroStateMachine::transitioned, this, [this](const PhaseTransition &transition) {
         deliver([this, current = transition.current] { phaseChanged(current); });
@@ -24,6 +25,7 @@ BreakOverlayController::BreakOverlayController(PomodoroStateMachine &stateMachin
         if (std::exchange(m_isPending, isPending) != isPending)
             deliver([this, isPending] { pendingChanged(isPending); });
     });
+    deliver([this, isPending = m_isPending] { pendingChanged(isPending); });
     m_screensCancellable = m_screens.onChanged([this] { deliver([this] { screensChanged(); }); });
     connect(&m_timer, &PomodoroTimer::remainingSecondsChanged, this, &BreakOverlayController::updateWarmth);
     connect(&m_stateMachine, &PomodoroStateMachine::isPausedChanged, this, &BreakOverlayController::updateWarmth);

@@ -49,7 +49,7 @@ private:
     Cancellable m_keyMonitor;
     // The phase that was current when the machine last began to wait.
     std::optional<PomodoroPhase> m_pendingPhase;
-    bool m_isPending = false;
+    bool m_isPending;
     Cancellable m_screensCancellable;
     Cancellable m_warmth;
 };

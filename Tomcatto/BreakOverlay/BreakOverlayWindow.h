@@ -8,17 +8,10 @@ namespace tomcatto {
 
 class BreakOverlayWindows;
 
-/// Lets an object go in the order of the event loop, after what was posted before.
-struct DeleteLater
-{
-    void operator()(QObject *object) const { object->deleteLater(); }
-};
-
-/// A view and what it shows. Destroyed from the last to the first: the view before its model, which bindings may still
-/// read until the view's window is gone in a later turn of the event loop.
+/// A view and what it shows. Destroyed from the last to the first: the view before its model, which bindings read.
 struct OverlayView
 {
-    std::unique_ptr<BreakContentModel, DeleteLater> model;
+    std::unique_ptr<BreakContentModel> model;
     std::unique_ptr<HostedView> view;
 };
 

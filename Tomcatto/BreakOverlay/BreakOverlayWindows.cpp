@@ -22,8 +22,7 @@ BreakOverlayWindows::BreakOverlayWindows(const BreakOverlayServices &services, L
 OverlayView BreakOverlayWindows::makeView(const QString &component, bool isMuted)
 {
     OverlayView contents;
-    // Owned by this object as well: at the end of the process no later turn comes.
-    contents.model.reset(new BreakOverlayModel(m_services, m_videos, isMuted, this));
+    contents.model = std::make_unique<BreakOverlayModel>(m_services, m_videos, isMuted);
     contents.view =
         m_viewHost.create({QStringLiteral("Tomcatto.BreakOverlay"),
                            component,

@@ -1,5 +1,6 @@
 #include "BreakOverlay/BreakPreviewController.h"
 
+#include <QtCore/QPointer>
 #include <utility>
 
 namespace tomcatto {
@@ -19,13 +20,14 @@ BreakPreviewController::BreakPreviewController(const PomodoroSettings &settings,
 BreakPreviewController::~BreakPreviewController()
 {
     close();
+    letGo();
 }
 
 void BreakPreviewController::open(BreakVideoSource videos)
 {
     close();
-    m_videos = std::make_shared<BreakVideoSource>(std::move(videos));
-    auto viewModel = std::make_unique<BreakPreviewModel>(m_settings, m_strings, m_runLoop, *m_videos);
+    m_preview.videos = std::make_unique<BreakVideoSource>(std::move(videos));
+    auto viewModel = std::make_unique<BreakPreviewModel>(m_settings, m_strings, m_runLoop, *m_preview.videos);
     auto view = m_viewHost.create({QStringLiteral("Tomcatto.BreakOverlay"),
                                    QStringLiteral("BreakPreviewView"),
                                    {{QStringLiteral("strings"), QVariant::fromValue<QObject *>(&m_strings)},
@@ -34,28 +36,35 @@ void BreakPreviewController::open(BreakVideoSource videos)
         windowClosed();
         return;
     }
-    m_windowController = std::make_shared<BreakPreviewWindowController>(std::move(viewModel), std::move(view),
-                                                                        m_activationPolicy, [this] { windowClosed(); });
+    m_preview.windowController = std::make_unique<BreakPreviewWindowController>(
+        std::move(viewModel), std::move(view), m_activationPolicy, [this] { windowClosed(); });
 }
 
 void BreakPreviewController::close()
 {
-    if (m_windowController)
+    if (isOpen())
         windowClosed();
 }
 
 void BreakPreviewController::windowClosed()
 {
-    const auto videos = std::exchange(m_videos, nullptr);
-    // Whoever closes may be inside the window, which therefore goes in a later turn of the run loop.
-    auto window = std::exchange(m_windowController, nullptr);
-    if (window)
-        window->end();
-    m_runLoop.async([videos, closed = std::move(window)]() mutable {
-        closed.reset();
-        if (videos && videos->finished)
-            videos->finished();
+    if (isOpen())
+        m_preview.windowController->end();
+    m_leaving.push_back(std::exchange(m_preview, {}));
+    // Whoever closes may be inside the window.
+    m_runLoop.async([self = QPointer(this)] {
+        if (self)
+            self->letGo();
     });
+}
+
+void BreakPreviewController::letGo()
+{
+    for (Preview &preview : std::exchange(m_leaving, {})) {
+        preview.windowController.reset();
+        if (preview.videos->finished)
+            preview.videos->finished();
+    }
 }
 
 }

@@ -20,19 +20,27 @@ public:
     void open(BreakVideoSource videos);
     /// Closes the window if it is open.
     void close();
-    [[nodiscard]] bool isOpen() const noexcept { return m_windowController != nullptr; }
+    [[nodiscard]] bool isOpen() const noexcept { return m_preview.windowController != nullptr; }
 
 private:
+    /// Member order: the window reads the videos and therefore ends first.
+    struct Preview
+    {
+        std::unique_ptr<BreakVideoSource> videos;
+        std::unique_ptr<BreakPreviewWindowController> windowController;
+    };
+
     void windowClosed();
+    void letGo();
 
     const PomodoroSettings &m_settings;
     LocalizedStrings &m_strings;
     MainRunLoop &m_runLoop;
     ViewHost &m_viewHost;
     ActivationPolicy &m_activationPolicy;
-    // Read by the open window, which therefore ends first.
-    std::shared_ptr<BreakVideoSource> m_videos;
-    std::shared_ptr<BreakPreviewWindowController> m_windowController;
+    Preview m_preview;
+    // Closed, and gone in the next turn of the run loop, or with this object where there is none.
+    std::vector<Preview> m_leaving;
 };
 
 }

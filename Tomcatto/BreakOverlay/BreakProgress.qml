@@ -1,4 +1,5 @@
 import QtQuick
+import Tomcatto.Appearance
 import Tomcatto.BreakOverlay
 
 /// What is left of the break, shrinking from the right.
@@ -11,6 +12,7 @@ Rectangle {
 
     radius: height / 2
     color: OverlayStyle.track
+    border.color: Theme.highContrast ? OverlayStyle.line : "transparent"
     Accessible.role: Accessible.ProgressBar
     Accessible.name: name
 

@@ -1,5 +1,6 @@
 #include "FramePicture.h"
 
+#include <QtGui/QTransform>
 #include <QtMultimedia/QVideoFrameFormat>
 
 extern "C" {
@@ -47,6 +48,12 @@ QImage roomyPicture(QSize size)
     return {pixels, size.width(),         size.height(),
             stride, QImage::Format_RGB32, [](void *taken) { delete[] static_cast<uchar *>(taken); },
             pixels};
+}
+
+/// The picture as it is shown. @param angle clockwise, in degrees
+QImage turned(const QImage &picture, int angle, bool isMirrored)
+{
+    return picture.mirrored(isMirrored, false).transformed(QTransform().rotate(angle));
 }
 
 /// First byte of each plane at the corner of the part.
@@ -127,12 +134,18 @@ QImage FramePicture::picture(QVideoFrame frame, QSize size)
 {
     if (size.isEmpty())
         return {};
-    const QRect part = filledPart(frame.size(), size);
-    QImage &into = buffer(size);
-    if (scale(frame, part, into))
-        return into;
+    // Films of telephones lie on their side and say so.
+    const int angle = frame.rotationAngle();
+    const bool isUpright = angle == 0 && !frame.mirrored();
+    const QSize stored = angle % 180 == 0 ? size : size.transposed();
+    QImage &into = buffer(stored);
+    if (scale(frame, filledPart(frame.size(), stored), into))
+        return isUpright ? into : turned(into, angle, frame.mirrored());
+    // Upright already.
     const QImage whole = frame.toImage();
-    return whole.isNull() ? QImage() : whole.copy(part).scaled(size).convertToFormat(QImage::Format_RGB32);
+    return whole.isNull()
+               ? QImage()
+               : whole.copy(filledPart(whole.size(), size)).scaled(size).convertToFormat(QImage::Format_RGB32);
 }
 
 }

@@ -16,9 +16,14 @@ QtObject {
     readonly property color hover: Qt.rgba(1, 1, 1, 0.08)
     readonly property color pressed: Qt.rgba(1, 1, 1, 0.16)
 
-    /// The ground's colour at a share of 0 to 1, one with the other in contrast.
+    /// The ground's colour at a share of 0 to 1, which darkens what is behind.
+    function scrim(share: real): color {
+        return Qt.rgba(0x22 / 255, 0x1B / 255, 0x18 / 255, share)
+    }
+
+    /// The same under words and symbols; solid in high contrast.
     function plate(share: real): color {
-        return Qt.rgba(0x22 / 255, 0x1B / 255, 0x18 / 255, Theme.highContrast ? 1 : share)
+        return scrim(Theme.highContrast ? 1 : share)
     }
 
     /// The one bright colour of a break, by its name.

@@ -13,9 +13,14 @@ Item {
     readonly property bool hasFrame: screen.item?.hasFrame ?? false
     signal failed(string reason)
 
-
-    onHasFrameChanged: if (hasFrame && isStill)
+    onHasFrameChanged: if (isStill)
         player.pause()
+    onIsStillChanged: {
+        if (hasFrame && isStill)
+            player.pause()
+        else if (hasFrame)
+            player.play()
+    }
 
     MediaDevices {
         id: devices

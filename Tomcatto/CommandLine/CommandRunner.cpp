@@ -33,11 +33,21 @@ bool isMissing(const QString &path)
     return !folder.exists() || (folder.isDir() && folder.isExecutable() && !QFileInfo::exists(path));
 }
 
+/// A name may hold line breaks and what steers a terminal.
+QString onOneLine(QString name)
+{
+    for (QChar &character : name) {
+        if (character.category() == QChar::Other_Control)
+            character = QLatin1Char('?');
+    }
+    return name;
+}
+
 }
 
 CommandRunner::CommandRunner(CommandSurroundings surroundings)
     : m_surroundings(std::move(surroundings))
-    , m_client(m_surroundings.controlSocket)
+    , m_client(m_surroundings.controlSockets)
 {
 }
 
@@ -151,11 +161,12 @@ ExitStatus CommandRunner::listVideos() const
                                    m_surroundings.bookmarks, m_surroundings.stillFrame);
     const UserVideoCommands videos(repository, m_surroundings.stillFrame);
     QStringList lines;
-    for (const auto &[video, path] : videos.list()) {
-        const QString place = path.isEmpty() ? QStringLiteral("(not found)") : path;
+    for (const UserVideoListing &line : videos.list()) {
+        const UserVideo &video = line.video;
+        const QString place = line.path.isEmpty() ? QStringLiteral("(not found)") : onOneLine(line.path);
         const QString selected = video.userSelected ? QStringLiteral("selected") : QStringLiteral("-");
         lines << QStringList{identifierText(video.id), selected, QString::number(video.durationSeconds, 'f', 1),
-                             video.displayName, place}
+                             onOneLine(video.displayName), place}
                      .join(QLatin1Char('\t'));
     }
     return lines.isEmpty() ? ExitStatus::done : print(lines.join(QLatin1Char('\n')));

@@ -13,7 +13,8 @@ namespace tomcatto {
 /// What commands need of their surroundings.
 struct CommandSurroundings
 {
-    QString controlSocket;
+    /// Where the application may listen now, the likeliest place first.
+    std::function<QStringList()> controlSockets;
     /// The user's application-support folder; nothing where there is none.
     std::optional<QString> applicationSupportDirectory;
     InstanceLock &instanceLock;

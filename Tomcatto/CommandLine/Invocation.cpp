@@ -49,8 +49,6 @@ public:
         : m_invocation(invocation)
     {
         m_app.set_version_flag("--version", "Tomcatto " TOMCATTO_VERSION);
-        m_app.footer("Without a command the application starts. -KEY VALUE sets a settings key for this run only,\n"
-                     "for example: tomcatto -workDurationSeconds 1200");
         m_app.add_flag("--terminal", m_invocation.isTerminal, "Use the terminal even where there is a display");
         m_app.add_flag("--background", m_invocation.isBackground, "Start without opening anything");
         m_app.add_flag("--ui-test", m_invocation.isUiTest, "Mark a run under user-interface automation")->group("");
@@ -60,6 +58,9 @@ public:
         addStats();
         addSettings();
         addVideos();
+        // Commands take over a footer that is there when they are added.
+        m_app.footer("Without a command the application starts. -KEY VALUE sets a settings key for this run only,\n"
+                     "for example: tomcatto -workDurationSeconds 1200");
     }
 
     std::expected<void, QString> parse(const QStringList &words)
@@ -223,10 +224,7 @@ private:
     {
         if (m_app.get_option("--version")->count() > 0)
             return QString::fromStdString(m_app.version());
-        const CLI::App *shown = &m_app;
-        for (auto chosen = shown->get_subcommands(); !chosen.empty(); chosen = shown->get_subcommands())
-            shown = chosen.front();
-        return QString::fromStdString(shown->help()).trimmed();
+        return QString::fromStdString(m_app.help()).trimmed();
     }
 
     Invocation &m_invocation;

@@ -4,6 +4,24 @@
 
 namespace tomcatto {
 
+namespace {
+
+std::unique_ptr<quillbay::NotificationAuthorization> makeNotificationAuthorization(const DesktopServices *desktop)
+{
+    return desktop ? std::make_unique<quillbay::NotificationAuthorization>(desktop->notificationProbe) : nullptr;
+}
+
+/// The texts may be built later: they are read when something failed.
+std::unique_ptr<LaunchAtLoginService>
+makeLaunchAtLoginService(const DesktopServices *desktop, PomodoroSettings &settings, const LocalizedStrings &strings)
+{
+    return desktop ? std::make_unique<LaunchAtLoginService>(settings, desktop->loginItem, desktop->alert,
+                                                            desktop->systemSettings, strings)
+                   : nullptr;
+}
+
+}
+
 AppDependencies::AppDependencies(const PlatformServices &services)
     : platform(services)
     , coreDataStack(platform.applicationSupportDirectory)
@@ -22,8 +40,10 @@ AppDependencies::AppDependencies(const PlatformServices &services)
     // The remote library's place between the two is still empty.
     , videoCatalog(bundledVideoProvider, userVideoProvider, nullptr, *QRandomGenerator::global())
     , userVideoCommands(userVideoRepository, platform.stillFrame)
+    , notificationAuthorization(makeNotificationAuthorization(platform.desktop))
     , sessionHistory(sessionRepository)
     , statsAggregator(sessionHistory, platform.wallClock)
+    , launchAtLoginService(makeLaunchAtLoginService(platform.desktop, settings, strings))
     , languageOverrideService(platform.defaults)
     , strings(languageOverrideService)
     , sleepWakeObserver(platform.workspacePower, platform.monotonicClock)

@@ -7,13 +7,16 @@
 #include "Media/UserVideoCommands.h"
 #include "Media/UserVideoProvider.h"
 #include "Media/VideoCatalog.h"
+#include "Navigation/MainWindowRouter.h"
 #include "Persistence/CoreDataStack.h"
 #include "Persistence/Repositories/SessionRepository.h"
 #include "Persistence/Repositories/UserVideoRepository.h"
 #include "Power/SleepWakeCoordinator.h"
+#include "QuillbayKit/NotificationAuthorization.h"
 #include "Recording/PomodoroSession.h"
 #include "Statistics/RepositorySessionHistory.h"
 #include "Statistics/StatsAggregator.h"
+#include "SystemIntegration/LaunchAtLoginService.h"
 
 namespace tomcatto {
 
@@ -42,10 +45,15 @@ public:
     UserVideoProvider userVideoProvider;
     VideoCatalog videoCatalog;
     UserVideoCommands userVideoCommands;
+    /// Nothing without a desktop.
+    std::unique_ptr<quillbay::NotificationAuthorization> notificationAuthorization;
     RepositorySessionHistory sessionHistory;
     StatsAggregator statsAggregator;
+    /// Nothing without a desktop.
+    std::unique_ptr<LaunchAtLoginService> launchAtLoginService;
     LanguageOverrideService languageOverrideService;
     LocalizedStrings strings;
+    MainWindowRouter mainWindowRouter;
     SleepWakeObserver sleepWakeObserver;
     SleepWakeCoordinator sleepWakeCoordinator;
 };

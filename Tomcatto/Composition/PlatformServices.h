@@ -1,15 +1,28 @@
 #pragma once
 
+#include "Platform/Ports/Alert.h"
 #include "Platform/Ports/Bookmarks.h"
 #include "Platform/Ports/IdentifierSource.h"
+#include "Platform/Ports/LoginItem.h"
 #include "Platform/Ports/MainRunLoop.h"
 #include "Platform/Ports/MonotonicClock.h"
+#include "Platform/Ports/NotificationProbe.h"
 #include "Platform/Ports/StillFrame.h"
+#include "Platform/Ports/SystemSettings.h"
 #include "Platform/Ports/UserDefaults.h"
 #include "Platform/Ports/WallClock.h"
 #include "Platform/Ports/WorkspacePower.h"
 
 namespace tomcatto {
+
+/// What a desktop gives the services besides. Everything outlives them.
+struct DesktopServices
+{
+    LoginItem &loginItem;
+    Alert &alert;
+    SystemSettings &systemSettings;
+    NotificationProbe &notificationProbe;
+};
 
 /// What the platform gives the services. Everything outlives them.
 struct PlatformServices
@@ -26,6 +39,8 @@ struct PlatformServices
     std::optional<QString> applicationSupportDirectory;
     /// The folder with the videos that ship with the application; it may be missing.
     QString bundledVideosDirectory;
+    /// Nothing where the application runs without a desktop.
+    const DesktopServices *desktop = nullptr;
 };
 
 }

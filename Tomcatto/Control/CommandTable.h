@@ -20,7 +20,7 @@ public:
     /// Adds a command; a second one of the same name takes its place.
     void add(const QString &name, Handler handler);
     /// Adds a command that may answer later.
-    void addLater(const QString &name, LaterHandler handler) { m_handlers.insert(name, std::move(handler)); }
+    void addLater(const QString &name, const LaterHandler &handler) { m_handlers.insert(name, handler); }
     /// Runs a command. An unknown one gives a usage error that names it.
     void run(const QString &name, const nlohmann::ordered_json &arguments, const Answer &answer) const;
 

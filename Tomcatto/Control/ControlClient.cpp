@@ -1,5 +1,6 @@
 #include "Control/ControlClient.h"
 
+#include <algorithm>
 #include <QtNetwork/QLocalSocket>
 
 namespace tomcatto {
@@ -14,19 +15,24 @@ ControlReply notRunning()
     return controlReply(ExitStatus::notRunning, QStringLiteral("Tomcatto is not running. Start it with: tomcatto"));
 }
 
-ControlReply noAnswer()
+ControlReply noAnswer(const QLocalSocket &socket)
 {
-    return controlReply(ExitStatus::failed, QStringLiteral("Tomcatto is running but does not answer."));
+    const bool isThere = socket.state() == QLocalSocket::ConnectedState;
+    return controlReply(ExitStatus::failed, isThere ? QStringLiteral("Tomcatto is running but does not answer.")
+                                                    : QStringLiteral("Tomcatto ended without an answer."));
 }
 
-bool sendRequest(QLocalSocket &socket, const QString &path, const ControlRequest &request)
+bool sendRequest(QLocalSocket &socket, const QStringList &paths, const ControlRequest &request)
 {
-    socket.connectToServer(path);
-    if (!socket.waitForConnected(connectMilliseconds))
-        return false;
-    socket.write(encoded(request));
-    socket.flush();
-    return true;
+    const bool isConnected = std::ranges::any_of(paths, [&socket](const QString &path) {
+        socket.connectToServer(path);
+        return socket.waitForConnected(connectMilliseconds);
+    });
+    if (isConnected) {
+        socket.write(encoded(request));
+        socket.flush();
+    }
+    return isConnected;
 }
 
 std::optional<QByteArray> readLine(QLocalSocket &socket, int milliseconds)
@@ -46,37 +52,38 @@ ControlReply replyOf(const QByteArray &line)
 
 }
 
-ControlClient::ControlClient(QString socketPath)
-    : m_socketPath(std::move(socketPath))
+ControlClient::ControlClient(std::function<QStringList()> socketPaths)
+    : m_socketPaths(std::move(socketPaths))
 {
 }
 
 ControlReply ControlClient::send(const ControlRequest &request, std::chrono::milliseconds patience) const
 {
     QLocalSocket socket;
-    if (!sendRequest(socket, m_socketPath, request))
+    if (!sendRequest(socket, m_socketPaths(), request))
         return notRunning();
     const auto line = readLine(socket, static_cast<int>(patience.count()));
-    return line ? replyOf(*line) : noAnswer();
+    return line ? replyOf(*line) : noAnswer(socket);
 }
 
 ControlReply ControlClient::follow(const ControlRequest &request,
                                    const std::function<bool(const ControlReply &)> &handler) const
 {
     QLocalSocket socket;
-    if (!sendRequest(socket, m_socketPath, request))
+    if (!sendRequest(socket, m_socketPaths(), request))
         return notRunning();
     auto line = readLine(socket, answerMilliseconds);
     if (!line)
-        return noAnswer();
+        return noAnswer(socket);
     for (; line; line = readLine(socket, -1)) {
         ControlReply reply = replyOf(*line);
-        if (reply.status != ExitStatus::done)
+        // An answer without a result is the last one.
+        if (reply.status != ExitStatus::done || reply.result.is_null())
             return reply;
         if (!handler(reply))
-            break;
+            return {};
     }
-    return {};
+    return controlReply(ExitStatus::notRunning, QStringLiteral("Tomcatto is gone without having been quit."));
 }
 
 }

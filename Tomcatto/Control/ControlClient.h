@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <functional>
+#include <QtCore/QStringList>
 
 namespace tomcatto {
 
@@ -11,19 +12,22 @@ namespace tomcatto {
 class ControlClient final
 {
 public:
-    explicit ControlClient(QString socketPath);
+    /// @param socketPaths where the application may listen, asked anew for each request; the first that answers is
+    /// taken
+    explicit ControlClient(std::function<QStringList()> socketPaths);
 
     /// Sends one request and waits for its answer. Status `notRunning` where nobody listens, `failed` where
     /// nobody answers in time. @param patience how long to wait for the answer
     [[nodiscard]] ControlReply send(const ControlRequest &request,
                                     std::chrono::milliseconds patience = std::chrono::seconds{5}) const;
     /// Sends a request that follows and hands over each answer until the application ends or `handler` returns false.
-    /// The result is `done` unless the first answer was refused or nobody answers.
+    /// The result is `done` unless the first answer was refused, nobody answers, or the application is gone without a
+    /// word, which is `notRunning`.
     [[nodiscard]] ControlReply follow(const ControlRequest &request,
                                       const std::function<bool(const ControlReply &)> &handler) const;
 
 private:
-    QString m_socketPath;
+    std::function<QStringList()> m_socketPaths;
 };
 
 }

@@ -55,6 +55,11 @@ QByteArray encoded(const ControlReply &reply)
     return line(object);
 }
 
+bool isWholeRequest(const QByteArray &bytes)
+{
+    return bytes.trimmed().endsWith('}') && Json::accept(bytes.begin(), bytes.end());
+}
+
 std::expected<ControlRequest, QString> decodedRequest(const QByteArray &text)
 {
     const Json object = parsed(text);

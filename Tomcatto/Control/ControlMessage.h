@@ -10,7 +10,7 @@
 namespace tomcatto {
 
 /// The longest request line that is read, in bytes.
-inline constexpr qint64 longestRequest = 64 * 1024;
+inline constexpr qint64 longestRequest = qint64{64} * 1024;
 
 /// A command that travels over the control socket as one line of JSON: {"command": …, "arguments": {…}}.
 struct ControlRequest
@@ -36,6 +36,9 @@ struct ControlReply
 /// One line with its line feed.
 [[nodiscard]] QByteArray encoded(const ControlRequest &request);
 [[nodiscard]] QByteArray encoded(const ControlReply &reply);
+
+/// Whether the bytes are a request already, although the line goes on: a JSON object that is closed.
+[[nodiscard]] bool isWholeRequest(const QByteArray &bytes);
 
 /// Reads one line. The error says what is wrong with it.
 [[nodiscard]] std::expected<ControlRequest, QString> decodedRequest(const QByteArray &line);

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int probeMilliseconds = 500;
 // A follower that does not read is let go once this much waits for it.
-constexpr qint64 longestBacklog = 256 * 1024;
+constexpr qint64 longestBacklog = qint64{256} * 1024;
 // More connections than this would use up the process's descriptors, and the socket would close for good.
 constexpr std::size_t mostWaiting = 64;
 constexpr std::size_t mostFollowers = 64;
@@ -36,6 +36,10 @@ ControlServer::~ControlServer()
     // The sockets' signals must not reach a half-destroyed server.
     for (QLocalSocket *socket : m_server.findChildren<QLocalSocket *>())
         socket->disconnect(this);
+    for (QLocalSocket *socket : m_followers) {
+        socket->write(encoded(ControlReply{}));
+        socket->flush();
+    }
 }
 
 ControlServer::ListenResult ControlServer::listen()
@@ -108,6 +112,9 @@ void ControlServer::readRequest(QLocalSocket *socket)
         answer(socket, socket->readLine());
     else if (socket->bytesAvailable() > longestRequest)
         refuse(socket, QStringLiteral("A request has at most 65536 bytes"));
+    // Whoever stops writing without ending the line could not be answered any more once the socket has noticed.
+    else if (isWholeRequest(socket->peek(longestRequest)))
+        answer(socket, socket->readAll());
 }
 
 void ControlServer::answer(QLocalSocket *socket, const QByteArray &line)

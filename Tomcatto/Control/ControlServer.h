@@ -12,8 +12,9 @@
 namespace tomcatto {
 
 /// Answers requests on the control socket: one line in, one line out, then the connection ends. A request has 64 KiB
-/// and 5 seconds; anything malformed gets one line that says why. A request that follows keeps its connection and gets
-/// a line for each change. Main thread only.
+/// and 5 seconds; anything malformed gets one line that says why. The line may lack its end where the request is
+/// whole without. A request that follows keeps its connection and gets a line for each change, and a last one without a
+/// result when the server goes. Main thread only.
 class ControlServer final : public QObject
 {
     Q_OBJECT
@@ -49,6 +50,7 @@ private:
     void addFollower(QLocalSocket *socket);
     void removeFollower(QLocalSocket *socket);
     void readRequest(QLocalSocket *socket);
+    void readUnfinished(QLocalSocket *socket);
     void answer(QLocalSocket *socket, const QByteArray &line);
     void refuse(QLocalSocket *socket, const QString &reason);
     void send(QLocalSocket *socket, const ControlReply &reply);

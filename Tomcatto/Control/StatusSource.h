@@ -8,7 +8,7 @@
 namespace tomcatto {
 
 /// Gathers the status from the timer, the settings and the statistics, and tells when it changed by more than a tick,
-/// while somebody is connected: gathering reads the whole history after each save. Main thread only.
+/// while somebody is connected: gathering reads the history. Main thread only.
 class StatusSource final : public QObject
 {
     Q_OBJECT

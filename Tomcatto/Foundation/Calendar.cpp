@@ -47,7 +47,7 @@ Date Calendar::startOfDay(QDate day) const
     const qint64 midnight = dayNumber * secondsPerDay;
     // No zone is further from UTC than this, so local midnight and any change that hides it lie in between. Qt's own
     // start of a day takes the second of two midnights and knows none for a date that a zone leaves out.
-    constexpr qint64 furthestOffset = 16 * 3600;
+    constexpr qint64 furthestOffset = qint64{16} * 3600;
     const qint64 before = offsetAt(midnight - furthestOffset);
     const qint64 after = offsetAt(midnight + furthestOffset);
     qint64 start = midnight - before;
@@ -103,6 +103,19 @@ DateInterval Calendar::interval(CalendarUnit unit, QDate day) const
 int Calendar::weekdayIndex(QDate day) const
 {
     return (day.dayOfWeek() - static_cast<int>(firstWeekday) + 7) % 7;
+}
+
+QDate Calendar::dayBefore(QDate day) const
+{
+    const QDate before = day.addDays(-1);
+    return startOfDay(before) == startOfDay(day) ? before.addDays(-1) : before;
+}
+
+bool Calendar::areConsecutive(QDate day, QDate next) const
+{
+    const qint64 apart = day.daysTo(next);
+    // No zone has left out more than one date at once.
+    return apart == 1 || (apart == 2 && dayBefore(next) == day);
 }
 
 std::optional<QDate> Calendar::addingDays(QDate day, qint64 days)

@@ -43,6 +43,10 @@ struct Calendar
     [[nodiscard]] DateInterval interval(CalendarUnit unit, QDate day) const;
     /// Days from the calendar's first weekday to that of `day`, 0 to 6.
     [[nodiscard]] int weekdayIndex(QDate day) const;
+    /// The date before `day` that the zone's clocks have shown: the day before, unless the zone left that out.
+    [[nodiscard]] QDate dayBefore(QDate day) const;
+    /// Whether `next` follows `day`, at once or after dates that the zone left out.
+    [[nodiscard]] bool areConsecutive(QDate day, QDate next) const;
     /// The calendar date `days` after `day` (before it when negative); nothing beyond what the calendar reaches.
     [[nodiscard]] static std::optional<QDate> addingDays(QDate day, qint64 days);
     /// The instant `days` calendar days after `date` (before it when negative), at the same time of day. A date or a

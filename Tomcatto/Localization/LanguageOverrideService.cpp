@@ -29,7 +29,8 @@ SelectedLanguage firstKnown(const QStringList &tags)
 
 }
 
-LanguageOverrideService::LanguageOverrideService(UserDefaults &defaults, QStringList systemLanguages, QObject *parent)
+LanguageOverrideService::LanguageOverrideService(UserDefaults &defaults, const QStringList &systemLanguages,
+                                                 QObject *parent)
     : QObject(parent)
     , m_defaults(defaults)
     , m_systemLanguage(firstKnown(systemLanguages))

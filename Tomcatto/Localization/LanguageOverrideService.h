@@ -21,7 +21,7 @@ class LanguageOverrideService final : public QObject
 public:
     /// @param defaults where the choice is kept, under "selectedLanguage"; must outlive the service.
     /// @param systemLanguages language tags that the system prefers, best first ("de-AT", "tr_TR.UTF-8", …).
-    explicit LanguageOverrideService(UserDefaults &defaults, QStringList systemLanguages = systemUiLanguages(),
+    explicit LanguageOverrideService(UserDefaults &defaults, const QStringList &systemLanguages = systemUiLanguages(),
                                      QObject *parent = nullptr);
 
     /// The choice as stored; an unknown or missing text is `system`.

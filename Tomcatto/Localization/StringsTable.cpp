@@ -9,12 +9,17 @@ namespace tomcatto {
 
 namespace {
 
-/// The encoding that the data's byte order mark tells; UTF-8 without one.
+/// The encoding that the data's byte order mark tells. Without one a first character with a zero byte is UTF-16, since
+/// tables begin with ASCII; everything else is UTF-8.
 QStringConverter::Encoding encodingOf(const QByteArray &data)
 {
     if (data.startsWith("\xff\xfe"))
         return QStringConverter::Utf16LE;
     if (data.startsWith("\xfe\xff"))
+        return QStringConverter::Utf16BE;
+    if (data.size() >= 2 && data.at(0) != 0 && data.at(1) == 0)
+        return QStringConverter::Utf16LE;
+    if (data.size() >= 2 && data.at(0) == 0 && data.at(1) != 0)
         return QStringConverter::Utf16BE;
     return QStringConverter::Utf8;
 }

@@ -23,9 +23,12 @@ struct Component
 constexpr std::array madeWith{
     Component{"window.about.component.qt", "", "LGPL 3", "https://www.gnu.org/licenses/lgpl-3.0.html"},
     Component{"window.about.component.sqlite", "", "", "https://www.sqlite.org/copyright.html"},
+    Component{"window.about.component.ffmpeg", "", "LGPL 2.1",
+              "https://www.gnu.org/licenses/old-licenses/lgpl-2.1.html"},
     Component{"", "SQLiteCpp", "MIT", "https://opensource.org/license/mit"},
     Component{"", "JSON for Modern C++", "MIT", "https://opensource.org/license/mit"},
     Component{"", "CLI11", "BSD 3-Clause", "https://opensource.org/license/bsd-3-clause"},
+    Component{"", "libxcb", "MIT", "https://opensource.org/license/mit"},
     Component{"window.about.component.inter", "", "OFL 1.1", "https://openfontlicense.org"},
 };
 

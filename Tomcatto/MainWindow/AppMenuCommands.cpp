@@ -1,5 +1,7 @@
 #include "MainWindow/AppMenuCommands.h"
 
+#include <algorithm>
+
 namespace tomcatto {
 
 AppMenuCommands::AppMenuCommands(MainWindowRouter &router, Actions actions)
@@ -15,6 +17,15 @@ std::vector<MenuCommand> AppMenuCommands::commands() const
             {QStringLiteral("menu.settings"), [&router = m_router] { router.openSettings(); }},
             {QStringLiteral("menu.close_window"), m_actions.closeWindow},
             {QStringLiteral("menu.quit"), m_actions.quit}};
+}
+
+void AppMenuCommands::perform(const QString &titleKey) const
+{
+    const std::vector<MenuCommand> all = commands();
+    const auto found =
+        std::ranges::find_if(all, [&titleKey](const MenuCommand &each) { return each.titleKey == titleKey; });
+    if (found != all.end())
+        found->action();
 }
 
 }

@@ -30,6 +30,8 @@ public:
     [[nodiscard]] const AboutRouteCommand &about() const noexcept { return m_about; }
     /// All commands in the order of a menu: about, settings, close window, quit.
     [[nodiscard]] std::vector<MenuCommand> commands() const;
+    /// Carries out the command with that key; other texts do nothing.
+    void perform(const QString &titleKey) const;
 
 private:
     MainWindowRouter &m_router;

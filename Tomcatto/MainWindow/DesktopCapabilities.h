@@ -33,6 +33,8 @@ struct DesktopCapabilities
     HotKeySupport hotKeys = HotKeySupport::later;
     /// Whether the whole pill is seen, in a menu bar or a small window, and not a square tray icon.
     bool showsPill = false;
+    /// Whether the panel opens at the icon, and not where the desktop wants it.
+    bool placesPanel = true;
 
     bool operator==(const DesktopCapabilities &) const = default;
 };

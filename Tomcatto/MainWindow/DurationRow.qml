@@ -10,6 +10,11 @@ ControlRow {
     property string valueText
     property string lessText
     property string moreText
+    /// As wide as the text of this row needs, and as wide as the row is told, so that rows stand in line.
+    readonly property real naturalStepperWidth: 64 + Math.max(Math.round(66 * Theme.textScale), textMetrics.advanceWidth + 20)
+    property real stepperWidth: 0
+    /// What the slider may take beside the texts; where that is too little it has the row below them to itself.
+    readonly property real sliderRoom: 0.65 * controlRoom - stepper.implicitWidth - 32
 
     signal chosen(int minutes)
 
@@ -21,7 +26,7 @@ ControlRow {
         id: slider
 
         anchors.verticalCenter: parent.verticalCenter
-        width: Math.min(220, row.controlRoom - stepper.implicitWidth - 32)
+        width: row.sliderRoom >= 140 ? Math.min(220, row.sliderRoom) : row.controlRoom - stepper.implicitWidth - 32
         value: row.minutes
         phase: row.dot
         name: row.title
@@ -39,7 +44,7 @@ ControlRow {
         id: stepper
 
         anchors.verticalCenter: parent.verticalCenter
-        implicitWidth: 64 + Math.max(Math.round(66 * Theme.textScale), textMetrics.advanceWidth + 20)
+        implicitWidth: Math.max(row.stepperWidth, row.naturalStepperWidth)
         from: 1
         to: 180
         value: row.minutes

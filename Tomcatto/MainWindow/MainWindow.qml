@@ -38,15 +38,19 @@ Window {
 
     Shortcut {
         sequence: "Ctrl+W"
-        onActivated: window.viewModel.closeWindow()
+        onActivated: window.viewModel.perform("menu.close_window")
     }
     Shortcut {
         sequence: "Ctrl+Q"
-        onActivated: window.viewModel.quit()
+        onActivated: window.viewModel.perform("menu.quit")
     }
     Shortcut {
         sequence: "Ctrl+,"
-        onActivated: window.viewModel.showPage("timer")
+        onActivated: window.viewModel.perform("menu.settings")
+    }
+    Shortcut {
+        sequence: "F1"
+        onActivated: window.viewModel.perform("menu.about")
     }
 
     Sidebar {
@@ -58,6 +62,8 @@ Window {
         page: window.viewModel.page
         name: window.words("window.sidebar.accessibility")
         onChosen: id => window.viewModel.showPage(id)
+        // The page keys scroll the page from here too.
+        Keys.forwardTo: [content.item]
     }
     Loader {
         id: content

@@ -20,7 +20,6 @@ MainWindowController::MainWindowController(ViewHost &viewHost, MainWindowRouter 
     });
     connect(&viewModel, &MainWindowViewModel::pageChanged, this,
             [this] { m_router.setCurrentPage(m_viewModel.currentPage()); });
-    connect(&viewModel, &MainWindowViewModel::closeRequested, this, &MainWindowController::closeWindow);
 }
 
 MainWindowController::~MainWindowController() = default;
@@ -63,8 +62,12 @@ void MainWindowController::observe(QWindow &window)
 
 void MainWindowController::becameActive()
 {
-    if (m_view && m_view->window().isActive() && !m_dockHold.isActive())
+    if (!m_view || !m_view->window().isActive())
+        return;
+    if (!m_dockHold.isActive())
         m_dockHold = m_activationPolicy.hold();
+    // The user may come back from the system's settings.
+    m_viewModel.refreshPage();
 }
 
 void MainWindowController::closeWindow()

@@ -25,9 +25,11 @@ QString symbolName(MainWindowPage page)
 
 }
 
-MainWindowViewModel::MainWindowViewModel(const Pages &pages, const LocalizedStrings &strings, QObject *parent)
+MainWindowViewModel::MainWindowViewModel(const Pages &pages, const AppMenuCommands &commands,
+                                         const LocalizedStrings &strings, QObject *parent)
     : QObject(parent)
     , m_models(pages)
+    , m_commands(commands)
     , m_strings(strings)
 {
     connect(&strings, &LocalizedStrings::changed, this, &MainWindowViewModel::changed);
@@ -81,14 +83,9 @@ void MainWindowViewModel::showPage(const QString &id)
         show(*page);
 }
 
-void MainWindowViewModel::closeWindow()
+void MainWindowViewModel::perform(const QString &titleKey)
 {
-    Q_EMIT closeRequested();
-}
-
-void MainWindowViewModel::quit()
-{
-    Q_EMIT quitRequested();
+    m_commands.perform(titleKey);
 }
 
 }

@@ -2,6 +2,7 @@
 
 #include "Localization/LocalizedStrings.h"
 #include "MainWindow/AboutPageViewModel.h"
+#include "MainWindow/AppMenuCommands.h"
 #include "MainWindow/GeneralPageViewModel.h"
 #include "MainWindow/PermissionsPageViewModel.h"
 #include "MainWindow/TimerPageViewModel.h"
@@ -36,7 +37,9 @@ public:
         AboutPageViewModel &about;
     };
 
-    MainWindowViewModel(const Pages &pages, const LocalizedStrings &strings, QObject *parent = nullptr);
+    /// @param commands what the window's keys call; outlives it.
+    MainWindowViewModel(const Pages &pages, const AppMenuCommands &commands, const LocalizedStrings &strings,
+                        QObject *parent = nullptr);
 
     [[nodiscard]] QVariantList pages() const;
     [[nodiscard]] QString page() const { return rawValue(m_page); }
@@ -52,21 +55,18 @@ public:
 
     /// Shows the page with that id; other texts do nothing.
     Q_INVOKABLE void showPage(const QString &id);
-    /// Asks for the window to be closed.
-    Q_INVOKABLE void closeWindow();
-    /// Asks for the end of the application.
-    Q_INVOKABLE void quit();
+    /// Carries out a menu command by the key of its text.
+    Q_INVOKABLE void perform(const QString &titleKey);
+    /// Reads anew what others may have changed behind the page shown.
+    void refreshPage();
 
 Q_SIGNALS:
     void changed();
     void pageChanged();
-    void closeRequested();
-    void quitRequested();
 
 private:
-    void refreshPage();
-
     Pages m_models;
+    const AppMenuCommands &m_commands;
     const LocalizedStrings &m_strings;
     MainWindowPage m_page = MainWindowPage::timer;
 };

@@ -28,6 +28,7 @@ void OnboardingController::showIfNeeded()
 void OnboardingController::reset()
 {
     m_settings.setHasCompletedOnboarding(false);
+    m_logger.debug(onboardingResetNotification);
     Q_EMIT wasReset();
     show();
 }
@@ -68,6 +69,7 @@ void OnboardingController::finish()
     m_stateMachine.start();
     if (m_view)
         m_view->window().hide();
+    m_logger.debug(onboardingCompletedNotification);
     Q_EMIT completed();
 }
 

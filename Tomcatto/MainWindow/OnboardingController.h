@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Foundation/Logger.h"
 #include "MainWindow/OnboardingViewModel.h"
 #include "Platform/Ports/ViewHost.h"
 #include "Timer/PomodoroStateMachine.h"
@@ -42,6 +43,7 @@ private:
     PomodoroStateMachine &m_stateMachine;
     OnboardingViewModel &m_viewModel;
     LocalizedStrings &m_strings;
+    Logger m_logger{QStringLiteral("OnboardingController")};
     std::unique_ptr<HostedView> m_view;
 };
 

@@ -32,6 +32,15 @@ Item {
         Repeater {
             id: rows
 
+            property real figureWidth: 0
+
+            function lineUp() {
+                let width = 0
+                for (let index = 0; index < count; ++index)
+                    width = Math.max(width, itemAt(index)?.naturalFigureWidth ?? 0)
+                figureWidth = width
+            }
+
             function move(index: int) {
                 const target = itemAt(index)
                 if (target)
@@ -39,6 +48,7 @@ Item {
             }
 
             model: step.viewModel.presets.length
+            onItemAdded: lineUp()
 
             // qmllint disable unqualified
             PresetRow {
@@ -52,6 +62,8 @@ Item {
                 durations: preset.durations ?? ""
                 segments: preset.set ?? []
                 selected: step.viewModel.preset === preset.id
+                figureWidth: rows.figureWidth
+                onNaturalFigureWidthChanged: rows.lineUp()
                 onClicked: step.viewModel.choosePreset(preset.id)
                 Keys.onUpPressed: rows.move(index - 1)
                 Keys.onDownPressed: rows.move(index + 1)

@@ -27,6 +27,21 @@ Window {
         }
     }
 
+    /// Scrolls so far that an item of the step can be seen; only large texts need it.
+    function reveal(item: Item) {
+        let ancestor = item
+        while (ancestor && ancestor !== content)
+            ancestor = ancestor.parent
+        if (!ancestor)
+            return
+        const top = item.mapToItem(content, 0, 0).y - 12
+        scrollTo(Math.min(top, Math.max(scroll.contentY, top + item.height + 24 - scroll.height)))
+    }
+
+    function scrollTo(y: real) {
+        scroll.contentY = Math.max(0, Math.min(scroll.contentHeight - scroll.height, y))
+    }
+
     width: Math.round(640 * Math.min(1.25, Theme.textScale))
     height: Math.round(500 * Math.min(1.25, Theme.textScale))
     minimumWidth: 640
@@ -34,7 +49,25 @@ Window {
     title: words("onboarding.window.title")
     color: Theme.paper
     onVisibleChanged: if (visible) primary.forceActiveFocus()
+    onActiveFocusItemChanged: if (activeFocusItem) reveal(activeFocusItem)
 
+    Shortcut {
+        sequence: "PgDown"
+        onActivated: window.scrollTo(scroll.contentY + 0.8 * scroll.height)
+    }
+    Shortcut {
+        sequence: "PgUp"
+        onActivated: window.scrollTo(scroll.contentY - 0.8 * scroll.height)
+    }
+    Shortcut {
+        sequence: "Ctrl+W"
+        onActivated: window.close()
+    }
+    Shortcut {
+        sequence: "Esc"
+        enabled: !window.isFirst
+        onActivated: window.viewModel.back()
+    }
     Connections {
         target: window.viewModel
 

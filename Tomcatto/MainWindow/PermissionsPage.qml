@@ -35,7 +35,7 @@ ScrollPage {
 
                 Row {
                     anchors.verticalCenter: parent.verticalCenter
-                    spacing: 8
+                    spacing: 6
                     Accessible.role: Accessible.StaticText
                     Accessible.name: line.permission.name ?? ""
 
@@ -48,6 +48,7 @@ ScrollPage {
                     }
                     ThemedText {
                         text: line.permission.state ?? ""
+                        font: Theme.sizedFont(Math.round(13 * Theme.textScale), Font.Normal, 0)
                         color: line.permission.isGood ? Theme.longBreak.text : Theme.ink2
                         wrapMode: Text.NoWrap
                         Accessible.ignored: true

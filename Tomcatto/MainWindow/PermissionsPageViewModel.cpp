@@ -93,6 +93,8 @@ PermissionsPageViewModel::Row PermissionsPageViewModel::tray() const
     case DesktopSupport::full:
         row.state = QStringLiteral("works");
         row.isGood = true;
+        if (!m_capabilities.placesPanel)
+            row.help = QStringLiteral("help_panel_placement");
         break;
     case DesktopSupport::limited:
         row.state = QStringLiteral("limited");

@@ -10,7 +10,10 @@ PressButton {
     property string durations
     property var segments: []
     property bool selected: false
-    readonly property bool hasRoom: width - 56 - figure.implicitWidth - 40 - 198 > 150 * Theme.textScale
+    /// As wide as this row's figure is, and as wide as that of the widest row, so that all rows look alike.
+    readonly property alias naturalFigureWidth: figure.implicitWidth
+    property real figureWidth: naturalFigureWidth
+    readonly property bool hasRoom: width - 56 - figureWidth - 40 - 198 > 150 * Theme.textScale
 
     implicitHeight: Math.max(69, texts.implicitHeight + 24)
     radius: Theme.cardRadius
@@ -71,7 +74,7 @@ PressButton {
     SetBar {
         id: bar
 
-        x: Math.min(figure.x - 25, row.width - 118) - width
+        x: row.width - Math.max(row.figureWidth + 45, 118) - width
         anchors.verticalCenter: parent.verticalCenter
         visible: row.hasRoom
         implicitHeight: 9

@@ -14,6 +14,15 @@ Rectangle {
 
     signal chosen(string id)
 
+    // The keyboard follows where the page was changed from elsewhere.
+    onCurrentIndexChanged: {
+        for (let index = 0; index < rows.count; ++index) {
+            const row = rows.itemAt(index)
+            if (index !== currentIndex && row?.activeFocus)
+                rows.itemAt(currentIndex).forceActiveFocus(row.visualFocus ? Qt.TabFocusReason : Qt.OtherFocusReason)
+        }
+    }
+
     function go(index: int) {
         const bounded = Math.max(0, Math.min(pages.length - 1, index))
         // First: the row that has the focus may not stop being a stop for Tab.
@@ -61,7 +70,7 @@ Rectangle {
                     symbol: page.symbol ?? ""
                     compact: sidebar.compact
                     selected: index === sidebar.currentIndex
-                    activeFocusOnTab: selected
+                    activeFocusOnTab: selected || activeFocus
                     onClicked: sidebar.chosen(page.id)
                     Keys.onUpPressed: sidebar.go(index - 1)
                     Keys.onDownPressed: sidebar.go(index + 1)

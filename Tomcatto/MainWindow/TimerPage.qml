@@ -16,6 +16,16 @@ ScrollPage {
         return strings.revision >= 0 ? strings.formatList(key, [value]) : ""
     }
 
+    /// That of the widest duration, so that all steppers and sliders stand in line.
+    property real stepperWidth: 0
+
+    function lineUpSteppers() {
+        let width = 0
+        for (let index = 0; index < rows.count; ++index)
+            width = Math.max(width, rows.itemAt(index)?.naturalStepperWidth ?? 0)
+        stepperWidth = width
+    }
+
     title: words("window.page.timer")
     subtitle: words("window.timer.subtitle")
     spacing: Theme.cardGap
@@ -122,6 +132,7 @@ ScrollPage {
             id: rows
 
             model: page.viewModel.durations.length
+            onItemAdded: page.lineUpSteppers()
 
             // qmllint disable unqualified
             DurationRow {
@@ -133,8 +144,10 @@ ScrollPage {
                 dot: duration.phase ?? ""
                 minutes: duration.minutes ?? 1
                 valueText: duration.text ?? ""
+                stepperWidth: page.stepperWidth
                 lessText: page.spoken("window.timer.stepper.less", title)
                 moreText: page.spoken("window.timer.stepper.more", title)
+                onNaturalStepperWidthChanged: Qt.callLater(page.lineUpSteppers)
                 onChosen: minutes => page.viewModel.setMinutes(duration.id, minutes)
             }
             // qmllint enable unqualified
@@ -205,8 +218,6 @@ ScrollPage {
             }
         }
     }
-
-    readonly property real stepperWidth: 64 + Math.round(66 * Theme.textScale)
 
     Card {
         width: page.columnWidth

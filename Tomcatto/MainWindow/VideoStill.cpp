@@ -9,15 +9,17 @@ namespace tomcatto {
 
 namespace {
 
-constexpr QSize stillSize(410, 230);
-constexpr qreal cornerRadius = 24;
+constexpr QSize tileSize(205, 115);
+constexpr qreal cornerRadius = 12;
 // Fast rather than small: the picture only lives as long as the page.
 constexpr int pngQuality = 80;
 
 }
 
-QString videoStillAddress(QIODevice &picture)
+QString videoStillAddress(QIODevice &picture, double scale)
 {
+    const qreal pixels = qBound(1.0, scale, 2.0);
+    const QSize stillSize = (QSizeF(tileSize) * pixels).toSize();
     QImageReader reader(&picture);
     reader.setAutoTransform(true);
     // The decoder makes the small picture at once, in an eighth of the time.
@@ -32,7 +34,7 @@ QString videoStillAddress(QIODevice &picture)
     QPainter painter(&still);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     QPainterPath outline;
-    outline.addRoundedRect(still.rect(), cornerRadius, cornerRadius);
+    outline.addRoundedRect(still.rect(), cornerRadius * pixels, cornerRadius * pixels);
     const QSizeF covering = QSizeF(scaled.size()).scaled(QSizeF(stillSize), Qt::KeepAspectRatioByExpanding);
     painter.setClipPath(outline);
     painter.drawImage(

@@ -30,6 +30,29 @@ QString includedVideoTitle(const LocalizedStrings &strings, const QString &ident
     return known == includedTitles.end() ? identifier : strings.text(QStringLiteral("videos.included.") + known->key);
 }
 
+QString shownName(const QString &name)
+{
+    QString line = name;
+    for (QChar &character : line) {
+        if (character.category() == QChar::Other_Control)
+            character = QLatin1Char(' ');
+    }
+    return line.simplified();
+}
+
+QString shortName(const QString &name)
+{
+    constexpr qsizetype begin = 32;
+    constexpr qsizetype end = 16;
+    const QString line = shownName(name);
+    if (line.size() <= begin + end)
+        return line;
+    // Never half a character.
+    const qsizetype cut = line.at(begin).isLowSurrogate() ? begin - 1 : begin;
+    const qsizetype rest = line.at(line.size() - end).isLowSurrogate() ? end - 1 : end;
+    return line.first(cut) + QChar(u'…') + line.last(rest);
+}
+
 QString refusalKey(VideoFileError error)
 {
     switch (error) {

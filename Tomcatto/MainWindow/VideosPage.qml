@@ -12,9 +12,28 @@ Item {
         return strings.revision >= 0 ? strings.text(key) : ""
     }
 
+    /// Every tile of the user's is as high as the one with the longest caption, so a row's place is known without it.
+    readonly property real tileHeight: ownGrid.stillHeight + 8 + Theme.lineHeight("control", Theme.textScale) + longestCaption.implicitHeight
+    readonly property real rowHeight: Math.max(100, tileHeight + ownGrid.rowSpacing)
+    /// Only the rows that are seen are made, and two more at either end.
+    readonly property int firstRow: Math.floor((page.flickable.contentY - ownGrid.y) / rowHeight) - 2
+    readonly property int lastRow: Math.floor((page.flickable.contentY - ownGrid.y + page.flickable.height) / rowHeight) + 2
+    /// Number of the tile with the keyboard, which stays wherever the list is scrolled to.
+    property int focusedTile: -1
+    /// Pixels of a still for one of a small tile.
+    readonly property real stillScale: Math.ceil(Screen.devicePixelRatio * ownGrid.tileWidth / 205 * 2 - 0.1) / 2
+
     Component.onCompleted: viewModel.appear()
     Component.onDestruction: viewModel?.disappear()
 
+    ThemedText {
+        id: longestCaption
+
+        visible: false
+        width: ownGrid.tileWidth
+        role: "caption"
+        text: root.viewModel.longestCaption
+    }
     ScrollPage {
         id: page
 
@@ -38,24 +57,54 @@ Item {
 
             // qmllint disable unqualified
             Repeater {
-                model: root.viewModel.own.length
+                model: root.viewModel.own
 
-                VideoTile {
+                Loader {
+                    id: place
+
                     required property int index
-                    readonly property var video: root.viewModel.own[index] ?? ({})
+                    required property string videoId
+                    required property string title
+                    required property string caption
+                    required property string status
+                    readonly property int row: Math.floor(index / ownGrid.columns)
 
                     width: ownGrid.tileWidth
-                    height: implicitHeight - 115 + ownGrid.stillHeight
-                    thumbnail: video.id ? root.viewModel.still(video.id) : ""
-                    title: video.title ?? ""
-                    caption: video.caption ?? ""
-                    status: video.status ?? "resting"
-                    previewText: present ? root.words("window.videos.preview") : ""
-                    deleteText: root.words("window.videos.delete")
-                    deletable: true
-                    onClicked: root.viewModel.toggle(video.id)
-                    onPreviewRequested: root.viewModel.preview(video.id)
-                    onDeleteRequested: root.viewModel.remove(video.id)
+                    height: root.tileHeight
+                    active: (row >= root.firstRow && row <= root.lastRow) || index === root.focusedTile
+                    sourceComponent: VideoTile {
+                        id: tile
+
+                        function showStill() {
+                            thumbnail = root.viewModel.still(place.videoId, root.stillScale)
+                        }
+
+                        width: place.width
+                        height: place.height
+                        title: place.title
+                        caption: place.caption
+                        status: place.status
+                        previewText: present ? root.words("window.videos.preview") : ""
+                        deleteText: root.words("window.videos.delete")
+                        deletable: true
+                        onClicked: root.viewModel.toggle(place.videoId)
+                        onPreviewRequested: root.viewModel.preview(place.videoId)
+                        onDeleteRequested: root.viewModel.remove(place.videoId)
+                        onActiveFocusChanged: if (activeFocus)
+                            root.focusedTile = place.index
+                        Component.onCompleted: showStill()
+
+                        Connections {
+                            target: root
+                            function onStillScaleChanged() { tile.showStill() }
+                        }
+                        Connections {
+                            // The still of a video that was just added comes after it.
+                            target: root.viewModel
+                            enabled: String(tile.thumbnail).length === 0
+                            function onChanged() { tile.showStill() }
+                        }
+                    }
                 }
             }
             // qmllint enable unqualified
@@ -121,7 +170,7 @@ Item {
                     width: includedGrid.tileWidth
                     // Without a caption.
                     height: implicitHeight - 115 + includedGrid.stillHeight - Theme.lineHeight("caption", textScale)
-                    thumbnail: video.id ? root.viewModel.still(video.id) : ""
+                    thumbnail: video.id ? root.viewModel.still(video.id, root.stillScale) : ""
                     title: video.title ?? ""
                     // Cannot be ticked: pressing it shows it.
                     status: "included"

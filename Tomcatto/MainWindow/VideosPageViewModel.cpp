@@ -2,6 +2,7 @@
 
 #include "MainWindow/VideoStill.h"
 #include "MainWindow/VideoTexts.h"
+#include "Media/MovedVideoSearch.h"
 #include "Persistence/Repositories/UserVideoRepository.h"
 
 #include <algorithm>
@@ -15,6 +16,10 @@ namespace {
 
 /// More files at once than this are told by the first ones.
 constexpr qsizetype mostErrors = 3;
+/// Of the stills, in characters: about fifty of them.
+constexpr qsizetype mostStillCharacters = 4'000'000;
+/// How often at most the store is read while many videos come in.
+constexpr std::chrono::milliseconds readingInterval{100};
 
 QString idText(const UserVideo &video)
 {
@@ -28,7 +33,7 @@ QString comparablePath(const QString &path)
     return canonical.isEmpty() ? QDir::cleanPath(path) : canonical;
 }
 
-QString shortName(const QUrl &file)
+QString fileName(const QUrl &file)
 {
     const QString name = QFileInfo(QDir::cleanPath(file.path())).fileName();
     return name.isEmpty() ? file.toDisplayString(QUrl::PreferLocalFile) : name;
@@ -37,30 +42,35 @@ QString shortName(const QUrl &file)
 }
 
 VideosPageViewModel::VideosPageViewModel(UserVideoCommands &commands, UserVideoRepository &repository,
-                                         const BundledVideoProviding &bundled, const LocalizedStrings &strings,
-                                         QObject *parent)
+                                         MovedVideoSearch &movedVideoSearch, const BundledVideoProviding &bundled,
+                                         const LocalizedStrings &strings, QObject *parent)
     : QObject(parent)
     , m_commands(commands)
     , m_repository(repository)
+    , m_movedVideoSearch(movedVideoSearch)
     , m_bundled(bundled)
     , m_strings(strings)
+    , m_stills(mostStillCharacters)
 {
-    connect(&repository, &UserVideoRepository::didChange, this, &VideosPageViewModel::refresh);
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(readingInterval);
+    connect(&m_pause, &QTimer::timeout, this, &VideosPageViewModel::catchUp);
+    connect(&repository, &UserVideoRepository::didChange, this, &VideosPageViewModel::storeChanged);
+    connect(&strings, &LocalizedStrings::changed, this, &VideosPageViewModel::showRows);
     connect(&strings, &LocalizedStrings::changed, this, &VideosPageViewModel::changed);
     connect(&strings, &LocalizedStrings::changed, this, &VideosPageViewModel::deletedChanged);
 }
 
-QVariantList VideosPageViewModel::own() const
+void VideosPageViewModel::showRows()
 {
-    QVariantList rows;
+    std::vector<OwnVideoRow> rows;
+    rows.reserve(m_own.size());
     for (const UserVideoListing &line : m_own) {
         const QString present = line.video.userSelected ? QStringLiteral("active") : QStringLiteral("resting");
-        rows.append(QVariantMap{{QStringLiteral("id"), idText(line.video)},
-                                {QStringLiteral("title"), line.video.displayName},
-                                {QStringLiteral("caption"), caption(line)},
-                                {QStringLiteral("status"), line.path.isEmpty() ? QStringLiteral("missing") : present}});
+        rows.push_back({idText(line.video), shownName(line.video.displayName), caption(line),
+                        line.path.isEmpty() ? QStringLiteral("missing") : present});
     }
-    return rows;
+    m_rows.setRows(std::move(rows));
 }
 
 QString VideosPageViewModel::caption(const UserVideoListing &line) const
@@ -79,6 +89,14 @@ QString VideosPageViewModel::caption(const UserVideoListing &line) const
     return m_strings.format(QStringLiteral("window.videos.caption.join"), added, state);
 }
 
+QString VideosPageViewModel::longestCaption() const
+{
+    UserVideo playing;
+    playing.userSelected = true;
+    playing.addedAt = toDate(QDateTime({2000, 9, 20}, {}));
+    return caption({std::move(playing), QStringLiteral("/")});
+}
+
 QVariantList VideosPageViewModel::included() const
 {
     QVariantList rows;
@@ -91,51 +109,83 @@ QVariantList VideosPageViewModel::included() const
 
 QString VideosPageViewModel::deletedText() const
 {
-    return m_deleted ? m_strings.format(QStringLiteral("window.videos.deleted"), m_deleted->displayName) : QString();
+    return m_deleted ? m_strings.format(QStringLiteral("window.videos.deleted"), shortName(m_deleted->displayName))
+                     : QString();
 }
 
 void VideosPageViewModel::appear()
 {
     m_isShown = true;
     refresh();
+    searchMoved();
 }
 
 void VideosPageViewModel::disappear()
 {
     m_isShown = false;
+    m_pause.stop();
     m_own.clear();
+    m_rows.setRows({});
     m_stills.clear();
     clearErrors();
     forgetRemoval();
 }
 
+void VideosPageViewModel::storeChanged()
+{
+    m_isOutdated = true;
+    if (!m_pause.isActive())
+        catchUp();
+}
+
+void VideosPageViewModel::catchUp()
+{
+    if (m_isOutdated)
+        refresh();
+}
+
 void VideosPageViewModel::refresh()
 {
+    m_isOutdated = false;
     if (!m_isShown)
         return;
     m_own = m_commands.list();
+    showRows();
     Q_EMIT changed();
+    m_pause.start();
 }
 
-QString VideosPageViewModel::still(const QString &id)
+// Once for each time that the page is seen: a file that is gone for good would be looked for all the time.
+void VideosPageViewModel::searchMoved()
 {
-    if (const auto known = m_stills.constFind(id); known != m_stills.constEnd())
+    std::vector<UserVideo> moved;
+    for (const UserVideoListing &line : m_own) {
+        if (line.path.isEmpty() || line.isStale)
+            moved.push_back(line.video);
+    }
+    m_movedVideoSearch.search(std::move(moved));
+}
+
+QString VideosPageViewModel::still(const QString &id, double scale)
+{
+    const QString key = id + QLatin1Char('@') + QString::number(scale);
+    if (const QString *const known = m_stills.object(key))
         return *known;
     QString made;
     if (const LocalVideoCandidate *const bundled = bundledVideo(id)) {
         const QDir folder = QFileInfo(bundled->fileUrl.toLocalFile()).dir();
         QFile poster(folder.filePath(QStringLiteral("posters/%1.jpg").arg(id)));
         if (poster.open(QIODevice::ReadOnly))
-            made = videoStillAddress(poster);
+            made = videoStillAddress(poster, scale);
     } else if (const auto video = m_repository.video(QUuid::fromString(id))) {
         QBuffer picture;
         picture.setData(video->thumbnailData);
         if (picture.open(QIODevice::ReadOnly))
-            made = videoStillAddress(picture);
+            made = videoStillAddress(picture, scale);
     }
     // A missing one may come soon: thumbnails follow their videos.
     if (!made.isEmpty())
-        m_stills.insert(id, made);
+        m_stills.insert(key, new QString(made), made.size());
     return made;
 }
 
@@ -152,19 +202,20 @@ void VideosPageViewModel::chooseFiles()
 void VideosPageViewModel::addFiles(const QList<QUrl> &files)
 {
     clearErrors();
+    const QSet<QString> known = ownPaths();
     for (const QUrl &file : files)
-        addFile(file);
+        addFile(file, known);
 }
 
-void VideosPageViewModel::addFile(const QUrl &file)
+void VideosPageViewModel::addFile(const QUrl &file, const QSet<QString> &ownPaths)
 {
-    const QString name = shortName(file);
+    const QString name = fileName(file);
     if (!file.isLocalFile()) {
         report(QStringLiteral("unreadable"), name);
         return;
     }
     const QString path = comparablePath(file.toLocalFile());
-    if (m_adding.contains(path) || isAmongOwn(path)) {
+    if (m_adding.contains(path) || ownPaths.contains(path)) {
         report(QStringLiteral("already_added"), name);
         return;
     }
@@ -180,11 +231,15 @@ void VideosPageViewModel::addFile(const QUrl &file)
     });
 }
 
-bool VideosPageViewModel::isAmongOwn(const QString &path) const
+QSet<QString> VideosPageViewModel::ownPaths() const
 {
-    return std::ranges::any_of(m_own, [&path](const UserVideoListing &line) {
-        return !line.path.isEmpty() && comparablePath(line.path) == path;
-    });
+    QSet<QString> paths;
+    // Of the store: the page may be closed by the time that files come from the dialog.
+    for (const UserVideoListing &line : m_commands.list()) {
+        if (!line.path.isEmpty())
+            paths.insert(comparablePath(line.path));
+    }
+    return paths;
 }
 
 void VideosPageViewModel::toggle(const QString &id)
@@ -266,7 +321,7 @@ void VideosPageViewModel::report(const QString &reason, const QString &name)
 {
     if (!m_isShown || m_errors.size() >= mostErrors)
         return;
-    m_errors.append(m_strings.format(QStringLiteral("window.videos.error.") + reason, name));
+    m_errors.append(m_strings.format(QStringLiteral("window.videos.error.") + reason, shortName(name)));
     Q_EMIT errorChanged();
 }
 

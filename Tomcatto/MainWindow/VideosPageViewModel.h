@@ -1,22 +1,27 @@
 #pragma once
 
 #include "Localization/LocalizedStrings.h"
+#include "MainWindow/OwnVideosModel.h"
 #include "Media/UserVideoCommands.h"
 #include "Media/VideoProviding.h"
 
-#include <QtCore/QHash>
+#include <QtCore/QCache>
+#include <QtCore/QTimer>
 #include <QtCore/QVariantList>
 
 namespace tomcatto {
+
+class MovedVideoSearch;
 
 /// The page with the videos for the breaks: the user's own and those that came along. Between `appear` and `disappear`
 /// it follows the store and keeps the stills; otherwise it holds nothing. Main thread only.
 class VideosPageViewModel final : public QObject
 {
     Q_OBJECT
-    /// The user's videos, the earliest added first: id, title, caption and the status of a tile: "active", "resting"
-    /// or, where the file is gone, "missing".
-    Q_PROPERTY(QVariantList own READ own NOTIFY changed FINAL)
+    /// The user's videos, the earliest added first.
+    Q_PROPERTY(QAbstractItemModel *own READ own CONSTANT FINAL)
+    /// As long as a caption gets as a rule.
+    Q_PROPERTY(QString longestCaption READ longestCaption NOTIFY changed FINAL)
     /// The videos that came along: id, title.
     Q_PROPERTY(QVariantList included READ included NOTIFY changed FINAL)
     /// Why the last action was not done, a line for each file; empty where all went well.
@@ -27,10 +32,11 @@ class VideosPageViewModel final : public QObject
 public:
     /// All outlive the view model.
     VideosPageViewModel(UserVideoCommands &commands, UserVideoRepository &repository,
-                        const BundledVideoProviding &bundled, const LocalizedStrings &strings,
-                        QObject *parent = nullptr);
+                        MovedVideoSearch &movedVideoSearch, const BundledVideoProviding &bundled,
+                        const LocalizedStrings &strings, QObject *parent = nullptr);
 
-    [[nodiscard]] QVariantList own() const;
+    [[nodiscard]] OwnVideosModel *own() { return &m_rows; }
+    [[nodiscard]] QString longestCaption() const;
     [[nodiscard]] QVariantList included() const;
     [[nodiscard]] QString error() const { return m_errors.join(QLatin1Char('\n')); }
     [[nodiscard]] QString deletedText() const;
@@ -40,7 +46,8 @@ public:
     /// The page is gone: what was deleted stays deleted.
     Q_INVOKABLE void disappear();
     /// The still of a video of either list as a "data:" address; empty while there is none.
-    Q_INVOKABLE QString still(const QString &id);
+    /// @param scale pixels of the picture for one of the tile's 205 × 115, from 1 to 2
+    Q_INVOKABLE QString still(const QString &id, double scale);
 
     /// Asks for a dialog that lets the user choose files to add.
     Q_INVOKABLE void chooseFiles();
@@ -76,23 +83,33 @@ Q_SIGNALS:
 private:
     using Result = UserVideoCommands::Result;
 
+    void storeChanged();
+    void catchUp();
     void refresh();
-    void addFile(const QUrl &file);
+    void searchMoved();
+    void showRows();
+    void addFile(const QUrl &file, const QSet<QString> &ownPaths);
     void clearErrors();
     void report(const QString &reason, const QString &name);
     [[nodiscard]] std::function<void(const Result &)> reporter(const QString &name);
     [[nodiscard]] const UserVideoListing *listing(const QString &id) const;
     [[nodiscard]] const LocalVideoCandidate *bundledVideo(const QString &id) const;
-    [[nodiscard]] bool isAmongOwn(const QString &path) const;
+    [[nodiscard]] QSet<QString> ownPaths() const;
     [[nodiscard]] QString caption(const UserVideoListing &line) const;
 
     UserVideoCommands &m_commands;
     UserVideoRepository &m_repository;
+    MovedVideoSearch &m_movedVideoSearch;
     const BundledVideoProviding &m_bundled;
     const LocalizedStrings &m_strings;
     bool m_isShown = false;
     std::vector<UserVideoListing> m_own;
-    QHash<QString, QString> m_stills;
+    OwnVideosModel m_rows;
+    /// Runs for a moment after each reading of the store; changes meanwhile are read together at its end.
+    QTimer m_pause;
+    bool m_isOutdated = false;
+    /// By id and scale.
+    QCache<QString, QString> m_stills;
     QStringList m_errors;
     /// The files that are being looked into.
     QSet<QString> m_adding;

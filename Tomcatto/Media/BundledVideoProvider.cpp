@@ -8,8 +8,9 @@ namespace tomcatto {
 
 BundledVideoProvider::BundledVideoProvider(const QString &directory)
 {
-    QStringList names =
-        QDir(directory).entryList({QStringLiteral("*.mp4")}, QDir::Files | QDir::CaseSensitive, QDir::NoSort);
+    QStringList names = QDir(directory).entryList(QDir::Files, QDir::NoSort);
+    // A name filter of QDir is a regular expression; the library for those would stay in memory for this alone.
+    names.removeIf([](const QString &name) { return !name.endsWith(QLatin1String(".mp4")); });
     if (names.isEmpty())
         Logger(QStringLiteral("BundledVideoProvider"))
             .error(QStringLiteral("BundledVideos directory missing or empty in main bundle"));

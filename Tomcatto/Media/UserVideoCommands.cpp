@@ -57,7 +57,8 @@ std::vector<UserVideoListing> UserVideoCommands::list() const
     std::vector<UserVideoListing> lines;
     for (UserVideo &video : m_repository.allVideos()) {
         const auto resolved = m_repository.resolveBookmark(video, searchUntil);
-        lines.push_back({std::move(video), resolved ? resolved->fileUrl.toLocalFile() : QString()});
+        lines.push_back(
+            {std::move(video), resolved ? resolved->fileUrl.toLocalFile() : QString(), resolved && resolved->isStale});
     }
     return lines;
 }

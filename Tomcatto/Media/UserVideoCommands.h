@@ -41,6 +41,8 @@ struct UserVideoListing
     UserVideo video;
     /// Where the file is; empty where it was not found.
     QString path;
+    /// The file was moved or replaced since its bookmark was made, which should be renewed.
+    bool isStale = false;
 
     bool operator==(const UserVideoListing &) const = default;
 };

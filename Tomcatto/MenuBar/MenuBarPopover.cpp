@@ -2,6 +2,7 @@
 
 #include "MenuBar/PopoverPlacement.h"
 
+#include <chrono>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPainterPath>
 #include <QtGui/QRegion>
@@ -12,8 +13,12 @@ namespace tomcatto {
 namespace {
 
 constexpr int cornerRadius = 14;
+constexpr std::chrono::milliseconds settlingTime(100);
+/// A window manager that has a place of its own in mind shall keep it.
+constexpr int mostCorrections = 3;
 
-/// Without a compositor the corners would be black, so the window has no corners.
+/// Without a compositor the corners would be black, so the window then has no corners. With one the view's own are
+/// smooth.
 QRegion roundedRegion(QSize size)
 {
     QPainterPath outline;
@@ -31,6 +36,9 @@ MenuBarPopover::MenuBarPopover(ViewHost &viewHost, ModelFactory models, QObject 
     m_resizing.setEasingCurve(QEasingCurve::InOutCubic);
     connect(&m_resizing, &QVariantAnimation::valueChanged, this,
             [this](const QVariant &value) { place(value.toRect()); });
+    m_settling.setSingleShot(true);
+    m_settling.setInterval(settlingTime);
+    connect(&m_settling, &QTimer::timeout, this, &MenuBarPopover::correctPlace);
 }
 
 MenuBarPopover::~MenuBarPopover()
@@ -41,7 +49,7 @@ MenuBarPopover::~MenuBarPopover()
 
 QWindow *MenuBarPopover::window() const
 {
-    return m_view ? &m_view->window() : nullptr;
+    return m_shown.view ? &m_shown.view->window() : nullptr;
 }
 
 void MenuBarPopover::setContentSize(QSize size)
@@ -78,28 +86,42 @@ void MenuBarPopover::place(const QRect &rectangle)
     if (!shown)
         return;
     shown->setGeometry(rectangle);
-    shown->setMask(roundedRegion(rectangle.size()));
+    if (!shown->property("isComposited").toBool())
+        shown->setMask(roundedRegion(rectangle.size()));
+}
+
+void MenuBarPopover::correctPlace()
+{
+    const QWindow *shown = window();
+    const bool isMoving = m_resizing.state() == QAbstractAnimation::Running;
+    if (!shown || isMoving || shown->position() == target().topLeft() || m_corrections >= mostCorrections)
+        return;
+    // A window manager that puts a frame around the window may do so elsewhere and move it then. What was reported in
+    // between stays, and presses on the window would count as outside of it, until it is moved once more.
+    ++m_corrections;
+    place(target());
 }
 
 bool MenuBarPopover::show(std::optional<QRect> item)
 {
-    if (m_view)
+    if (isShown())
         return true;
     Q_EMIT willShow();
-    auto models = std::make_unique<QObject>();
-    m_view =
-        m_viewHost.create({QStringLiteral("Tomcatto.MenuBar"), QStringLiteral("MenubarPanelView"), m_models(*models)});
-    if (!m_view) {
+    m_shown.models = std::make_unique<QObject>();
+    m_shown.view = m_viewHost.create(
+        {QStringLiteral("Tomcatto.MenuBar"), QStringLiteral("MenubarPanelView"), m_models(*m_shown.models)});
+    if (!m_shown.view) {
+        m_shown.models.reset();
         Q_EMIT didClose();
         return false;
     }
-    // Whatever happens, the models end with the popover at the latest: they use services that outlive it.
-    m_shownModels = models.release();
-    m_shownModels->setParent(this);
     m_item = item;
-    QWindow &shown = m_view->window();
+    QWindow &shown = m_shown.view->window();
     shown.setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     place(target());
+    m_corrections = 0;
+    for (const auto changed : {&QWindow::xChanged, &QWindow::yChanged})
+        connect(&shown, changed, &m_settling, qOverload<>(&QTimer::start));
     connect(&shown, &QWindow::visibleChanged, this, [this](bool isVisible) {
         if (!isVisible)
             performClose();
@@ -112,21 +134,17 @@ bool MenuBarPopover::show(std::optional<QRect> item)
 
 void MenuBarPopover::performClose()
 {
-    if (!m_view)
+    if (!isShown())
         return;
     m_resizing.stop();
-    QWindow &shown = m_view->window();
+    m_settling.stop();
+    QWindow &shown = m_shown.view->window();
     disconnect(&shown, nullptr, this, nullptr);
+    disconnect(&shown, nullptr, &m_settling, nullptr);
     shown.hide();
-    // Whoever closes may be inside the view, which therefore goes in a later turn of the event loop. Its host may need
-    // one more for the window, whose bindings still read the models, so these go after it.
+    // Whoever closes may be inside the view, which therefore goes with the posted action, or with this object before.
     QMetaObject::invokeMethod(
-        this,
-        [view = std::shared_ptr(std::move(m_view)), models = m_shownModels]() mutable {
-            view.reset();
-            models->deleteLater();
-        },
-        Qt::QueuedConnection);
+        this, [leaving = std::make_shared<Shown>(std::exchange(m_shown, {}))] {}, Qt::QueuedConnection);
     Q_EMIT didClose();
 }
 

@@ -6,6 +6,7 @@
 #include <optional>
 #include <QtCore/QObject>
 #include <QtCore/QRect>
+#include <QtCore/QTimer>
 #include <QtCore/QVariantAnimation>
 
 namespace tomcatto {
@@ -23,7 +24,7 @@ public:
     MenuBarPopover(ViewHost &viewHost, ModelFactory models, QObject *parent = nullptr);
     ~MenuBarPopover() override;
 
-    [[nodiscard]] bool isShown() const noexcept { return m_view != nullptr; }
+    [[nodiscard]] bool isShown() const noexcept { return m_shown.view != nullptr; }
     /// The window while it is shown, else null.
     [[nodiscard]] QWindow *window() const;
     /// The size of the next showing; a shown window glides to it.
@@ -40,16 +41,26 @@ Q_SIGNALS:
     void didClose();
 
 private:
+    /// Member order: the view ends before the models that its bindings read.
+    struct Shown
+    {
+        std::unique_ptr<QObject> models;
+        std::unique_ptr<HostedView> view;
+    };
+
     [[nodiscard]] QRect target() const;
     void place(const QRect &rectangle);
+    void correctPlace();
 
     ViewHost &m_viewHost;
     ModelFactory m_models;
     QSize m_contentSize;
     std::optional<QRect> m_item;
-    std::unique_ptr<HostedView> m_view;
-    QObject *m_shownModels = nullptr;
+    Shown m_shown;
     QVariantAnimation m_resizing;
+    /// Runs for a moment after the window has moved.
+    QTimer m_settling;
+    int m_corrections = 0;
 };
 
 }

@@ -31,14 +31,16 @@ Item {
         x: 208
         objectName: "statistics"
         symbol: "chart.bar.fill"
-        text: header.strings.revision, header.strings.text("menubar.header.stats")
+        text: header.strings.revision, header.strings.text("menubar.open_stats")
+        help: header.strings.revision, header.strings.text("menubar.header.stats")
         onClicked: header.viewModel.openStatistics()
     }
     IconButton {
         x: 240
         objectName: "settings"
         symbol: "gearshape.fill"
-        text: header.strings.revision, header.strings.text("menubar.header.settings")
+        text: header.strings.revision, header.strings.text("menubar.open_settings")
+        help: header.strings.revision, header.strings.text("menubar.header.settings")
         onClicked: header.viewModel.openSettings()
     }
 }

@@ -104,11 +104,6 @@ void MenubarPanelViewModel::back()
         m_navigationStore.back();
 }
 
-void MenubarPanelViewModel::exportSessions()
-{
-    Q_EMIT exportRequested();
-}
-
 void MenubarPanelViewModel::quit()
 {
     Q_EMIT quitRequested();

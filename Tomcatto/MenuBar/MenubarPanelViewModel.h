@@ -42,8 +42,6 @@ public Q_SLOTS:
     void openSettings();
     /// Back to the timer; from there closes the panel.
     void back();
-    /// Asks for a file to export the history to.
-    void exportSessions();
     void quit();
 
 Q_SIGNALS:
@@ -54,7 +52,6 @@ Q_SIGNALS:
     void announcementChanged();
     /// The panel shall close.
     void dismissRequested();
-    void exportRequested();
     void quitRequested();
 
 private:

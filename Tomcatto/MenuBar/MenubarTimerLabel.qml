@@ -8,6 +8,11 @@ Dial {
     required property var strings
     required property var viewModel
     readonly property var shown: viewModel.phase
+    /// Inside the ring at the height of the name. A longer name gets smaller, down to 11 pixels; where that does not do,
+    /// its symbol goes.
+    readonly property real nameRoom: 144
+    readonly property real symbolRoom: 20
+    readonly property bool showsSymbol: shown.symbol.length > 0 && fullName.advanceWidth * 11 / 13 <= nameRoom - symbolRoom
 
     phase: shown.theme
     progress: viewModel.clock.progress
@@ -15,6 +20,12 @@ Dial {
     pending: shown.isPending
     name: viewModel.clock.name
 
+    TextMetrics {
+        id: fullName
+
+        font: Theme.font("section", 1)
+        text: label.shown.name
+    }
     Row {
         anchors.horizontalCenter: parent.horizontalCenter
         y: 46
@@ -23,7 +34,7 @@ Dial {
 
         Symbol {
             anchors.verticalCenter: parent.verticalCenter
-            visible: label.shown.symbol.length > 0
+            visible: label.showsSymbol
             name: label.shown.symbol
             size: label.shown.isPaused ? 11 : 14
             color: phaseName.color
@@ -31,8 +42,12 @@ Dial {
         ThemedText {
             id: phaseName
 
+            width: Math.min(Math.ceil(fullName.advanceWidth) + 1, label.nameRoom - (label.showsSymbol ? label.symbolRoom : 0))
             text: label.shown.name
             role: "section"
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 11
+            horizontalAlignment: Text.AlignHCenter
             textScale: 1
             color: label.shown.isPaused ? Theme.ink2 : label.colours.text
             wrapMode: Text.NoWrap
@@ -65,6 +80,8 @@ Dial {
 
             text: label.strings.revision, label.strings.text("menubar.extend_five.help")
             wanted: parent.hovered && !parent.down
+            // Above is the time.
+            standsBelow: true
         }
     }
     ThemedText {

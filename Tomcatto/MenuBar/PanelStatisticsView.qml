@@ -31,14 +31,6 @@ Item {
         wrapMode: Text.NoWrap
         Accessible.role: Accessible.Heading
     }
-    IconButton {
-        x: view.width - width - 8
-        y: 8
-        objectName: "export"
-        symbol: "square.and.arrow.up"
-        text: view.strings.revision, view.strings.text("stats.export.accessibility")
-        onClicked: view.viewModel.exportSessions()
-    }
     Segmented {
         id: ranges
 
@@ -64,8 +56,11 @@ Item {
             // qmllint disable unqualified
             PanelFigure {
                 required property var modelData
+                required property int index
+                readonly property real column: (view.width - 32 - 16) / 3
 
-                width: Math.floor((view.width - 32 - 16) / 3)
+                // The three and their gaps end with the cards below, whose width is no multiple of three.
+                width: Math.round((index + 1) * column) - Math.round(index * column)
                 height: 64
                 parts: modelData.parts
                 label: modelData.label

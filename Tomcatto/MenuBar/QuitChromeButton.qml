@@ -8,6 +8,7 @@ IconButton {
 
     objectName: "quit"
     symbol: "power"
-    text: strings.revision, strings.text("menubar.header.quit")
+    text: strings.revision, strings.text("menubar.quit_app")
+    help: strings.revision, strings.text("menubar.header.quit")
     onClicked: viewModel.quit()
 }

@@ -7,6 +7,8 @@
 #include "MenuBar/TrayMenuBuilder.h"
 #include "StatisticsViews/StatisticsViewModel.h"
 
+#include <QtGui/QCursor>
+
 namespace tomcatto {
 namespace {
 
@@ -14,6 +16,10 @@ constexpr QSize panelSize{280, 460};
 constexpr QSize statisticsSize{400, 560};
 /// A press that took the keyboard from the panel and then reached the item is one click: it only closes.
 constexpr quint64 dismissalNanoseconds = 300'000'000;
+/// The same where it is known that the press was on the item: the button may be held for long.
+constexpr quint64 heldPressNanoseconds = 2'000'000'000;
+/// Half the edge of a large icon.
+constexpr int iconReach = 16;
 
 QString pillWantedKey()
 {
@@ -76,7 +82,6 @@ QVariantMap StatusItemController::makeModels(QObject &owner)
 {
     auto *panel = new MenubarPanelViewModel(m_dependencies, m_navigationStore, m_router, &owner);
     connect(panel, &MenubarPanelViewModel::dismissRequested, this, &StatusItemController::closePopover);
-    connect(panel, &MenubarPanelViewModel::exportRequested, this, &StatusItemController::exportRequested);
     connect(panel, &MenubarPanelViewModel::quitRequested, this, &StatusItemController::quitRequested);
     auto *statistics = new StatisticsViewModel({m_dependencies.statsAggregator, m_dependencies.settings,
                                                 m_dependencies.strings, m_dependencies.platform.wallClock},
@@ -89,6 +94,8 @@ QVariantMap StatusItemController::makeModels(QObject &owner)
 void StatusItemController::updateStatusItem()
 {
     updateMenu();
+    if (const auto choice = pillChoice(); std::exchange(m_announcedPillChoice, choice) != choice)
+        Q_EMIT pillChoiceChanged(choice);
     const StatusItemForms forms = m_statusItem.forms();
     const StatusPillContent content = m_source.content(forms.isDark);
     if (content == m_shownContent && forms == m_shownForms)
@@ -116,7 +123,7 @@ void StatusItemController::updateStatusItem()
 void StatusItemController::updateMenu()
 {
     const TrayMenu menu =
-        trayMenu(transportControls(m_dependencies.stateMachine), m_dependencies.strings, m_isPillWanted);
+        trayMenu(transportControls(m_dependencies.stateMachine), m_dependencies.strings, pillChoice());
     if (menu == m_shownMenu)
         return;
     m_shownMenu = menu;
@@ -134,8 +141,8 @@ void StatusItemController::togglePopover(std::optional<QRect> item)
         m_popover.performClose();
         return;
     }
-    const auto dismissedAt = std::exchange(m_dismissedAtNanoseconds, std::nullopt);
-    if (dismissedAt && m_dependencies.platform.monotonicClock.nowNanoseconds() - *dismissedAt < dismissalNanoseconds)
+    const auto noReopeningUntil = std::exchange(m_noReopeningUntilNanoseconds, std::nullopt);
+    if (noReopeningUntil && m_dependencies.platform.monotonicClock.nowNanoseconds() < *noReopeningUntil)
         return;
     present(item ? item : m_statusItem.geometry());
 }
@@ -166,7 +173,13 @@ void StatusItemController::present(std::optional<QRect> item)
 
 void StatusItemController::dismiss()
 {
-    m_dismissedAtNanoseconds = m_dependencies.platform.monotonicClock.nowNanoseconds();
+    auto item = m_statusItem.geometry();
+    // Of some trays only a point of the icon is known.
+    if (item && item->isEmpty())
+        item = item->marginsAdded({iconReach, iconReach, iconReach, iconReach});
+    const bool isOnItem = item && item->contains(QCursor::pos());
+    m_noReopeningUntilNanoseconds = m_dependencies.platform.monotonicClock.nowNanoseconds() +
+                                    (isOnItem ? heldPressNanoseconds : dismissalNanoseconds);
     m_popover.performClose();
 }
 
@@ -209,16 +222,22 @@ void StatusItemController::perform(TrayMenuAction action)
     case TrayMenuAction::settings:
         return m_router.openSettings();
     case TrayMenuAction::togglePill:
-        return togglePillWanted();
+        return setPillWanted(!m_isPillWanted);
     case TrayMenuAction::quit:
         Q_EMIT quitRequested();
         return;
     }
 }
 
-void StatusItemController::togglePillWanted()
+std::optional<bool> StatusItemController::pillChoice() const
 {
-    m_isPillWanted = !m_isPillWanted;
+    return m_statusItem.forms().squareSizes.empty() ? std::nullopt : std::optional(m_isPillWanted);
+}
+
+void StatusItemController::setPillWanted(bool isWanted)
+{
+    if (std::exchange(m_isPillWanted, isWanted) == isWanted)
+        return;
     m_dependencies.platform.defaults.setValue(pillWantedKey(), m_isPillWanted);
     m_statusItem.setPillWanted(m_isPillWanted);
     updateStatusItem();

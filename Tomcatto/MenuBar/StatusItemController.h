@@ -42,13 +42,19 @@ public:
     void showStatistics();
     [[nodiscard]] bool isPopoverShown() const noexcept { return m_popover.isShown(); }
 
+    /// Whether the user wants the whole pill beside the tray's icon; nothing where there is no icon and the pill shows
+    /// in any case.
+    [[nodiscard]] std::optional<bool> pillChoice() const;
+    /// Shows the pill beside the icon, or does not, now and at every start from now on.
+    void setPillWanted(bool isWanted);
+
     /// Called when the panel is about to show, and after it closed; empty until set.
     void setOnWillShow(std::function<void()> onWillShow) { m_onWillShow = std::move(onWillShow); }
     void setOnDidClose(std::function<void()> onDidClose) { m_onDidClose = std::move(onDidClose); }
 
 Q_SIGNALS:
-    /// The user wants to export the history.
-    void exportRequested();
+    /// `pillChoice` changed, by whatever control or because a tray came or went.
+    void pillChoiceChanged(std::optional<bool> choice);
     /// The user wants to end the application.
     void quitRequested();
 
@@ -64,7 +70,6 @@ private:
     void present(std::optional<QRect> item);
     void dismiss();
     void perform(TrayMenuAction action);
-    void togglePillWanted();
 
     AppDependencies &m_dependencies;
     StatusItem &m_statusItem;
@@ -87,9 +92,10 @@ private:
     std::optional<StatusPillContent> m_shownContent;
     StatusItemForms m_shownForms;
     TrayMenu m_shownMenu;
+    std::optional<bool> m_announcedPillChoice;
     bool m_isPillWanted = false;
-    /// When a click elsewhere closed the panel; the same click may go on to the item.
-    std::optional<quint64> m_dismissedAtNanoseconds;
+    /// Set when a click elsewhere closed the panel: the same click may go on to the item.
+    std::optional<quint64> m_noReopeningUntilNanoseconds;
 };
 
 }

@@ -20,15 +20,13 @@ QString primaryKey(PrimaryTransport primary)
 
 }
 
-TrayMenu trayMenu(const TransportControls &controls, const LocalizedStrings &strings, bool isPillWanted)
+TrayMenu trayMenu(const TransportControls &controls, const LocalizedStrings &strings, std::optional<bool> pillChoice)
 {
     const auto entry = [&](TrayMenuAction action, const QString &key, bool isEnabled = true) {
         return TrayMenuEntry{action, strings.text(key), isEnabled, std::nullopt};
     };
     const TrayMenuEntry separator;
-    TrayMenuEntry pill = entry(TrayMenuAction::togglePill, QStringLiteral("tray.menu.show_pill"));
-    pill.isChecked = isPillWanted;
-    return {{
+    TrayMenu menu{{
         entry(TrayMenuAction::openPanel, QStringLiteral("tray.menu.open_panel")),
         separator,
         entry(TrayMenuAction::primary, primaryKey(controls.primary)),
@@ -39,10 +37,14 @@ TrayMenu trayMenu(const TransportControls &controls, const LocalizedStrings &str
         separator,
         entry(TrayMenuAction::statistics, QStringLiteral("tray.menu.statistics")),
         entry(TrayMenuAction::settings, QStringLiteral("tray.menu.settings")),
-        pill,
-        separator,
-        entry(TrayMenuAction::quit, QStringLiteral("tray.menu.quit")),
     }};
+    if (pillChoice) {
+        menu.entries.push_back(entry(TrayMenuAction::togglePill, QStringLiteral("tray.menu.show_pill")));
+        menu.entries.back().isChecked = pillChoice;
+    }
+    menu.entries.push_back(separator);
+    menu.entries.push_back(entry(TrayMenuAction::quit, QStringLiteral("tray.menu.quit")));
+    return menu;
 }
 
 }

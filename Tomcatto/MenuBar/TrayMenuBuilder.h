@@ -7,7 +7,9 @@
 namespace tomcatto {
 
 /// The status item's menu: the same transport controls as the panel's, by the same rules.
-/// @param isPillWanted whether the user asked for the floating pill
-[[nodiscard]] TrayMenu trayMenu(const TransportControls &controls, const LocalizedStrings &strings, bool isPillWanted);
+/// @param pillChoice whether the user asked for the floating pill; nothing where that is not the user's choice, and
+/// then the menu does not offer it.
+[[nodiscard]] TrayMenu trayMenu(const TransportControls &controls, const LocalizedStrings &strings,
+                                std::optional<bool> pillChoice);
 
 }

@@ -4,6 +4,7 @@
 #include "Persistence/StoreSchema.h"
 
 #include <filesystem>
+#include <functional>
 
 namespace tomcatto {
 
@@ -34,8 +35,8 @@ CoreDataStack::CoreDataStack(const std::optional<QString> &applicationSupportDir
     , m_storePath(makeStoreDirectory(applicationSupportDirectory) + QStringLiteral("/Tomcatto.sqlite"))
     , m_viewConnection(std::make_unique<StoreConnection>(m_storePath, StoreConnection::Access::createWhenMissing))
     , m_backgroundConnection(std::make_unique<StoreConnection>(m_storePath, StoreConnection::Access::existingOnly))
-    , m_viewContext(
-          std::make_unique<ManagedObjectContext>(*m_viewConnection, nullptr, [this] { Q_EMIT contextDidSave(); }))
+    , m_viewContext(std::make_unique<ManagedObjectContext>(*m_viewConnection, nullptr,
+                                                           std::bind_front(&CoreDataStack::didSave, this)))
 {
     loadPersistentStore();
     m_logger.info(QStringLiteral("Core Data stack ready at ") + m_storePath);
@@ -65,7 +66,16 @@ void CoreDataStack::loadPersistentStore()
 
 ManagedObjectContext CoreDataStack::newBackgroundContext()
 {
-    return {*m_backgroundConnection, &m_backgroundQueue, [this] { Q_EMIT contextDidSave(); }};
+    return {*m_backgroundConnection, &m_backgroundQueue, std::bind_front(&CoreDataStack::didSave, this)};
+}
+
+void CoreDataStack::didSave(HistoryChange change, bool isSaved)
+{
+    // Counted even where nothing was saved: what others wrote is noticed only once.
+    if (change == HistoryChange::rewritten)
+        ++m_rewrites;
+    if (isSaved)
+        Q_EMIT contextDidSave();
 }
 
 void CoreDataStack::save()

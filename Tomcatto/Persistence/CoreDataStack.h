@@ -4,6 +4,7 @@
 #include "Persistence/ManagedObjectContext.h"
 #include "Persistence/SerialQueue.h"
 
+#include <atomic>
 #include <memory>
 #include <optional>
 #include <QtCore/QObject>
@@ -32,6 +33,9 @@ public:
     [[nodiscard]] ManagedObjectContext newBackgroundContext();
     /// Returns when everything handed over to background contexts so far is on disk. Any thread.
     void save();
+    /// How often ended phases that were stored may have changed or gone, by this process or another. It has grown
+    /// before the save that it grows for is announced. Any thread.
+    [[nodiscard]] quint64 rewrites() const noexcept { return m_rewrites; }
     /// Where the store lies below an application-support directory, whether it exists or not.
     [[nodiscard]] static QString storePath(const QString &applicationSupportDirectory);
     /// The store's file.
@@ -44,9 +48,11 @@ Q_SIGNALS:
 
 private:
     void loadPersistentStore();
+    void didSave(HistoryChange change, bool isSaved);
 
     Logger m_logger;
     QString m_storePath;
+    std::atomic<quint64> m_rewrites = 0;
     std::unique_ptr<StoreConnection> m_viewConnection;
     std::unique_ptr<StoreConnection> m_backgroundConnection;
     std::unique_ptr<ManagedObjectContext> m_viewContext;

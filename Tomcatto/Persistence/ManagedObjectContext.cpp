@@ -4,8 +4,7 @@
 
 namespace tomcatto {
 
-ManagedObjectContext::ManagedObjectContext(StoreConnection &connection, SerialQueue *queue,
-                                           std::function<void()> didSave)
+ManagedObjectContext::ManagedObjectContext(StoreConnection &connection, SerialQueue *queue, DidSave didSave)
     : m_connection(&connection)
     , m_queue(queue)
     , m_didSave(std::move(didSave))
@@ -30,11 +29,16 @@ void ManagedObjectContext::performAndWait(const Block &block) const
         block(context);
 }
 
-StoreResult<void> ManagedObjectContext::save(const std::function<StoreResult<void>(StoreConnection &)> &changes) const
+StoreResult<void> ManagedObjectContext::save(const std::function<StoreResult<void>(StoreConnection &)> &changes,
+                                             HistoryChange change) const
 {
-    auto saved = m_connection->transaction([this, &changes] { return changes(*m_connection); });
-    if (saved)
-        m_didSave();
+    auto saved = m_connection->transaction([this, &changes, &change] {
+        // What others did is noticed under the write lock, so that nothing comes between it and the commit.
+        if (m_connection->noticeForeignWrites())
+            change = HistoryChange::rewritten;
+        return changes(*m_connection);
+    });
+    m_didSave(change, saved.has_value());
     return saved;
 }
 

@@ -6,16 +6,25 @@ namespace tomcatto {
 
 class SerialQueue;
 
+/// What a save may have done to the ended phases.
+enum class HistoryChange {
+    /// Those that were stored before are as they were.
+    added,
+    /// Some of those that were stored before may be different or gone.
+    rewritten,
+};
+
 /// A way into the store: a connection and the queue that it is used on. A light value; it must not outlive the
 /// `CoreDataStack` that made it.
 class ManagedObjectContext final
 {
 public:
     using Block = std::function<void(ManagedObjectContext &)>;
+    /// Called on the queue: what became of the ended phases, and whether there was a save to announce.
+    using DidSave = std::function<void(HistoryChange change, bool isSaved)>;
 
     /// @param queue where blocks run; none for the main thread's context, whose blocks run on the caller at once
-    /// @param didSave called on the queue after every successful save
-    ManagedObjectContext(StoreConnection &connection, SerialQueue *queue, std::function<void()> didSave);
+    ManagedObjectContext(StoreConnection &connection, SerialQueue *queue, DidSave didSave);
 
     /// Runs `block` on the context's queue, after everything handed to that queue before. Any thread; the main thread
     /// for the main thread's context.
@@ -27,12 +36,14 @@ public:
     [[nodiscard]] StoreConnection &connection() const noexcept { return *m_connection; }
     /// Makes `changes` as one transaction, which is on disk when this returns, and announces the save. On a failure
     /// the store is as before. Only within a block.
-    [[nodiscard]] StoreResult<void> save(const std::function<StoreResult<void>(StoreConnection &)> &changes) const;
+    /// @param change what `changes` does to the ended phases
+    [[nodiscard]] StoreResult<void> save(const std::function<StoreResult<void>(StoreConnection &)> &changes,
+                                         HistoryChange change = HistoryChange::rewritten) const;
 
 private:
     StoreConnection *m_connection;
     SerialQueue *m_queue;
-    std::function<void()> m_didSave;
+    DidSave m_didSave;
 };
 
 }

@@ -132,6 +132,17 @@ StoreResult<void> StoreConnection::transaction(const std::function<StoreResult<v
     return result;
 }
 
+bool StoreConnection::noticeForeignWrites()
+{
+    // The number stays the same over commits of this connection.
+    std::optional<qint64> version;
+    const auto asked =
+        fetch("PRAGMA data_version", {}, [&version](const StoreRow &row) { version = row.integer<qint64>(0); });
+    const bool isSame = asked && version && version == m_dataVersion;
+    m_dataVersion = version;
+    return !isSame;
+}
+
 StoreResult<void> StoreConnection::checkpointOnClose()
 {
     return withDatabase([](SQLite::Database &database) {

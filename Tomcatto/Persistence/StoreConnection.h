@@ -45,6 +45,9 @@ public:
                                           const std::function<void(const StoreRow &)> &row);
     /// Runs `changes` between a begin that takes the write lock and a commit; when either fails, all is rolled back.
     [[nodiscard]] StoreResult<void> transaction(const std::function<StoreResult<void>()> &changes);
+    /// Whether another connection, of this process or another, has written to the store since this was asked last. Also
+    /// true the first time and where it cannot be told. Certain only within a transaction.
+    [[nodiscard]] bool noticeForeignWrites();
     /// Lets the last connection's close copy the write-ahead log into the file. Until this is called a close leaves the
     /// files as they are, so that a store that is refused is not touched.
     [[nodiscard]] StoreResult<void> checkpointOnClose();
@@ -57,6 +60,7 @@ private:
     QString m_path;
     Access m_access;
     std::unique_ptr<SQLite::Database> m_database;
+    std::optional<qint64> m_dataVersion;
 };
 
 }

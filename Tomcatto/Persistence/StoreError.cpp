@@ -24,8 +24,9 @@ StoreFailure failureOf(int extendedCode)
         return StoreFailure::notWritable;
     case SQLITE_FULL:
         return StoreFailure::diskFull;
+    default:
+        return StoreFailure::other;
     }
-    return StoreFailure::other;
 }
 
 QString advice(StoreFailure failure)

@@ -1,6 +1,7 @@
 #include "Recording/InFlightSessionMarker.h"
 
 #include <nlohmann/json.hpp>
+#include <utility>
 
 namespace tomcatto {
 
@@ -12,6 +13,13 @@ void put(Json &object, const char *key, const std::optional<Date> &date)
 {
     if (date)
         object[key] = secondsSince1970(*date);
+}
+
+/// Whether the value is a whole number of 64 bits with a sign; greater ones would come back negative.
+bool isWholeNumber(const Json &value)
+{
+    return value.is_number_integer() &&
+           (!value.is_number_unsigned() || std::in_range<qint64>(value.get<std::uint64_t>()));
 }
 
 /// Takes an optional field; false where it is there with another type. A null counts as absent.
@@ -48,8 +56,8 @@ std::optional<InFlightSessionMarker> decodedMarker(const QByteArray &json)
     const Json object = Json::parse(json.begin(), json.end(), nullptr, false);
     if (!object.is_object() || !object.contains("phase") || !object["phase"].is_string() ||
         !object.contains("startedAt") || !object["startedAt"].is_number() ||
-        !object.contains("plannedDurationSeconds") || !object["plannedDurationSeconds"].is_number_integer() ||
-        !object.contains("cycleIndex") || !object["cycleIndex"].is_number_integer())
+        !object.contains("plannedDurationSeconds") || !isWholeNumber(object["plannedDurationSeconds"]) ||
+        !object.contains("cycleIndex") || !isWholeNumber(object["cycleIndex"]))
         return std::nullopt;
     InFlightSessionMarker marker;
     marker.phase = QString::fromStdString(object["phase"].get<std::string>());
@@ -57,7 +65,7 @@ std::optional<InFlightSessionMarker> decodedMarker(const QByteArray &json)
     marker.plannedDurationSeconds = object["plannedDurationSeconds"].get<qint64>();
     marker.cycleIndex = object["cycleIndex"].get<qint64>();
     if (const auto paused = object.find("pausedSeconds"); paused != object.end() && !paused->is_null()) {
-        if (!paused->is_number_integer())
+        if (!isWholeNumber(*paused))
             return std::nullopt;
         marker.pausedSeconds = paused->get<qint64>();
     }

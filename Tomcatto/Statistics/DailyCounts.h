@@ -6,12 +6,19 @@
 namespace tomcatto {
 
 /// Which phases of a timeline began on which calendar date: the dates with at least one, ascending, each with the
-/// position of its first phase. Walks over dates need no time-zone conversion. A value; any thread.
+/// position of its first phase, and where runs of consecutive dates begin. A date that a zone leaves out, as Samoa did
+/// when it changed sides of the date line, breaks no run. A value.
 class DailyCounts final
 {
 public:
     /// One pass over the timeline with one calendar conversion each way for a date that has phases.
     DailyCounts(const StampTimeline &timeline, const Calendar &calendar);
+
+    /// Follows an addition to the timeline in the days' number at most.
+    /// @param position where the timeline has put it
+    /// @param calendar the one that the dates were counted by
+    /// @return whether these are now the counts of the longer timeline; if not, they must be counted anew
+    [[nodiscard]] bool add(std::size_t position, Date startedAt, const Calendar &calendar);
 
     /// The dates that have completed phases, ascending.
     [[nodiscard]] const std::vector<QDate> &days() const noexcept { return m_days; }
@@ -29,9 +36,13 @@ public:
     [[nodiscard]] qint64 longestRun() const;
 
 private:
+    void append(QDate day, std::size_t firstStamp, const Calendar &calendar);
+
     std::vector<QDate> m_days;
     /// One entry more than days: the timeline's end.
     std::vector<std::size_t> m_firstStamps;
+    /// Indexes into days of the first date of each run.
+    std::vector<std::size_t> m_runs;
 };
 
 }

@@ -8,7 +8,11 @@ namespace tomcatto {
 class EmptySessionHistory final : public SessionHistory
 {
 public:
-    [[nodiscard]] std::vector<CompletedWorkStamp> completedWorkStamps() override { return {}; }
+    [[nodiscard]] CompletedWorkReading completedWork() override { return {}; }
+    [[nodiscard]] std::optional<CompletedWorkReading> completedWorkAfter(const HistoryPosition & /*position*/) override
+    {
+        return std::nullopt;
+    }
     [[nodiscard]] std::optional<Date> earliestSessionDate() override { return std::nullopt; }
     [[nodiscard]] std::vector<PomodoroSessionRecord> sessions(const DateInterval & /*interval*/,
                                                               std::optional<PomodoroPhase> /*phase*/,

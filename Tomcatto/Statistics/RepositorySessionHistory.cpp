@@ -4,9 +4,14 @@
 
 namespace tomcatto {
 
-std::vector<CompletedWorkStamp> RepositorySessionHistory::completedWorkStamps()
+CompletedWorkReading RepositorySessionHistory::completedWork()
 {
-    return m_repository.completedWorkStamps();
+    return m_repository.readCompletedWork();
+}
+
+std::optional<CompletedWorkReading> RepositorySessionHistory::completedWorkAfter(const HistoryPosition &position)
+{
+    return m_repository.readCompletedWorkAfter(position);
 }
 
 std::optional<Date> RepositorySessionHistory::earliestSessionDate()

@@ -16,7 +16,8 @@ public:
     {
     }
 
-    [[nodiscard]] std::vector<CompletedWorkStamp> completedWorkStamps() override;
+    [[nodiscard]] CompletedWorkReading completedWork() override;
+    [[nodiscard]] std::optional<CompletedWorkReading> completedWorkAfter(const HistoryPosition &position) override;
     [[nodiscard]] std::optional<Date> earliestSessionDate() override;
     [[nodiscard]] std::vector<PomodoroSessionRecord>
     sessions(const DateInterval &interval, std::optional<PomodoroPhase> phase, std::optional<int> limit) override;

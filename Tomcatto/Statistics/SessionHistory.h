@@ -15,7 +15,9 @@ public:
     virtual ~SessionHistory() = default;
 
     /// Every completed work phase, earliest first.
-    [[nodiscard]] virtual std::vector<CompletedWorkStamp> completedWorkStamps() = 0;
+    [[nodiscard]] virtual CompletedWorkReading completedWork() = 0;
+    /// The completed work phases that were added after a reading; nothing where they are not all that has changed.
+    [[nodiscard]] virtual std::optional<CompletedWorkReading> completedWorkAfter(const HistoryPosition &position) = 0;
     /// When the first stored phase of any kind started; nothing for an empty history.
     [[nodiscard]] virtual std::optional<Date> earliestSessionDate() = 0;
     /// The records that started in the interval, newest first, of one phase only or at most `limit` when given.

@@ -40,7 +40,7 @@ qint64 StatsAggregator::currentStreak(qint64 maxDays) const
         return 0;
     const DailyCounts &counts = dailyCounts(calendar);
     const QDate tomorrow = today.addDays(1);
-    return counts.runEndingOn(counts.count(today, tomorrow) > 0 ? today : today.addDays(-1), maxDays);
+    return counts.runEndingOn(counts.count(today, tomorrow) > 0 ? today : calendar.dayBefore(today), maxDays);
 }
 
 qint64 StatsAggregator::bestStreak() const
@@ -177,23 +177,45 @@ StatsChartLayout StatsAggregator::chartLayout(StatsRange range) const
 
 void StatsAggregator::invalidate()
 {
-    m_stampCache.reset();
-    m_dailyCountCache.reset();
+    m_isBehind = true;
     Q_EMIT changes();
     m_logger.debug(QStringLiteral("Stats cache invalidated after Core Data save"));
 }
 
+void StatsAggregator::catchUp() const
+{
+    const auto added = m_stampCache && m_position ? m_history.completedWorkAfter(*m_position) : std::nullopt;
+    if (!added) {
+        m_stampCache.reset();
+        m_dailyCountCache.reset();
+        return;
+    }
+    m_position = added->position;
+    for (const CompletedWorkStamp &stamp : added->stamps) {
+        const auto place = m_stampCache->add(stamp);
+        if (place && m_dailyCountCache &&
+            !m_dailyCountCache->counts.add(*place, stamp.startedAt, m_dailyCountCache->calendar))
+            m_dailyCountCache.reset();
+    }
+}
+
 const StampTimeline &StatsAggregator::stamps() const
 {
-    if (!m_stampCache)
-        m_stampCache.emplace(m_history.completedWorkStamps());
+    if (std::exchange(m_isBehind, false))
+        catchUp();
+    if (!m_stampCache) {
+        CompletedWorkReading reading = m_history.completedWork();
+        m_stampCache.emplace(std::move(reading.stamps));
+        m_position = reading.position;
+    }
     return *m_stampCache;
 }
 
 const DailyCounts &StatsAggregator::dailyCounts(const Calendar &calendar) const
 {
+    const StampTimeline &timeline = stamps();
     if (!m_dailyCountCache || m_dailyCountCache->calendar != calendar)
-        m_dailyCountCache.emplace(calendar, DailyCounts(stamps(), calendar));
+        m_dailyCountCache.emplace(calendar, DailyCounts(timeline, calendar));
     return m_dailyCountCache->counts;
 }
 

@@ -15,10 +15,11 @@ namespace tomcatto {
 
 /// Turns the history of completed work phases into the figures that the surfaces show.
 ///
-/// Two caches, built when first needed and dropped after every save of the history, make each figure a matter of binary
-/// searches. They never expire by time: today is asked of the wall clock for every query, and so is the calendar; when
-/// that has changed, the days are counted anew. A history that cannot be read counts as empty. Sums and products that
-/// do not fit 64 bits are fatal. Main thread only.
+/// Two caches, built when first needed, make each figure a matter of binary searches. After a save of the history the
+/// next query adds to them what was added there; where anything else may have changed they are built anew. They never
+/// expire by time: today is asked of the wall clock for every query, and so is the calendar; when that has changed, the
+/// days are counted anew. A history that cannot be read counts as empty. Sums and products that do not fit 64 bits are
+/// fatal. Main thread only.
 class StatsAggregator final : public QObject
 {
     Q_OBJECT
@@ -81,6 +82,7 @@ private:
     };
 
     void invalidate();
+    void catchUp() const;
     [[nodiscard]] const StampTimeline &stamps() const;
     [[nodiscard]] const DailyCounts &dailyCounts(const Calendar &calendar) const;
     [[nodiscard]] qint64 countInCurrent(CalendarUnit unit) const;
@@ -90,6 +92,9 @@ private:
     Logger m_logger{QStringLiteral("StatsAggregator")};
     mutable std::optional<StampTimeline> m_stampCache;
     mutable std::optional<CountedDays> m_dailyCountCache;
+    /// How far the caches know the history, and whether it has been saved since.
+    mutable std::optional<HistoryPosition> m_position;
+    mutable bool m_isBehind = false;
     std::vector<Cancellable> m_cancellables;
 };
 

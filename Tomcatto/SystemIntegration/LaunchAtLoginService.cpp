@@ -26,7 +26,8 @@ void LaunchAtLoginService::readStatus()
     const bool isNew = status != m_status;
     m_status = status;
     m_isFollowing = true;
-    m_settings.setLaunchAtLogin(status == LoginItemStatus::enabled);
+    if (const bool isOn = status == LoginItemStatus::enabled; isOn != m_settings.launchAtLogin())
+        m_settings.setLaunchAtLogin(isOn);
     m_isFollowing = false;
     if (isNew)
         Q_EMIT statusChanged();
@@ -67,8 +68,8 @@ void LaunchAtLoginService::tellFailure()
         m_strings.text(QStringLiteral("settings.general.launch_at_login_open_settings_button")),
         m_strings.text(QStringLiteral("settings.general.launch_at_login_dismiss_button"))};
     m_alert.showWarning(description, [service = QPointer(this)](AlertButton button) {
-        if (service && button == AlertButton::first)
-            service->m_systemSettings.openLoginItems();
+        if (service && button == AlertButton::first && !service->m_systemSettings.openLoginItems())
+            service->m_logger.error(QStringLiteral("the system's login items cannot be opened"));
     });
 }
 

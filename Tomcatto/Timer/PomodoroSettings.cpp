@@ -48,9 +48,9 @@ void PomodoroSettings::load()
 
 void PomodoroSettings::migrateAutomaticStarts(bool legacyWasBoolean)
 {
-    if (!legacyWasBoolean)
-        return;
     const auto legacy = m_store.storedValue(keyText(Key::autoStartNextCycle));
+    if (!legacyWasBoolean || !legacy)
+        return;
     for (const Key key : {Key::autoStartBreaks, Key::autoStartFocus}) {
         // What was given for this run only must not be stored, so the stored value is resolved on its own.
         const auto stored = m_store.storedValue(keyText(key));

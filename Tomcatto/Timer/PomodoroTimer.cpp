@@ -54,8 +54,7 @@ void PomodoroTimer::resume()
 {
     if (!canResume())
         return;
-    const qint64 remainder = *m_pausedRemainingSeconds;
-    m_pausedRemainingSeconds.reset();
+    const qint64 remainder = std::exchange(m_pausedRemainingSeconds, std::nullopt).value_or(0);
     m_deadlineNanoseconds = deadlineAfter(m_clock.nowNanoseconds(), remainder);
     startTicking();
     publish(remainder);

@@ -156,7 +156,8 @@ void applySetting(PomodoroSettings &settings, Key key, const DefaultsValue &valu
     case Key::dailyGoalPomodoros:
         return number ? settings.setDailyGoalPomodoros(*number) : void();
     case Key::menuBarStyle:
-        return text ? settings.setMenuBarStyle(*menuBarStyleFromRawValue(*text)) : void();
+        return text ? settings.setMenuBarStyle(menuBarStyleFromRawValue(*text).value_or(settings.menuBarStyle()))
+                    : void();
     case Key::soundEnabled:
         return flag ? settings.setSoundEnabled(*flag) : void();
     case Key::notificationsEnabled:
@@ -164,11 +165,14 @@ void applySetting(PomodoroSettings &settings, Key key, const DefaultsValue &valu
     case Key::launchAtLogin:
         return flag ? settings.setLaunchAtLogin(*flag) : void();
     case Key::themePreference:
-        return text ? settings.setThemePreference(*themePreferenceFromRawValue(*text)) : void();
+        return text ? settings.setThemePreference(
+                          themePreferenceFromRawValue(*text).value_or(settings.themePreference()))
+                    : void();
     case Key::videoSource:
-        return text ? settings.setVideoSource(*videoSourceFromRawValue(*text)) : void();
+        return text ? settings.setVideoSource(videoSourceFromRawValue(*text).value_or(settings.videoSource())) : void();
     case Key::selectedLanguage:
-        return text ? settings.setSelectedLanguage(*languageFromRawValue(*text)) : void();
+        return text ? settings.setSelectedLanguage(languageFromRawValue(*text).value_or(settings.selectedLanguage()))
+                    : void();
     case Key::hasCompletedOnboarding:
         return flag ? settings.setHasCompletedOnboarding(*flag) : void();
     case Key::autoStartNextCycle:

@@ -154,7 +154,10 @@ TEST(AutostartLoginItemTests, WritesAnEntryThatDesktopsStartAndReadsWhatTheySwit
     for (const auto &[from, to, status] :
          {std::tuple("enabled=true", "enabled=false", LoginItemStatus::requiresApproval),
           std::tuple("Terminal=false", "Hidden = true", LoginItemStatus::requiresApproval),
-          std::tuple("Terminal=false", "[Other]\nHidden=true", LoginItemStatus::enabled)}) {
+          std::tuple("Terminal=false", "[Other]\nHidden=true", LoginItemStatus::enabled),
+          std::tuple("Type=Application", "Type=Link", LoginItemStatus::notRegistered),
+          std::tuple("Exec=", "Exec=\n#", LoginItemStatus::notRegistered),
+          std::tuple("[Desktop Entry]", "", LoginItemStatus::notRegistered)}) {
         ASSERT_TRUE(entry.open(QIODevice::WriteOnly));
         entry.write(QByteArray(text).replace(from, to));
         entry.close();
@@ -213,6 +216,7 @@ TEST(DisplayProbeTests, FindsADisplayThatAnswers)
                                   QStringLiteral("--log=/dev/null")},
                                  environment);
     EXPECT_TRUE(QTest::qWaitFor(isReachable, 20'000));
+    EXPECT_TRUE(DisplayProbe(environment).isWaylandWithoutSeat()) << "nobody sits at a headless one";
 }
 
 TEST(ProcessReplacementTests, GoesOnAsTheOtherProgramOrSaysWhyNot)

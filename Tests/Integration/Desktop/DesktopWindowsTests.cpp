@@ -1,4 +1,6 @@
 #include "Fakes/CapturedLog.h"
+#include "Platform/Overlay/DesktopScreens.h"
+#include "Platform/Portable/QtMainRunLoop.h"
 #include "Platform/Widgets/MessageBoxAlert.h"
 #include "Platform/Widgets/PluginViewHost.h"
 #include "Platform/X11/X11ClickMonitor.h"
@@ -60,6 +62,29 @@ TEST(X11ClickMonitorTests, SeesPressesAnywhereWhileSubscribed)
     QTest::qWait(100);
     EXPECT_THAT(places, testing::ElementsAre(QPoint(400, 400), QPoint(400, 400)));
     EXPECT_THAT(secondPlaces, testing::ElementsAre(QPoint(400, 400), QPoint(400, 400), QPoint(20, 700)));
+}
+
+TEST(DesktopScreensTests, GivesTheKeyboardToOneOfItsWindowsAndTakesItBack)
+{
+    QtMainRunLoop runLoop;
+    DesktopScreens screens(runLoop);
+    QWindow main, second;
+    for (QWindow *window : {&main, &second}) {
+        screens.cover(*window, screens.screens().at(0).id);
+        screens.makeKey(*window);
+    }
+    screens.makeKey(main);
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&main) && QTest::qWaitForWindowExposed(&second));
+    const auto hasKeyboard = [&main] { return QGuiApplication::focusWindow() == &main; };
+    QTest::qWait(300);
+    EXPECT_TRUE(hasKeyboard());
+    bool wasLost = false;
+    QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, &screens,
+                     [&wasLost](const QWindow *focused) { wasLost = wasLost || !focused; });
+    const SideProgram other(QStringLiteral("xev"), {});
+    EXPECT_TRUE(QTest::qWaitFor([&wasLost] { return wasLost; }, 20'000));
+    EXPECT_TRUE(QTest::qWaitFor(hasKeyboard));
+    EXPECT_THAT(windowStates(main.winId()).toStdString(), testing::HasSubstr("_NET_WM_STATE_ABOVE"));
 }
 
 TEST(MessageBoxAlertTests, ShowsOneWarningAfterTheOther)

@@ -39,6 +39,18 @@ TEST(QuickViewHostTests, LetsTheEngineGoSomeTimeAfterTheLastViewAndMakesAnotherO
     EXPECT_EQ(log.count(LogLevel::error), 0);
 }
 
+TEST(QuickViewHostTests, EndsAWindowWithItsViewForItsBindingsReadWhatGoesNext)
+{
+    QObject appearance;
+    QuickViewHost host(appearance);
+    auto view = host.create(sample());
+    ASSERT_NE(view, nullptr);
+    const QPointer<QWindow> window = &view->window();
+    window->show();
+    view.reset();
+    EXPECT_TRUE(window.isNull());
+}
+
 TEST(QuickViewHostTests, LogsViewsThatCannotBeMadeAndKeepsNoEngineForThem)
 {
     CapturedLog log;

@@ -135,9 +135,12 @@ TEST_F(StatusItemTests, IsReadAndUsedByATrayOverTheBus)
     EXPECT_EQ(tray->ask("activate 700 5"), "\"done\"");
     EXPECT_EQ(tray->ask("activate 0 0"), "\"done\"");
     EXPECT_THAT(m_places, testing::ElementsAre(QRect(700, 5, 0, 0), std::nullopt));
+    EXPECT_EQ(m_item.geometry(), QRect(700, 5, 0, 0)) << "the last place that was told";
     for (const char *click : {"click 3", "click 9", "click 1000", "click 77"})
         EXPECT_EQ(tray->ask(click), "\"done\"");
-    EXPECT_THAT(m_actions, testing::ElementsAre(TrayMenuAction::togglePill)) << "the others are off or no commands";
+    EXPECT_EQ(tray->ask("clicks 1 77"), "[77]") << "those that do not exist";
+    EXPECT_THAT(m_actions, testing::ElementsAre(TrayMenuAction::togglePill, TrayMenuAction::openPanel))
+        << "the others are off or no commands";
 
     EXPECT_FALSE(tray->ask("changes").isEmpty());
     EXPECT_TRUE(tray->ask("item").contains("Focus"));

@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 """A tray on the session bus: the watcher and one host in one program. Takes commands on standard input, answers each
-with one line: item, menu, changes, activate X Y, click ID, host yes|no."""
+with one line: item, menu, changes, activate X Y, click ID, clicks ID ID,
+host yes|no."""
 import json
 import sys
 
@@ -67,6 +68,10 @@ class Watcher(dbus.service.Object):
         elif command == "click":
             proxy = self.connection.get_object(self.items[-1], "/MenuBar", introspect=False)
             proxy.Event(int(arguments[0]), "clicked", dbus.String("", variant_level=1), dbus.UInt32(0), dbus_interface=MENU)
+        elif command == "clicks":
+            proxy = self.connection.get_object(self.items[-1], "/MenuBar", introspect=False)
+            events = [(int(each), "clicked", dbus.String("", variant_level=1), dbus.UInt32(0)) for each in arguments]
+            return [int(each) for each in proxy.EventGroup(dbus.Array(events, "(isvu)"), dbus_interface=MENU)]
         elif command == "host":
             self.StatusNotifierHostRegistered() if arguments[0] == "yes" else self.StatusNotifierHostUnregistered()
         elif command == "changes":

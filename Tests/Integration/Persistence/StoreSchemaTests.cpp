@@ -57,6 +57,7 @@ TEST_F(StoreSchemaTests, everyQueryUsesItsIndexAndSortsNothing)
         Case{sessionQueries::completedWorkSince,
              "PomodoroSessionRecord_completed (phase=? AND wasCompleted=? AND start"},
         Case{sessionQueries::earliestStart, "USING COVERING INDEX PomodoroSessionRecord_startedAt"},
+        Case{sessionQueries::addedAfterRow, "USING INTEGER PRIMARY KEY (rowid>?)"},
         Case{sessionQueries::prune, "USING INDEX PomodoroSessionRecord_startedAt (startedAt<?)"},
     };
     SQLite::Database database = openRaw();

@@ -101,8 +101,7 @@ private:
     // A removal that can be undone, and a refusal.
     void disturbVideos()
     {
-        const QVariantList own = m_fixture.videos.own();
-        m_fixture.videos.remove(own.last().toMap().value(QStringLiteral("id")).toString());
+        m_fixture.videos.remove(m_fixture.videos.own()->rows().back().id);
         settle(150);
         m_fixture.videos.addFiles({QUrl::fromLocalFile(m_fixture.library.folder.path())});
         settle(250);

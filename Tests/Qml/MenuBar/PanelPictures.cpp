@@ -13,14 +13,16 @@
 #include <QtQml/QQmlEngine>
 #include <QtQuick/QQuickWindow>
 
-// Writes a picture of the panel in every state, light and dark, in the language given: PanelPictures FOLDER [LANGUAGE]
+// Writes a picture of the panel in every state, light and dark, in the language given, which may be "pseudo":
+// PanelPictures FOLDER [LANGUAGE]
 
 namespace {
 
 using namespace std::chrono_literals;
 using namespace tomcatto;
 
-const char *const states[] = {"idle", "working", "paused", "short-break", "pending", "overtime", "statistics", "empty"};
+const char *const states[] = {"idle",    "working",  "paused",     "short-break", "long-paused",
+                              "pending", "overtime", "statistics", "empty"};
 
 /// Phases on most days of the last weeks, so that chart and heat map have something to show.
 void fillHistory(ServicesFixture &services)
@@ -52,7 +54,11 @@ void reach(ServicesFixture &services, PopoverNavigationStore &navigation, const 
         machine.start();
     if (state == QLatin1String("working") || state == QLatin1String("paused"))
         services.pass(528s);
-    if (state == QLatin1String("paused"))
+    if (state == QLatin1String("long-paused")) {
+        services.dependencies.settings.setCyclesBeforeLongBreak(1);
+        services.pass(1502s);
+    }
+    if (state.endsWith(QLatin1String("paused")))
         machine.pause();
     if (state == QLatin1String("short-break") || state == QLatin1String("pending"))
         services.pass(1602s);
@@ -62,7 +68,9 @@ void reach(ServicesFixture &services, PopoverNavigationStore &navigation, const 
 
 bool picture(const QString &state, bool dark, const QString &language, const QDir &folder)
 {
-    ServicesFixture services(language);
+    const bool isPseudo = language == QLatin1String("pseudo");
+    ServicesFixture services(isPseudo ? QStringLiteral("en") : language);
+    services.dependencies.strings.setPseudo(isPseudo);
     if (state != QLatin1String("empty"))
         fillHistory(services);
     PopoverNavigationStore navigation;

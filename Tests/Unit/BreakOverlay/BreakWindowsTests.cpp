@@ -88,6 +88,20 @@ TEST(BreakPreviewController, HoldsTheTaskbarPlaceUntilItsOneWindowCloses)
     EXPECT_EQ(fixture.finished, 4);
 }
 
+TEST(BreakPreviewController, EndsItsWindowsWithItself)
+{
+    Windows fixture;
+    {
+        BreakPreviewController preview(fixture.settings, fixture.strings, fixture.runLoop, fixture.host,
+                                       fixture.policy);
+        preview.open(fixture.videos);
+        preview.open(fixture.videos);
+    }
+    EXPECT_EQ(fixture.host.alive, 0) << "at the end of the process no later turn comes";
+    EXPECT_EQ(fixture.finished, 2);
+    fixture.runLoop.drain();
+}
+
 TEST(ApplicationKeyMonitor, SwallowsWhatAHandlerTakesAndMayEndInIt)
 {
     struct Window final : QWindow

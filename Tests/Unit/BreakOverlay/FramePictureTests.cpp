@@ -51,5 +51,19 @@ TEST(FramePicture, FillsAndCropsInTheRightColours)
     EXPECT_TRUE(pictures.picture(QVideoFrame(), {64, 36}).isNull());
 }
 
+TEST(FramePicture, IsUprightWhateverWayTheFrameLies)
+{
+    FramePicture pictures;
+    QVideoFrame frame = stripes({320, 180});
+    for (const auto &[angle, top] : {std::pair{QVideoFrame::Rotation90, u"100"}, {QVideoFrame::Rotation270, u"001"}}) {
+        frame.setRotationAngle(angle);
+        const QImage tall = pictures.picture(frame, {180, 320});
+        EXPECT_EQ(tall.size(), QSize(180, 320));
+        EXPECT_EQ(nameAt(tall.copy(0, 0, 180, 8), 90), top);
+        // A wide screen shows the middle.
+        EXPECT_EQ(nameAt(pictures.picture(frame, {320, 150}).copy(0, 0, 320, 8), 160), u"111");
+    }
+}
+
 }
 }

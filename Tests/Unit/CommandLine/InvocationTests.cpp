@@ -76,5 +76,5 @@ TEST(Invocation, ReadsTheCommands)
     EXPECT_EQ(set->setting->key, PomodoroSettings::Key::workDurationSeconds);
     const auto help = parsed("settings --help");
     EXPECT_EQ(help->action, Action::print);
-    EXPECT_NE(help->text.indexOf(QStringLiteral("list")), -1);
+    EXPECT_NE(help->text.indexOf(QStringLiteral("tomcatto settings")), -1) << help->text.toStdString();
 }

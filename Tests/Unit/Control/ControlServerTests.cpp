@@ -136,6 +136,6 @@ TEST_F(ControlServerTest, TakesOverADeadFileNeverALiveOne)
 TEST(ControlClient, NobodyThereIsNotRunning)
 {
     const QTemporaryDir directory;
-    const ControlClient client(directory.filePath(QStringLiteral("none")));
+    const ControlClient client([&directory] { return QStringList{directory.filePath(QStringLiteral("none"))}; });
     EXPECT_EQ(client.send({QStringLiteral("status"), {}, false}).status, ExitStatus::notRunning);
 }

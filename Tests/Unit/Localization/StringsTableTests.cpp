@@ -77,9 +77,11 @@ TEST(StringsTable, ReadsEveryEncoding)
 {
     for (const auto encoding : {QStringConverter::Utf8, QStringConverter::Utf16LE, QStringConverter::Utf16BE}) {
         QStringEncoder encoder(encoding, QStringConverter::Flag::WriteBom);
-        EXPECT_EQ(dump(encoder.encode(u"\"şğ\" = \"Größe 🐱\";\n"_s)), u"şğ>Größe 🐱"_s) << encoding;
+        const QByteArray marked = encoder.encode(u"\"şğ\" = \"Größe 🐱\";\n"_s);
+        EXPECT_EQ(dump(marked), u"şğ>Größe 🐱"_s) << encoding;
+        const qsizetype mark = encoding == QStringConverter::Utf8 ? 3 : 2;
+        EXPECT_EQ(dump(marked.sliced(mark)), u"şğ>Größe 🐱"_s) << encoding << " without its mark";
     }
-    EXPECT_EQ(dump("\"şğ\" = \"Größe 🐱\";"), u"şğ>Größe 🐱"_s);
 }
 
 TEST(StringsTable, FirstOfTwoEqualKeysHolds)

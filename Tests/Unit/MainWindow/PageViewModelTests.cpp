@@ -179,6 +179,14 @@ TEST(PermissionsPage, SaysWhatTheDesktopCanDo)
     EXPECT_EQ(permission(fixture, QStringLiteral("notifications")).value(QStringLiteral("help")).toString(),
               QStringLiteral("They come without buttons on this desktop"));
 
+    const auto trayHelp = [&fixture](DesktopSupport tray, bool placesPanel) {
+        fixture.permissions.setCapabilities({.tray = tray, .placesPanel = placesPanel});
+        return permission(fixture, QStringLiteral("tray")).value(QStringLiteral("help")).toString();
+    };
+    EXPECT_FALSE(trayHelp(DesktopSupport::full, true).contains(QStringLiteral("desktop decides")));
+    for (const DesktopSupport tray : {DesktopSupport::full, DesktopSupport::limited})
+        EXPECT_TRUE(trayHelp(tray, false).contains(QStringLiteral("desktop decides")));
+
     fixture.probe.current.permission = NotificationPermission::denied;
     fixture.permissions.refresh();
     expect("notifications", "Turned off", "Open settings", false);

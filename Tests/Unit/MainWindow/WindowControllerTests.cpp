@@ -46,6 +46,17 @@ TEST_F(WindowController, HoldsTheDockFromActivationUntilClosing)
     EXPECT_EQ(viewHost.made, 1) << "the window that is there comes to the front";
     EXPECT_EQ(policy.holders(), 1);
 
+    router.open(MainWindowPage::general);
+    QWindow other;
+    other.show();
+    other.requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    fixture.loginItem.current = LoginItemStatus::enabled;
+    viewHost.current->requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(viewHost.current));
+    EXPECT_TRUE(fixture.engine.settings.launchAtLogin()) << "changed in the system's settings meanwhile";
+    EXPECT_EQ(policy.holders(), 1);
+
     viewHost.current->close();
     QCoreApplication::processEvents();
     EXPECT_FALSE(controller.isOpen());
@@ -85,9 +96,10 @@ TEST_F(WindowController, MenuCommandsLeadToTheWindow)
     EXPECT_EQ(fixture.window.currentPage(), MainWindowPage::about);
     for (const MenuCommand &command : menu.commands()) {
         EXPECT_NE(fixture.strings.text(command.titleKey), command.titleKey);
-        command.action();
+        menu.perform(command.titleKey);
     }
     EXPECT_EQ(fixture.window.currentPage(), MainWindowPage::timer);
+    menu.perform(QStringLiteral("menu"));
     EXPECT_EQ(closed + quit, 2);
 }
 

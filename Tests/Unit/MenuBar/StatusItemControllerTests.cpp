@@ -4,6 +4,7 @@
 #include "MenuBar/StatusItemController.h"
 
 #include <gtest/gtest.h>
+#include <QtGui/QCursor>
 #include <QtGui/QGuiApplication>
 #include <QtTest/QSignalSpy>
 
@@ -71,7 +72,7 @@ TEST(StatusItemController, MenuFollowsTheTimerAndActs)
 {
     Item test;
     EXPECT_EQ(test.enabledEntries(), QStringList({u"Open panel"_qs, u"Start focus"_qs, u"Statistics"_qs, u"Settings"_qs,
-                                                  u"Show the time at the top edge"_qs, u"Quit Tomcatto"_qs}));
+                                                  u"Quit Tomcatto"_qs}));
     test.item.choose(TrayMenuAction::primary);
     test.runLoop.drain();
     EXPECT_TRUE(test.enabledEntries().contains(u"Pause"_qs));
@@ -83,10 +84,25 @@ TEST(StatusItemController, MenuFollowsTheTimerAndActs)
     QSignalSpy pages(&test.router, &MainWindowRouter::pageRequested);
     test.item.choose(TrayMenuAction::settings);
     EXPECT_EQ(pages.count(), 1);
+}
 
+TEST(StatusItemController, ThePillIsAChoiceOnlyBesideAnIconAndAllControlsAgree)
+{
+    Item test;
+    QSignalSpy choices(&test.controller, &StatusItemController::pillChoiceChanged);
+    EXPECT_FALSE(test.controller.pillChoice()) << "it shows in any case";
+    test.item.givenForms.squareSizes = {24};
+    test.item.formsChanged();
+    EXPECT_EQ(test.controller.pillChoice(), false);
+    EXPECT_EQ(test.item.menu.entries.at(9).isChecked, false);
     test.item.choose(TrayMenuAction::togglePill);
-    EXPECT_TRUE(test.item.isPillWanted);
-    EXPECT_EQ(test.item.menu.entries.at(9).isChecked, true);
+    EXPECT_EQ(choices.count(), 2);
+    EXPECT_EQ(choices.last().first().value<std::optional<bool>>(), true);
+    test.controller.setPillWanted(false);
+    EXPECT_FALSE(test.item.isPillWanted);
+    EXPECT_EQ(test.item.menu.entries.at(9).isChecked, false);
+    EXPECT_EQ(choices.last().first().value<std::optional<bool>>(), false);
+    test.controller.setPillWanted(true);
     FakeStatusItem next;
     const StatusItemController restarted(test.dependencies, {next, test.viewHost, test.clicks}, test.router);
     EXPECT_TRUE(next.isPillWanted) << "kept over a restart";
@@ -154,6 +170,18 @@ TEST(StatusItemController, AClickElsewhereClosesAndTheSameClickDoesNotReopen)
     EXPECT_TRUE(test.controller.isPopoverShown());
     test.item.activate(place);
     EXPECT_FALSE(test.controller.isPopoverShown());
+
+    // The button is held for long, on an icon of which only a point is known.
+    test.item.place = QRect(QPoint(420, 12), QSize(0, 0));
+    test.item.activate(place);
+    QCursor::setPos(410, 10);
+    test.clicks.press(QPoint(410, 10));
+    QCoreApplication::processEvents();
+    test.pass(1500ms);
+    test.item.activate(place);
+    EXPECT_FALSE(test.controller.isPopoverShown());
+    test.item.activate(place);
+    EXPECT_TRUE(test.controller.isPopoverShown());
 }
 
 TEST(StatusItemController, AViewThatCannotBeMadeLeavesThePopoverClosed)

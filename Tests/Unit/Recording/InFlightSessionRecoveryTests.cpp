@@ -138,7 +138,8 @@ TEST(InFlightSessionStore, RubbishCountsAsNone)
     EXPECT_TRUE(decodedMarker(good));
     for (const DefaultsValue &rubbish :
          {DefaultsValue(QByteArray("[]")), DefaultsValue(QByteArray("{\"phase\":\"work\"}")), DefaultsValue(qint64{5}),
-          DefaultsValue(QByteArray(good).replace("1500", "\"1500\"")), DefaultsValue(good.chopped(3))}) {
+          DefaultsValue(QByteArray(good).replace("1500", "\"1500\"")), DefaultsValue(good.chopped(3)),
+          DefaultsValue(QByteArray(good).replace("x\":2", "x\":18446744073709551615"))}) {
         defaults.stored.insert_or_assign(QStringLiteral("inFlightSession"), rubbish);
         EXPECT_FALSE(store.load());
     }

@@ -4,14 +4,21 @@
 
 namespace tomcatto {
 
-/// A history that a test fills by hand; it counts how often the stamps are read.
+/// A history that a test fills by hand; it counts how often all stamps are read.
 class ManualSessionHistory final : public SessionHistory
 {
 public:
-    [[nodiscard]] std::vector<CompletedWorkStamp> completedWorkStamps() override
+    [[nodiscard]] CompletedWorkReading completedWork() override
     {
         ++reads;
-        return stamps;
+        return {stamps, HistoryPosition{rewrites, static_cast<qint64>(stamps.size())}};
+    }
+    [[nodiscard]] std::optional<CompletedWorkReading> completedWorkAfter(const HistoryPosition &position) override
+    {
+        if (position.rewrites != rewrites)
+            return std::nullopt;
+        return CompletedWorkReading{{stamps.begin() + position.lastRow, stamps.end()},
+                                    HistoryPosition{rewrites, static_cast<qint64>(stamps.size())}};
     }
     [[nodiscard]] std::optional<Date> earliestSessionDate() override { return earliest; }
     [[nodiscard]] std::vector<PomodoroSessionRecord> sessions(const DateInterval &, std::optional<PomodoroPhase>,
@@ -21,14 +28,21 @@ public:
     }
     [[nodiscard]] Cancellable onSave(std::function<void()> saved) override
     {
-        announceSave = std::move(saved);
-        return Cancellable([this] { announceSave = nullptr; });
+        announceAddition = std::move(saved);
+        return Cancellable([this] { announceAddition = nullptr; });
+    }
+    /// Announces that any of the stamps may be another; stamps that were only added at the end need `announceAddition`.
+    void announceSave()
+    {
+        ++rewrites;
+        announceAddition();
     }
 
     std::vector<CompletedWorkStamp> stamps;
     std::vector<PomodoroSessionRecord> records;
     std::optional<Date> earliest;
-    std::function<void()> announceSave;
+    std::function<void()> announceAddition;
+    quint64 rewrites = 0;
     int reads = 0;
 };
 

@@ -67,6 +67,22 @@ TEST_F(StatsAggregatorTest, CountsStreaks)
     }
 }
 
+TEST_F(StatsAggregatorTest, FollowsAStreakOverADateThatTheZoneLeftOut)
+{
+    // Samoa went from 29 to 31 December 2011.
+    clock.setCalendar({QTimeZone("Pacific/Apia"), Qt::Monday});
+    clock.setNow(utc("2011-12-31T08:00:00Z"));
+    add("2011-12-29T09:00:00Z"); // 28 December
+    add("2011-12-30T09:00:00Z"); // 29 December
+    EXPECT_EQ(stats.currentStreak(), 2) << "yesterday was the 29th";
+    add("2011-12-30T11:00:00Z"); // 31 December
+    for (const bool isAdded : {true, false}) {
+        isAdded ? history.announceAddition() : history.announceSave();
+        EXPECT_EQ(stats.currentStreak(), 3);
+        EXPECT_EQ(stats.bestStreak(), 3);
+    }
+}
+
 TEST_F(StatsAggregatorTest, PutsPhasesOnDaysWeeksAndMonths)
 {
     add("2025-02-28T22:59:59Z");
@@ -133,6 +149,12 @@ TEST_F(StatsAggregatorTest, KeepsFiguresUntilTheHistoryIsSaved)
     EXPECT_EQ(stats.todayCount(), 1);
     EXPECT_EQ(history.reads, 2);
     EXPECT_EQ(lines, std::vector{QStringLiteral("0 StatsAggregator Stats cache invalidated after Core Data save")});
+    add("2025-03-13T09:30:00Z");
+    EXPECT_EQ(stats.todayCount(), 1);
+    history.announceAddition();
+    EXPECT_EQ(stats.todayCount(), 2);
+    EXPECT_EQ(changed.count(), 2);
+    EXPECT_EQ(history.reads, 2) << "an addition alone takes no second reading of everything";
 }
 
 TEST_F(StatsAggregatorTest, LeavesOutWhatHasNoDayOrPhase)

@@ -1,11 +1,17 @@
 #include "Fakes/ManualWallClock.h"
 #include "ManualSessionHistory.h"
+#include "Persistence/CoreDataStack.h"
+#include "Persistence/Repositories/SessionRepository.h"
 #include "SlowFigures.h"
+#include "Statistics/RepositorySessionHistory.h"
 #include "Statistics/StatsAggregator.h"
 
 #include <gtest/gtest.h>
 #include <iostream>
+#include <QtCore/QCoreApplication>
+#include <QtCore/QTemporaryDir>
 #include <random>
+#include <SQLiteCpp/SQLiteCpp.h>
 
 namespace tomcatto {
 namespace {
@@ -86,11 +92,17 @@ void compare(const StatsAggregator &stats, const SlowFigures &slow)
         EXPECT_EQ(stats.focusBuckets(SlowFigures::date(start), unit), slow.buckets(start, letter)) << letter;
 }
 
-TEST(StatsProperties, AgreeWithPlainCountingInEveryZone)
+unsigned chosenSeed()
 {
     const char *given = std::getenv("TOMCATTO_SEED");
     const unsigned seed = given ? static_cast<unsigned>(std::strtoul(given, nullptr, 10)) : 20'250'301;
     std::cout << "seed " << seed << " (TOMCATTO_SEED)\n";
+    return seed;
+}
+
+TEST(StatsProperties, AgreeWithPlainCountingInEveryZone)
+{
+    const unsigned seed = chosenSeed();
     for (const char *zone : {"America/Sao_Paulo", "Asia/Beirut", "Africa/Cairo", "Australia/Lord_Howe",
                              "Asia/Kathmandu", "America/New_York", "Europe/Berlin", "Pacific/Auckland", "Pacific/Apia",
                              "UTC", "America/Havana", "America/Santiago", "Asia/Tehran"}) {
@@ -110,6 +122,78 @@ TEST(StatsProperties, AgreeWithPlainCountingInEveryZone)
             history.stamps = randomStamps(source, now);
             history.announceSave();
             compare(stats, SlowFigures(history.stamps, now, firstWeekday));
+        }
+    }
+}
+
+/// A store that is written to, by the application and past it, while its figures are asked for.
+struct ChangingStore
+{
+    explicit ChangingStore(unsigned seed)
+        : source(seed)
+    {
+        clock.setNow(dateFromSeconds(source.near(source.edge())));
+    }
+    void insert(double offset)
+    {
+        const Date start = clock.now() + Seconds(offset);
+        const auto phase = source.upTo(4) == 0 ? PomodoroPhase::shortBreak : PomodoroPhase::working;
+        repository.insert({QUuid(), phase, start, start, 1500, source.upTo(4000), 0, source.upTo(4) > 0, false},
+                          InsertMode::asynchronous);
+    }
+    void change()
+    {
+        const double now = secondsSince1970(clock.now());
+        const int dice = source.upTo(99);
+        if (dice < 80)
+            insert(dice < 50 ? 0.001 * ++inserts : source.near(now) - now);
+        else if (dice < 94)
+            clock.advance(Seconds(source.upTo(200'000)));
+        else if (dice < 97)
+            repository.prune(source.upTo(40));
+        else
+            other.exec("DELETE FROM PomodoroSessionRecord WHERE rowid % 5 = 0");
+        // Sometimes the figures are asked for between a save and its signal, sometimes before both.
+        if (source.upTo(1) == 0)
+            stack.save();
+        if (source.upTo(2) == 0)
+            static_cast<void>(stats.todayCount());
+        if (source.upTo(2) == 0)
+            QCoreApplication::processEvents();
+    }
+    void compareIn(const char *zone)
+    {
+        setenv("TZ", zone, 1);
+        tzset();
+        clock.setCalendar({QTimeZone(zone), Qt::Sunday});
+        // What others wrote is noticed with the next save.
+        insert(0);
+        stack.save();
+        QCoreApplication::processEvents();
+        compare(stats, SlowFigures(repository.completedWorkStamps(), secondsSince1970(clock.now()), Qt::Sunday));
+    }
+
+    QTemporaryDir folder;
+    InstantSource source;
+    int inserts = 0;
+    ManualWallClock clock;
+    CoreDataStack stack{folder.path()};
+    SessionRepository repository{stack, clock};
+    RepositorySessionHistory history{repository};
+    StatsAggregator stats{history, clock};
+    SQLite::Database other{stack.storePath().toStdString(), SQLite::OPEN_READWRITE, 5000};
+};
+
+TEST(StatsProperties, StayThoseOfTheStoreThroughEveryKindOfChange)
+{
+    const unsigned seed = chosenSeed();
+    for (unsigned run = 0; run < 3; ++run) {
+        ChangingStore store(seed + run);
+        for (int step = 1; step <= 240 && !testing::Test::HasFailure(); ++step) {
+            SCOPED_TRACE("run " + std::to_string(run) + ", step " + std::to_string(step));
+            store.change();
+            if (step % 8 == 0)
+                store.compareIn(step % 40 == 0 ? "Asia/Kathmandu" : "America/Havana");
         }
     }
 }

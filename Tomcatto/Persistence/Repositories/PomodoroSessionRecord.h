@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <QtCore/QUuid>
+#include <vector>
 
 namespace tomcatto {
 
@@ -47,6 +48,22 @@ struct CompletedWorkStamp
     qint64 actualSeconds = 0;
 
     bool operator==(const CompletedWorkStamp &) const = default;
+};
+
+/// How far the history was read.
+struct HistoryPosition
+{
+    /// How often phases that were stored had changed or gone.
+    quint64 rewrites = 0;
+    /// The number of the last row; rows that are added have greater ones.
+    qint64 lastRow = 0;
+};
+
+/// Completed work phases and how far the history was read for them; nothing where the reading failed.
+struct CompletedWorkReading
+{
+    std::vector<CompletedWorkStamp> stamps;
+    std::optional<HistoryPosition> position;
 };
 
 }

@@ -20,9 +20,15 @@ inline constexpr const char *inIntervalOfPhase =
     " wasSkipped FROM PomodoroSessionRecord WHERE startedAt >= ?1 AND startedAt < ?2 AND phase = ?4"
     " ORDER BY startedAt DESC, rowid DESC LIMIT ?3";
 
+/// With the number of the last row of all, as the rows were in the same moment.
 inline constexpr const char *completedWorkStamps =
-    "SELECT startedAt, actualDurationSeconds FROM PomodoroSessionRecord WHERE phase = 'work' AND wasCompleted = 1"
-    " ORDER BY startedAt";
+    "SELECT startedAt, actualDurationSeconds, (SELECT max(rowid) FROM PomodoroSessionRecord)"
+    " FROM PomodoroSessionRecord WHERE phase = 'work' AND wasCompleted = 1 ORDER BY startedAt";
+
+/// Every row after ?1, and whether it is completed work.
+inline constexpr const char *addedAfterRow =
+    "SELECT startedAt, actualDurationSeconds, rowid, phase = 'work' AND wasCompleted = 1"
+    " FROM PomodoroSessionRecord WHERE rowid > ?1 ORDER BY rowid";
 
 inline constexpr const char *completedWorkCount =
     "SELECT count(*) FROM PomodoroSessionRecord WHERE phase = 'work' AND wasCompleted = 1";

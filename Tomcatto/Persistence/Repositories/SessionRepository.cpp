@@ -36,17 +36,22 @@ PomodoroSessionRecord recordOf(const StoreRow &row)
             .wasSkipped = row.boolean(8)};
 }
 
-// Runs `sql` as one save of the context; a failure is logged after `failureText`.
-void write(ManagedObjectContext &context, const char *sql, const std::vector<StoreValue> &values, const Logger &logger,
-           const QString &failureText)
+// Runs `sql` as one save of the context.
+StoreResult<void> write(ManagedObjectContext &context, const char *sql, const std::vector<StoreValue> &values,
+                        HistoryChange change)
 {
-    const auto saved = context.save([&](StoreConnection &connection) -> StoreResult<void> {
+    const auto execute = [&](StoreConnection &connection) -> StoreResult<void> {
         if (const auto executed = connection.execute(sql, values); !executed)
             return std::unexpected(executed.error());
         return {};
-    });
+    };
+    return context.save(execute, change);
+}
+
+void logFailure(const Logger &logger, const QString &text, const StoreResult<void> &saved)
+{
     if (!saved)
-        logger.error(failureText + saved.error().description());
+        logger.error(text + saved.error().description());
 }
 
 }
@@ -70,7 +75,8 @@ void SessionRepository::insert(const PomodoroSessionInsertRequest &request, Inse
                   logger = m_logger](ManagedObjectContext &context) {
         if (beforeWrite)
             beforeWrite();
-        write(context, sessionQueries::insert, values, logger, QStringLiteral("Failed to insert session: "));
+        logFailure(logger, QStringLiteral("Failed to insert session: "),
+                   write(context, sessionQueries::insert, values, HistoryChange::added));
     };
     switch (mode) {
     case InsertMode::asynchronous:
@@ -89,7 +95,8 @@ void SessionRepository::prune(qint64 olderThanDays)
     if (!cutoff)
         return;
     performWhileAlive([seconds = secondsSince1970(*cutoff), logger = m_logger](ManagedObjectContext &context) {
-        write(context, sessionQueries::prune, {seconds}, logger, QStringLiteral("Failed to prune sessions: "));
+        logFailure(logger, QStringLiteral("Failed to prune sessions: "),
+                   write(context, sessionQueries::prune, {seconds}, HistoryChange::rewritten));
     });
 }
 
@@ -123,14 +130,37 @@ bool SessionRepository::forEachSession(DateInterval interval,
 
 std::vector<CompletedWorkStamp> SessionRepository::completedWorkStamps() const
 {
-    std::vector<CompletedWorkStamp> stamps;
-    const bool whole = fetch(sessionQueries::completedWorkStamps, {}, [&stamps](const StoreRow &row) {
+    return readCompletedWork().stamps;
+}
+
+CompletedWorkReading SessionRepository::readCompletedWork() const
+{
+    // Taken before the rows are read, so what is rewritten meanwhile counts as rewritten since.
+    HistoryPosition position{m_stack.rewrites(), 0};
+    CompletedWorkReading reading;
+    const bool isWhole = fetch(sessionQueries::completedWorkStamps, {}, [&](const StoreRow &row) {
         if (const auto startedAt = row.date(0))
-            stamps.push_back({*startedAt, row.integer<qint32>(1)});
+            reading.stamps.push_back({*startedAt, row.integer<qint32>(1)});
+        position.lastRow = row.integer<qint64>(2);
     });
-    if (!whole)
-        stamps.clear();
-    return stamps;
+    if (!isWhole)
+        return {};
+    reading.position = position;
+    return reading;
+}
+
+std::optional<CompletedWorkReading> SessionRepository::readCompletedWorkAfter(const HistoryPosition &position) const
+{
+    if (m_stack.rewrites() != position.rewrites)
+        return std::nullopt;
+    CompletedWorkReading reading{{}, position};
+    const bool isWhole = fetch(sessionQueries::addedAfterRow, {position.lastRow}, [&reading](const StoreRow &row) {
+        const auto startedAt = row.date(0);
+        if (startedAt && row.boolean(3))
+            reading.stamps.push_back({*startedAt, row.integer<qint32>(1)});
+        reading.position->lastRow = row.integer<qint64>(2);
+    });
+    return isWhole ? std::optional(reading) : std::nullopt;
 }
 
 qint64 SessionRepository::completedWorkCount() const

@@ -39,6 +39,11 @@ public:
                                       const std::function<void(const PomodoroSessionRecord &)> &visit) const;
     /// Start and length of every completed work phase, by ascending start.
     [[nodiscard]] std::vector<CompletedWorkStamp> completedWorkStamps() const;
+    /// The same, and how far the history was read for it.
+    [[nodiscard]] CompletedWorkReading readCompletedWork() const;
+    /// The completed work phases that were added after a reading, in the order they were added. Nothing where that is
+    /// not all that has happened since, or where the reading fails.
+    [[nodiscard]] std::optional<CompletedWorkReading> readCompletedWorkAfter(const HistoryPosition &position) const;
     /// How many work phases were completed.
     [[nodiscard]] qint64 completedWorkCount() const;
     /// The completed work phases that started at `since` or later, by ascending start.

@@ -188,11 +188,12 @@ UserVideoRepository::WriteResult UserVideoRepository::perform(ManagedObjectConte
     if (done && !exists)
         return std::unexpected(UserVideoRepositoryError::videoNotFound);
     if (done) {
-        done = context.save([&write](StoreConnection &connection) -> StoreResult<void> {
+        const auto change = [&write](StoreConnection &connection) -> StoreResult<void> {
             if (const auto executed = connection.execute(write.sql, write.values); !executed)
                 return std::unexpected(executed.error());
             return {};
-        });
+        };
+        done = context.save(change, HistoryChange::added);
     }
     if (done)
         return UserVideoSave::saved;

@@ -15,9 +15,13 @@ public:
     /// Whether a display is named and its socket can be opened; takes at most half a second, for displays of other
     /// machines.
     [[nodiscard]] bool isReachable() const;
+    /// The same for a Wayland compositor alone, which is always on this machine.
+    [[nodiscard]] bool isWaylandReachable() const;
+    /// Whether that compositor answers and has no keyboard or pointer to give, as one that nobody sits at.
+    [[nodiscard]] bool isWaylandWithoutSeat() const;
 
 private:
-    [[nodiscard]] bool isWaylandReachable() const;
+    [[nodiscard]] QByteArray waylandSocket() const;
     [[nodiscard]] bool isX11Reachable() const;
 
     QProcessEnvironment m_environment;

@@ -46,6 +46,10 @@ InstanceLockResult FileInstanceLock::tryTake()
         if (const auto result = tryTakeAt(path); result != InstanceLockResult::unavailable)
             return result;
         const QString reason = QString::fromLocal8Bit(std::strerror(errno));
+        // Whoever waits for the lock tries often.
+        if (m_reported.contains(path))
+            continue;
+        m_reported.append(path);
         logger.error(QStringLiteral("instance lock %1 is unavailable: %2").arg(path, reason));
     }
     return InstanceLockResult::unavailable;
@@ -75,8 +79,30 @@ InstanceLockResult FileInstanceLock::tryTakeAt(const QString &path)
 
 void FileInstanceLock::release()
 {
-    if (m_descriptor >= 0)
-        ::close(std::exchange(m_descriptor, -1));
+    if (m_descriptor < 0)
+        return;
+    announce({});
+    ::close(std::exchange(m_descriptor, -1));
+}
+
+void FileInstanceLock::announce(const QString &address)
+{
+    const QByteArray bytes = QFile::encodeName(address);
+    if (m_descriptor < 0)
+        return;
+    if (::ftruncate(m_descriptor, 0) != 0 || ::pwrite(m_descriptor, bytes.constData(), bytes.size(), 0) != bytes.size())
+        Logger(QStringLiteral("FileInstanceLock")).info(QStringLiteral("The address of this process cannot be noted"));
+}
+
+QString FileInstanceLock::announced() const
+{
+    constexpr qint64 longestAddress = 4096;
+    for (const QString &path : {m_primaryPath, m_fallbackPath}) {
+        QFile file(path);
+        if (QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) && file.size() > 0)
+            return QFile::decodeName(file.read(longestAddress));
+    }
+    return {};
 }
 
 }

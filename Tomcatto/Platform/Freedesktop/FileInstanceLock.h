@@ -2,11 +2,12 @@
 
 #include "Platform/Ports/InstanceLock.h"
 
-#include <QtCore/QString>
+#include <QtCore/QStringList>
 
 namespace tomcatto {
 
-/// An advisory lock on an open file that is never deleted, so two processes always lock the same file.
+/// An advisory lock on an open file that is never deleted, so two processes always lock the same file. The file holds
+/// what the holder announces.
 class FileInstanceLock final : public InstanceLock
 {
 public:
@@ -19,12 +20,15 @@ public:
 
     [[nodiscard]] InstanceLockResult tryTake() override;
     void release() override;
+    void announce(const QString &address) override;
+    [[nodiscard]] QString announced() const override;
 
 private:
     [[nodiscard]] InstanceLockResult tryTakeAt(const QString &path);
 
     QString m_primaryPath;
     QString m_fallbackPath;
+    QStringList m_reported;
     int m_descriptor = -1;
 };
 

@@ -14,7 +14,8 @@ namespace tomcatto {
 ///
 /// After the first request to end, terminate and interrupt have their usual effect again, so a second one ends a
 /// process that hangs. Hang-up has not: a closing terminal sends it more than once. A hang-up that the parent has
-/// switched off stays off. Writing to a closed pipe is an error, no signal, from the construction on.
+/// switched off stays off. Writing to a closed pipe, or past the size that files may have, is an error, no signal, from
+/// the construction on.
 class UnixProcessSignals final : public QObject, public ProcessSignals
 {
     Q_OBJECT

@@ -27,10 +27,13 @@ QByteArray execArgument(const QString &path)
     return '"' + argument.toUtf8() + '"';
 }
 
-/// Whether the entry says that it is not to be started.
-bool isSwitchedOff(const QByteArray &entry)
+/// What the desktop makes of an entry's text, whoever wrote it.
+LoginItemStatus statusOf(const QByteArray &entry)
 {
     bool isInside = false;
+    bool isApplication = false;
+    bool startsSomething = false;
+    bool isSwitchedOff = false;
     for (const QByteArray &rawLine : entry.split('\n')) {
         const QByteArray line = rawLine.trimmed();
         if (line.startsWith('['))
@@ -40,10 +43,14 @@ bool isSwitchedOff(const QByteArray &entry)
             continue;
         const QByteArray key = line.left(equals).trimmed();
         const QByteArray value = line.mid(equals + 1).trimmed();
-        if ((key == "Hidden" && value == "true") || (key == "X-GNOME-Autostart-enabled" && value == "false"))
-            return true;
+        isApplication = isApplication || (key == "Type" && value == "Application");
+        startsSomething = startsSomething || (key == "Exec" && !value.isEmpty());
+        isSwitchedOff = isSwitchedOff || (key == "Hidden" && value == "true") ||
+                        (key == "X-GNOME-Autostart-enabled" && value == "false");
     }
-    return false;
+    if (!isApplication || !startsSomething)
+        return LoginItemStatus::notRegistered;
+    return isSwitchedOff ? LoginItemStatus::requiresApproval : LoginItemStatus::enabled;
 }
 
 }
@@ -78,7 +85,7 @@ LoginItemStatus AutostartLoginItem::status() const
         return LoginItemStatus::notRegistered;
     if (!stored.open(QIODevice::ReadOnly))
         return LoginItemStatus::unavailable;
-    return isSwitchedOff(stored.readAll()) ? LoginItemStatus::requiresApproval : LoginItemStatus::enabled;
+    return statusOf(stored.readAll());
 }
 
 std::expected<void, QString> AutostartLoginItem::registerItem()

@@ -18,6 +18,7 @@ class StatusNotifierItem final : public QObject
     Q_PROPERTY(QString Title READ title CONSTANT FINAL)
     Q_PROPERTY(QString Status READ status CONSTANT FINAL)
     Q_PROPERTY(int WindowId READ windowId CONSTANT FINAL)
+    Q_PROPERTY(QString IconThemePath READ noIconName CONSTANT FINAL)
     Q_PROPERTY(QString IconName READ noIconName CONSTANT FINAL)
     Q_PROPERTY(tomcatto::IconPixmaps IconPixmap READ icons FINAL)
     Q_PROPERTY(QString IconAccessibleDesc READ accessibleText FINAL)

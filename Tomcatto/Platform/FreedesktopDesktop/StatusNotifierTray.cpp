@@ -41,11 +41,20 @@ std::optional<QRect> clickedPlace(QPoint place)
 StatusNotifierTray::StatusNotifierTray(const QDBusConnection &sessionBus)
     : m_bus(sessionBus)
     , m_name(QStringLiteral("org.kde.StatusNotifierItem-%1-1").arg(QCoreApplication::applicationPid()))
-    , m_menu([this](TrayMenuAction action) { Q_EMIT menuActionChosen(action); })
+    , m_menu([this](TrayMenuAction action) {
+        // The menu stands at the icon; before the first click on that, nothing else tells where it is.
+        if (!m_place)
+            m_place = QRect(QCursor::pos(), QSize(0, 0));
+        Q_EMIT menuActionChosen(action);
+    })
     , m_item(menuPath)
 {
-    connect(&m_item, &StatusNotifierItem::activated, this,
-            [this](QPoint place) { Q_EMIT activated(clickedPlace(place)); });
+    connect(&m_item, &StatusNotifierItem::activated, this, [this](QPoint place) {
+        const auto clicked = clickedPlace(place);
+        if (clicked)
+            m_place = clicked;
+        Q_EMIT activated(clicked);
+    });
     connect(&m_item, &StatusNotifierItem::menuWanted, this, &StatusNotifierTray::menuWanted);
     if (!m_bus.isConnected() || !m_bus.registerObject(itemPath, &m_item, exported) ||
         !m_bus.registerObject(menuPath, &m_menu, exported)) {
@@ -132,6 +141,7 @@ void StatusNotifierTray::decide(bool isHosted)
         return;
     m_isDecided = true;
     m_isHosted = isHosted;
+    m_place.reset();
     m_logger.debug(isHosted ? QStringLiteral("a tray shows the icon") : QStringLiteral("no tray shows the icon"));
     Q_EMIT hostChanged();
 }

@@ -25,7 +25,8 @@ public:
     [[nodiscard]] bool isDecided() const override { return m_isDecided; }
     [[nodiscard]] bool isHosted() const override { return m_isHosted; }
     [[nodiscard]] std::vector<int> iconSizes() const override { return {22, 24, 48}; }
-    [[nodiscard]] std::optional<QRect> geometry() const override { return {}; }
+    /// The place of the last click: trays of this kind tell no other.
+    [[nodiscard]] std::optional<QRect> geometry() const override { return m_place; }
 
     /// The protocol has no hidden icon that all trays know, and the icon shows wherever it can: this does nothing.
     void setShown(bool isShown) override;
@@ -53,6 +54,7 @@ private:
     const Logger m_logger{QStringLiteral("StatusNotifierTray")};
     /// Answers to earlier questions are dropped.
     quint64 m_question = 0;
+    std::optional<QRect> m_place;
     bool m_isDecided = false;
     bool m_isHosted = false;
 };

@@ -24,7 +24,7 @@ void registerStatusNotifierTypes()
     qDBusRegisterMetaType<MenuItemProperties>();
     qDBusRegisterMetaType<MenuItemPropertiesList>();
     qDBusRegisterMetaType<MenuEvent>();
-    qDBusRegisterMetaType<MenuEvents>();
+    qDBusRegisterMetaType<QList<MenuEvent>>();
     qDBusRegisterMetaType<QList<int>>();
 }
 

@@ -55,7 +55,6 @@ struct MenuEvent
     QDBusVariant data;
     uint timestamp = 0;
 };
-using MenuEvents = QList<MenuEvent>;
 
 /// Makes the types known to D-Bus; more than once does no harm.
 void registerStatusNotifierTypes();

@@ -115,7 +115,7 @@ void TrayMenuService::Event(int id, const QString &eventId, const QDBusVariant &
         m_onChosen(*action);
 }
 
-QList<int> TrayMenuService::EventGroup(const MenuEvents &events)
+QList<int> TrayMenuService::EventGroup(const QList<MenuEvent> &events)
 {
     QList<int> unknown;
     for (const MenuEvent &event : events) {

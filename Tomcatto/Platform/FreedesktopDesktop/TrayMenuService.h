@@ -41,7 +41,8 @@ public:
                                                                      const QStringList &propertyNames);
     Q_SCRIPTABLE QDBusVariant GetProperty(int id, const QString &name);
     Q_SCRIPTABLE void Event(int id, const QString &eventId, const QDBusVariant &data, uint timestamp);
-    Q_SCRIPTABLE QList<int> EventGroup(const tomcatto::MenuEvents &events);
+    // Written out: the bus's library finds the types of parameters by their names, and would leave the method out.
+    Q_SCRIPTABLE QList<int> EventGroup(const QList<tomcatto::MenuEvent> &events);
     Q_SCRIPTABLE bool AboutToShow(int id);
     Q_SCRIPTABLE QList<int> AboutToShowGroup(const QList<int> &ids, QList<int> &idErrors);
 

@@ -10,19 +10,17 @@
 namespace tomcatto {
 namespace {
 
-QList<QScreen *> liveScreens()
+/// Whether a screen has the name of the display in place of that of an output: on an X server the last one keeps
+/// standing when its output is switched off or unplugged. Where there are no outputs at all it is what there is.
+bool isNamedAsDisplay(const QScreen *screen)
 {
-    QList<QScreen *> live = QGuiApplication::screens();
-    // The toolkit's stand-in, which is there while no screen is, has no size.
-    live.removeIf([](const QScreen *screen) { return screen->geometry().isEmpty(); });
-    return live;
+    return screen->name().contains(u':');
 }
 
-/// Names are those of the sockets; two screens of one name, which some servers give, are told apart by their places.
+/// Neither names nor places will do: some servers give several screens one name, and screens move.
 QString screenId(const QScreen *screen)
 {
-    const QPoint corner = screen->geometry().topLeft();
-    return QStringLiteral("%1@%2,%3").arg(screen->name()).arg(corner.x()).arg(corner.y());
+    return QString::number(reinterpret_cast<quintptr>(screen), 16);
 }
 
 /// A covering window gains nothing from a compositor, which costs a copy of each frame.
@@ -59,23 +57,43 @@ void activateAsPager(QWindow &window)
 
 DesktopScreens::DesktopScreens(MainRunLoop &runLoop, QObject *parent)
     : QObject(parent)
-    , m_changes(runLoop, [] { return !liveScreens().isEmpty(); })
+    , m_runLoop(runLoop)
+    , m_changes(runLoop, [this] { return !liveScreens().isEmpty(); })
 {
     for (QScreen *screen : QGuiApplication::screens())
         watch(screen);
     connect(qGuiApp, &QGuiApplication::screenAdded, this, [this](QScreen *screen) {
         watch(screen);
-        m_changes.note();
+        noteChange();
     });
-    connect(qGuiApp, &QGuiApplication::screenRemoved, this, [this] { m_changes.note(); });
-    connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, [this] { m_changes.note(); });
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &DesktopScreens::noteChange);
+    connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &DesktopScreens::noteChange);
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow *focused) {
+        m_return = focused ? Cancellable() : m_runLoop.after(returnTime, [this] { returnToFront(); });
+    });
 }
 
 void DesktopScreens::watch(QScreen *screen)
 {
-    connect(screen, &QScreen::geometryChanged, this, [this] { m_changes.note(); });
-    connect(screen, &QScreen::logicalDotsPerInchChanged, this, [this] { m_changes.note(); });
-    connect(screen, &QScreen::physicalDotsPerInchChanged, this, [this] { m_changes.note(); });
+    m_hasOutputs = m_hasOutputs || !isNamedAsDisplay(screen);
+    connect(screen, &QScreen::geometryChanged, this, &DesktopScreens::noteChange);
+    connect(screen, &QScreen::logicalDotsPerInchChanged, this, &DesktopScreens::noteChange);
+    connect(screen, &QScreen::physicalDotsPerInchChanged, this, &DesktopScreens::noteChange);
+}
+
+void DesktopScreens::noteChange()
+{
+    m_changes.note();
+}
+
+QList<QScreen *> DesktopScreens::liveScreens() const
+{
+    QList<QScreen *> live = QGuiApplication::screens();
+    // The toolkit's stand-in, which is there while no screen is, has no size.
+    live.removeIf([this](const QScreen *screen) {
+        return screen->geometry().isEmpty() || (m_hasOutputs && isNamedAsDisplay(screen));
+    });
+    return live;
 }
 
 std::vector<Screen> DesktopScreens::screens() const
@@ -103,6 +121,8 @@ void DesktopScreens::cover(QWindow &window, const QString &id)
         X11WindowState().setFloating(window);
         bypassCompositor(window);
         window.showFullScreen();
+        m_covering.removeAll(nullptr);
+        m_covering.append(&window);
         return;
     }
 }
@@ -116,11 +136,24 @@ void DesktopScreens::makeKey(QWindow &window)
         activateAsPager(window);
 }
 
+void DesktopScreens::returnToFront()
+{
+    for (const QPointer<QWindow> &window : m_covering) {
+        if (window && window->isVisible())
+            window->raise();
+    }
+    if (m_keyWindow && m_keyWindow->isExposed())
+        activateAsPager(*m_keyWindow);
+}
+
 bool DesktopScreens::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::Expose && watched == m_keyWindow && m_keyWindow->isExposed()) {
-        activateAsPager(*m_keyWindow);
-        m_keyWindow->removeEventFilter(this);
+    if (const auto *shown = qobject_cast<QWindow *>(watched);
+        event->type() == QEvent::Expose && shown && shown->isExposed()) {
+        watched->removeEventFilter(this);
+        // Window managers give the keyboard to each window that they get to know, so it is asked for after every one.
+        if (m_keyWindow && m_keyWindow->isExposed())
+            activateAsPager(*m_keyWindow);
     }
     return QObject::eventFilter(watched, event);
 }

@@ -11,12 +11,16 @@ class QScreen;
 namespace tomcatto {
 
 /// The toolkit's screens. On an X server the window manager is asked for what the toolkit has no words for; elsewhere a
-/// window that covers a screen is an ordinary full-screen one. Main thread only.
+/// window that covers a screen is an ordinary full-screen one. Window managers put whichever full-screen window has the
+/// keyboard in front, so windows that cover screens take it again when another application gets it. Main thread only.
 class DesktopScreens final : public QObject, public Screens
 {
     Q_OBJECT
 
 public:
+    /// How long another application keeps the keyboard before windows that cover screens take it again.
+    static constexpr std::chrono::milliseconds returnTime{50};
+
     explicit DesktopScreens(MainRunLoop &runLoop, QObject *parent = nullptr);
 
     [[nodiscard]] std::vector<Screen> screens() const override;
@@ -29,11 +33,19 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    [[nodiscard]] QList<QScreen *> liveScreens() const;
     void watch(QScreen *screen);
+    void noteChange();
+    void returnToFront();
 
+    MainRunLoop &m_runLoop;
     ScreenChanges m_changes;
+    // Whether any screen was that of an output.
+    bool m_hasOutputs = false;
     // Gets the keyboard once the window manager knows it.
     QPointer<QWindow> m_keyWindow;
+    QList<QPointer<QWindow>> m_covering;
+    Cancellable m_return;
 };
 
 }

@@ -50,6 +50,11 @@ QString temporaryRuntimeFolder()
     return inFolder(folderAt(QStandardPaths::GenericConfigLocation, "XDG_CONFIG_HOME"), applicationIdentifier);
 }
 
+bool isOurs(const QFileInfo &info)
+{
+    return info.exists() && info.ownerId() == ::geteuid();
+}
+
 /// Qt's own look-up falls back as well, but complains on standard error.
 QString runtimeFolder()
 {
@@ -93,6 +98,20 @@ QString ApplicationDirectories::controlSocket() const
         return path;
     const QByteArray digest = QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha256).toHex().left(16);
     return inFolder(temporaryRuntimeFolder(), QString::fromLatin1(digest) + QStringLiteral(".sock"));
+}
+
+QStringList ApplicationDirectories::reachableControlSockets(const QString &announced) const
+{
+    constexpr QFileDevice::Permissions writableByOthers = QFileDevice::WriteGroup | QFileDevice::WriteOther;
+    QStringList places;
+    if (QString own = controlSocket(); isOurs(QFileInfo(own)))
+        places << std::move(own);
+    const QFileInfo file(announced);
+    const QFileInfo folder(file.path());
+    if (file.isAbsolute() && !places.contains(announced) && isOurs(file) && isOurs(folder) &&
+        !(folder.permissions() & writableByOthers))
+        places << announced;
+    return places;
 }
 
 QString ApplicationDirectories::urlCache() const

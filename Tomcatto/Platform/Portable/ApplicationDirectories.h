@@ -23,6 +23,10 @@ public:
     [[nodiscard]] QString fallbackInstanceLockFile() const;
     /// The socket that commands reach the running application over; short enough for a socket's address.
     [[nodiscard]] QString controlSocket() const;
+    /// Where a running application of this user may be reached, the likeliest place first: the one above, then the one
+    /// that it has announced, which differs where it was started with another environment. A socket of another user is
+    /// left out, and an announced one that others could put theirs in the place of.
+    [[nodiscard]] QStringList reachableControlSockets(const QString &announced) const;
     /// The folder of the HTTP cache.
     [[nodiscard]] QString urlCache() const;
     /// The snapshot that the desktop widget reads.

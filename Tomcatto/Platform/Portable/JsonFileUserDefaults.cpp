@@ -1,7 +1,5 @@
 #include "Platform/Portable/JsonFileUserDefaults.h"
 
-#include <QtCore/QMutexLocker>
-
 namespace tomcatto {
 
 JsonFileUserDefaults::JsonFileUserDefaults(const QString &path, Access access)
@@ -48,32 +46,30 @@ std::optional<DefaultsValue> JsonFileUserDefaults::value(const QString &key) con
 
 std::optional<DefaultsValue> JsonFileUserDefaults::storedValue(const QString &key) const
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard lock(m_mutex);
     return m_document.value(key);
 }
 
 void JsonFileUserDefaults::setValue(const QString &key, const DefaultsValue &value)
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard lock(m_mutex);
     if (m_document.setValue(key, value))
         noteChange();
 }
 
 void JsonFileUserDefaults::remove(const QString &key)
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard lock(m_mutex);
     if (m_document.remove(key))
         noteChange();
 }
 
 bool JsonFileUserDefaults::synchronize()
 {
-    const QMutexLocker lock(&m_mutex);
+    std::unique_lock lock(m_mutex);
     if (m_hasFailed && !m_isWriting)
         noteChange();
-    const quint64 target = m_wantedGeneration;
-    while (m_writtenGeneration < target)
-        m_progress.wait(&m_mutex);
+    m_progress.wait(lock, [this, target = m_wantedGeneration] { return m_writtenGeneration >= target; });
     return m_mayWrite && !m_hasFailed;
 }
 
@@ -90,16 +86,16 @@ void JsonFileUserDefaults::noteChange()
 
 void JsonFileUserDefaults::writeUntilCurrent()
 {
-    QMutexLocker lock(&m_mutex);
+    std::unique_lock lock(m_mutex);
     while (m_writtenGeneration < m_wantedGeneration) {
         const quint64 generation = m_wantedGeneration;
         const QByteArray text = m_document.text();
         lock.unlock();
         const QString problem = m_file.write(text);
-        lock.relock();
+        lock.lock();
         report(problem);
         m_writtenGeneration = generation;
-        m_progress.wakeAll();
+        m_progress.notify_all();
     }
     m_isWriting = false;
 }

@@ -3,9 +3,9 @@
 #include "Foundation/Logger.h"
 #include "Platform/Portable/DefaultsFile.h"
 
-#include <QtCore/QMutex>
+#include <condition_variable>
+#include <mutex>
 #include <QtCore/QThreadPool>
-#include <QtCore/QWaitCondition>
 
 namespace tomcatto {
 
@@ -45,8 +45,9 @@ private:
 
     const DefaultsFile m_file;
     const Logger m_logger{QStringLiteral("JsonFileUserDefaults")};
-    mutable QMutex m_mutex;
-    QWaitCondition m_progress;
+    // The standard ones: the thread sanitizer does not see how Qt's let go of each other.
+    mutable std::mutex m_mutex;
+    std::condition_variable m_progress;
     // Everything below is guarded by the mutex. Generations count changes; a written one reached the disk or failed to.
     DefaultsDocument m_document;
     quint64 m_wantedGeneration = 0;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtCore/QString>
+
 namespace tomcatto {
 
 /// What became of an attempt to take the instance lock.
@@ -20,8 +22,13 @@ public:
 
     /// Takes the lock without waiting.
     [[nodiscard]] virtual InstanceLockResult tryTake() = 0;
-    /// Gives it back.
+    /// Gives it back, and takes back what was announced.
     virtual void release() = 0;
+
+    /// Lets this user's other processes know where the holder can be reached. Does nothing while the lock is not held.
+    virtual void announce(const QString &address) = 0;
+    /// What the holder announced last. It may be out of date where a holder was killed; empty where there is nothing.
+    [[nodiscard]] virtual QString announced() const = 0;
 };
 
 }

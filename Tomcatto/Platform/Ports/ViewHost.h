@@ -18,13 +18,15 @@ struct ViewDescription
     QVariantMap properties;
 };
 
-/// A window that shows a view. Destroying it closes the window and frees what it took.
+/// A window that shows a view. Destroying it ends the window at once, with every binding to what it was given. Not to
+/// be done from within the window's own signals and handlers: there, hide it, and destroy this in a later turn.
 class HostedView
 {
 public:
     virtual ~HostedView() = default;
 
-    /// The window, which is the view's root object as well.
+    /// The window, which is the view's root object as well. Its property `isComposited` is true where translucent parts
+    /// of it let what is behind them through; elsewhere they are black.
     [[nodiscard]] virtual QWindow &window() = 0;
 };
 

@@ -26,9 +26,8 @@ public:
     {
         if (!m_window)
             return;
-        // It may be one of the window's own handlers that lets it go.
         m_window->hide();
-        m_window->deleteLater();
+        delete m_window.data();
     }
 
     [[nodiscard]] QWindow &window() override { return *m_window; }

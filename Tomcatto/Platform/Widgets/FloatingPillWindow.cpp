@@ -3,7 +3,9 @@
 #include "Foundation/ApplicationIdentity.h"
 
 #include <algorithm>
+#include <chrono>
 #include <QtGui/QContextMenuEvent>
+#include <QtGui/QCursor>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPainter>
 #include <QtGui/QScreen>
@@ -20,6 +22,9 @@ constexpr int stripRadius = 16;
 constexpr int stripPadding = 4;
 constexpr int titlePadding = 14;
 constexpr int titlePixels = 13;
+constexpr std::chrono::milliseconds settlingTime(100);
+/// A window manager that has a place of its own in mind shall keep it.
+constexpr int mostCorrections = 3;
 constexpr QRgb lightStrip = 0xFFECE9E7;
 constexpr QRgb darkStrip = 0xFF2A2729;
 constexpr QRgb lightInk = 0xFF1D1D1F;
@@ -47,6 +52,9 @@ FloatingPillWindow::FloatingPillWindow(UserDefaults &defaults)
     titleFont.setPixelSize(titlePixels);
     titleFont.setBold(true);
     setFont(titleFont);
+    m_settling.setSingleShot(true);
+    m_settling.setInterval(settlingTime);
+    connect(&m_settling, &QTimer::timeout, this, &FloatingPillWindow::correctPlace);
     connect(this, &QPushButton::clicked, this, &FloatingPillWindow::activated);
     connect(&m_popup, &TrayMenuPopup::chosen, this, &FloatingPillWindow::menuActionChosen);
     const auto screens = QGuiApplication::screens();
@@ -100,6 +108,7 @@ void FloatingPillWindow::setShown(bool isShown)
     m_state.setFloating(*windowHandle());
     connect(windowHandle(), &QWindow::screenChanged, this, &FloatingPillWindow::checkScale, Qt::UniqueConnection);
     fit();
+    m_corrections = 0;
     show();
 }
 
@@ -138,10 +147,11 @@ void FloatingPillWindow::fit()
     const int content = m_pill.isNull() ? fontMetrics().horizontalAdvance(m_title) + 2 * titlePadding
                                         : qRound(m_pill.deviceIndependentSize().width()) + 2 * stripPadding;
     const QSize wanted(std::max(content, stripHeight), stripHeight);
-    if (wanted != size()) {
-        setFixedSize(wanted);
-        place();
-    }
+    // Whether there is a compositor is asked of the display server, which is too dear for every second.
+    if (wanted == size() && isVisible())
+        return;
+    setFixedSize(wanted);
+    place();
     shape();
 }
 
@@ -158,13 +168,33 @@ void FloatingPillWindow::shape()
     setMask(strip);
 }
 
-void FloatingPillWindow::place()
+QPoint FloatingPillWindow::wantedPlace() const
 {
-    if (!m_screen || !canPlaceWindows() || m_isDragged)
-        return;
     const QRect area = m_screen->availableGeometry();
     const int left = area.left() + qRound(m_fraction * area.width()) - width() / 2;
-    move(std::clamp(left, area.left(), std::max(area.left(), area.right() + 1 - width())), area.top());
+    return {std::clamp(left, area.left(), std::max(area.left(), area.right() + 1 - width())), area.top()};
+}
+
+void FloatingPillWindow::place()
+{
+    if (m_screen && canPlaceWindows() && !m_isDragged)
+        move(wantedPlace());
+}
+
+void FloatingPillWindow::moveEvent(QMoveEvent *event)
+{
+    QPushButton::moveEvent(event);
+    m_settling.start();
+}
+
+void FloatingPillWindow::correctPlace()
+{
+    if (!isVisible() || !m_screen || m_pressed || pos() == wantedPlace() || m_corrections >= mostCorrections)
+        return;
+    // A window manager that puts a frame around the window may do so elsewhere and move it then. What was reported in
+    // between stays, and the panel would open there, until the window is moved once more.
+    ++m_corrections;
+    place();
 }
 
 void FloatingPillWindow::paintEvent(QPaintEvent * /*event*/)
@@ -180,15 +210,23 @@ void FloatingPillWindow::paintEvent(QPaintEvent * /*event*/)
     } else {
         painter.drawImage(QPointF(stripPadding, stripPadding), m_pill);
     }
-    if (hasFocus() && isActiveWindow()) {
+    if (m_showsFocus && hasFocus() && isActiveWindow()) {
         painter.setPen(QPen(QColor::fromRgba(m_isDark ? darkFocus : lightFocus), 2));
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), stripRadius - 1, stripRadius - 1);
     }
 }
 
+void FloatingPillWindow::focusInEvent(QFocusEvent *event)
+{
+    // The window manager gives the keyboard before the press comes, and does not say why.
+    m_showsFocus = !rect().contains(mapFromGlobal(QCursor::pos()));
+    QPushButton::focusInEvent(event);
+}
+
 void FloatingPillWindow::mousePressEvent(QMouseEvent *event)
 {
+    m_showsFocus = false;
     if (event->button() != Qt::LeftButton)
         return;
     m_pressed = event->globalPosition().toPoint();
@@ -243,6 +281,8 @@ void FloatingPillWindow::mouseReleaseEvent(QMouseEvent *event)
 
 void FloatingPillWindow::keyPressEvent(QKeyEvent *event)
 {
+    m_showsFocus = true;
+    update();
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         click();
     else

@@ -6,6 +6,7 @@
 #include "Platform/X11/X11WindowState.h"
 
 #include <QtCore/QPointer>
+#include <QtCore/QTimer>
 #include <QtWidgets/QPushButton>
 
 class QScreen;
@@ -41,6 +42,8 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void moveEvent(QMoveEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
@@ -51,7 +54,9 @@ private:
     void watchScreen(QScreen *screen);
     void restorePlace();
     void fit();
+    [[nodiscard]] QPoint wantedPlace() const;
     void place();
+    void correctPlace();
     void shape();
     void drag(QPoint way, QPoint cursor);
     void finishDrag();
@@ -70,7 +75,12 @@ private:
     std::optional<QPoint> m_pressed;
     int m_pressedLeft = 0;
     double m_lastScale = 0;
+    /// Runs for a moment after the window has moved.
+    QTimer m_settling;
+    int m_corrections = 0;
     bool m_isDragged = false;
+    /// Whether the ring shows while it has the keyboard: not for who came with the mouse.
+    bool m_showsFocus = false;
     bool m_isDark = false;
 };
 

@@ -5,6 +5,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 #include <QtCore/QPluginLoader>
+#include <QtGui/QWindow>
 
 namespace tomcatto {
 
@@ -32,7 +33,10 @@ std::unique_ptr<HostedView> PluginViewHost::create(const ViewDescription &descri
 {
     if (!m_host)
         load();
-    return m_host ? m_host->create(description) : nullptr;
+    auto view = m_host ? m_host->create(description) : nullptr;
+    if (view)
+        view->window().setProperty("isComposited", !m_display.isValid() || m_display.isComposited());
+    return view;
 }
 
 void PluginViewHost::load()

@@ -2,6 +2,7 @@
 
 #include "Foundation/Logger.h"
 #include "Platform/Ports/ViewHost.h"
+#include "Platform/X11/X11Display.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QStringList>
@@ -31,6 +32,7 @@ private:
 
     QObject &m_appearance;
     QStringList m_folders;
+    X11Display m_display;
     const Logger m_logger{QStringLiteral("PluginViewHost")};
     std::unique_ptr<ViewHost> m_host;
 };

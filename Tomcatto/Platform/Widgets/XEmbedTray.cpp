@@ -50,14 +50,17 @@ void XEmbedTray::setShown(bool isShown)
 
 void XEmbedTray::show(const StatusItemPresentation &presentation)
 {
-    if (m_icon && presentation.squareIcons != m_images)
+    const bool hasNewImages = presentation.squareIcons != m_images;
+    if (m_icon && hasNewImages)
         m_icon->setIcon(iconOf(presentation.squareIcons));
     if (m_icon && presentation.toolTip != m_toolTip)
         m_icon->setToolTip(presentation.toolTip);
     m_images = presentation.squareIcons;
     m_toolTip = presentation.toolTip;
     update();
-    followEdge();
+    // Where the icon lies is asked of the display server, which is too dear for every second.
+    if (hasNewImages)
+        followEdge();
 }
 
 void XEmbedTray::update()

@@ -11,6 +11,9 @@ X11Display::X11Display()
     if (application == nullptr)
         return;
     m_connection = application->connection();
+    // A platform that draws nowhere can be an application of this kind as well, without a server.
+    if (m_connection == nullptr)
+        return;
     m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
 }
 

@@ -131,6 +131,32 @@ TestCase {
         compare(themes.currentIndex, 2)
     }
 
+    function test_returnOpensTheLanguagesAndTakesOne() {
+        show("general")
+        const languages = one(item => item.name === "Language" && item.popup !== undefined)
+        press(languages, Qt.Key_Return)
+        tryCompare(languages.popup, "opened", true)
+        keyClick(Qt.Key_Up)
+        compare(world.stored("selectedLanguage"), "en", "nothing is chosen yet")
+        keyClick(Qt.Key_Return)
+        tryCompare(languages.popup, "visible", false)
+        compare(world.stored("selectedLanguage"), "system")
+    }
+
+    function test_keyboardFollowsThePageAndScrollsIt() {
+        show("timer")
+        press(one(item => item.symbol === "timer" && item.selected === true), Qt.Key_Home)
+        window.height = window.minimumHeight
+        show("general")
+        verify(window.activeFocusItem.selected)
+        compare(window.activeFocusItem.symbol, "sliders")
+        const page = one(item => item.columnWidth > 0)
+        tryVerify(() => page.flickable.contentHeight > page.flickable.height)
+        keyClick(Qt.Key_PageDown)
+        verify(page.flickable.contentY > 0)
+        window.height = 820
+    }
+
     function test_refusedLaunchAtLoginSwitchesBack() {
         show("general")
         world.failLaunchAtLogin()

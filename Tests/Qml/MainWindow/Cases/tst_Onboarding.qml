@@ -35,6 +35,9 @@ TestCase {
         }
         compare(world.onboarding.step, 3)
         compare(finished.count, 0)
+        keyClick(Qt.Key_Escape)
+        compare(world.onboarding.step, 2)
+        keyClick(Qt.Key_Return)
         keyClick(Qt.Key_Return)
         compare(finished.count, 1)
         window.destroy()

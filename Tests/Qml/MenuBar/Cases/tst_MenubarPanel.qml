@@ -1,5 +1,6 @@
 import QtQuick
 import QtTest
+import Tomcatto.Appearance
 import Tomcatto.MenuBar
 
 TestCase {
@@ -37,6 +38,16 @@ TestCase {
         property int revision: 0
 
         function text(key: string): string { return key }
+    }
+    Component {
+        id: longTip
+
+        ToolTip {
+            delay: 0
+            wanted: true
+            targetTop: 300
+            text: "Finished focus phases of today, and the goal of the day"
+        }
     }
     PanelBody {
         id: panel
@@ -96,6 +107,16 @@ TestCase {
             order.push(calls[0])
         }
         compare(order, ["reset", "skip", "quit", "statistics", "settings", "extend", "primary"])
+    }
+
+    function test_longTooltipsStayInside() {
+        const tip = createTemporaryObject(longTip, panel)
+        tryCompare(tip, "shown", true)
+        wait(20)
+        const layer = panel.Window.contentItem
+        const bubble = Array.from(layer.children).find(item => item.z === 1000 && item.visible)
+        verify(bubble.x >= 4 && bubble.x + bubble.width <= layer.width - 4, bubble.x + " " + bubble.width)
+        verify(bubble.height >= 40, "two lines")
     }
 
     function test_longLabelsStayInside() {

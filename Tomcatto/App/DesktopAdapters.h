@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Composition/PlatformServices.h"
+#include "Platform/FreedesktopDesktop/AutostartLoginItem.h"
+#include "Platform/FreedesktopDesktop/DesktopSystemSettings.h"
+#include "Platform/FreedesktopDesktop/FreedesktopNotificationProbe.h"
+#include "Platform/Widgets/MessageBoxAlert.h"
+
+namespace tomcatto {
+
+/// The adapters of what the services need of a desktop. Main thread only; outlives the services.
+class DesktopAdapters final
+{
+public:
+    DesktopAdapters();
+
+    DesktopAdapters(const DesktopAdapters &) = delete;
+    DesktopAdapters &operator=(const DesktopAdapters &) = delete;
+
+    [[nodiscard]] const DesktopServices &services() const noexcept { return m_services; }
+
+private:
+    AutostartLoginItem m_loginItem;
+    MessageBoxAlert m_alert;
+    DesktopSystemSettings m_systemSettings;
+    FreedesktopNotificationProbe m_notificationProbe;
+    DesktopServices m_services{m_loginItem, m_alert, m_systemSettings, m_notificationProbe};
+};
+
+}
