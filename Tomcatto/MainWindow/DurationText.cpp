@@ -6,7 +6,7 @@ QString durationText(const LocalizedStrings &strings, qint64 seconds, bool withS
 {
     seconds = std::max<qint64>(0, seconds);
     const qint64 rest = seconds % 60;
-    const QString secondsText = strings.format(QStringLiteral("duration.seconds"), rest);
+    QString secondsText = strings.format(QStringLiteral("duration.seconds"), rest);
     if (seconds < 60 && rest > 0)
         return secondsText;
 

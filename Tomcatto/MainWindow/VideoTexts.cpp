@@ -44,7 +44,7 @@ QString shortName(const QString &name)
 {
     constexpr qsizetype begin = 32;
     constexpr qsizetype end = 16;
-    const QString line = shownName(name);
+    QString line = shownName(name);
     if (line.size() <= begin + end)
         return line;
     // Never half a character.

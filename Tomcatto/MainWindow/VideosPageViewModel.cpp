@@ -80,7 +80,7 @@ QString VideosPageViewModel::caption(const UserVideoListing &line) const
     };
     if (line.path.isEmpty())
         return text("missing");
-    const QString state = text(line.video.userSelected ? "plays" : "resting");
+    QString state = text(line.video.userSelected ? "plays" : "resting");
     if (!line.video.addedAt)
         return state;
     const QDate day = toDateTime(*line.video.addedAt).toLocalTime().date();
