@@ -5,12 +5,12 @@
 
 namespace tomcatto {
 
-ApplicationControl::ApplicationControl(AppDependencies &dependencies, AppDelegate &delegate, const QString &socketPath,
-                                       std::function<void()> quit, QObject *parent)
+ApplicationControl::ApplicationControl(AppDependencies &dependencies, AppDelegate &delegate, LocalSockets &sockets,
+                                       const QString &socketPath, std::function<void()> quit, QObject *parent)
     : QObject(parent)
     , m_status({dependencies.stateMachine, dependencies.timer, dependencies.settings, dependencies.statsAggregator,
                 dependencies.strings, dependencies.platform.wallClock, dependencies.platform.runLoop})
-    , m_server(m_commands, socketPath)
+    , m_server(m_commands, sockets, socketPath)
 {
     addTimerCommands(m_commands, dependencies, m_status);
     addVideoCommands(m_commands, dependencies);

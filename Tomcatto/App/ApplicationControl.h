@@ -13,8 +13,8 @@ class ApplicationControl final : public QObject
 
 public:
     /// @param quit ends the main loop.
-    ApplicationControl(AppDependencies &dependencies, AppDelegate &delegate, const QString &socketPath,
-                       std::function<void()> quit, QObject *parent = nullptr);
+    ApplicationControl(AppDependencies &dependencies, AppDelegate &delegate, LocalSockets &sockets,
+                       const QString &socketPath, std::function<void()> quit, QObject *parent = nullptr);
 
     /// The table; front ends add their own commands.
     [[nodiscard]] CommandTable &commands() noexcept { return m_commands; }

@@ -74,7 +74,8 @@ int DesktopApplication::runHoldingLock()
     AppDependencies dependencies(services);
     AppDelegate delegate(dependencies);
     const auto quit = [] { QCoreApplication::quit(); };
-    ApplicationControl control(dependencies, delegate, m_program.directories().controlSocket(), quit);
+    ApplicationControl control(dependencies, delegate, m_program.localSockets(),
+                               m_program.directories().controlSocket(), quit);
     if (control.listen() == ControlServer::ListenResult::taken)
         return static_cast<int>(m_program.runner().activateRunning());
     m_program.instanceLock().announce(m_program.directories().controlSocket());

@@ -63,6 +63,7 @@ int ProgramStart::run(const QStringList &words, const std::function<int(const In
 CommandSurroundings ProgramStart::surroundings()
 {
     return {
+        m_localSockets,
         [this] { return m_directories.reachableControlSockets(m_instanceLock.announced()); },
         m_directories.applicationSupport(),
         m_instanceLock,

@@ -5,6 +5,7 @@
 #include "Platform/Freedesktop/FileInstanceLock.h"
 #include "Platform/Freedesktop/SystemLogSink.h"
 #include "Platform/Freedesktop/SystemWallClock.h"
+#include "Platform/Freedesktop/UnixLocalSockets.h"
 #include "Platform/Media/LoadedStillFrame.h"
 #include "Platform/Portable/ApplicationDirectories.h"
 #include "Platform/Portable/RandomIdentifierSource.h"
@@ -27,6 +28,7 @@ public:
 
     [[nodiscard]] const ApplicationDirectories &directories() const noexcept { return m_directories; }
     [[nodiscard]] InstanceLock &instanceLock() noexcept { return m_instanceLock; }
+    [[nodiscard]] LocalSockets &localSockets() noexcept { return m_localSockets; }
     [[nodiscard]] const CommandRunner &runner() const noexcept { return m_runner; }
     [[nodiscard]] const SystemLogSink &log() const noexcept { return m_log; }
 
@@ -36,6 +38,7 @@ private:
     SystemLogSink m_log;
     ApplicationDirectories m_directories;
     FileInstanceLock m_instanceLock;
+    UnixLocalSockets m_localSockets;
     SystemWallClock m_wallClock;
     RandomIdentifierSource m_identifiers;
     FileBookmarks m_bookmarks;

@@ -68,8 +68,8 @@ int TerminalApplication::runHoldingLock()
     PlatformAdapters adapters(m_program.directories(), m_invocation.argumentDomain);
     AppDependencies dependencies(adapters.services());
     AppDelegate delegate(dependencies);
-    ApplicationControl control(dependencies, delegate, m_program.directories().controlSocket(),
-                               [] { QCoreApplication::quit(); });
+    ApplicationControl control(dependencies, delegate, m_program.localSockets(),
+                               m_program.directories().controlSocket(), [] { QCoreApplication::quit(); });
     control.commands().add(QStringLiteral("activate"), [](const auto &) {
         return ControlReply{ExitStatus::done,
                             QStringLiteral("Tomcatto is already running, in a terminal. `tomcatto status` shows the "

@@ -47,7 +47,7 @@ QString onOneLine(QString name)
 
 CommandRunner::CommandRunner(CommandSurroundings surroundings)
     : m_surroundings(std::move(surroundings))
-    , m_client(m_surroundings.controlSockets)
+    , m_client(m_surroundings.localSockets, m_surroundings.controlSockets)
 {
 }
 

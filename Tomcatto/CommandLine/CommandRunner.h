@@ -13,6 +13,7 @@ namespace tomcatto {
 /// What commands need of their surroundings.
 struct CommandSurroundings
 {
+    LocalSockets &localSockets;
     /// Where the application may listen now, the likeliest place first.
     std::function<QStringList()> controlSockets;
     /// The user's application-support folder; nothing where there is none.

@@ -1,48 +1,56 @@
 #include "Control/ControlClient.h"
 
-#include <algorithm>
-#include <QtNetwork/QLocalSocket>
-
 namespace tomcatto {
 
 namespace {
 
-constexpr int connectMilliseconds = 1000;
-constexpr int answerMilliseconds = 5000;
+constexpr std::chrono::seconds connectPatience{1};
+constexpr std::chrono::seconds answerPatience{5};
 
 ControlReply notRunning()
 {
     return controlReply(ExitStatus::notRunning, QStringLiteral("Tomcatto is not running. Start it with: tomcatto"));
 }
 
-ControlReply noAnswer(const QLocalSocket &socket)
+/// Takes the lines of a connection one by one.
+class LineReader final
 {
-    const bool isThere = socket.state() == QLocalSocket::ConnectedState;
-    return controlReply(ExitStatus::failed, isThere ? QStringLiteral("Tomcatto is running but does not answer.")
-                                                    : QStringLiteral("Tomcatto ended without an answer."));
-}
-
-bool sendRequest(QLocalSocket &socket, const QStringList &paths, const ControlRequest &request)
-{
-    const bool isConnected = std::ranges::any_of(paths, [&socket](const QString &path) {
-        socket.connectToServer(path);
-        return socket.waitForConnected(connectMilliseconds);
-    });
-    if (isConnected) {
-        socket.write(encoded(request));
-        socket.flush();
+public:
+    explicit LineReader(LocalConnection &connection)
+        : m_connection(connection)
+    {
     }
-    return isConnected;
-}
 
-std::optional<QByteArray> readLine(QLocalSocket &socket, int milliseconds)
-{
-    while (!socket.canReadLine()) {
-        if (!socket.waitForReadyRead(milliseconds))
+    /// The next line; nothing where it does not come in time or the other end hangs up.
+    [[nodiscard]] std::optional<QByteArray> next(QDeadlineTimer until)
+    {
+        constexpr qsizetype piece = qsizetype{64} * 1024;
+        qsizetype end = m_received.indexOf('\n');
+        while (end < 0 && m_peer == LocalPeer::open && m_connection.waitForInput(until)) {
+            const LocalInput input = m_connection.read(piece);
+            m_peer = input.peer;
+            m_received += input.bytes;
+            end = m_received.indexOf('\n');
+        }
+        if (end < 0)
             return std::nullopt;
+        QByteArray line = m_received.left(end + 1);
+        m_received.remove(0, end + 1);
+        return line;
     }
-    return socket.readLine();
-}
+    /// What to tell where no line came at all.
+    [[nodiscard]] ControlReply noAnswer() const
+    {
+        return controlReply(ExitStatus::failed, m_peer == LocalPeer::open
+                                                    ? QStringLiteral("Tomcatto is running but does not answer.")
+                                                    : QStringLiteral("Tomcatto ended without an answer."));
+    }
+
+private:
+    LocalConnection &m_connection;
+    LocalPeer m_peer = LocalPeer::open;
+    QByteArray m_received;
+};
 
 ControlReply replyOf(const QByteArray &line)
 {
@@ -52,30 +60,33 @@ ControlReply replyOf(const QByteArray &line)
 
 }
 
-ControlClient::ControlClient(std::function<QStringList()> socketPaths)
-    : m_socketPaths(std::move(socketPaths))
+ControlClient::ControlClient(LocalSockets &sockets, std::function<QStringList()> socketPaths)
+    : m_sockets(sockets)
+    , m_socketPaths(std::move(socketPaths))
 {
 }
 
 ControlReply ControlClient::send(const ControlRequest &request, std::chrono::milliseconds patience) const
 {
-    QLocalSocket socket;
-    if (!sendRequest(socket, m_socketPaths(), request))
+    const auto connection = connectAndSend(request);
+    if (!connection)
         return notRunning();
-    const auto line = readLine(socket, static_cast<int>(patience.count()));
-    return line ? replyOf(*line) : noAnswer(socket);
+    LineReader lines(*connection);
+    const auto line = lines.next(QDeadlineTimer(patience));
+    return line ? replyOf(*line) : lines.noAnswer();
 }
 
 ControlReply ControlClient::follow(const ControlRequest &request,
                                    const std::function<bool(const ControlReply &)> &handler) const
 {
-    QLocalSocket socket;
-    if (!sendRequest(socket, m_socketPaths(), request))
+    const auto connection = connectAndSend(request);
+    if (!connection)
         return notRunning();
-    auto line = readLine(socket, answerMilliseconds);
+    LineReader lines(*connection);
+    auto line = lines.next(QDeadlineTimer(answerPatience));
     if (!line)
-        return noAnswer(socket);
-    for (; line; line = readLine(socket, -1)) {
+        return lines.noAnswer();
+    for (; line; line = lines.next(QDeadlineTimer::Forever)) {
         ControlReply reply = replyOf(*line);
         // An answer without a result is the last one.
         if (reply.status != ExitStatus::done || reply.result.is_null())
@@ -84,6 +95,17 @@ ControlReply ControlClient::follow(const ControlRequest &request,
             return {};
     }
     return controlReply(ExitStatus::notRunning, QStringLiteral("Tomcatto is gone without having been quit."));
+}
+
+std::unique_ptr<LocalConnection> ControlClient::connectAndSend(const ControlRequest &request) const
+{
+    for (const QString &path : m_socketPaths()) {
+        if (auto connection = m_sockets.connect(path, connectPatience)) {
+            connection->write(encoded(request));
+            return connection;
+        }
+    }
+    return nullptr;
 }
 
 }

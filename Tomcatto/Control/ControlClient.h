@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Control/ControlMessage.h"
+#include "Platform/Ports/LocalSockets.h"
 
 #include <chrono>
 #include <functional>
@@ -14,7 +15,7 @@ class ControlClient final
 public:
     /// @param socketPaths where the application may listen, asked anew for each request; the first that answers is
     /// taken
-    explicit ControlClient(std::function<QStringList()> socketPaths);
+    ControlClient(LocalSockets &sockets, std::function<QStringList()> socketPaths);
 
     /// Sends one request and waits for its answer. Status `notRunning` where nobody listens, `failed` where
     /// nobody answers in time. @param patience how long to wait for the answer
@@ -27,6 +28,9 @@ public:
                                       const std::function<bool(const ControlReply &)> &handler) const;
 
 private:
+    [[nodiscard]] std::unique_ptr<LocalConnection> connectAndSend(const ControlRequest &request) const;
+
+    LocalSockets &m_sockets;
     std::function<QStringList()> m_socketPaths;
 };
 

@@ -1,176 +1,201 @@
 #include "Control/ControlServer.h"
 
+#include <algorithm>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QPointer>
-#include <QtCore/QTimer>
 
 namespace tomcatto {
 
 namespace {
 
-constexpr int probeMilliseconds = 500;
 // A follower that does not read is let go once this much waits for it.
-constexpr qint64 longestBacklog = qint64{256} * 1024;
-// More connections than this would use up the process's descriptors, and the socket would close for good.
-constexpr std::size_t mostWaiting = 64;
+constexpr qsizetype longestBacklog = qsizetype{256} * 1024;
+// More connections than this would use up the process's descriptors.
+constexpr std::size_t mostAsking = 64;
 constexpr std::size_t mostFollowers = 64;
 
 }
 
-ControlServer::ControlServer(const CommandTable &commands, QString socketPath,
+ControlServer::ControlServer(const CommandTable &commands, LocalSockets &sockets, QString socketPath,
                              std::chrono::milliseconds requestTimeLimit, QObject *parent)
     : QObject(parent)
     , m_commands(commands)
+    , m_sockets(sockets)
     , m_socketPath(std::move(socketPath))
     , m_requestTimeLimit(requestTimeLimit)
     , m_logger(QStringLiteral("ControlServer"))
 {
-    m_server.setSocketOptions(QLocalServer::UserAccessOption);
-    m_server.setListenBacklogSize(256);
-    connect(&m_server, &QLocalServer::newConnection, this, &ControlServer::acceptConnections);
 }
 
 ControlServer::~ControlServer()
 {
-    // The sockets' signals must not reach a half-destroyed server.
-    for (QLocalSocket *socket : m_server.findChildren<QLocalSocket *>())
-        socket->disconnect(this);
-    for (QLocalSocket *socket : m_followers) {
-        socket->write(encoded(ControlReply{}));
-        socket->flush();
+    for (const auto &[id, client] : m_clients) {
+        if (client.stage == Stage::following)
+            client.connection->write(encoded(ControlReply{}));
     }
 }
 
 ControlServer::ListenResult ControlServer::listen()
 {
     QDir().mkpath(QFileInfo(m_socketPath).absolutePath());
-    // Listening replaces whatever file is there, so whether somebody lives behind it is asked first.
-    if (QFileInfo::exists(m_socketPath)) {
-        QLocalSocket probe;
-        probe.connectToServer(m_socketPath);
-        if (probe.waitForConnected(probeMilliseconds))
-            return ListenResult::taken;
-        QLocalServer::removeServer(m_socketPath);
-    }
-    if (m_server.listen(m_socketPath))
-        return ListenResult::listening;
-    m_logger.error(
-        QStringLiteral("The control socket %1 cannot be opened: %2").arg(m_socketPath, m_server.errorString()));
-    return ListenResult::failed;
+    auto listening = m_sockets.listen(
+        m_socketPath, [this](std::unique_ptr<LocalConnection> connection) { accept(std::move(connection)); });
+    if (!listening)
+        return listening.error() == ListenError::taken ? ListenResult::taken : ListenResult::failed;
+    m_listening = std::move(*listening);
+    return ListenResult::listening;
 }
 
 void ControlServer::publish(const nlohmann::ordered_json &result)
 {
     const QByteArray line = encoded(ControlReply{ExitStatus::done, {}, result});
-    const auto followers = m_followers;
-    for (QLocalSocket *socket : followers) {
-        if (socket->bytesToWrite() > longestBacklog)
-            socket->abort();
+    std::vector<quint64> tooSlow;
+    for (const auto &[id, client] : m_clients) {
+        if (client.stage != Stage::following)
+            continue;
+        if (client.connection->unsentBytes() > longestBacklog)
+            tooSlow.push_back(id);
         else
-            socket->write(line);
+            client.connection->write(line);
     }
+    for (const quint64 id : tooSlow)
+        drop(id);
 }
 
-void ControlServer::acceptConnections()
+void ControlServer::accept(std::unique_ptr<LocalConnection> connection)
 {
-    while (QLocalSocket *socket = m_server.nextPendingConnection()) {
-        socket->setReadBufferSize(longestRequest + 1);
-        connect(socket, &QLocalSocket::disconnected, this, [this, socket] {
-            forget(socket);
-            removeFollower(socket);
-            socket->deleteLater();
-        });
-        m_waiting.push_back(socket);
-        if (m_waiting.size() > mostWaiting)
-            m_waiting.front()->abort();
-        connect(socket, &QLocalSocket::readyRead, this, [this, socket] { readRequest(socket); });
-        auto *const limit = new QTimer(socket);
-        limit->setObjectName(QStringLiteral("limit"));
-        limit->setSingleShot(true);
-        connect(limit, &QTimer::timeout, this,
-                [this, socket] { refuse(socket, QStringLiteral("The request took too long")); });
-        limit->start(m_requestTimeLimit);
-        if (socket->bytesAvailable() > 0)
-            readRequest(socket);
-    }
+    const quint64 id = ++m_lastId;
+    Client &client = m_clients[id];
+    client.connection = std::move(connection);
+    client.limit = std::make_unique<QTimer>();
+    client.limit->setSingleShot(true);
+    connect(client.limit.get(), &QTimer::timeout, this, [this, id] { outOfTime(id); });
+    client.limit->start(m_requestTimeLimit);
+    client.connection->onChange([this, id] { readFrom(id); });
+    // Most have sent their request by now.
+    readFrom(id);
+    if (count(Stage::asking) > mostAsking)
+        drop(std::ranges::find(m_clients, Stage::asking, [](const auto &entry) { return entry.second.stage; })->first);
 }
 
-void ControlServer::forget(QLocalSocket *socket)
+void ControlServer::readFrom(quint64 id)
 {
-    std::erase(m_waiting, socket);
-}
-
-void ControlServer::readRequest(QLocalSocket *socket)
-{
-    // What comes after the request of a follower has no meaning.
-    if (socket->property("answered").toBool()) {
-        socket->readAll();
+    const auto found = m_clients.find(id);
+    if (found == m_clients.end())
+        return;
+    Client &client = found->second;
+    const LocalInput input = client.connection->read(longestRequest + 1 - client.received.size());
+    switch (client.stage) {
+    case Stage::asking:
+        client.received += input.bytes;
+        return readRequest(id, client, input.peer);
+    // What comes after a request has no meaning.
+    case Stage::waiting:
+        if (input.peer == LocalPeer::gone)
+            drop(id);
+        return;
+    case Stage::following:
+        if (input.peer != LocalPeer::open)
+            drop(id);
+        return;
+    case Stage::leaving:
+        if (input.peer == LocalPeer::gone || client.connection->unsentBytes() == 0)
+            drop(id);
         return;
     }
-    if (socket->canReadLine())
-        answer(socket, socket->readLine());
-    else if (socket->bytesAvailable() > longestRequest)
-        refuse(socket, QStringLiteral("A request has at most 65536 bytes"));
-    // Whoever stops writing without ending the line could not be answered any more once the socket has noticed.
-    else if (isWholeRequest(socket->peek(longestRequest)))
-        answer(socket, socket->readAll());
 }
 
-void ControlServer::answer(QLocalSocket *socket, const QByteArray &line)
+void ControlServer::readRequest(quint64 id, Client &client, LocalPeer peer)
+{
+    const QByteArray received = client.received;
+    if (const auto end = received.indexOf('\n'); end >= 0)
+        answer(id, received.left(end + 1));
+    else if (received.size() > longestRequest)
+        refuse(id, QStringLiteral("A request has at most 65536 bytes"));
+    else if (peer == LocalPeer::open ? isWholeRequest(received) : !received.isEmpty())
+        answer(id, received);
+    else if (peer != LocalPeer::open)
+        drop(id);
+}
+
+void ControlServer::answer(quint64 id, const QByteArray &line)
 {
     if (line.size() > longestRequest)
-        return refuse(socket, QStringLiteral("A request has at most 65536 bytes"));
+        return refuse(id, QStringLiteral("A request has at most 65536 bytes"));
     const auto request = decodedRequest(line);
     if (!request)
-        return refuse(socket, request.error());
-    delete socket->findChild<QTimer *>(QStringLiteral("limit"));
-    socket->setProperty("answered", true);
-    forget(socket);
-    if (request->isFollowing && m_followers.size() >= mostFollowers)
-        return send(socket, controlReply(ExitStatus::notApplicable, QStringLiteral("Too many others follow already")));
-    const bool isFollowing = request->isFollowing;
+        return refuse(id, request.error());
+    Client &client = m_clients.at(id);
+    client.limit->stop();
+    client.received.clear();
+    client.stage = Stage::waiting;
+    if (request->isFollowing && count(Stage::following) >= mostFollowers)
+        return send(id, controlReply(ExitStatus::notApplicable, QStringLiteral("Too many others follow already")));
     m_commands.run(request->command, request->arguments,
-                   [this, client = QPointer(socket), isFollowing](const ControlReply &reply) {
-                       // Whoever asked may be gone by now.
-                       if (!client)
-                           return;
-                       if (!isFollowing || reply.status != ExitStatus::done)
-                           return send(client, reply);
-                       addFollower(client);
-                       client->write(encoded(reply));
+                   [server = QPointer(this), id, isFollowing = request->isFollowing](const ControlReply &reply) {
+                       if (server)
+                           server->deliver(id, reply, isFollowing);
                    });
 }
 
-void ControlServer::addFollower(QLocalSocket *socket)
+void ControlServer::deliver(quint64 id, const ControlReply &reply, bool isFollowing)
 {
-    m_followers.insert(socket);
-    if (m_followers.size() == 1)
+    const auto found = m_clients.find(id);
+    // Whoever asked may be gone by now.
+    if (found == m_clients.end())
+        return;
+    if (!isFollowing || reply.status != ExitStatus::done)
+        return send(id, reply);
+    Client &client = found->second;
+    client.stage = Stage::following;
+    client.connection->write(encoded(reply));
+    if (count(Stage::following) == 1)
         Q_EMIT followedChanged(true);
 }
 
-void ControlServer::removeFollower(QLocalSocket *socket)
+void ControlServer::outOfTime(quint64 id)
 {
-    if (m_followers.erase(socket) > 0 && m_followers.empty())
+    const auto found = m_clients.find(id);
+    if (found != m_clients.end() && found->second.stage == Stage::asking)
+        refuse(id, QStringLiteral("The request took too long"));
+    else
+        drop(id);
+}
+
+void ControlServer::refuse(quint64 id, const QString &reason)
+{
+    m_logger.info(QStringLiteral("Refused a request: ") + reason);
+    send(id, controlReply(ExitStatus::usage, reason));
+}
+
+void ControlServer::send(quint64 id, const ControlReply &reply)
+{
+    Client &client = m_clients.at(id);
+    client.received.clear();
+    client.stage = Stage::leaving;
+    client.connection->write(encoded(reply));
+    if (client.connection->unsentBytes() == 0)
+        return drop(id);
+    // Somebody who never reads the answer does not keep the connection.
+    client.limit->start(m_requestTimeLimit);
+}
+
+void ControlServer::drop(quint64 id)
+{
+    const auto found = m_clients.find(id);
+    if (found == m_clients.end())
+        return;
+    // Taken out first: what goes with it may call back.
+    const auto node = m_clients.extract(found);
+    if (node.mapped().stage == Stage::following && !hasFollowers())
         Q_EMIT followedChanged(false);
 }
 
-void ControlServer::refuse(QLocalSocket *socket, const QString &reason)
+std::size_t ControlServer::count(Stage stage) const
 {
-    m_logger.info(QStringLiteral("Refused a request: ") + reason);
-    socket->setProperty("answered", true);
-    forget(socket);
-    send(socket, controlReply(ExitStatus::usage, reason));
-}
-
-void ControlServer::send(QLocalSocket *socket, const ControlReply &reply)
-{
-    socket->write(encoded(reply));
-    socket->flush();
-    socket->disconnectFromServer();
-    // Somebody who never reads the answer does not keep the connection.
-    if (socket->state() != QLocalSocket::UnconnectedState)
-        QTimer::singleShot(m_requestTimeLimit, socket, [socket] { socket->abort(); });
+    return static_cast<std::size_t>(
+        std::ranges::count(m_clients, stage, [](const auto &entry) { return entry.second.stage; }));
 }
 
 }

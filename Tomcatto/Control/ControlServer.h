@@ -2,19 +2,18 @@
 
 #include "Control/CommandTable.h"
 #include "Foundation/Logger.h"
+#include "Platform/Ports/LocalSockets.h"
 
 #include <chrono>
-#include <deque>
-#include <QtNetwork/QLocalServer>
-#include <QtNetwork/QLocalSocket>
-#include <set>
+#include <map>
+#include <QtCore/QTimer>
 
 namespace tomcatto {
 
 /// Answers requests on the control socket: one line in, one line out, then the connection ends. A request has 64 KiB
 /// and 5 seconds; anything malformed gets one line that says why. The line may lack its end where the request is
-/// whole without. A request that follows keeps its connection and gets a line for each change, and a last one without a
-/// result when the server goes. Main thread only.
+/// whole without or the client stops writing. A request that follows keeps its connection until the client stops
+/// writing and gets a line for each change, and a last one without a result when the server goes. Main thread only.
 class ControlServer final : public QObject
 {
     Q_OBJECT
@@ -29,14 +28,14 @@ public:
     };
 
     /// @param requestTimeLimit how long a client may take to send its request.
-    ControlServer(const CommandTable &commands, QString socketPath,
+    ControlServer(const CommandTable &commands, LocalSockets &sockets, QString socketPath,
                   std::chrono::milliseconds requestTimeLimit = std::chrono::seconds{5}, QObject *parent = nullptr);
     ~ControlServer() override;
 
     /// Opens the socket for the user alone. A file that a crash left is taken over, a live one never is.
     [[nodiscard]] ListenResult listen();
     /// Whether anybody follows.
-    [[nodiscard]] bool hasFollowers() const noexcept { return !m_followers.empty(); }
+    [[nodiscard]] bool hasFollowers() const { return count(Stage::following) > 0; }
     /// Sends a line to everyone who follows.
     void publish(const nlohmann::ordered_json &result);
 
@@ -45,24 +44,44 @@ Q_SIGNALS:
     void followedChanged(bool isFollowed);
 
 private:
-    void acceptConnections();
-    void forget(QLocalSocket *socket);
-    void addFollower(QLocalSocket *socket);
-    void removeFollower(QLocalSocket *socket);
-    void readRequest(QLocalSocket *socket);
-    void readUnfinished(QLocalSocket *socket);
-    void answer(QLocalSocket *socket, const QByteArray &line);
-    void refuse(QLocalSocket *socket, const QString &reason);
-    void send(QLocalSocket *socket, const ControlReply &reply);
+    enum class Stage {
+        /// Has sent no whole request yet.
+        asking,
+        /// Its command has not answered yet.
+        waiting,
+        following,
+        /// Goes when it has read its answer.
+        leaving,
+    };
+    struct Client
+    {
+        std::unique_ptr<LocalConnection> connection;
+        std::unique_ptr<QTimer> limit;
+        Stage stage = Stage::asking;
+        QByteArray received;
+    };
+    /// Clients in the order they came.
+    using Clients = std::map<quint64, Client>;
+
+    void accept(std::unique_ptr<LocalConnection> connection);
+    void readFrom(quint64 id);
+    void readRequest(quint64 id, Client &client, LocalPeer peer);
+    void answer(quint64 id, const QByteArray &line);
+    void deliver(quint64 id, const ControlReply &reply, bool isFollowing);
+    void outOfTime(quint64 id);
+    void refuse(quint64 id, const QString &reason);
+    void send(quint64 id, const ControlReply &reply);
+    void drop(quint64 id);
+    [[nodiscard]] std::size_t count(Stage stage) const;
 
     const CommandTable &m_commands;
+    LocalSockets &m_sockets;
     QString m_socketPath;
     std::chrono::milliseconds m_requestTimeLimit;
-    QLocalServer m_server;
-    std::set<QLocalSocket *> m_followers;
-    // Connections that have sent no whole request yet, oldest first.
-    std::deque<QLocalSocket *> m_waiting;
     Logger m_logger;
+    Clients m_clients;
+    quint64 m_lastId = 0;
+    Cancellable m_listening;
 };
 
 }

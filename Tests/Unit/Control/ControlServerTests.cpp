@@ -1,11 +1,16 @@
 #include "Control/ControlClient.h"
 #include "Control/ControlServer.h"
+#include "Platform/Freedesktop/UnixLocalSockets.h"
 
 #include <gtest/gtest.h>
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
+#include <QtCore/QTimer>
+#include <QtNetwork/QLocalServer>
+#include <QtNetwork/QLocalSocket>
 #include <QtTest/QTest>
+#include <sys/socket.h>
 
 using namespace tomcatto;
 using namespace std::chrono_literals;
@@ -24,11 +29,14 @@ protected:
                      [](const auto &) { return controlReply(ExitStatus::notApplicable, QStringLiteral("not now")); });
     }
     /// Writes bytes to the socket and gives what comes back until the server hangs up.
-    [[nodiscard]] QByteArray exchange(const QByteArray &bytes)
+    [[nodiscard]] QByteArray exchange(const QByteArray &bytes, bool isInputEnded = false)
     {
         QLocalSocket socket;
         socket.connectToServer(path);
         socket.write(bytes);
+        socket.flush();
+        if (isInputEnded)
+            ::shutdown(static_cast<int>(socket.socketDescriptor()), SHUT_WR);
         QByteArray answer;
         EXPECT_TRUE(QTest::qWaitFor([&] {
             answer += socket.readAll();
@@ -40,7 +48,8 @@ protected:
     QTemporaryDir directory;
     QString path = directory.filePath(QStringLiteral("t.sock"));
     CommandTable commands;
-    ControlServer server{commands, path, 3000ms};
+    UnixLocalSockets sockets;
+    ControlServer server{commands, sockets, path, 3000ms};
 };
 
 }
@@ -77,6 +86,18 @@ TEST_F(ControlServerTest, AnswersAndRefusesInOneLine)
         ASSERT_TRUE(reply) << answer.toStdString();
         EXPECT_EQ(static_cast<int>(reply->status), item.status) << item.request.left(50).toStdString();
     }
+}
+
+TEST_F(ControlServerTest, AnswersWhoeverHasStoppedWriting)
+{
+    ASSERT_EQ(server.listen(), ControlServer::ListenResult::listening);
+    commands.addLater(QStringLiteral("later"), [this](const auto &, const CommandTable::Answer &answer) {
+        QTimer::singleShot(100ms, &server, [answer] { answer(ControlReply{}); });
+    });
+    EXPECT_TRUE(exchange("{\"command\":\"echo\"}", true).contains("\"status\":0"));
+    EXPECT_TRUE(exchange("{\"command\":\"later\"}", true).contains("\"status\":0"));
+    EXPECT_TRUE(exchange("{\"comm", true).contains("\"status\":2")) << "at once, not when its time is up";
+    EXPECT_EQ(exchange("", true), "") << "who asks nothing gets nothing";
 }
 
 TEST_F(ControlServerTest, SlowClientsHoldNobodyUp)
@@ -126,16 +147,18 @@ TEST_F(ControlServerTest, TakesOverADeadFileNeverALiveOne)
     }
     ASSERT_TRUE(QFile::exists(path));
     ASSERT_EQ(server.listen(), ControlServer::ListenResult::listening);
-    ControlServer second(commands, path);
+    ControlServer second(commands, sockets, path);
     EXPECT_EQ(second.listen(), ControlServer::ListenResult::taken);
     EXPECT_TRUE(exchange("{\"command\":\"echo\"}\n").contains("\"status\":0")) << "the first goes on";
-    ControlServer nowhere(commands, QStringLiteral("/proc/no/such/place"));
+    ControlServer nowhere(commands, sockets, QStringLiteral("/proc/no/such/place"));
     EXPECT_EQ(nowhere.listen(), ControlServer::ListenResult::failed);
 }
 
 TEST(ControlClient, NobodyThereIsNotRunning)
 {
     const QTemporaryDir directory;
-    const ControlClient client([&directory] { return QStringList{directory.filePath(QStringLiteral("none"))}; });
+    UnixLocalSockets sockets;
+    const ControlClient client(sockets,
+                               [&directory] { return QStringList{directory.filePath(QStringLiteral("none"))}; });
     EXPECT_EQ(client.send({QStringLiteral("status"), {}, false}).status, ExitStatus::notRunning);
 }
