@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 #include <QtCore/QFile>
@@ -75,12 +76,20 @@ int listeningSocket(const QByteArray &path)
 {
     constexpr mode_t ownerOnly = 0600;
     constexpr int longestQueue = 256;
+    // It gets its name when it listens, so that whoever sees the file is let in. Addresses may not be long.
+    const QByteArray unready = path.left(path.lastIndexOf('/') + 1) + ".new-" + QByteArray::number(::getpid());
+    ::unlink(unready.constData());
     OwnedSocket socket;
     // The file gets the mode that the socket has when it is bound, so it never lies there open to others.
-    const bool isListening = socket.descriptor() >= 0 && ::fchmod(socket.descriptor(), ownerOnly) == 0 &&
-                             socket.stopWaiting() && withAddress(path, socket.descriptor(), ::bind) &&
-                             ::listen(socket.descriptor(), longestQueue) == 0;
-    return isListening ? socket.release() : -1;
+    if (socket.descriptor() < 0 || ::fchmod(socket.descriptor(), ownerOnly) != 0 || !socket.stopWaiting() ||
+        !withAddress(unready, socket.descriptor(), ::bind))
+        return -1;
+    if (::listen(socket.descriptor(), longestQueue) == 0 && ::rename(unready.constData(), path.constData()) == 0)
+        return socket.release();
+    const int error = errno;
+    ::unlink(unready.constData());
+    errno = error;
+    return -1;
 }
 
 bool setSendTimeLimit(int descriptor, std::chrono::milliseconds limit)
@@ -95,19 +104,16 @@ bool setSendTimeLimit(int descriptor, std::chrono::milliseconds limit)
 std::expected<Cancellable, ListenError> UnixLocalSockets::listen(const QString &address, ConnectionHandler handler)
 {
     const QByteArray path = QFile::encodeName(address);
-    // Binding fails where a file lies, and a file says nothing about who lives behind it.
-    if (fileStatus(path, SymbolicLinks::keep)) {
-        const int error = connectError(path);
-        // A listener with a full queue makes others wait: it lives.
-        if (error == 0 || error == EAGAIN)
-            return std::unexpected(ListenError::taken);
-        // After any other error it is not sure that nobody does.
-        if (error == ECONNREFUSED || error == ENOENT)
-            ::unlink(path.constData());
-    }
-    const int descriptor = listeningSocket(path);
+    // A file says nothing about who lives behind it.
+    const int found = fileStatus(path, SymbolicLinks::keep) ? connectError(path) : ENOENT;
+    // A listener with a full queue makes others wait: it lives.
+    if (found == 0 || found == EAGAIN)
+        return std::unexpected(ListenError::taken);
+    // After any error but these it is not sure that nobody does, so the file is left alone.
+    const bool isFree = found == ECONNREFUSED || found == ENOENT;
+    const int descriptor = isFree ? listeningSocket(path) : -1;
     if (descriptor < 0) {
-        const QString reason = QString::fromLocal8Bit(std::strerror(errno));
+        const QString reason = QString::fromLocal8Bit(std::strerror(isFree ? errno : found));
         Logger(QStringLiteral("UnixLocalSockets"))
             .error(QStringLiteral("the socket %1 cannot be opened: %2").arg(address, reason));
         return std::unexpected(ListenError::failed);
