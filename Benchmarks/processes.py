@@ -80,7 +80,7 @@ def main():
             for line in measurement(options.build, yardstick):
                 print(f"{line['what']}: {line['measured']}", file=sys.stderr, flush=True)
                 rows.append(line)
-        except SystemExit as failure:
+        except (SystemExit, OSError) as failure:
             print(failure, file=sys.stderr, flush=True)
             has_failed = True
         options.output.write_text(json.dumps(rows, indent=1, ensure_ascii=False) + "\n")
