@@ -5,6 +5,7 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <poll.h>
 #include <QtCore/QPointer>
 #include <QtCore/QSocketNotifier>
 #include <sys/ioctl.h>
@@ -89,6 +90,12 @@ bool UnixTerminal::isForeground() const
     return ::tcgetpgrp(m_input) == ::getpgrp();
 }
 
+bool UnixTerminal::hasInput() const
+{
+    pollfd input{.fd = m_input, .events = POLLIN, .revents = 0};
+    return ::poll(&input, 1, 0) > 0;
+}
+
 int UnixTerminal::columns() const
 {
     constexpr int usualColumns = 80;
@@ -153,6 +160,9 @@ void UnixTerminal::readInput()
         m_isInKeyMode = false;
         return;
     }
+    // The shell may have taken what woke this process and handed over the terminal since; reading would wait for more.
+    if (!hasInput())
+        return;
     std::array<char, 256> bytes{};
     const auto size = ::read(m_input, bytes.data(), bytes.size());
     if (size < 0 && (errno == EINTR || errno == EAGAIN))

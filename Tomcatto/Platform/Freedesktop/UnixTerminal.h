@@ -34,6 +34,7 @@ public:
 
 private:
     [[nodiscard]] bool isForeground() const;
+    [[nodiscard]] bool hasInput() const;
     void enterKeyMode();
     void leaveKeyMode();
     void readInput();
