@@ -48,8 +48,12 @@ class CommandLineTest(unittest.TestCase):
         self.expect(0, "start")
         self.expect(1, "start")
         self.tomcatto.wait_for(lambda: len(self.tomcatto.records()) >= 4)
-        self.assertEqual(self.tomcatto.records()[:4], [("work", 2, 2, 0, 1, 0), ("shortBreak", 1, 1, 0, 1, 0),
-                                                       ("work", 2, 2, 1, 1, 0), ("longBreak", 1, 1, 1, 1, 0)])
+        records = self.tomcatto.records()[:4]
+        self.assertEqual([(phase, planned, *rest) for phase, planned, _, *rest in records],
+                         [("work", 2, 0, 1, 0), ("shortBreak", 1, 0, 1, 0),
+                          ("work", 2, 1, 1, 0), ("longBreak", 1, 1, 1, 0)])
+        # A busy machine ticks late; never may a whole phase come out shorter than it was planned.
+        self.assertGreaterEqual(min(actual - planned for _, planned, actual, *_ in records), 0, records)
         self.expect(0, "quit")
         self.assertEqual(self.tomcatto.process.wait(timeout=10), 0)
         lines = [json.loads(line) for line in (first + follower.communicate(timeout=10)[0]).splitlines()]

@@ -32,7 +32,7 @@ AppDependencies::AppDependencies(const PlatformServices &services)
     , userVideoRepository(coreDataStack, platform.wallClock, platform.identifiers, platform.bookmarks,
                           platform.stillFrame)
     , inFlightStore(platform.defaults)
-    , session(stateMachine, settings, sessionRepository, inFlightStore,
+    , session(stateMachine, timer, settings, sessionRepository, inFlightStore,
               {platform.monotonicClock, platform.wallClock, platform.runLoop, platform.identifiers})
     , bundledVideoProvider(platform.bundledVideosDirectory)
     , movedVideoSearch(userVideoRepository, platform.bookmarks)

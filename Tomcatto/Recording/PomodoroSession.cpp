@@ -12,11 +12,12 @@ constexpr std::chrono::seconds heartbeatInterval{60};
 
 }
 
-PomodoroSession::PomodoroSession(PomodoroStateMachine &stateMachine, const PomodoroSettings &settings,
-                                 SessionRecordWriter &sessionRepository, InFlightSessionStore &inFlightStore,
-                                 const Surroundings &surroundings, QObject *parent)
+PomodoroSession::PomodoroSession(PomodoroStateMachine &stateMachine, const PomodoroTimer &timer,
+                                 const PomodoroSettings &settings, SessionRecordWriter &sessionRepository,
+                                 InFlightSessionStore &inFlightStore, const Surroundings &surroundings, QObject *parent)
     : QObject(parent)
     , m_stateMachine(stateMachine)
+    , m_timer(timer)
     , m_settings(settings)
     , m_sessionRepository(sessionRepository)
     , m_inFlightStore(inFlightStore)
@@ -93,7 +94,7 @@ std::optional<PomodoroSessionInsertRequest> PomodoroSession::endedPhase(const Ph
 void PomodoroSession::beginBooks(const PhaseTransition &transition)
 {
     const Date now = m_surroundings.wallClock.now();
-    const quint64 nanoseconds = m_surroundings.clock.nowNanoseconds();
+    const quint64 nanoseconds = runningSince();
     const qint64 plan = m_stateMachine.currentPlannedSeconds();
     m_inFlightStartedAt = now;
     m_inFlightStartedNanoseconds = nanoseconds;
@@ -126,7 +127,7 @@ void PomodoroSession::handlePause(bool isPaused)
 {
     if (!keepsBooksOnCurrentPhase())
         return;
-    const quint64 nanoseconds = m_surroundings.clock.nowNanoseconds();
+    const quint64 nanoseconds = isPaused ? m_surroundings.clock.nowNanoseconds() : runningSince();
     if (isPaused) {
         m_inFlightPausedSinceNanoseconds = nanoseconds;
         m_inFlightMarker.pausedAt = m_surroundings.wallClock.now();
@@ -182,6 +183,14 @@ void PomodoroSession::updateHeartbeat()
 bool PomodoroSession::keepsBooksOnCurrentPhase() const
 {
     return m_inFlightPhase != PomodoroPhase::idle && m_inFlightPhase == m_stateMachine.currentPhase();
+}
+
+/// The books begin with the reading the deadline counts from. A later one would miss what other observers took since
+/// then, and a whole phase would come out a second short of its plan.
+quint64 PomodoroSession::runningSince() const
+{
+    const auto since = m_timer.runningSinceNanoseconds();
+    return since ? *since : m_surroundings.clock.nowNanoseconds();
 }
 
 }

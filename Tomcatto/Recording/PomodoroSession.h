@@ -24,7 +24,7 @@ public:
         IdentifierSource &identifiers;
     };
 
-    PomodoroSession(PomodoroStateMachine &stateMachine, const PomodoroSettings &settings,
+    PomodoroSession(PomodoroStateMachine &stateMachine, const PomodoroTimer &timer, const PomodoroSettings &settings,
                     SessionRecordWriter &sessionRepository, InFlightSessionStore &inFlightStore,
                     const Surroundings &surroundings, QObject *parent = nullptr);
 
@@ -45,8 +45,10 @@ private:
     void saveMarker();
     void updateHeartbeat();
     [[nodiscard]] bool keepsBooksOnCurrentPhase() const;
+    [[nodiscard]] quint64 runningSince() const;
 
     PomodoroStateMachine &m_stateMachine;
+    const PomodoroTimer &m_timer;
     const PomodoroSettings &m_settings;
     SessionRecordWriter &m_sessionRepository;
     InFlightSessionStore &m_inFlightStore;

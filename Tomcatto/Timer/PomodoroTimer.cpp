@@ -30,10 +30,8 @@ void PomodoroTimer::start(qint64 plannedSeconds, bool allowsOverflow)
     m_pausedRemainingSeconds.reset();
     m_hasExpired = planned < 1;
     m_allowsOverflow = allowsOverflow;
-    if (planned >= 1) {
-        m_deadlineNanoseconds = deadlineAfter(m_clock.nowNanoseconds(), planned);
-        startTicking();
-    }
+    if (planned >= 1)
+        run(planned);
     publish(planned);
     if (planned < 1)
         Q_EMIT expired();
@@ -55,8 +53,7 @@ void PomodoroTimer::resume()
     if (!canResume())
         return;
     const qint64 remainder = std::exchange(m_pausedRemainingSeconds, std::nullopt).value_or(0);
-    m_deadlineNanoseconds = deadlineAfter(m_clock.nowNanoseconds(), remainder);
-    startTicking();
+    run(remainder);
     publish(remainder);
 }
 
@@ -93,6 +90,13 @@ qint64 PomodoroTimer::currentRemainder() const noexcept
     return signedRemainder(m_clock.nowNanoseconds(), *m_deadlineNanoseconds, m_allowsOverflow);
 }
 
+void PomodoroTimer::run(qint64 remainder)
+{
+    m_runningSinceNanoseconds = m_clock.nowNanoseconds();
+    m_deadlineNanoseconds = deadlineAfter(m_runningSinceNanoseconds, remainder);
+    m_tickCancellable = m_runLoop.every(std::chrono::seconds{1}, [this] { tick(); });
+}
+
 void PomodoroTimer::publish(qint64 remainder)
 {
     const qint64 remaining = std::max<qint64>(remainder, 0);
@@ -105,11 +109,6 @@ void PomodoroTimer::publish(qint64 remainder)
         Q_EMIT remainingSecondsChanged(remaining);
     if (overflowDiffers)
         Q_EMIT overflowSecondsChanged(overflow);
-}
-
-void PomodoroTimer::startTicking()
-{
-    m_tickCancellable = m_runLoop.every(std::chrono::seconds{1}, [this] { tick(); });
 }
 
 void PomodoroTimer::tick()

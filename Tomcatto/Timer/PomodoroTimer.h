@@ -24,6 +24,12 @@ public:
     [[nodiscard]] qint64 overflowSeconds() const noexcept { return m_overflowSeconds; }
     /// Whether a deadline stands: neither paused nor stopped, and not expired unless it may overflow.
     [[nodiscard]] bool isRunning() const noexcept { return m_deadlineNanoseconds.has_value(); }
+    /// The reading of the monotonic clock, in nanoseconds, that the standing deadline was first counted from: the last
+    /// start or resume. Absent without a deadline.
+    [[nodiscard]] std::optional<quint64> runningSinceNanoseconds() const noexcept
+    {
+        return m_deadlineNanoseconds ? std::optional(m_runningSinceNanoseconds) : std::nullopt;
+    }
     /// Whether the phase may count on past zero.
     [[nodiscard]] bool allowsOverflow() const noexcept { return m_allowsOverflow; }
     /// Whether `resume` would start the clock again.
@@ -52,8 +58,8 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] qint64 currentRemainder() const noexcept;
+    void run(qint64 remainder);
     void publish(qint64 remainder);
-    void startTicking();
     void tick();
 
     qint64 m_remainingSeconds = 0;
@@ -62,6 +68,7 @@ private:
     MainRunLoop &m_runLoop;
     Cancellable m_tickCancellable;
     std::optional<quint64> m_deadlineNanoseconds;
+    quint64 m_runningSinceNanoseconds = 0;
     std::optional<qint64> m_pausedRemainingSeconds;
     bool m_allowsOverflow = false;
     bool m_hasExpired = false;

@@ -21,7 +21,7 @@ protected:
 
     RecordingWriter writer;
     InFlightSessionStore store{defaults};
-    PomodoroSession session{machine, settings, writer, store, {clock, wallClock, runLoop, identifiers}};
+    PomodoroSession session{machine, timer, settings, writer, store, {clock, wallClock, runLoop, identifiers}};
 };
 
 }
@@ -128,6 +128,17 @@ TEST_F(PomodoroSessionTest, WaitingIsNeverActiveTime)
     EXPECT_FALSE(marker().pausedAt);
     pass(30s);
     EXPECT_EQ(writer.requests.back().actualDurationSeconds, 30);
+}
+
+TEST_F(PomodoroSessionTest, SlowObserversTakeNothingFromAPhase)
+{
+    // Views draw between the start of the timer and the recorder's turn.
+    const auto drawing = QObject::connect(&timer, &PomodoroTimer::remainingSecondsChanged, [this] { pass(40ms); });
+    machine.start();
+    QObject::disconnect(drawing);
+    pass(100s - 40ms);
+    ASSERT_EQ(writer.requests.size(), 1U);
+    EXPECT_EQ(writer.requests.front().actualDurationSeconds, 100);
 }
 
 TEST_F(PomodoroSessionTest, MarkerFollowsThePhase)

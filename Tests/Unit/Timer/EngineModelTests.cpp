@@ -161,7 +161,7 @@ private:
     ManualPower power;
     RecordingWriter writer;
     InFlightSessionStore store{defaults};
-    PomodoroSession session{machine, settings, writer, store, {clock, wallClock, runLoop, identifiers}};
+    PomodoroSession session{machine, timer, settings, writer, store, {clock, wallClock, runLoop, identifiers}};
     SleepWakeObserver observer{power, clock};
     SleepWakeCoordinator coordinator{machine, timer, observer};
     std::chrono::milliseconds m_unpaused{0};
