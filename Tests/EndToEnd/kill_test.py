@@ -51,13 +51,18 @@ class KillTest(unittest.TestCase):
             self.assertEqual(store.execute("pragma integrity_check").fetchone()[0], "ok")
         left = tomcatto.records("id, startedAt, endedAt, phase")[before:]
         self.assertTrue(all(row[1] >= before_start - 0.1 for row in left))
-        # Whatever ended more than a second before the kill is there: the phases follow each other without a gap.
-        starts = [row[1] for row in left] + ([marker["startedAt"]] if marker else [])
-        for row, following in zip(left, starts[1:]):
-            self.assertLess(abs(following - row[2]), 0.5, "a phase is missing in between")
+        # The phases follow each other without a gap, up to the marked one: killed between a record and the next marker,
+        # the program leaves the marker of a phase that is recorded.
+        starts = [row[1] for row in left]
+        if marker and marker["startedAt"] in starts:
+            self.assertEqual(marker["startedAt"], starts[-1], "the marker of an earlier phase")
+            marker = None
+        for row, following in zip(left, starts[1:] + ([marker["startedAt"]] if marker else [])):
+            self.assertLess(abs(following - row[2]), 0.1, "a phase is missing in between")
         last_known = marker["startedAt"] if marker else (left[-1][2] if left else killed)
         plan = marker["plannedDurationSeconds"] if marker and "pausedAt" not in marker else 10_000
-        self.assertGreater(last_known + plan + 1.0 + 0.5, killed, "a phase that ended is missing")
+        # The next tick ends a phase; a busy machine takes its time with both.
+        self.assertGreater(last_known + plan + 2.0, killed, "a phase that ended is missing")
 
         restarted = time.time()
         tomcatto.start(*ARGUMENTS)

@@ -4,6 +4,8 @@
 #include "Recording/InFlightSessionRecovery.h"
 #include "Timer/TimerArithmetic.h"
 
+#include <QtCore/QPointer>
+
 namespace tomcatto {
 
 namespace {
@@ -46,7 +48,7 @@ void PomodoroSession::recover()
     const auto request = recoveredRequest(*marker, m_surroundings.wallClock.now(), m_surroundings.wallClock.calendar(),
                                           m_surroundings.identifiers.next());
     if (request)
-        m_sessionRepository.insert(*request, InsertMode::asynchronous);
+        m_sessionRepository.insertRecovered(*request);
 }
 
 void PomodoroSession::recordTermination()
@@ -57,14 +59,23 @@ void PomodoroSession::recordTermination()
 void PomodoroSession::handleTransition(const PhaseTransition &transition)
 {
     const auto ended = transition.previous == PomodoroPhase::idle ? std::nullopt : endedPhase(transition);
+    const quint64 record = ended ? ++m_lastRecord : m_lastRecord;
     beginBooks(transition);
     if (!ended)
         return;
     const InsertMode mode =
         transition.reason == PhaseExitReason::terminated ? InsertMode::synchronous : InsertMode::asynchronous;
-    // The next marker reaches the disk before the record does: a crash in between loses an instant's phase at worst,
-    // but never records one twice.
-    m_sessionRepository.insert(*ended, mode, [&store = m_inFlightStore] { store.synchronize(); });
+    m_sessionRepository.insert(*ended, mode, [recorder = QPointer(this), record] {
+        if (recorder)
+            recorder->recordWritten(record);
+    });
+}
+
+void PomodoroSession::recordWritten(quint64 record)
+{
+    // The last one of the process overtakes those whose turn of the main loop does not come any more.
+    m_lastWrittenRecord = std::max(m_lastWrittenRecord, record);
+    saveMarker();
 }
 
 std::optional<PomodoroSessionInsertRequest> PomodoroSession::endedPhase(const PhaseTransition &transition) const
@@ -105,7 +116,7 @@ void PomodoroSession::beginBooks(const PhaseTransition &transition)
     m_inFlightCycleIndex = transition.cycleIndex;
     if (transition.current == PomodoroPhase::idle) {
         m_inFlightStartedAt.reset();
-        m_inFlightStore.clear();
+        saveMarker();
         updateHeartbeat();
         return;
     }
@@ -166,9 +177,16 @@ void PomodoroSession::heartbeat()
     saveMarker();
 }
 
+/// The marker of a phase that ended stays until its record is written, so that a crash in between loses nothing; that
+/// nothing is then recorded twice is the recovery's care.
 void PomodoroSession::saveMarker()
 {
-    m_inFlightStore.save(m_inFlightMarker);
+    if (m_lastWrittenRecord != m_lastRecord)
+        return;
+    if (m_inFlightPhase == PomodoroPhase::idle)
+        m_inFlightStore.clear();
+    else
+        m_inFlightStore.save(m_inFlightMarker);
 }
 
 void PomodoroSession::updateHeartbeat()

@@ -42,6 +42,7 @@ private:
     void handlePlan(qint64 plannedSeconds);
     void handleOverflow();
     void heartbeat();
+    void recordWritten(quint64 record);
     void saveMarker();
     void updateHeartbeat();
     [[nodiscard]] bool keepsBooksOnCurrentPhase() const;
@@ -62,6 +63,9 @@ private:
     qint64 m_inFlightPlannedDurationSeconds = 0;
     qint64 m_inFlightCycleIndex = 0;
     InFlightSessionMarker m_inFlightMarker;
+    // Records are numbered from 1 as they are handed over.
+    quint64 m_lastRecord = 0;
+    quint64 m_lastWrittenRecord = 0;
     Cancellable m_heartbeat;
     const Logger m_logger{QStringLiteral("PomodoroSession")};
 };

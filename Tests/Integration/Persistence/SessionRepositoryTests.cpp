@@ -110,20 +110,33 @@ TEST_F(SessionRepositoryTests, writesInTheOrderHandedOverAndAnnouncesOnTheMainTh
     QThread *signalThread = nullptr;
     QObject::connect(m_repository.get(), &SessionRepository::didSave, &m_stack,
                      [&signalThread] { signalThread = QThread::currentThread(); });
-    std::thread::id writer;
-    m_repository->insert(request(1), InsertMode::asynchronous, [&] {
-        gate.acquire();
-        writer = std::this_thread::get_id();
-    });
+    QThread *afterwardsThread = nullptr;
+    m_stack.newBackgroundContext().perform([&gate](ManagedObjectContext &) { gate.acquire(); });
+    m_repository->insert(request(1), InsertMode::asynchronous,
+                         [&afterwardsThread] { afterwardsThread = QThread::currentThread(); });
     m_repository->insert(request(2), InsertMode::asynchronous);
     EXPECT_EQ(m_repository->completedWorkCount(), 0) << "nothing is written before its moment";
     gate.release();
     insert(request(3));
     EXPECT_EQ(readRaw("SELECT group_concat(startedAt) FROM PomodoroSessionRecord ORDER BY rowid"), "1.0,2.0,3.0");
-    EXPECT_NE(writer, std::this_thread::get_id());
     EXPECT_EQ(signalThread, nullptr);
+    EXPECT_EQ(afterwardsThread, nullptr);
     QCoreApplication::processEvents();
     EXPECT_EQ(signalThread, QThread::currentThread());
+    EXPECT_EQ(afterwardsThread, QThread::currentThread());
+}
+
+TEST_F(SessionRepositoryTests, recoversAPhaseOnlyWhereItsRecordIsMissing)
+{
+    insert(request(1));
+    auto other = request(1);
+    other.phase = PomodoroPhase::longBreak;
+    for (const auto &recovered : {request(1), request(2), other, request(2)})
+        m_repository->insertRecovered(recovered);
+    m_stack.save();
+    EXPECT_EQ(
+        readRaw("SELECT group_concat(phase || startedAt) FROM (SELECT * FROM PomodoroSessionRecord ORDER BY rowid)"),
+        "work1.0,work2.0,longBreak1.0");
 }
 
 TEST_F(SessionRepositoryTests, writesNothingOnceItIsGone)

@@ -8,6 +8,12 @@ inline constexpr const char *insert =
     "INSERT INTO PomodoroSessionRecord (id, phase, startedAt, endedAt, plannedDurationSeconds, actualDurationSeconds,"
     " cycleIndex, wasCompleted, wasSkipped) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9)";
 
+/// The same, unless a record of the phase with that start is there.
+inline constexpr const char *insertRecovered =
+    "INSERT INTO PomodoroSessionRecord (id, phase, startedAt, endedAt, plannedDurationSeconds, actualDurationSeconds,"
+    " cycleIndex, wasCompleted, wasSkipped) SELECT ?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9"
+    " WHERE NOT EXISTS (SELECT 1 FROM PomodoroSessionRecord WHERE phase = ?2 AND startedAt = ?3)";
+
 /// ?1 start, ?2 end, ?3 limit, −1 for none.
 inline constexpr const char *inInterval =
     "SELECT id, phase, startedAt, endedAt, plannedDurationSeconds, actualDurationSeconds, cycleIndex, wasCompleted,"

@@ -21,10 +21,13 @@ public:
     virtual ~SessionRecordWriter() = default;
 
     /// Writes one record. A value that does not fit its column is fatal; a failed write is logged and not passed on.
-    /// @param beforeWrite runs on the writing thread just before the record is written; the recorder waits there until
-    /// the next phase's marker is on disk, so that a crash in between never records one phase twice. May be empty.
+    /// @param afterWrite runs on the main thread once the record is on disk or its writing has failed: before a
+    /// synchronous call returns, from the main loop after an asynchronous one. May be empty.
     virtual void insert(const PomodoroSessionInsertRequest &request, InsertMode mode,
-                        std::function<void()> beforeWrite = {}) = 0;
+                        std::function<void()> afterWrite = {}) = 0;
+    /// Writes, asynchronously, the record of a phase that an earlier run left behind, unless that run has still written
+    /// one: a record of the same phase with the same start. Failures are those of `insert`.
+    virtual void insertRecovered(const PomodoroSessionInsertRequest &request) = 0;
 };
 
 }

@@ -54,6 +54,12 @@ void logFailure(const Logger &logger, const QString &text, const StoreResult<voi
         logger.error(text + saved.error().description());
 }
 
+void writeSession(ManagedObjectContext &context, const char *sql, const std::vector<StoreValue> &values,
+                  const Logger &logger)
+{
+    logFailure(logger, QStringLiteral("Failed to insert session: "), write(context, sql, values, HistoryChange::added));
+}
+
 }
 
 SessionRepository::SessionRepository(CoreDataStack &stack, const WallClock &clock, QObject *parent)
@@ -69,23 +75,38 @@ SessionRepository::SessionRepository(CoreDataStack &stack, const WallClock &cloc
 SessionRepository::~SessionRepository() = default;
 
 void SessionRepository::insert(const PomodoroSessionInsertRequest &request, InsertMode mode,
-                               std::function<void()> beforeWrite)
+                               std::function<void()> afterWrite)
 {
-    auto block = [values = insertValues(request), beforeWrite = std::move(beforeWrite),
-                  logger = m_logger](ManagedObjectContext &context) {
-        if (beforeWrite)
-            beforeWrite();
-        logFailure(logger, QStringLiteral("Failed to insert session: "),
-                   write(context, sessionQueries::insert, values, HistoryChange::added));
+    const auto write = [values = insertValues(request), logger = m_logger](ManagedObjectContext &context) {
+        writeSession(context, sessionQueries::insert, values, logger);
     };
     switch (mode) {
     case InsertMode::asynchronous:
-        performWhileAlive(std::move(block));
+        performWhileAlive([write, &stack = m_stack, life = std::weak_ptr(m_life),
+                           afterWrite = std::move(afterWrite)](ManagedObjectContext &context) {
+            write(context);
+            if (!afterWrite)
+                return;
+            const auto call = [life, afterWrite] {
+                if (!life.expired())
+                    afterWrite();
+            };
+            QMetaObject::invokeMethod(&stack, call, Qt::QueuedConnection);
+        });
         break;
     case InsertMode::synchronous:
-        m_stack.newBackgroundContext().performAndWait(block);
+        m_stack.newBackgroundContext().performAndWait(write);
+        if (afterWrite)
+            afterWrite();
         break;
     }
+}
+
+void SessionRepository::insertRecovered(const PomodoroSessionInsertRequest &request)
+{
+    performWhileAlive([values = insertValues(request), logger = m_logger](ManagedObjectContext &context) {
+        writeSession(context, sessionQueries::insertRecovered, values, logger);
+    });
 }
 
 void SessionRepository::prune(qint64 olderThanDays)

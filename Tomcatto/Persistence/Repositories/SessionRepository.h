@@ -25,7 +25,8 @@ public:
     ~SessionRepository() override;
 
     void insert(const PomodoroSessionInsertRequest &request, InsertMode mode,
-                std::function<void()> beforeWrite = {}) override;
+                std::function<void()> afterWrite = {}) override;
+    void insertRecovered(const PomodoroSessionInsertRequest &request) override;
 
     /// The phases that started in the interval, newest first.
     /// @param limit how many at most; nothing, and a number below 1, for all
