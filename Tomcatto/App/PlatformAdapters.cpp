@@ -1,5 +1,7 @@
 #include "App/PlatformAdapters.h"
 
+#include "Platform/Freedesktop/ProcessMemory.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -7,6 +9,9 @@
 namespace tomcatto {
 
 namespace {
+
+/// After which a start is over, with the answers of buses and trays.
+constexpr std::chrono::seconds startTime{3};
 
 /// Beside the program as it is built, else where an installation keeps shared files.
 QString bundledVideosDirectory()
@@ -31,6 +36,7 @@ PlatformAdapters::PlatformAdapters(const ApplicationDirectories &directories,
     , m_workspacePower(QDBusConnection::systemBus())
     , m_bookmarks(QDir::homePath())
     , m_stillFrame(LoadedStillFrame::pluginPath(QCoreApplication::applicationDirPath()))
+    , m_startOver(m_runLoop.after(startTime, giveBackUnusedMemory))
 {
 }
 

@@ -37,6 +37,7 @@ private:
     LogindWorkspacePower m_workspacePower;
     FileBookmarks m_bookmarks;
     LoadedStillFrame m_stillFrame;
+    Cancellable m_startOver;
 };
 
 }

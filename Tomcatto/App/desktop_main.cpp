@@ -1,8 +1,8 @@
 #include "App/DesktopApplication.h"
 #include "App/TerminalApplication.h"
 #include "Foundation/ApplicationIdentity.h"
-#include "Platform/Freedesktop/AllocatorArena.h"
 #include "Platform/Freedesktop/DisplayProbe.h"
+#include "Platform/Freedesktop/ProcessMemory.h"
 #include "Platform/Freedesktop/StandardDescriptors.h"
 #include "Platform/X11/DisplayAccess.h"
 

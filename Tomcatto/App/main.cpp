@@ -1,7 +1,7 @@
 #include "App/TerminalApplication.h"
 #include "Foundation/ApplicationIdentity.h"
-#include "Platform/Freedesktop/AllocatorArena.h"
 #include "Platform/Freedesktop/DisplayProbe.h"
+#include "Platform/Freedesktop/ProcessMemory.h"
 #include "Platform/Freedesktop/ProcessReplacement.h"
 #include "Platform/Freedesktop/StandardDescriptors.h"
 

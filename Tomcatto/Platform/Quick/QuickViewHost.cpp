@@ -1,6 +1,7 @@
 #include "Platform/Quick/QuickViewHost.h"
 
-#include <malloc.h>
+#include "Platform/Freedesktop/ProcessMemory.h"
+
 #include <QtQml/QQmlComponent>
 #include <QtQml/QQmlEngine>
 #include <QtQml/QQmlError>
@@ -117,8 +118,8 @@ void QuickViewHost::releaseEngine()
 {
     m_engine.reset();
     m_logger.debug(QStringLiteral("no views are left, their engine is let go"));
-    // The allocator keeps freed pages to itself; the application now stays hidden for long, as a rule.
-    ::malloc_trim(0);
+    // As a rule the application now stays hidden for long.
+    giveBackUnusedMemory();
 }
 
 }
