@@ -38,7 +38,7 @@ class Desktop(Tomcatto):
 
     def tool(self, *arguments):
         return subprocess.run(["xdotool", *arguments], env=self.outside, capture_output=True, text=True,
-                              check=False, timeout=30).stdout.split()
+                              check=False, timeout=60).stdout.split()
 
     def windows(self, name):
         return self.tool("search", "--onlyvisible", "--name", name)
@@ -127,7 +127,7 @@ class DesktopTest(unittest.TestCase):
                 time.sleep(1.5)
                 if end is None:
                     self.assertEqual(desktop.run("quit").returncode, 0)
-                self.assertEqual(desktop.end(end) if end else desktop.process.wait(timeout=30), 0, desktop.output())
+                self.assertEqual(desktop.end(end) if end else desktop.process.wait(timeout=60), 0, desktop.output())
                 self.assertEqual(desktop.records("phase, wasCompleted")[-1], (recorded, 0))
         self.assertNotIn("TypeError", desktop.output())
 

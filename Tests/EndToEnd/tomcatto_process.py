@@ -48,14 +48,14 @@ class Tomcatto:
             self.wait_for(lambda: self.run("status").returncode == 0)
         return self.process
 
-    def wait_for(self, condition, seconds=20):
+    def wait_for(self, condition, seconds=60):
         deadline = time.monotonic() + seconds
         while not condition():
             if time.monotonic() > deadline:
                 raise AssertionError("it did not happen in time; the program printed:\n" + self.output())
             time.sleep(0.02)
 
-    def run(self, *arguments, timeout=30):
+    def run(self, *arguments, timeout=60):
         return subprocess.run([PROGRAM, *arguments], env=self.environment, stdin=subprocess.DEVNULL,
                               capture_output=True, text=True, timeout=timeout, check=False)
 
@@ -64,7 +64,7 @@ class Tomcatto:
 
     def end(self, with_signal=signal.SIGTERM):
         self.process.send_signal(with_signal)
-        return self.process.wait(timeout=30)
+        return self.process.wait(timeout=60)
 
     def output(self):
         with open(self.output_path, encoding="utf-8", errors="replace") as output:

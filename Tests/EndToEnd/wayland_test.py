@@ -61,7 +61,7 @@ class WaylandTest(unittest.TestCase):
         desktop.wait_for(lambda: len(set(desktop.said(covered))) == 2)
         desktop.wait_for(lambda: desktop.press("Escape") or desktop.status()["phase"] == "work")
         self.assertEqual(desktop.run("quit").returncode, 0)
-        self.assertEqual(desktop.process.wait(timeout=30), 0, desktop.output()[-2000:])
+        self.assertEqual(desktop.process.wait(timeout=60), 0, desktop.output()[-2000:])
         self.assertEqual([row[0] for row in desktop.records()], ["work", "shortBreak", "work"])
         self.assertNotIn("TypeError", desktop.output())
 
@@ -72,7 +72,7 @@ class WaylandTest(unittest.TestCase):
                 desktop.start("-hasCompletedOnboarding", "true", "--ui-test")
                 self.assertEqual(desktop.run("start").returncode, 0)
                 getattr(desktop, server).kill()
-                self.assertEqual(desktop.process.wait(timeout=30), 0, desktop.output())
+                self.assertEqual(desktop.process.wait(timeout=60), 0, desktop.output())
                 self.assertIn("the display is gone", desktop.output())
                 self.assertEqual([row[0] for row in desktop.records()], ["work"])
                 self.assertNotIn("inFlightSession", desktop.defaults())

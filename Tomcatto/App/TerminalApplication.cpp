@@ -62,7 +62,7 @@ int TerminalApplication::runHoldingLock()
 {
     UnixProcessSignals processSignals;
     UnixTerminal terminal(processSignals);
-    if (!terminal.isInteractive() || !standardErrorIsTerminal())
+    if (!terminal.isTerminal() || !standardErrorIsTerminal())
         m_program.log().setStandardErrorLevel(LogLevel::debug);
 
     PlatformAdapters adapters(m_program.directories(), m_invocation.argumentDomain);

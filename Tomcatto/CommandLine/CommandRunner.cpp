@@ -37,7 +37,9 @@ bool isMissing(const QString &path)
 QString onOneLine(QString name)
 {
     for (QChar &character : name) {
-        if (character.category() == QChar::Other_Control)
+        const QChar::Category category = character.category();
+        if (category == QChar::Other_Control || category == QChar::Separator_Line ||
+            category == QChar::Separator_Paragraph)
             character = QLatin1Char('?');
     }
     return name;
@@ -159,6 +161,8 @@ ExitStatus CommandRunner::listVideos() const
     CoreDataStack stack(support);
     UserVideoRepository repository(stack, m_surroundings.wallClock, m_surroundings.identifiers,
                                    m_surroundings.bookmarks, m_surroundings.stillFrame);
+    bool hasFailed = false;
+    QObject::connect(&repository, &UserVideoRepository::fetchFailed, &repository, [&hasFailed] { hasFailed = true; });
     const UserVideoCommands videos(repository, m_surroundings.stillFrame);
     QStringList lines;
     for (const UserVideoListing &line : videos.list()) {
@@ -169,6 +173,8 @@ ExitStatus CommandRunner::listVideos() const
                              onOneLine(video.displayName), place}
                      .join(QLatin1Char('\t'));
     }
+    if (hasFailed)
+        return report(controlReply(ExitStatus::failed, QStringLiteral("The videos cannot be read; the log says why.")));
     return lines.isEmpty() ? ExitStatus::done : print(lines.join(QLatin1Char('\n')));
 }
 

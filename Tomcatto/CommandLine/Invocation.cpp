@@ -104,9 +104,11 @@ private:
         for (const auto &[name, help] : commands)
             addRemote(name, help);
         auto *const window = addRemote("window", "Open the main window");
-        window->add_option_function<std::string>(
-            "page", [this](const std::string &page) { m_invocation.arguments["page"] = page; },
-            "timer, general, videos, statistics, permissions or about");
+        window
+            ->add_option_function<std::string>(
+                "page", [this](const std::string &page) { m_invocation.arguments["page"] = page; },
+                "timer, general, videos, statistics, permissions or about")
+            ->check(CLI::IsMember({"timer", "general", "videos", "statistics", "permissions", "about"}));
         auto *const preset = addRemote("preset", "Set the three durations of a preset");
         preset
             ->add_option_function<std::string>(

@@ -89,16 +89,18 @@ TerminalFrontEnd::~TerminalFrontEnd()
 
 void TerminalFrontEnd::start()
 {
-    m_isInteractive = m_terminal.isInteractive();
-    if (m_isInteractive)
-        startInteractive();
-    else
-        connect(&m_dependencies.stateMachine, &PomodoroStateMachine::transitioned, this,
-                &TerminalFrontEnd::printTransition);
+    m_printing = connect(&m_dependencies.stateMachine, &PomodoroStateMachine::transitioned, this,
+                         &TerminalFrontEnd::printTransition);
+    if (!m_terminal.isTerminal())
+        return;
+    m_terminalObserver = m_processSignals.onTerminalChanged([this] { followTerminal(); });
+    followTerminal();
 }
 
 void TerminalFrontEnd::startInteractive()
 {
+    m_isInteractive = true;
+    disconnect(m_printing);
     m_terminal.write(m_dependencies.strings.text(key("terminal.keys")) + QLatin1Char('\n'));
     const auto draw = [this] { drawSoon(); };
     connect(&m_status, &StatusSource::changed, this, draw);
@@ -106,14 +108,14 @@ void TerminalFrontEnd::startInteractive()
     connect(&m_dependencies.timer, &PomodoroTimer::overflowSecondsChanged, this, draw);
     connect(&m_dependencies.strings, &LocalizedStrings::changed, this, draw);
     m_keys = m_terminal.readKeys([this](QChar pressed) { handleKey(pressed); });
-    m_terminalObserver = m_processSignals.onTerminalChanged([this] { followTerminal(); });
-    drawLine();
 }
 
 void TerminalFrontEnd::followTerminal()
 {
     if (m_terminal.isInteractive()) {
         m_foregroundCheck.cancel();
+        if (!m_isInteractive)
+            startInteractive();
         drawLine();
     } else if (!m_foregroundCheck.isActive()) {
         // A shell tells a job that runs in the background nothing when it brings it to the foreground.

@@ -9,7 +9,8 @@
 namespace tomcatto {
 
 /// The application in a terminal: one line with the pill, the phase, the round and today's goal, and single keys. Where
-/// input or output is no terminal it prints a line for each transition and takes no keys. Main thread only.
+/// input or output is no terminal, and in the background of one until it is first brought to the foreground, it prints
+/// a line for each transition and takes no keys. Main thread only.
 class TerminalFrontEnd final : public QObject
 {
     Q_OBJECT
@@ -38,8 +39,10 @@ private:
     Terminal &m_terminal;
     ProcessSignals &m_processSignals;
     QString m_notice;
+    /// Once set it stays: in the background only nothing is drawn.
     bool m_isInteractive = false;
     bool m_isDrawing = false;
+    QMetaObject::Connection m_printing;
     Cancellable m_keys;
     Cancellable m_terminalObserver;
     /// Active only while the process is in the background of its terminal.

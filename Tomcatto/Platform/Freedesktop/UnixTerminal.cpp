@@ -80,9 +80,14 @@ UnixTerminal::~UnixTerminal()
     leaveKeyMode();
 }
 
+bool UnixTerminal::isTerminal() const
+{
+    return ::isatty(m_input) != 0 && ::isatty(m_output) != 0;
+}
+
 bool UnixTerminal::isInteractive() const
 {
-    return ::isatty(m_input) != 0 && ::isatty(m_output) != 0 && isForeground();
+    return isTerminal() && isForeground();
 }
 
 bool UnixTerminal::isForeground() const

@@ -26,6 +26,7 @@ public:
     explicit UnixTerminal(ProcessSignals &signals, int input = 0, int output = 1);
     ~UnixTerminal() override;
 
+    [[nodiscard]] bool isTerminal() const override;
     [[nodiscard]] bool isInteractive() const override;
     [[nodiscard]] int columns() const override;
     /// Where the input is no terminal, nothing is read and the result is inactive. Keys end with the input.

@@ -12,7 +12,9 @@ class Terminal
 public:
     virtual ~Terminal() = default;
 
-    /// Whether both input and output are a terminal and this process is in its foreground.
+    /// Whether both input and output are a terminal, whoever holds it.
+    [[nodiscard]] virtual bool isTerminal() const = 0;
+    /// Whether they are a terminal and this process is in its foreground.
     [[nodiscard]] virtual bool isInteractive() const = 0;
     /// Columns of the terminal, 80 where unknown.
     [[nodiscard]] virtual int columns() const = 0;
