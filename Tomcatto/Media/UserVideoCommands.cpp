@@ -53,12 +53,14 @@ UserVideoCommands::~UserVideoCommands()
 
 std::vector<UserVideoListing> UserVideoCommands::list() const
 {
-    const QDeadlineTimer searchUntil(UserVideoProvider::searchTime);
+    auto videos = m_repository.allVideos();
+    const auto found = m_repository.resolveBookmarks(videos, QDeadlineTimer(UserVideoProvider::searchTime));
     std::vector<UserVideoListing> lines;
-    for (UserVideo &video : m_repository.allVideos()) {
-        const auto resolved = m_repository.resolveBookmark(video, searchUntil);
-        lines.push_back(
-            {std::move(video), resolved ? resolved->fileUrl.toLocalFile() : QString(), resolved && resolved->isStale});
+    lines.reserve(videos.size());
+    for (std::size_t place = 0; place < videos.size(); ++place) {
+        const auto &resolved = found.at(place);
+        lines.push_back({std::move(videos.at(place)), resolved ? resolved->fileUrl.toLocalFile() : QString(),
+                         resolved && resolved->isStale});
     }
     return lines;
 }
@@ -126,7 +128,10 @@ void UserVideoCommands::change(const QString &id, const std::function<void(const
                                const Operation &operation)
 {
     const QUuid uuid = QUuid::fromString(id);
-    if (uuid.isNull()) {
+    // Its reader does not mind what comes behind.
+    const bool isWhole = uuid.toString(id.startsWith(QLatin1Char('{')) ? QUuid::WithBraces : QUuid::WithoutBraces)
+                             .compare(id, Qt::CaseInsensitive) == 0;
+    if (uuid.isNull() || !isWhole) {
         done(std::unexpected(UserVideoCommandError{
             Kind::usage, QStringLiteral("\"%1\" is no id of a video; see videos list.").arg(id), {}}));
         return;

@@ -33,22 +33,23 @@ std::vector<LocalVideoCandidate> UserVideoProvider::candidates()
 {
     auto videos = m_repository.selectedVideos();
     std::ranges::stable_sort(videos, playsBefore);
-    const QDeadlineTimer searchUntil(searchTime);
+    const auto resolved = m_repository.resolveBookmarks(videos, QDeadlineTimer(searchTime));
     std::vector<LocalVideoCandidate> found;
     std::vector<std::unique_ptr<UserVideoSelection>> accesses;
     std::vector<UserVideo> lost;
-    for (UserVideo &video : videos) {
-        const auto url = resolvedUrl(video, searchUntil);
-        if (!url) {
+    for (std::size_t place = 0; place < videos.size(); ++place) {
+        UserVideo &video = videos.at(place);
+        if (!resolved.at(place)) {
             lost.push_back(std::move(video));
             continue;
         }
-        auto access = std::make_unique<UserVideoSelection>(*url, m_bookmarks);
+        const QUrl url = renewedUrl(video.id, *resolved.at(place));
+        auto access = std::make_unique<UserVideoSelection>(url, m_bookmarks);
         if (!access->hasAccess()) {
             m_logger.error(QStringLiteral("startAccessingSecurityScopedResource returned false; skipping video"));
             continue;
         }
-        found.push_back({LocalVideoCandidate::Origin::user, identifierText(video.id), *url});
+        found.push_back({LocalVideoCandidate::Origin::user, identifierText(video.id), url});
         accesses.push_back(std::move(access));
     }
     // The former ones end after the new ones began: a file that is playing stays accessible.
@@ -68,28 +69,24 @@ UserVideoProvider::selection(const QUuid &id)
     const auto video = m_repository.video(id);
     if (!video)
         return std::unexpected(video.error());
-    const auto url = resolvedUrl(*video, QDeadlineTimer(searchTime));
-    if (!url) {
+    const auto resolved = m_repository.resolveBookmark(*video, QDeadlineTimer(searchTime));
+    if (!resolved) {
         m_movedVideoSearch.search({*video});
-        return std::unexpected(url.error());
+        return std::unexpected(resolved.error());
     }
-    auto selection = std::make_unique<UserVideoSelection>(*url, m_bookmarks);
+    auto selection = std::make_unique<UserVideoSelection>(renewedUrl(id, *resolved), m_bookmarks);
     if (!selection->hasAccess())
         m_logger.error(QStringLiteral("startAccessingSecurityScopedResource returned false for user video"));
     return selection;
 }
 
-std::expected<QUrl, UserVideoRepositoryError> UserVideoProvider::resolvedUrl(const UserVideo &video,
-                                                                             QDeadlineTimer searchUntil)
+QUrl UserVideoProvider::renewedUrl(const QUuid &id, const ResolvedBookmark &resolved)
 {
-    const auto resolved = m_repository.resolveBookmark(video, searchUntil);
-    if (!resolved)
-        return std::unexpected(resolved.error());
-    if (resolved->isStale) {
-        if (const auto renewed = m_bookmarks.bookmarkData(resolved->fileUrl))
-            m_repository.updateBookmarkData(video.id, *renewed);
+    if (resolved.isStale) {
+        if (const auto renewed = m_bookmarks.bookmarkData(resolved.fileUrl))
+            m_repository.updateBookmarkData(id, *renewed);
     }
-    return resolved->fileUrl;
+    return resolved.fileUrl;
 }
 
 }

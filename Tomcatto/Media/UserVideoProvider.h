@@ -37,8 +37,7 @@ public:
     selection(const QUuid &id);
 
 private:
-    [[nodiscard]] std::expected<QUrl, UserVideoRepositoryError> resolvedUrl(const UserVideo &video,
-                                                                            QDeadlineTimer searchUntil);
+    [[nodiscard]] QUrl renewedUrl(const QUuid &id, const ResolvedBookmark &resolved);
 
     UserVideoRepository &m_repository;
     const Bookmarks &m_bookmarks;

@@ -55,6 +55,7 @@ TEST_F(UserVideoCommandsTest, AddListSelectDeselectRemove)
     EXPECT_FALSE(m_commands.list().front().video.userSelected);
     QFile::remove(path("a.mp4"));
     EXPECT_EQ(m_commands.list().front().path, QString());
+    EXPECT_EQ(change(&UserVideoCommands::remove, text + QStringLiteral("0")), Kind::usage);
     EXPECT_EQ(change(&UserVideoCommands::remove, text), std::nullopt);
     EXPECT_TRUE(m_commands.list().empty());
     EXPECT_EQ(change(&UserVideoCommands::remove, text), Kind::videoNotFound);

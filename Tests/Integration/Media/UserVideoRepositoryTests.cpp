@@ -5,14 +5,11 @@ namespace tomcatto {
 
 using UserVideoRepositoryTest = VideoLibrary;
 
-TEST_F(UserVideoRepositoryTest, AddingListsTheVideoAtOnceAndCompletesWithItsPicture)
+TEST_F(UserVideoRepositoryTest, AddingStoresTheWholeVideoAtOnce)
 {
+    executeRaw("CREATE TRIGGER a BEFORE UPDATE ON UserVideo BEGIN SELECT raise(ABORT, 'half a video'); END;");
     const auto id = m_repository.addVideo(makeFile("Videos/cats.mp4"), keep());
     ASSERT_TRUE(id);
-    auto videos = m_repository.allVideos();
-    ASSERT_EQ(videos.size(), 1U);
-    EXPECT_EQ(videos.front().id, *id);
-
     ASSERT_EQ(result(), Write(UserVideoSave::saved));
     const auto video = m_repository.video(*id);
     ASSERT_TRUE(video);
@@ -47,6 +44,17 @@ TEST_F(UserVideoRepositoryTest, WhatHasNoPictureIsStoredWithout)
     EXPECT_EQ(m_repository.addVideo(QUrl::fromLocalFile(path("missing.mp4"))),
               std::unexpected(UserVideoRepositoryError::bookmarkResolutionFailed));
     EXPECT_EQ(m_repository.allVideos().size(), 1U);
+}
+
+TEST_F(UserVideoRepositoryTest, TheEndWaitsForNoPictureButLosesNoVideo)
+{
+    m_stillFrame.m_takesUntilStopped = true;
+    {
+        UserVideoRepository ending{m_stack, m_clock, m_identifiers, m_bookmarks, m_stillFrame};
+        EXPECT_TRUE(ending.addVideo(makeFile("a.mp4")));
+        EXPECT_TRUE(ending.addVideo(makeFile("b.mp4")));
+    }
+    EXPECT_EQ(m_repository.allVideos().size(), 2U);
 }
 
 TEST_F(UserVideoRepositoryTest, EveryChangeIsSeenByTheNextRead)
@@ -121,6 +129,28 @@ TEST_F(UserVideoRepositoryTest, AMissingRecordAndAFailedSaveAreReported)
     EXPECT_TRUE(takeErrors().join(QString()).startsWith(QStringLiteral("UserVideoRepository: addVideo save failed: ")));
     EXPECT_EQ(m_repository.video(id), before);
     EXPECT_EQ(m_repository.allVideos().size(), 1U);
+
+    // Whoever shows nothing must be able to tell why.
+    bool hasFailed = false;
+    QObject::connect(&m_repository, &UserVideoRepository::fetchFailed, &m_repository,
+                     [&hasFailed] { hasFailed = true; });
+    executeRaw("DROP TABLE UserVideo");
+    EXPECT_TRUE(m_repository.allVideos().empty());
+    EXPECT_TRUE(hasFailed);
+    EXPECT_EQ(takeErrors().size(), 1);
+}
+
+TEST_F(UserVideoRepositoryTest, AFileThatIsGoneTakesNoTimeFromOneThatWasMoved)
+{
+    addFile("gone.mp4");
+    addFile("moved.mp4");
+    QFile::remove(path("gone.mp4"));
+    ASSERT_TRUE(QFile::rename(path("moved.mp4"), path("b.mp4")));
+    m_bookmarks.m_isHomeEndless = true;
+    const auto found =
+        m_repository.resolveBookmarks(m_repository.allVideos(), QDeadlineTimer(std::chrono::milliseconds{400}));
+    EXPECT_FALSE(found.front());
+    EXPECT_EQ(found.back(), (ResolvedBookmark{QUrl::fromLocalFile(path("b.mp4")), true}));
 }
 
 }

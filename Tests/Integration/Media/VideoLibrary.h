@@ -7,8 +7,11 @@
 #include "Persistence/Repositories/UserVideoRepository.h"
 #include "Platform/Freedesktop/FileBookmarks.h"
 
+#include <atomic>
 #include <map>
+#include <QtCore/QThread>
 #include <QtTest/QTest>
+#include <thread>
 
 namespace tomcatto {
 
@@ -28,7 +31,10 @@ public:
     [[nodiscard]] std::optional<ResolvedBookmark> resolve(const QByteArray &data,
                                                           QDeadlineTimer searchUntil) const override
     {
-        return m_files.resolve(data, m_isSearchOff ? QDeadlineTimer(0) : searchUntil);
+        auto found = m_files.resolve(data, m_isSearchOff ? QDeadlineTimer(0) : searchUntil);
+        while (m_isHomeEndless && !found && !searchUntil.hasExpired())
+            QThread::msleep(1);
+        return found;
     }
     [[nodiscard]] bool startAccess(const QUrl &fileUrl) const override
     {
@@ -41,6 +47,8 @@ public:
 
     QUrl m_refused;
     std::atomic<bool> m_isSearchOff = false;
+    /// A file that is not there is looked for until the deadline.
+    bool m_isHomeEndless = false;
     mutable std::map<QUrl, int> m_accesses;
 
 private:
@@ -52,8 +60,10 @@ class FixedStillFrame final : public StillFrame
 {
 public:
     [[nodiscard]] std::expected<double, StillFrameFailure> durationSeconds(const QString &,
-                                                                           std::stop_token) const override
+                                                                           std::stop_token stop) const override
     {
+        while (m_takesUntilStopped && !stop.stop_requested())
+            std::this_thread::yield();
         return m_duration;
     }
     [[nodiscard]] std::expected<QByteArray, StillFrameFailure> jpeg(const QString &, StillFrameRequest request,
@@ -66,6 +76,7 @@ public:
     std::expected<double, StillFrameFailure> m_duration = 12.5;
     std::expected<QByteArray, StillFrameFailure> m_jpeg = QByteArray("picture");
     mutable StillFrameRequest m_request;
+    std::atomic<bool> m_takesUntilStopped = false;
 };
 
 /// A store of user videos on disk, and a home folder with real files.

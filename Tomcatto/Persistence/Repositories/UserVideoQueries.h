@@ -32,7 +32,5 @@ inline constexpr const char *updateBookmark = "UPDATE UserVideo SET bookmarkData
 /// ?2 the date. The count stays within 32 bits.
 inline constexpr const char *markPlayed = "UPDATE UserVideo SET lastPlayedAt = ?2,"
                                           " playCount = min(coalesce(playCount, 0) + 1, 2147483647) WHERE id = ?1";
-/// ?2 the length, ?3 the thumbnail.
-inline constexpr const char *setPicture = "UPDATE UserVideo SET durationSeconds = ?2, thumbnailData = ?3 WHERE id = ?1";
 
 }

@@ -6,6 +6,8 @@
 #include "Platform/Ports/IdentifierSource.h"
 #include "Platform/Ports/WallClock.h"
 
+#include <algorithm>
+
 namespace tomcatto {
 
 namespace {
@@ -83,35 +85,21 @@ std::expected<QUuid, UserVideoRepositoryError> UserVideoRepository::addVideo(con
     video.displayName = fileUrl.fileName();
     video.bookmarkData = *std::move(bookmark);
     video.addedAt = m_clock.now();
-    insert(video,
-           [this, id = video.id, fileUrl, access, completion = std::move(completion)](const WriteResult &result) {
-               if (result == UserVideoSave::saved)
-                   addPicture(id, fileUrl, access, completion);
-               else if (completion)
-                   completion(result);
-           });
-    return video.id;
-}
-
-// Looking into the file may take seconds, so it has a thread of its own and holds up no other write.
-void UserVideoRepository::addPicture(const QUuid &id, const QUrl &fileUrl, std::shared_ptr<Cancellable> access,
-                                     Completion completion)
-{
-    m_pictureQueue.async([this, id, fileUrl, access = std::move(access), completion = std::move(completion)]() mutable {
+    const QUuid id = video.id;
+    // Looking into the file may take seconds, so it has a thread of its own and holds up no other write.
+    m_pictureQueue.async([this, video = std::move(video), fileUrl, access = std::move(access),
+                          completion = std::move(completion)]() mutable {
         const std::stop_token stop = m_stop.get_token();
-        if (stop.stop_requested())
-            return;
-        const auto length = m_stillFrame.durationSeconds(fileUrl.toLocalFile(), stop);
-        const auto thumbnail = m_thumbnailRenderer.thumbnail(fileUrl, stop);
+        // What is still waiting when the program ends goes without, rather than not being added.
+        if (!stop.stop_requested()) {
+            video.durationSeconds = m_stillFrame.durationSeconds(fileUrl.toLocalFile(), stop).value_or(0.0);
+            video.thumbnailData = m_thumbnailRenderer.thumbnail(fileUrl, stop).value_or(QByteArray());
+        }
         if (access)
             access->cancel();
-        write({id,
-               userVideoQueries::setPicture,
-               {identifierText(id), length.value_or(0.0), storeValue(thumbnail.value_or(QByteArray()))},
-               QStringLiteral("addVideo save failed: "),
-               true,
-               std::move(completion)});
+        insert(video, std::move(completion));
     });
+    return id;
 }
 
 void UserVideoRepository::restoreVideo(const UserVideo &video, Completion completion)
@@ -237,6 +225,7 @@ std::vector<UserVideo> UserVideoRepository::fetch(const char *sql, const std::ve
                                                   const std::function<UserVideo(const StoreRow &)> &read) const
 {
     std::vector<UserVideo> found;
+    bool hasFailed = false;
     m_context.performAndWait([&](const ManagedObjectContext &context) {
         const auto fetched =
             context.connection().fetch(sql, values, [&](const StoreRow &row) { found.push_back(read(row)); });
@@ -244,7 +233,10 @@ std::vector<UserVideo> UserVideoRepository::fetch(const char *sql, const std::ve
             return;
         m_logger.error(QStringLiteral("Failed to fetch user videos: ") + fetched.error().description());
         found.clear();
+        hasFailed = true;
     });
+    if (hasFailed)
+        Q_EMIT fetchFailed();
     return found;
 }
 
@@ -257,6 +249,24 @@ UserVideoRepository::resolveBookmark(const UserVideo &video, QDeadlineTimer sear
     if (resolved->isStale)
         m_logger.info(QStringLiteral("Resolved a stale security-scoped bookmark; caller should refresh."));
     return *std::move(resolved);
+}
+
+std::vector<std::expected<ResolvedBookmark, UserVideoRepositoryError>>
+UserVideoRepository::resolveBookmarks(const std::vector<UserVideo> &videos, QDeadlineTimer searchUntil) const
+{
+    std::vector<std::expected<ResolvedBookmark, UserVideoRepositoryError>> found;
+    found.reserve(videos.size());
+    for (const UserVideo &video : videos)
+        found.push_back(resolveBookmark(video, QDeadlineTimer(0)));
+    auto lost = std::ranges::count_if(found, [](const auto &resolved) { return !resolved; });
+    for (std::size_t place = 0; place < videos.size() && !searchUntil.hasExpired(); ++place) {
+        if (found.at(place))
+            continue;
+        QDeadlineTimer share;
+        share.setPreciseRemainingTime(0, searchUntil.remainingTimeNSecs() / std::max<std::ptrdiff_t>(lost--, 1));
+        found.at(place) = resolveBookmark(videos.at(place), share);
+    }
+    return found;
 }
 
 }

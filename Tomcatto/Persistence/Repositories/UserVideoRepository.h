@@ -17,8 +17,9 @@ class IdentifierSource;
 class WallClock;
 
 /// The user's own videos, and the only code that reads or writes them. Main thread only. Writes run in the background
-/// in the order of the calls; a read waits for the writes before it, so it sees them. Everything handed over is written
-/// before the repository is gone, except thumbnails that are not ready by then.
+/// in the order of the calls; a read waits for the writes before it, so it sees them, but for videos that are still
+/// being looked into. Everything handed over is written before the repository is gone, except thumbnails that are not
+/// ready by then.
 class UserVideoRepository final : public QObject
 {
     Q_OBJECT
@@ -31,9 +32,9 @@ public:
                         const Bookmarks &bookmarks, const StillFrame &stillFrame, QObject *parent = nullptr);
     ~UserVideoRepository() override;
 
-    /// Adds a video, unselected and named as its file. It is listed at once; its length and thumbnail follow, and where
-    /// they cannot be made it stays without. The completion comes when all is written.
-    /// @return the new record's id, or `bookmarkResolutionFailed` where there is no file at the URL
+    /// Adds a video, unselected and named as its file, once its length and thumbnail are made, which may take seconds;
+    /// where they cannot be made it goes without. The completion comes when it is written and listed.
+    /// @return the id that the record will have, or `bookmarkResolutionFailed` where there is no file at the URL
     std::expected<QUuid, UserVideoRepositoryError> addVideo(const QUrl &fileUrl, Completion completion = {});
     /// Stores a record as it is, for example one that was just deleted.
     void restoreVideo(const UserVideo &video, Completion completion = {});
@@ -57,10 +58,17 @@ public:
     /// @param searchUntil when to give up looking for a moved file
     [[nodiscard]] std::expected<ResolvedBookmark, UserVideoRepositoryError>
     resolveBookmark(const UserVideo &video, QDeadlineTimer searchUntil) const;
+    /// Finds the files of several videos: first all at their last places, then those that are not there elsewhere, each
+    /// for its share of the time, so that one that is gone takes none from one that was moved.
+    /// @return for each video, in their order, what `resolveBookmark` gives
+    [[nodiscard]] std::vector<std::expected<ResolvedBookmark, UserVideoRepositoryError>>
+    resolveBookmarks(const std::vector<UserVideo> &videos, QDeadlineTimer searchUntil) const;
 
 Q_SIGNALS:
     /// A write of this repository was saved. On the main thread.
     void didChange();
+    /// The store could not be read, which is logged; the question was answered as if there were nothing.
+    void fetchFailed() const;
 
 private:
     struct Write
@@ -79,7 +87,6 @@ private:
     [[nodiscard]] WriteResult perform(ManagedObjectContext &context, const Write &write) const;
     void finish(const WriteResult &result, const Completion &completion);
     void insert(const UserVideo &video, Completion completion);
-    void addPicture(const QUuid &id, const QUrl &fileUrl, std::shared_ptr<Cancellable> access, Completion completion);
     [[nodiscard]] std::vector<UserVideo> fetch(const char *sql, const std::vector<StoreValue> &values,
                                                const std::function<UserVideo(const StoreRow &)> &read) const;
 

@@ -12,7 +12,7 @@ class FfmpegStillFrame final : public StillFrame
 {
 public:
     /// @param limit how long one call takes at most
-    explicit FfmpegStillFrame(std::chrono::milliseconds limit = std::chrono::seconds{5});
+    explicit FfmpegStillFrame(std::chrono::milliseconds limit = std::chrono::seconds{8});
 
     [[nodiscard]] std::expected<double, StillFrameFailure> durationSeconds(const QString &path,
                                                                            std::stop_token stop) const override;
