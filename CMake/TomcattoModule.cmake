@@ -1,5 +1,5 @@
 # A room is a static library with an explicit list of the rooms and libraries it may use. What is not listed does not
-# link, and its headers are not on the include path either.
+# link. All rooms share one include folder, so a header alone would compile: whoever includes one lists its room.
 
 # One precompiled header for all targets: at some 150 MB each, one per target would fill a disk.
 set(precompiled_source "${CMAKE_BINARY_DIR}/Precompiled.cpp")

@@ -63,9 +63,10 @@ public:
 class FakeOverlayWindows final : public OverlayWindows
 {
 public:
-    [[nodiscard]] std::unique_ptr<OverlayWindow> make(const Screen &screen) override
+    [[nodiscard]] std::unique_ptr<OverlayWindow> make(const Screen &screen, std::function<void()> onClosed) override
     {
         ++made;
+        close = std::move(onClosed);
         return std::make_unique<Window>(*this, screen.id);
     }
     [[nodiscard]] Cancellable warm() override
@@ -76,6 +77,8 @@ public:
 
     QStringList open;
     QString key;
+    /// Closes the window made last, as the desktop does.
+    std::function<void()> close;
     int made = 0;
     bool isWarm = false;
 

@@ -22,6 +22,8 @@ public:
     ViewDescription last;
     /// The last window made; null once it was let go.
     QWindow *current = nullptr;
+    /// Of the windows, as they are made.
+    QSize size{200, 100};
     int made = 0;
     int alive = 0;
     bool isBroken = false;
@@ -35,6 +37,7 @@ private:
         {
             ++m_host.alive;
             m_host.current = &m_window;
+            m_window.resize(m_host.size);
         }
         ~View() override
         {

@@ -15,9 +15,9 @@ public:
     /// How the application was started.
     struct LaunchConditions
     {
-        /// Started by the system at login: nothing opens by itself.
+        /// Started by the system at login: the panel does not open by itself.
         bool isBackground = false;
-        /// Driven by a user-interface test: nothing opens by itself either.
+        /// Driven by a user-interface test: the panel does not open by itself either.
         bool isUiTest = false;
     };
 

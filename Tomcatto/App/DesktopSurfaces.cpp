@@ -75,6 +75,9 @@ void DesktopSurfaces::install()
         m_dependencies, StatusItemController::Platform{m_statusItem, m_viewHost, m_clickMonitor},
         m_dependencies.mainWindowRouter);
     connect(m_statusItemController.get(), &StatusItemController::quitRequested, this, m_quit);
+    m_breakOverlayController = std::make_unique<BreakOverlayController>(
+        m_dependencies.stateMachine, m_dependencies.timer, m_dependencies.settings, m_dependencies.platform.runLoop,
+        m_screens, m_keyMonitor, m_overlayWindows);
     m_statusItemController->setOnWillShow([this] {
         m_logger.debug(QStringLiteral("the panel opens"));
         // An open menu holds the keyboard, which the panel shall have at once.
@@ -82,9 +85,6 @@ void DesktopSurfaces::install()
             menu->close();
     });
     m_statusItemController->setOnDidClose([this] { m_logger.debug(QStringLiteral("the panel is closed")); });
-    m_breakOverlayController = std::make_unique<BreakOverlayController>(
-        m_dependencies.stateMachine, m_dependencies.timer, m_dependencies.settings, m_dependencies.platform.runLoop,
-        m_screens, m_keyMonitor, m_overlayWindows);
     m_mainWindowController = std::make_unique<MainWindowController>(
         m_viewHost, m_dependencies.mainWindowRouter, m_activationPolicy, m_mainWindowModel, m_dependencies.strings);
     m_onboardingController = std::make_unique<OnboardingController>(

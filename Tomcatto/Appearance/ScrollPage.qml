@@ -70,6 +70,7 @@ Rectangle {
 
             ThemedText {
                 width: parent.width
+                visible: text.length > 0
                 text: page.title
                 role: "pageTitle"
                 textScale: page.textScale

@@ -202,6 +202,8 @@ T.AbstractButton {
                 textScale: tile.textScale
                 // A file name: its end tells as much as its beginning.
                 elide: Text.ElideMiddle
+                // Above its caption, whichever way the name is written.
+                horizontalAlignment: Text.AlignLeft
                 wrapMode: Text.NoWrap
                 Accessible.ignored: true
             }

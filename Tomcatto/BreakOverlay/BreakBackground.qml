@@ -48,7 +48,8 @@ Item {
 
         function load() {
             if (!VideoSupport.canPlay()) {
-                background.failed("nothing that plays videos is installed")
+                if (!background.isWarmUp)
+                    background.failed("nothing that plays videos is installed")
                 return
             }
             setSource(Qt.resolvedUrl("VideoPlayerView.qml"), {
@@ -61,9 +62,8 @@ Item {
         readonly property bool isWanted: background.isWarmUp || String(background.videoUrl).length > 0
 
         anchors.fill: parent
+        // Also when it is wanted from the beginning.
         onIsWantedChanged: if (isWanted)
-            load()
-        Component.onCompleted: if (isWanted)
             load()
     }
     Connections {

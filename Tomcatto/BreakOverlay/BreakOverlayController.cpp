@@ -88,7 +88,7 @@ void BreakOverlayController::buildWindows()
     m_windows.clear();
     OverlayWindow *main = nullptr;
     for (const Screen &screen : m_screens.screens()) {
-        auto window = m_overlayWindows.make(screen);
+        auto window = m_overlayWindows.make(screen, [this] { deliver([this] { hide(); }); });
         if (!window)
             continue;
         window->makeKey();

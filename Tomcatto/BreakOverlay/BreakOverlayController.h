@@ -7,8 +7,8 @@
 namespace tomcatto {
 
 /// Decides when the break overlay is up: one window for each screen while a break runs, and while it waits where no
-/// notification and no sound tells of it. Events arrive through the run loop and read the state at their delivery. Main
-/// thread only.
+/// notification and no sound tells of it. Where the desktop closes one window all of them go, and the break runs on.
+/// Events arrive through the run loop and read the state at their delivery. Main thread only.
 class BreakOverlayController final : public QObject
 {
     Q_OBJECT

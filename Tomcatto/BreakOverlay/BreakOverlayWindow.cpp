@@ -2,8 +2,10 @@
 
 #include "BreakOverlay/BreakOverlayWindows.h"
 
+#include <QtCore/QEvent>
 #include <QtCore/QPropertyAnimation>
 #include <QtGui/QWindow>
+#include <utility>
 
 namespace tomcatto {
 namespace {
@@ -21,19 +23,22 @@ void fadeIn(QWindow &window)
 }
 
 BreakOverlayWindow::BreakOverlayWindow(OverlayView contents, const Screen &screen, Screens &screens,
-                                       BreakOverlayWindows &owner)
+                                       BreakOverlayWindows &owner, std::function<void()> onClosed)
     : m_contents(std::move(contents))
     , m_screens(screens)
     , m_owner(owner)
+    , m_onClosed(std::move(onClosed))
 {
     QWindow &window = m_contents.view->window();
     if (m_screens.canFade())
         fadeIn(window);
     m_screens.cover(window, screen.id);
+    window.installEventFilter(this);
 }
 
 BreakOverlayWindow::~BreakOverlayWindow()
 {
+    m_contents.view->window().removeEventFilter(this);
     m_owner.retire(std::move(m_contents));
 }
 
@@ -42,6 +47,13 @@ void BreakOverlayWindow::makeKey()
     QWindow &window = m_contents.view->window();
     window.raise();
     m_screens.makeKey(window);
+}
+
+bool BreakOverlayWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Close)
+        m_onClosed();
+    return QObject::eventFilter(watched, event);
 }
 
 }

@@ -16,19 +16,27 @@ struct OverlayView
 };
 
 /// One window of the break overlay over one screen. Main thread only.
-class BreakOverlayWindow final : public OverlayWindow
+class BreakOverlayWindow final : public QObject, public OverlayWindow
 {
+    Q_OBJECT
+
 public:
-    /// Shows the view over the screen. @param owner takes the view when the window closes
-    BreakOverlayWindow(OverlayView contents, const Screen &screen, Screens &screens, BreakOverlayWindows &owner);
+    /// Shows the view over the screen. @param owner takes the view when the window ends. @param onClosed called when
+    /// the desktop closes it
+    BreakOverlayWindow(OverlayView contents, const Screen &screen, Screens &screens, BreakOverlayWindows &owner,
+                       std::function<void()> onClosed);
     ~BreakOverlayWindow() override;
 
     void makeKey() override;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     OverlayView m_contents;
     Screens &m_screens;
     BreakOverlayWindows &m_owner;
+    std::function<void()> m_onClosed;
 };
 
 }

@@ -31,14 +31,14 @@ OverlayView BreakOverlayWindows::makeView(const QString &component, bool isMuted
     return contents;
 }
 
-std::unique_ptr<OverlayWindow> BreakOverlayWindows::make(const Screen &screen)
+std::unique_ptr<OverlayWindow> BreakOverlayWindows::make(const Screen &screen, std::function<void()> onClosed)
 {
     // One video is heard, that of the main screen, until the user turns on another.
     OverlayView contents = makeView(QStringLiteral("BreakOverlayView"), !screen.isMain);
     if (!contents.view)
         return nullptr;
     ++m_openWindows;
-    return std::make_unique<BreakOverlayWindow>(std::move(contents), screen, m_screens, *this);
+    return std::make_unique<BreakOverlayWindow>(std::move(contents), screen, m_screens, *this, std::move(onClosed));
 }
 
 Cancellable BreakOverlayWindows::warm()

@@ -20,7 +20,7 @@ public:
     BreakOverlayWindows(const BreakOverlayServices &services, LocalizedStrings &strings, ViewHost &viewHost,
                         Screens &screens, MainRunLoop &runLoop, BreakVideoSource videos, QObject *parent = nullptr);
 
-    [[nodiscard]] std::unique_ptr<OverlayWindow> make(const Screen &screen) override;
+    [[nodiscard]] std::unique_ptr<OverlayWindow> make(const Screen &screen, std::function<void()> onClosed) override;
     [[nodiscard]] Cancellable warm() override;
 
     /// Takes a closed window's view and ends it.

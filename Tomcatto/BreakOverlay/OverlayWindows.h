@@ -2,6 +2,7 @@
 
 #include "Platform/Ports/Screens.h"
 
+#include <functional>
 #include <memory>
 
 namespace tomcatto {
@@ -22,8 +23,9 @@ class OverlayWindows
 public:
     virtual ~OverlayWindows() = default;
 
-    /// A window over the whole of a screen. Null where there can be none.
-    [[nodiscard]] virtual std::unique_ptr<OverlayWindow> make(const Screen &screen) = 0;
+    /// A window over the whole of a screen. Null where there can be none. @param onClosed called when the desktop
+    /// closes the window, as its own key for that does; the window is still there
+    [[nodiscard]] virtual std::unique_ptr<OverlayWindow> make(const Screen &screen, std::function<void()> onClosed) = 0;
     /// Loads what the next window needs, without asking for a video, and keeps it until the result is destroyed.
     [[nodiscard]] virtual Cancellable warm() = 0;
 };

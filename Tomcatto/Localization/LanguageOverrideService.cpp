@@ -74,8 +74,12 @@ QLocale LanguageOverrideService::locale() const
 QStringList LanguageOverrideService::systemUiLanguages()
 {
     QStringList tags = QLocale::system().uiLanguages();
-    for (const char *name : {"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"})
-        tags += qEnvironmentVariable(name).split(u':', Qt::SkipEmptyParts);
+    tags += qEnvironmentVariable("LANGUAGE").split(u':', Qt::SkipEmptyParts);
+    // Each of these stands in for all that follow it.
+    for (const char *name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        if (!qEnvironmentVariableIsEmpty(name))
+            return tags << qEnvironmentVariable(name);
+    }
     return tags;
 }
 

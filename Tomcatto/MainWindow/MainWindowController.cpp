@@ -1,8 +1,25 @@
 #include "MainWindow/MainWindowController.h"
 
+#include <QtGui/QScreen>
 #include <QtGui/QWindow>
 
 namespace tomcatto {
+
+namespace {
+
+/// Makes a window that is larger than its screen fit; its lower rows and its corner would be out of reach.
+void fitScreen(QWindow &window)
+{
+    // How high the title bar is shows only later, when the window has its frame.
+    constexpr int titleBarHeight = 40;
+    const QScreen *const screen = window.screen();
+    if (screen == nullptr)
+        return;
+    const QSize room = screen->availableSize() - QSize(0, titleBarHeight);
+    window.resize(window.size().boundedTo(room).expandedTo(window.minimumSize()));
+}
+
+}
 
 MainWindowController::MainWindowController(ViewHost &viewHost, MainWindowRouter &router,
                                            ActivationPolicy &activationPolicy, MainWindowViewModel &viewModel,
@@ -42,9 +59,11 @@ bool MainWindowController::makeView()
                                 QStringLiteral("MainWindow"),
                                 {{QStringLiteral("strings"), QVariant::fromValue<QObject *>(&m_strings)},
                                  {QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(&m_viewModel)}}});
-    if (m_view)
-        observe(m_view->window());
-    return m_view != nullptr;
+    if (!m_view)
+        return false;
+    fitScreen(m_view->window());
+    observe(m_view->window());
+    return true;
 }
 
 void MainWindowController::observe(QWindow &window)

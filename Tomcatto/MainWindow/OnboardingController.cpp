@@ -66,7 +66,9 @@ void OnboardingController::close()
 void OnboardingController::finish()
 {
     m_settings.setHasCompletedOnboarding(true);
-    m_stateMachine.start();
+    // Seen again later, it may find a focus phase that waits or is paused.
+    if (!m_stateMachine.start() && m_stateMachine.currentPhase() == PomodoroPhase::working)
+        m_stateMachine.resume();
     if (m_view)
         m_view->window().hide();
     m_logger.debug(onboardingCompletedNotification);

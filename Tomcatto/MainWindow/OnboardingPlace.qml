@@ -116,11 +116,11 @@ Item {
                     return (1 - part) * (1 - part) * a + 2 * part * (1 - part) * b + part * part * c
                 }
 
-                x: along(from.x, bend.x, to.x) - 1.5
-                y: along(from.y, bend.y, to.y) - 1.5
-                width: 3
-                height: 3
-                radius: 1.5
+                x: along(from.x, bend.x, to.x) - 2
+                y: along(from.y, bend.y, to.y) - 2
+                width: 4
+                height: 4
+                radius: 2
                 color: Theme.work.solid
             }
             // qmllint enable unqualified

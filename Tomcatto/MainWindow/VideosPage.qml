@@ -145,14 +145,14 @@ Item {
         SectionHeading {
             visible: root.viewModel.included.length > 0
             text: root.words("window.videos.included.title")
-        }
-        ThemedText {
-            width: page.columnWidth
-            visible: root.viewModel.included.length > 0
-            bottomPadding: 12
-            text: root.words("window.videos.included.help")
-            role: "caption"
-            color: Theme.ink2
+
+            ThemedText {
+                width: Math.min(implicitWidth, 0.7 * page.columnWidth)
+                text: root.words("window.videos.included.help")
+                role: "caption"
+                color: Theme.ink2
+                horizontalAlignment: Text.AlignRight
+            }
         }
         VideoGrid {
             id: includedGrid

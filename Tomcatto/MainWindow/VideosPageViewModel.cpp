@@ -84,8 +84,9 @@ QString VideosPageViewModel::caption(const UserVideoListing &line) const
     if (!line.video.addedAt)
         return state;
     const QDate day = toDateTime(*line.video.addedAt).toLocalTime().date();
-    const QString added = m_strings.format(QStringLiteral("window.videos.caption.added"),
-                                           m_strings.locale().toString(day, QStringLiteral("d MMM")));
+    const QString added =
+        m_strings.format(QStringLiteral("window.videos.caption.added"),
+                         m_strings.locale().toString(day, m_strings.text(QStringLiteral("date.day_month"))));
     return m_strings.format(QStringLiteral("window.videos.caption.join"), added, state);
 }
 

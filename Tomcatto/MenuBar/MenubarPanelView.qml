@@ -17,9 +17,12 @@ Window {
     readonly property int routeTime: Theme.routeTime
     readonly property bool showsStatistics: viewModel.showsStatistics
     readonly property int radius: 14
+    /// Whether translucent parts show what lies behind. Where they do not, the corners are cut from the window, and what
+    /// their smooth edges leave out would be black.
+    property bool isComposited: true
 
     title: strings.revision, strings.text("app.name")
-    color: "transparent"
+    color: isComposited ? "transparent" : Theme.line
     width: 280
     height: 460
 

@@ -32,7 +32,8 @@ void MenubarPanelViewModel::update()
     const PanelClock clock = m_source.clock();
     const PanelPhase phase = m_source.phase();
     const PanelStrip strip = m_source.strip();
-    const bool isNewPhase = phase.name != m_phase.name;
+    // At rest the dial is called like the phase that comes first.
+    const bool isNewPhase = phase.name != m_phase.name || phase.theme != m_phase.theme;
     // The phase first: the dial then takes its new colour and its new arc in one motion.
     if (phase != m_phase) {
         m_phase = phase;

@@ -14,6 +14,9 @@ Dial {
     readonly property real symbolRoom: 20
     readonly property bool showsSymbol: shown.symbol.length > 0 && fullName.advanceWidth * 11 / 13 <= nameRoom - symbolRoom
 
+    /// The chip went while it had the keyboard.
+    signal focusLeft(int reason)
+
     phase: shown.theme
     progress: viewModel.clock.progress
     paused: shown.isPaused
@@ -74,6 +77,7 @@ Dial {
         Accessible.name: label.strings.revision, label.strings.text("menubar.extend")
         Accessible.description: extendTip.text
         onClicked: label.viewModel.extend()
+        onVisibleChanged: if (!visible && focus) label.focusLeft(focusReason)
 
         ToolTip {
             id: extendTip

@@ -9,8 +9,13 @@ Item {
     required property var viewModel
     readonly property var phase: viewModel.phase
 
-    function takeFocus() {
-        primary.forceActiveFocus(Qt.OtherFocusReason)
+    function takeFocus(reason = Qt.OtherFocusReason) {
+        primary.forceActiveFocus(reason)
+    }
+    /// A tile takes the keyboard over from the one in whose place it comes: keys reach nothing that is not there.
+    function replace(gone: TransportTile, come: TransportTile) {
+        if (gone.focus)
+            (come.enabled ? come : primary).forceActiveFocus(gone.focusReason)
     }
 
     implicitHeight: 96
@@ -34,8 +39,11 @@ Item {
         text: bar.strings.revision, bar.strings.text("menubar.transport_reset")
         Accessible.description: bar.strings.revision, bar.strings.text("menubar.transport_reset.help")
         onClicked: bar.viewModel.reset()
+        onEnabledChanged: if (!enabled && focus) bar.takeFocus(focusReason)
     }
     TransportTile {
+        id: skip
+
         objectName: "skip"
         x: bar.width - width
         y: 56
@@ -45,8 +53,12 @@ Item {
         text: bar.strings.revision, bar.strings.text("menubar.transport_skip")
         Accessible.description: bar.strings.revision, bar.strings.text("menubar.transport_skip.help")
         onClicked: bar.viewModel.skip()
+        onEnabledChanged: if (!enabled && focus) bar.takeFocus(focusReason)
+        onVisibleChanged: if (visible) bar.replace(takeBreak, skip)
     }
     TransportTile {
+        id: takeBreak
+
         objectName: "takeBreak"
         x: bar.width - width
         y: 56
@@ -56,5 +68,6 @@ Item {
         symbol: "cup.and.saucer.fill"
         text: bar.strings.revision, bar.strings.text("menubar.transport_take_break")
         onClicked: bar.viewModel.takeBreak()
+        onVisibleChanged: if (visible) bar.replace(skip, takeBreak)
     }
 }

@@ -49,6 +49,7 @@ Item {
         y: 50
         strings: body.strings
         viewModel: body.viewModel
+        onFocusLeft: reason => transport.takeFocus(reason)
     }
     MenubarTransportBar {
         id: transport

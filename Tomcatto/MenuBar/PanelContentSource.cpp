@@ -67,8 +67,10 @@ PanelClock PanelContentSource::clock() const
     if (machine.isOverflowing())
         clock.text.prepend(QLatin1Char('+'));
     clock.progress = std::clamp(pill.content().progress, 0.0, 1.0);
-    clock.name = m_dependencies.strings.format(dialKey(), m_dependencies.strings.text(phaseKey()),
-                                               spokenDuration(m_dependencies.strings, seconds()));
+    QString phaseName = m_dependencies.strings.text(phaseKey());
+    if (machine.isOverflowing() && machine.isPaused())
+        phaseName = m_dependencies.strings.format(QStringLiteral("menubar.phase.paused"), phaseName);
+    clock.name = m_dependencies.strings.format(dialKey(), phaseName, spokenDuration(m_dependencies.strings, seconds()));
     return clock;
 }
 

@@ -81,6 +81,8 @@ Item {
             done: strip.figures.roundsDone
             current: strip.figures.isRoundCurrent
             phase: "work"
+            // Six of them are wider than the column.
+            markerSize: Math.min(15, Math.floor(((parent?.width ?? 0) + gap) / total) - gap)
             compactText: strip.figures.roundCompact
             Accessible.ignored: true
         }

@@ -37,6 +37,15 @@ QString tabularFamily()
     return QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
 }
 
+/// Of a font as it was designed. At its own size it may be rounded to whole pixels, up or down as the screen's scale
+/// has it.
+double designedCapHeight(QFont font)
+{
+    constexpr int magnification = 100;
+    font.setPixelSize(StatusMetrics::fontPixelSize * magnification);
+    return QFontMetricsF(font).capHeight() / magnification;
+}
+
 }
 
 const QFont &StatusMetrics::textFont()
@@ -47,9 +56,16 @@ const QFont &StatusMetrics::textFont()
 
 int StatusMetrics::logoHeight()
 {
-    static const int height = static_cast<int>(
-        std::round(QFontMetricsF(sized(textFont().family(), QFont::Normal)).capHeight() * logoCapitals));
+    static const int height =
+        static_cast<int>(std::round(designedCapHeight(sized(textFont().family(), QFont::Normal)) * logoCapitals));
     return height;
+}
+
+int StatusMetrics::baseline()
+{
+    static const double capHeight = designedCapHeight(textFont());
+    const double fromBottom = (height - capHeight) / 2 - 1;
+    return static_cast<int>(std::floor(height - fromBottom));
 }
 
 }

@@ -28,6 +28,8 @@ struct StatusMetrics
     [[nodiscard]] static const QFont &textFont();
     /// Of a logo beside regular text of the same size, in whole pixels.
     [[nodiscard]] static int logoHeight();
+    /// Of the text, from the top; whole, so that the digits' feet are sharp and as high at every scale.
+    [[nodiscard]] static int baseline();
 };
 
 }

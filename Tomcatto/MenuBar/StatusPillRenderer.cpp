@@ -54,15 +54,11 @@ void drawPauseBars(QPainter &painter, double x, const QColor &ink)
         painter.drawRoundedRect(QRectF(left, y, Metrics::pauseBarWidth, Metrics::pauseBarHeight), radius, radius);
 }
 
-void drawText(QPainter &painter, double x, const QString &text, const QColor &ink, double scale)
+void drawText(QPainter &painter, double x, const QString &text, const QColor &ink)
 {
-    const QFontMetricsF metrics(Metrics::textFont());
-    const double bottom = (Metrics::height - metrics.capHeight()) / 2 - 1 - metrics.descent();
-    const double baseline = Metrics::height - (bottom + metrics.descent());
     painter.setFont(Metrics::textFont());
     painter.setPen(ink);
-    // On a whole device pixel, so that the digits' feet are sharp.
-    painter.drawText(QPointF(x, std::floor(baseline * scale) / scale), text);
+    painter.drawText(QPointF(x, Metrics::baseline()), text);
 }
 
 }
@@ -110,7 +106,7 @@ void StatusPillRenderer::drawElements(QPainter &painter, const StatusPillContent
         x += Metrics::pauseWidth;
     }
     if (showsText(content))
-        drawText(painter, x + Metrics::gap, content.title, color, scale);
+        drawText(painter, x + Metrics::gap, content.title, color);
 }
 
 QColor StatusPillRenderer::ink(const StatusPillContent &content)

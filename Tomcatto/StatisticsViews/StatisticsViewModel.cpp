@@ -180,13 +180,15 @@ QString StatisticsViewModel::barLabel(QDate day, const StatsChartLayout &layout)
 {
     if (m_sources.wallClock.calendar().firstDay(layout.strideUnit, day) != day)
         return {};
-    const QLocale locale = m_sources.strings.locale();
+    const LocalizedStrings &strings = m_sources.strings;
+    const QLocale locale = strings.locale();
     switch (layout.bucketUnit) {
     case CalendarUnit::day:
-        return layout.strideUnit == CalendarUnit::day ? locale.standaloneDayName(day.dayOfWeek(), QLocale::ShortFormat)
-                                                      : locale.toString(day, QStringLiteral("d MMM"));
+        return layout.strideUnit == CalendarUnit::day
+                   ? locale.standaloneDayName(day.dayOfWeek(), QLocale::ShortFormat)
+                   : locale.toString(day, strings.text(QStringLiteral("date.day_month")));
     case CalendarUnit::weekOfYear:
-        return locale.toString(day, QStringLiteral("d MMM"));
+        return locale.toString(day, strings.text(QStringLiteral("date.day_month")));
     case CalendarUnit::month:
         return locale.standaloneMonthName(day.month(), QLocale::ShortFormat);
     case CalendarUnit::year:
@@ -228,7 +230,7 @@ void StatisticsViewModel::rebuildHeatMap()
 
 QString StatisticsViewModel::dayText(QDate day) const
 {
-    return m_sources.strings.locale().toString(day, QStringLiteral("dddd d MMMM"));
+    return m_sources.strings.locale().toString(day, m_sources.strings.text(QStringLiteral("date.weekday_day_month")));
 }
 
 QString StatisticsViewModel::durationText(qint64 minutes) const

@@ -118,9 +118,12 @@ TEST_F(DesktopBusTests, NotificationsAreWhatTheServerSays)
                   QStringLiteral("org.freedesktop.Notifications"));
     probe.query(take);
     EXPECT_TRUE(asked(3));
+    FreedesktopNotificationProbe withoutBus(QDBusConnection(QStringLiteral("none")));
+    withoutBus.query(take);
+    EXPECT_TRUE(asked(4)) << "no bus is an answer too";
     const NotificationProbeResult none{NotificationPermission::unavailable, false};
-    EXPECT_THAT(results,
-                testing::ElementsAre(none, none, NotificationProbeResult{NotificationPermission::authorised, true}));
+    EXPECT_THAT(results, testing::ElementsAre(none, none,
+                                              NotificationProbeResult{NotificationPermission::authorised, true}, none));
 }
 
 TEST(AutostartLoginItemTests, WritesAnEntryThatDesktopsStartAndReadsWhatTheySwitched)

@@ -26,6 +26,7 @@ public:
         m_process.kill();
         m_process.waitForFinished();
     }
+    [[nodiscard]] qint64 id() const { return m_process.processId(); }
     /// Sends a line and gives the line that comes back; the event loop runs meanwhile.
     [[nodiscard]] QByteArray ask(const QByteArray &line)
     {

@@ -51,6 +51,7 @@ const Act resume = [](Overlay &o) { o.machine.resume(); };
 const Act extend = [](Overlay &o) { o.machine.extend(300); };
 const Act reset = [](Overlay &o) { o.machine.reset(); };
 const Act endBreak = [](Overlay &o) { o.pass(300s); };
+const Act close = [](Overlay &o) { o.windows.close(); };
 const Act hide = [](Overlay &o) { o.controller->hide(); };
 const Act showWork = [](Overlay &o) { o.controller->show(PomodoroPhase::working); };
 const Act plug = [](Overlay &o) { o.screens.plug({u"other"_s}); };
@@ -83,6 +84,7 @@ TEST(BreakOverlayController, DecidesFromTheStateAtDelivery)
         {"waits, reset", {hold, finish, reset}, false},
         {"work waits, started", {holdWork, finish, endBreak, resume}, false},
         {"hidden, paused, resumed", {finish, hide, pause, resume}, false},
+        {"closed by the desktop", {finish, close}, false},
         {"break ends", {finish, endBreak}, false},
         {"reset", {finish, reset}, false},
         {"overflow taken", {overflow, finish, take}, true},

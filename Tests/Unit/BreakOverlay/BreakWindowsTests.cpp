@@ -37,8 +37,12 @@ TEST(BreakOverlayWindows, LetViewsGoInALaterTurnAndTheFilesWithTheLast)
     Windows fixture;
     BreakOverlayWindows windows({fixture.machine, fixture.timer, fixture.settings, fixture.strings}, fixture.strings,
                                 fixture.host, fixture.screens, fixture.runLoop, fixture.videos);
-    auto first = windows.make({u"a"_s, {}, 1, true});
-    auto second = windows.make({u"b"_s, {}, 1, false});
+    int closed = 0;
+    auto first = windows.make({u"a"_s, {}, 1, true}, [&closed] { ++closed; });
+    QCloseEvent closing;
+    QCoreApplication::sendEvent(fixture.host.current, &closing);
+    EXPECT_EQ(closed, 1);
+    auto second = windows.make({u"b"_s, {}, 1, false}, {});
     EXPECT_EQ(fixture.screens.covered, (QStringList{u"a"_s, u"b"_s}));
     EXPECT_TRUE(fixture.host.last.properties.value(u"viewModel"_s).value<BreakContentModel *>()->isMuted())
         << "only the main screen is heard";
@@ -51,7 +55,7 @@ TEST(BreakOverlayWindows, LetViewsGoInALaterTurnAndTheFilesWithTheLast)
     EXPECT_EQ(fixture.host.alive, 0);
 
     fixture.host.isBroken = true;
-    EXPECT_EQ(windows.make({u"a"_s, {}, 1, true}), nullptr);
+    EXPECT_EQ(windows.make({u"a"_s, {}, 1, true}, {}), nullptr);
     EXPECT_EQ(fixture.finished, 1);
 }
 

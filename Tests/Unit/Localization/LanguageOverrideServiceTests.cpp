@@ -73,6 +73,13 @@ TEST(LanguageOverrideService, SystemMeansItsFirstLanguageThatThereIs)
         EXPECT_EQ(rawValue(service.resolvedLanguage()), expected) << tags;
         EXPECT_EQ(service.locale().name().left(2), expected) << tags;
     }
+    const QByteArray all = qgetenv("LC_ALL");
+    const QByteArray lang = qgetenv("LANG");
+    qputenv("LC_ALL", "C");
+    qputenv("LANG", "es_MX.UTF-8");
+    EXPECT_EQ(LanguageOverrideService(defaults).resolvedLanguage(), Language::en);
+    qputenv("LC_ALL", all);
+    qputenv("LANG", lang);
     const QByteArray before = qgetenv("LANGUAGE");
     qputenv("LANGUAGE", "it:fr_CH:tr");
     EXPECT_EQ(LanguageOverrideService(defaults).resolvedLanguage(), Language::fr);

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 #include <QtCore/QCoreApplication>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
 #include <QtTest/QTest>
 
 namespace tomcatto {
@@ -74,6 +76,15 @@ TEST_F(WindowController, OpensOnThePageShownLast)
     router.open();
     EXPECT_TRUE(controller.isOpen());
     EXPECT_EQ(fixture.window.currentPage(), MainWindowPage::statistics);
+}
+
+TEST_F(WindowController, FitsASmallScreen)
+{
+    const QSize room = QGuiApplication::primaryScreen()->availableSize();
+    viewHost.size = {room.width() / 2, room.height()};
+    controller.openWindow();
+    EXPECT_EQ(viewHost.current->width(), viewHost.size.width());
+    EXPECT_LT(viewHost.current->height(), room.height() - 20) << "the title bar has room too";
 }
 
 TEST_F(WindowController, SurvivesAViewThatCannotBeMade)

@@ -91,7 +91,7 @@ const StateCase states[] = {
          panel.machine().pause();
      },
      "overtime", "Overtime, paused", "+02:41", "25 min done", "", "Resume", "play.fill", "rste", "0/4+",
-     "Overtime, 2 minutes 41 seconds past the end"},
+     "Overtime, paused, 2 minutes 41 seconds past the end"},
     {"long break",
      [](Panel &panel) {
          panel.dependencies.settings.setCyclesBeforeLongBreak(1);
@@ -182,6 +182,7 @@ TEST(MenubarPanelViewModel, AnnouncesPhasesAndTheLastMinuteButNotTheSeconds)
     panel.machine().start();
     panel.pass(1439s);
     const auto before = announcements.count();
+    EXPECT_EQ(before, 1) << "the start";
     panel.pass(1s);
     EXPECT_EQ(announcements.count(), before + 1);
     EXPECT_EQ(panel.model.announcement(), u"Focus, 1 minute left"_qs);

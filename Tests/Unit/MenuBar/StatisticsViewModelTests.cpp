@@ -95,6 +95,8 @@ TEST(StatisticsViewModel, ShowsTheWeekInPlainRows)
     EXPECT_EQ(field(model.heatCells(), today - 1, u"level"_qs).toInt(), 1);
     EXPECT_EQ(field(model.heatCells(), today + 1, u"level"_qs).toInt(), -1);
     EXPECT_EQ(model.heatDayLabels(), QStringList({u"Mon"_qs, {}, u"Wed"_qs, {}, u"Fri"_qs, {}, u"Sun"_qs}));
+    test.language.setLanguage(SelectedLanguage::de);
+    EXPECT_EQ(field(model.heatCells(), today, u"name"_qs).toString(), u"Donnerstag, 9. Oktober, 3 Phasen"_qs);
 }
 
 TEST(StatisticsViewModel, FollowsRangeHistoryGoalAndLanguage)

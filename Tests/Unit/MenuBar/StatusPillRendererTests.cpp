@@ -172,6 +172,7 @@ TEST(StatusPillRenderer, DigitsAreEquallyWideSoThatTheItemKeepsItsLength)
 {
     EXPECT_DOUBLE_EQ(textWidth(u"11:11"_qs), textWidth(u"00:00"_qs));
     EXPECT_EQ(StatusMetrics::logoHeight(), 18);
+    EXPECT_EQ(StatusMetrics::baseline(), 17);
 }
 
 TEST(StatusPillRenderer, AMissingLogoGivesNothing)

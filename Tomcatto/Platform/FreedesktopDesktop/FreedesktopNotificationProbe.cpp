@@ -56,6 +56,12 @@ void FreedesktopNotificationProbe::askStartable(OnResult onResult)
 
 void FreedesktopNotificationProbe::call(const QDBusMessage &message, OnReply onReply)
 {
+    // A call over no bus never finishes.
+    if (!m_bus.isConnected()) {
+        QMetaObject::invokeMethod(
+            this, [onReply = std::move(onReply)] { onReply(QDBusMessage()); }, Qt::QueuedConnection);
+        return;
+    }
     auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, answerLimitMilliseconds), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, onReply = std::move(onReply)] {
         watcher->deleteLater();

@@ -1,6 +1,9 @@
 #include "Platform/FreedesktopDesktop/StatusNotifierTray.h"
 
+#include <chrono>
+#include <limits>
 #include <QtCore/QCoreApplication>
+#include <QtCore/QTimer>
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusPendingCallWatcher>
 #include <QtDBus/QDBusPendingReply>
@@ -15,7 +18,9 @@ const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
 const QString itemPath = QStringLiteral("/StatusNotifierItem");
 const QString menuPath = QStringLiteral("/MenuBar");
-constexpr int answerLimitMilliseconds = 2000;
+/// While a session starts, a tray may take long to answer. It is waited for, but no longer than this without a pill.
+constexpr std::chrono::seconds decisionTime(2);
+constexpr int noLimit = std::numeric_limits<int>::max();
 constexpr auto exported = QDBusConnection::ExportScriptableContents;
 
 QDBusMessage watcherCall(const QString &interface, const QString &method)
@@ -72,6 +77,10 @@ StatusNotifierTray::StatusNotifierTray(const QDBusConnection &sessionBus)
     requestName();
     registerItem();
     askForHost();
+    QTimer::singleShot(decisionTime, this, [this] {
+        if (!m_isDecided)
+            decide(false);
+    });
 }
 
 StatusNotifierTray::~StatusNotifierTray()
@@ -126,7 +135,7 @@ void StatusNotifierTray::askForHost()
 {
     QDBusMessage message = watcherCall(QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
     message << watcherService << QStringLiteral("IsStatusNotifierHostRegistered");
-    auto *call = new QDBusPendingCallWatcher(m_bus.asyncCall(message, answerLimitMilliseconds), this);
+    auto *call = new QDBusPendingCallWatcher(m_bus.asyncCall(message, noLimit), this);
     connect(call, &QDBusPendingCallWatcher::finished, this, [this, call, question = ++m_question] {
         call->deleteLater();
         const QDBusPendingReply<QVariant> reply = *call;

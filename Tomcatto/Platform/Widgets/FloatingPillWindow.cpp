@@ -203,7 +203,10 @@ void FloatingPillWindow::paintEvent(QPaintEvent * /*event*/)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor::fromRgba(m_isDark ? darkStrip : lightStrip));
-    painter.drawRoundedRect(rect(), stripRadius, stripRadius);
+    if (mask().isEmpty())
+        painter.drawRoundedRect(rect(), stripRadius, stripRadius);
+    else // What a smooth corner leaves out would be black.
+        painter.drawRect(rect());
     if (m_pill.isNull()) {
         painter.setPen(QColor::fromRgba(m_isDark ? darkInk : lightInk));
         painter.drawText(rect(), Qt::AlignCenter, m_title);

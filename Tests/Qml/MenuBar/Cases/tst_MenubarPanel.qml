@@ -109,6 +109,25 @@ TestCase {
         compare(order, ["reset", "skip", "quit", "statistics", "settings", "extend", "primary"])
     }
 
+    function test_keyboardLeavesWhatGoes_data() {
+        const idle = {theme: "idle", canReset: false, canSkip: false, showsExtend: false}
+        const overtime = {theme: "overtime", showsTakeBreak: true}
+        return [
+            {tag: "reset", holder: "reset", before: {}, after: idle, heir: "primary"},
+            {tag: "overtime", holder: "skip", before: {}, after: overtime, heir: "takeBreak"},
+            {tag: "break", holder: "takeBreak", before: overtime, after: {theme: "shortBreak"}, heir: "skip"},
+            {tag: "overtime reset", holder: "takeBreak", before: overtime, after: idle, heir: "primary"},
+            {tag: "pending", holder: "extend", before: {}, after: {isPending: true, showsExtend: false}, heir: "primary"},
+        ]
+    }
+    function test_keyboardLeavesWhatGoes(row) {
+        model.phase = phaseOf(row.before)
+        button(row.holder).forceActiveFocus(Qt.TabFocusReason)
+        model.phase = phaseOf(row.after)
+        keyClick(Qt.Key_Space)
+        compare(calls, [row.heir])
+    }
+
     function test_longTooltipsStayInside() {
         const tip = createTemporaryObject(longTip, panel)
         tryCompare(tip, "shown", true)
