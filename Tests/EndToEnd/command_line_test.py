@@ -71,6 +71,9 @@ class CommandLineTest(unittest.TestCase):
             follower = subprocess.Popen([PROGRAM, "status", "--follow"], env=self.tomcatto.environment,
                                         stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
             self.assertIn("idle", follower.stdout.readline())
+            with open("/dev/full", "w", encoding="utf-8") as full:
+                self.assertEqual(subprocess.call([PROGRAM, "status", "--follow"], env=self.tomcatto.environment,
+                                                 stdout=full), 4)
             self.tomcatto.end(with_signal)
             self.assertEqual("gone" in follower.communicate(timeout=60)[1], status == 3)
             self.assertEqual(follower.returncode, status)

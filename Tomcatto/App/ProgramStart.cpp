@@ -2,6 +2,7 @@
 
 #include "Platform/Portable/JsonFileUserDefaults.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
@@ -10,11 +11,13 @@ namespace tomcatto {
 
 namespace {
 
-bool printLine(std::FILE *file, const QString &line)
+PrintOutcome printLine(std::FILE *file, const QString &line)
 {
     const QByteArray bytes = line.toUtf8() + '\n';
     const auto size = static_cast<std::size_t>(bytes.size());
-    return std::fwrite(bytes.constData(), 1, size, file) == size && std::fflush(file) == 0;
+    if (std::fwrite(bytes.constData(), 1, size, file) == size && std::fflush(file) == 0)
+        return PrintOutcome::printed;
+    return errno == EPIPE ? PrintOutcome::nobodyReads : PrintOutcome::failed;
 }
 
 void logQtMessage(QtMsgType type, const QMessageLogContext & /*context*/, const QString &message)

@@ -105,13 +105,15 @@ ExitStatus CommandRunner::runRemote(const Invocation &invocation) const
 ExitStatus CommandRunner::runStatus(const Invocation &invocation) const
 {
     QString problem;
-    const auto show = [this, &invocation, &problem](const ControlReply &reply) {
+    auto outcome = PrintOutcome::printed;
+    const auto show = [this, &invocation, &problem, &outcome](const ControlReply &reply) {
         const auto status = timerStatusFromJson(reply.result);
         if (!status) {
             problem = status.error();
             return false;
         }
-        return m_surroundings.print(rendered(*status, invocation.format));
+        outcome = m_surroundings.print(rendered(*status, invocation.format));
+        return outcome == PrintOutcome::printed;
     };
     const ControlRequest request{QStringLiteral("status"), Json::object(), invocation.isFollowing};
     ControlReply reply;
@@ -119,9 +121,11 @@ ExitStatus CommandRunner::runStatus(const Invocation &invocation) const
         reply = m_client.follow(request, show);
     } else {
         reply = m_client.send(request);
-        if (reply.status == ExitStatus::done && !show(reply) && problem.isEmpty())
-            return ExitStatus::failed;
+        if (reply.status == ExitStatus::done)
+            show(reply);
     }
+    if (outcome == PrintOutcome::failed)
+        return ExitStatus::failed;
     if (!problem.isEmpty())
         return report(controlReply(ExitStatus::failed, problem));
     reply.message = reply.status == ExitStatus::done ? QString() : reply.message;
@@ -251,7 +255,7 @@ ExitStatus CommandRunner::report(const ControlReply &reply) const
 
 ExitStatus CommandRunner::print(const QString &text) const
 {
-    return m_surroundings.print(text) ? ExitStatus::done : ExitStatus::failed;
+    return m_surroundings.print(text) == PrintOutcome::failed ? ExitStatus::failed : ExitStatus::done;
 }
 
 void CommandRunner::waitForEnd() const

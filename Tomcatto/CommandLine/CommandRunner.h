@@ -10,6 +10,14 @@
 
 namespace tomcatto {
 
+/// What became of a line on standard output.
+enum class PrintOutcome {
+    printed,
+    /// Its reader is gone, which is no fault.
+    nobodyReads,
+    failed,
+};
+
 /// What commands need of their surroundings.
 struct CommandSurroundings
 {
@@ -25,8 +33,8 @@ struct CommandSurroundings
     const StillFrame &stillFrame;
     /// Opens the user defaults, for reading only or for a change.
     std::function<std::unique_ptr<UserDefaults>(bool isReadOnly)> openDefaults;
-    /// Write a line to standard output and standard error; `print` tells whether anybody still reads.
-    std::function<bool(const QString &line)> print;
+    /// Write a line to standard output and standard error.
+    std::function<PrintOutcome(const QString &line)> print;
     std::function<void(const QString &line)> printError;
 };
 

@@ -77,6 +77,10 @@ ControlReply settingsCommand(AppDependencies &dependencies, const Json &argument
     if (!value)
         return controlReply(ExitStatus::usage, value.error());
     applySetting(settings, setting->key, *value);
+    // What the system refuses goes back at once.
+    if (parseSetting(*setting, settingText(settings, setting->key)) != value)
+        return controlReply(ExitStatus::failed,
+                            QStringLiteral("The system does not take this setting; the log says why."));
     if (!dependencies.platform.defaults.synchronize())
         return controlReply(ExitStatus::failed,
                             QStringLiteral("The setting holds for this run, but its file cannot be written."));
