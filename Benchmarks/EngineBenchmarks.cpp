@@ -18,6 +18,7 @@ namespace {
 class UnseenTerminal final : public Terminal
 {
 public:
+    [[nodiscard]] bool isTerminal() const override { return true; }
     [[nodiscard]] bool isInteractive() const override { return true; }
     [[nodiscard]] int columns() const override { return 80; }
     [[nodiscard]] Cancellable readKeys(std::function<void(QChar)> /*handler*/) override { return {}; }
