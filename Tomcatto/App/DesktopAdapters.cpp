@@ -1,11 +1,9 @@
 #include "App/DesktopAdapters.h"
 
-#include <QtCore/QCoreApplication>
-
 namespace tomcatto {
 
 DesktopAdapters::DesktopAdapters()
-    : m_loginItem(QCoreApplication::applicationFilePath())
+    : m_loginItem(AutostartLoginItem::programAtLogin())
     , m_systemSettings(DesktopSystemSettings::currentDesktops(), AutostartLoginItem::userFolder())
     , m_notificationProbe(QDBusConnection::sessionBus())
 {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Composition/PlatformServices.h"
-#include "Platform/FreedesktopDesktop/AutostartLoginItem.h"
+#include "Platform/Freedesktop/AutostartLoginItem.h"
 #include "Platform/FreedesktopDesktop/DesktopSystemSettings.h"
 #include "Platform/FreedesktopDesktop/FreedesktopNotificationProbe.h"
 #include "Platform/Widgets/MessageBoxAlert.h"

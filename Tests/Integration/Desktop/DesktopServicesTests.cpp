@@ -1,7 +1,7 @@
 #include "Integration/Platform/PrivateBus.h"
+#include "Platform/Freedesktop/AutostartLoginItem.h"
 #include "Platform/Freedesktop/DisplayProbe.h"
 #include "Platform/Freedesktop/ProcessReplacement.h"
-#include "Platform/FreedesktopDesktop/AutostartLoginItem.h"
 #include "Platform/FreedesktopDesktop/DesktopAppearance.h"
 #include "Platform/FreedesktopDesktop/DesktopSystemSettings.h"
 #include "Platform/FreedesktopDesktop/FreedesktopNotificationProbe.h"

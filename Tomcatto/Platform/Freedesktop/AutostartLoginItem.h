@@ -15,6 +15,9 @@ public:
 
     /// The user's autostart folder; it need not exist.
     [[nodiscard]] static QString userFolder();
+    /// What belongs into the entry, whichever of the programs writes it: the desktop program in the folder of the
+    /// running one, else the running one.
+    [[nodiscard]] static QString programAtLogin();
 
     [[nodiscard]] LoginItemStatus status() const override;
     /// Replaces the entry as a whole, with everything that was switched in it.

@@ -1,9 +1,11 @@
-#include "Platform/FreedesktopDesktop/AutostartLoginItem.h"
+#include "Platform/Freedesktop/AutostartLoginItem.h"
 
 #include "Foundation/ApplicationIdentity.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QSaveFile>
 #include <QtCore/QStandardPaths>
 
@@ -64,6 +66,12 @@ AutostartLoginItem::AutostartLoginItem(QString program, QString folder)
 QString AutostartLoginItem::userFolder()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QStringLiteral("/autostart");
+}
+
+QString AutostartLoginItem::programAtLogin()
+{
+    const QFileInfo desktop(QCoreApplication::applicationDirPath() + QStringLiteral("/tomcatto-desktop"));
+    return desktop.isFile() && desktop.isExecutable() ? desktop.filePath() : QCoreApplication::applicationFilePath();
 }
 
 QString AutostartLoginItem::file() const
