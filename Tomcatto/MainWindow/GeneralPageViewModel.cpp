@@ -119,9 +119,18 @@ bool GeneralPageViewModel::notificationsDenied() const
 
 QString GeneralPageViewModel::launchAtLoginHelp() const
 {
-    return m_strings.text(m_launchAtLogin.status() == LoginItemStatus::requiresApproval
-                              ? QStringLiteral("window.general.launch_at_login.help_approval")
-                              : QStringLiteral("window.general.launch_at_login.help"));
+    switch (m_launchAtLogin.status()) {
+    case LoginItemStatus::requiresApproval:
+        return m_strings.text(QStringLiteral("window.general.launch_at_login.help_approval"));
+    case LoginItemStatus::otherProgram:
+        return m_strings.text(QStringLiteral("window.general.launch_at_login.help_other"));
+    case LoginItemStatus::notRegistered:
+    case LoginItemStatus::enabled:
+    case LoginItemStatus::outdated:
+    case LoginItemStatus::unavailable:
+        break;
+    }
+    return m_strings.text(QStringLiteral("window.general.launch_at_login.help"));
 }
 
 void GeneralPageViewModel::setFloatingPill(std::optional<bool> isShown)

@@ -22,7 +22,9 @@ LaunchAtLoginService::LaunchAtLoginService(PomodoroSettings &settings, LoginItem
 
 void LaunchAtLoginService::readStatus()
 {
-    const LoginItemStatus status = m_loginItem.status();
+    LoginItemStatus status = m_loginItem.status();
+    if (status == LoginItemStatus::outdated && renew())
+        status = m_loginItem.status();
     const bool isNew = status != m_status;
     m_status = status;
     m_isFollowing = true;
@@ -31,6 +33,16 @@ void LaunchAtLoginService::readStatus()
     m_isFollowing = false;
     if (isNew)
         Q_EMIT statusChanged();
+}
+
+bool LaunchAtLoginService::renew()
+{
+    const auto result = m_loginItem.registerItem();
+    if (result)
+        m_logger.info(QStringLiteral("the login item started what is gone; now it starts this program"));
+    else
+        m_logger.error(QStringLiteral("launch-at-login register failed: %1").arg(result.error()));
+    return result.has_value();
 }
 
 void LaunchAtLoginService::enable()

@@ -11,7 +11,8 @@ namespace tomcatto {
 
 /// Keeps the system's login item and the `launchAtLogin` setting together. A change of the setting, from wherever, is
 /// handed to the system; where that fails the user is told and the setting goes back to what the system has. Waiting
-/// for the user's approval counts as off: nothing is started then. Main thread only.
+/// for the user's approval counts as off: nothing is started then. So does another program in the application's place;
+/// an item whose program is gone is registered anew. Main thread only.
 class LaunchAtLoginService final : public QObject
 {
     Q_OBJECT
@@ -36,6 +37,7 @@ Q_SIGNALS:
 private:
     void settingChanged();
     void apply(bool isOn);
+    [[nodiscard]] bool renew();
     void tellFailure();
 
     PomodoroSettings &m_settings;

@@ -160,6 +160,10 @@ TEST(AutostartLoginItemTests, WritesAnEntryThatDesktopsStartAndReadsWhatTheySwit
           std::tuple("Terminal=false", "[Other]\nHidden=true", LoginItemStatus::enabled),
           std::tuple("Type=Application", "Type=Link", LoginItemStatus::notRegistered),
           std::tuple("Exec=", "Exec=\n#", LoginItemStatus::notRegistered),
+          std::tuple("Exec=", "Exec=env LANG=C ", LoginItemStatus::enabled),
+          std::tuple("Exec=", "Exec=env LANG=C\n#", LoginItemStatus::otherProgram),
+          std::tuple("Exec=\"", "Exec=\"/gone", LoginItemStatus::outdated),
+          std::tuple("Terminal=false", "TryExec=/gone", LoginItemStatus::outdated),
           std::tuple("[Desktop Entry]", "", LoginItemStatus::notRegistered)}) {
         ASSERT_TRUE(entry.open(QIODevice::WriteOnly));
         entry.write(QByteArray(text).replace(from, to));

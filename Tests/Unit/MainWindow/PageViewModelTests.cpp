@@ -155,6 +155,9 @@ TEST(GeneralPage, FailedLaunchAtLoginTurnsTheSwitchBack)
     EXPECT_FALSE(fixture.general.launchAtLogin());
     EXPECT_GT(changes, 0);
     EXPECT_EQ(fixture.alert.shown.size(), 1U);
+    fixture.loginItem.current = LoginItemStatus::otherProgram;
+    fixture.launchAtLogin.readStatus();
+    EXPECT_TRUE(fixture.general.launchAtLoginHelp().startsWith(QStringLiteral("Another copy")));
 }
 
 TEST(PermissionsPage, SaysWhatTheDesktopCanDo)

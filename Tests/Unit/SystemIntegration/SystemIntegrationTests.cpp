@@ -29,6 +29,7 @@ TEST_F(LaunchAtLogin, SettingFollowsTheStatusReadFromTheSystem)
     for (const auto &[status, isOn] : {std::pair{LoginItemStatus::enabled, true},
                                        {LoginItemStatus::requiresApproval, false},
                                        {LoginItemStatus::notRegistered, false},
+                                       {LoginItemStatus::otherProgram, false},
                                        {LoginItemStatus::enabled, true},
                                        {LoginItemStatus::unavailable, false}}) {
         item.current = status;
@@ -37,6 +38,16 @@ TEST_F(LaunchAtLogin, SettingFollowsTheStatusReadFromTheSystem)
         EXPECT_EQ(settings.launchAtLogin(), isOn);
     }
     EXPECT_EQ(item.calls, 0) << "following the system registers nothing";
+
+    item.current = LoginItemStatus::outdated;
+    service.readStatus();
+    EXPECT_EQ(item.calls, 1) << "what is gone is replaced by this program";
+    EXPECT_TRUE(settings.launchAtLogin());
+    item.current = LoginItemStatus::outdated;
+    item.failure = QStringLiteral("disk full");
+    service.readStatus();
+    EXPECT_FALSE(settings.launchAtLogin());
+    EXPECT_TRUE(alert.shown.empty()) << "nobody has asked for anything";
 }
 
 TEST_F(LaunchAtLogin, ChangedSettingReachesTheSystem)

@@ -1,7 +1,9 @@
 #include "Platform/Freedesktop/AutostartLoginItem.h"
 
 #include "Foundation/ApplicationIdentity.h"
+#include "Platform/Freedesktop/AutostartEntry.h"
 
+#include <algorithm>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -13,46 +15,41 @@ namespace tomcatto {
 
 namespace {
 
-/// A path as one argument of an Exec line: quoted, with the characters escaped that mean something inside quotes, per
-/// cent signs doubled, and every backslash doubled once more because the line is a text value of the file.
-QByteArray execArgument(const QString &path)
+/// The file that a word of a command starts; empty where there is none.
+QString startedFile(const QString &word)
 {
-    QString argument;
-    for (const QChar character : path) {
-        if (QStringLiteral("\"`$\\").contains(character))
-            argument += u'\\';
-        if (character == u'%')
-            argument += u'%';
-        argument += character;
-    }
-    argument.replace(u'\\', QStringLiteral("\\\\")).replace(u'\n', QStringLiteral("\\n"));
-    return '"' + argument.toUtf8() + '"';
+    if (!word.contains(u'/'))
+        return QFileInfo(QStandardPaths::findExecutable(word)).canonicalFilePath();
+    const QFileInfo file(word);
+    return file.isFile() && file.isExecutable() ? file.canonicalFilePath() : QString();
 }
 
-/// What the desktop makes of an entry's text, whoever wrote it.
-LoginItemStatus statusOf(const QByteArray &entry)
+/// Whether both are programs of the same installation: the one for a terminal hands over to the desktop's beside it.
+bool isSameInstallation(const QString &started, const QString &program)
 {
-    bool isInside = false;
-    bool isApplication = false;
-    bool startsSomething = false;
-    bool isSwitchedOff = false;
-    for (const QByteArray &rawLine : entry.split('\n')) {
-        const QByteArray line = rawLine.trimmed();
-        if (line.startsWith('['))
-            isInside = line == "[Desktop Entry]";
-        const auto equals = line.indexOf('=');
-        if (!isInside || equals < 0)
-            continue;
-        const QByteArray key = line.left(equals).trimmed();
-        const QByteArray value = line.mid(equals + 1).trimmed();
-        isApplication = isApplication || (key == "Type" && value == "Application");
-        startsSomething = startsSomething || (key == "Exec" && !value.isEmpty());
-        isSwitchedOff = isSwitchedOff || (key == "Hidden" && value == "true") ||
-                        (key == "X-GNOME-Autostart-enabled" && value == "false");
-    }
-    if (!isApplication || !startsSomething)
+    const QFileInfo own(program);
+    const QFileInfo other(started);
+    return other.canonicalPath() == own.canonicalPath() &&
+           (other.fileName().startsWith(own.fileName() + u'-') || own.fileName().startsWith(other.fileName() + u'-') ||
+            other.fileName() == own.fileName());
+}
+
+LoginItemStatus statusOf(const AutostartEntry &entry, const QString &program)
+{
+    if (!entry.isApplication || entry.command.isEmpty())
         return LoginItemStatus::notRegistered;
-    return isSwitchedOff ? LoginItemStatus::requiresApproval : LoginItemStatus::enabled;
+    if (entry.isSwitchedOff)
+        return LoginItemStatus::requiresApproval;
+    if (startedFile(entry.command.front()).isEmpty() ||
+        (!entry.neededProgram.isEmpty() && startedFile(entry.neededProgram).isEmpty()))
+        return LoginItemStatus::outdated;
+    // Somebody may have put the program behind another, such as one that sets the environment.
+    const QString own = QFileInfo(program).canonicalFilePath();
+    const bool isThis = std::ranges::any_of(entry.command, [&](const QString &word) {
+        const QString started = startedFile(word);
+        return !started.isEmpty() && isSameInstallation(started, own);
+    });
+    return isThis ? LoginItemStatus::enabled : LoginItemStatus::otherProgram;
 }
 
 }
@@ -81,7 +78,8 @@ QString AutostartLoginItem::file() const
 
 QByteArray AutostartLoginItem::entry() const
 {
-    return "[Desktop Entry]\nType=Application\nName=" + productName.toUtf8() + "\nExec=" + execArgument(m_program) +
+    return "[Desktop Entry]\nType=Application\nName=" + productName.toUtf8() +
+           "\nExec=" + AutostartEntry::commandWord(m_program) +
            " --background\nIcon=" + applicationIdentifier.toUtf8() +
            "\nTerminal=false\nStartupNotify=false\nX-GNOME-Autostart-enabled=true\n";
 }
@@ -93,7 +91,7 @@ LoginItemStatus AutostartLoginItem::status() const
         return LoginItemStatus::notRegistered;
     if (!stored.open(QIODevice::ReadOnly))
         return LoginItemStatus::unavailable;
-    return statusOf(stored.readAll());
+    return statusOf(AutostartEntry::read(stored.readAll()), m_program);
 }
 
 std::expected<void, QString> AutostartLoginItem::registerItem()

@@ -5,7 +5,8 @@
 namespace tomcatto {
 
 /// The login item as an autostart entry of the desktop, a small file in the user's configuration. The desktop's own
-/// settings switch it off by a key in that file, which counts as waiting for approval.
+/// settings switch it off by a key in that file, which counts as waiting for approval. What it starts decides, too: a
+/// program that is gone, or another one, is not this application.
 class AutostartLoginItem final : public LoginItem
 {
 public:

@@ -14,6 +14,10 @@ enum class LoginItemStatus : std::uint8_t {
     enabled,
     /// It is registered, but the system waits for the user's approval, or the user has switched it off there.
     requiresApproval,
+    /// It is registered, but what would be started is gone, as after a move of the application.
+    outdated,
+    /// Something else is started in its place, such as another copy of the application.
+    otherProgram,
     /// The system offers no such thing, or its state cannot be read.
     unavailable
 };
