@@ -3,6 +3,8 @@
 #include "Platform/Ports/GlobalClickMonitor.h"
 #include "Platform/Ports/StatusItem.h"
 
+#include <algorithm>
+
 namespace tomcatto {
 
 /// An item that keeps what it was given; a test clicks it by hand.
@@ -28,7 +30,7 @@ public:
         activate = std::move(handler);
         return Cancellable([this] { activate = nullptr; });
     }
-    [[nodiscard]] Cancellable onMenuAction(std::function<void(TrayMenuAction)> handler) override
+    [[nodiscard]] Cancellable onMenuCommand(std::function<void(const TrayMenuCommand &)> handler) override
     {
         choose = std::move(handler);
         return Cancellable([this] { choose = nullptr; });
@@ -42,7 +44,15 @@ public:
     bool isPillWanted = false;
     std::function<void()> formsChanged;
     std::function<void(std::optional<QRect>)> activate;
-    std::function<void(TrayMenuAction)> choose;
+    std::function<void(const TrayMenuCommand &)> choose;
+
+    /// The command of the entry that reads like this; one that does nothing where there is none.
+    [[nodiscard]] TrayMenuCommand command(const QString &text) const
+    {
+        const auto found = std::ranges::find(menu.entries, text, &TrayMenuEntry::text);
+        return found == menu.entries.end() ? TrayMenuCommand{} : found->command.value_or(TrayMenuCommand{});
+    }
+    void pick(const QString &text) { choose(command(text)); }
 };
 
 /// A mouse that a test presses by hand.

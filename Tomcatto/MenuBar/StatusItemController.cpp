@@ -7,6 +7,7 @@
 #include "MenuBar/TrayMenuBuilder.h"
 #include "StatisticsViews/StatisticsViewModel.h"
 
+#include <algorithm>
 #include <QtGui/QCursor>
 
 namespace tomcatto {
@@ -57,7 +58,8 @@ void StatusItemController::connectItem()
 {
     m_statusItem.setPillWanted(m_isPillWanted);
     m_itemCancellables.push_back(m_statusItem.onActivated([this](std::optional<QRect> item) { togglePopover(item); }));
-    m_itemCancellables.push_back(m_statusItem.onMenuAction([this](TrayMenuAction action) { perform(action); }));
+    m_itemCancellables.push_back(
+        m_statusItem.onMenuCommand([this](const TrayMenuCommand &command) { choose(command); }));
     m_itemCancellables.push_back(m_statusItem.onFormsChanged([this] { updateStatusItem(); }));
 }
 
@@ -120,10 +122,14 @@ void StatusItemController::updateStatusItem()
     m_statusItem.show(presentation);
 }
 
+TrayMenu StatusItemController::currentMenu() const
+{
+    return trayMenu(m_dependencies.stateMachine, m_dependencies.strings, pillChoice());
+}
+
 void StatusItemController::updateMenu()
 {
-    const TrayMenu menu =
-        trayMenu(transportControls(m_dependencies.stateMachine), m_dependencies.strings, pillChoice());
+    const TrayMenu menu = currentMenu();
     if (menu == m_shownMenu)
         return;
     m_shownMenu = menu;
@@ -197,13 +203,26 @@ void StatusItemController::popoverDidClose()
         m_onDidClose();
 }
 
+void StatusItemController::choose(const TrayMenuCommand &command)
+{
+    // The menu that was clicked may be one of a moment that is over.
+    const TrayMenu menu = currentMenu();
+    const bool isOffered = std::ranges::any_of(
+        menu.entries, [&](const TrayMenuEntry &entry) { return entry.isEnabled && entry.command == command; });
+    if (isOffered)
+        perform(command.action);
+}
+
 void StatusItemController::perform(TrayMenuAction action)
 {
     PomodoroStateMachine &machine = m_dependencies.stateMachine;
     switch (action) {
     case TrayMenuAction::openPanel:
         return showPopover();
-    case TrayMenuAction::primary:
+    case TrayMenuAction::start:
+    case TrayMenuAction::startBreak:
+    case TrayMenuAction::pause:
+    case TrayMenuAction::resume:
         return performPrimary(machine);
     case TrayMenuAction::skip:
         machine.skip();

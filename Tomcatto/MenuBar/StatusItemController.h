@@ -69,6 +69,8 @@ private:
     void popoverDidClose();
     void present(std::optional<QRect> item);
     void dismiss();
+    [[nodiscard]] TrayMenu currentMenu() const;
+    void choose(const TrayMenuCommand &command);
     void perform(TrayMenuAction action);
 
     AppDependencies &m_dependencies;

@@ -1,38 +1,47 @@
 #include "MenuBar/TrayMenuBuilder.h"
 
+#include "MenuBar/TransportControls.h"
+
 namespace tomcatto {
 namespace {
 
-QString primaryKey(PrimaryTransport primary)
+std::pair<TrayMenuAction, QString> primaryEntry(PrimaryTransport primary)
 {
     switch (primary) {
     case PrimaryTransport::start:
-        return QStringLiteral("tray.menu.start");
+        return {TrayMenuAction::start, QStringLiteral("tray.menu.start")};
     case PrimaryTransport::startBreak:
-        return QStringLiteral("tray.menu.start_break");
+        return {TrayMenuAction::startBreak, QStringLiteral("tray.menu.start_break")};
     case PrimaryTransport::pause:
-        return QStringLiteral("tray.menu.pause");
+        return {TrayMenuAction::pause, QStringLiteral("tray.menu.pause")};
     case PrimaryTransport::resume:
-        return QStringLiteral("tray.menu.resume");
+        return {TrayMenuAction::resume, QStringLiteral("tray.menu.resume")};
     }
     return {};
 }
 
 }
 
-TrayMenu trayMenu(const TransportControls &controls, const LocalizedStrings &strings, std::optional<bool> pillChoice)
+TrayMenu trayMenu(const PomodoroStateMachine &stateMachine, const LocalizedStrings &strings,
+                  std::optional<bool> pillChoice)
 {
+    const TransportControls controls = transportControls(stateMachine);
     const auto entry = [&](TrayMenuAction action, const QString &key, bool isEnabled = true) {
-        return TrayMenuEntry{action, strings.text(key), isEnabled, std::nullopt};
+        return TrayMenuEntry{TrayMenuCommand{action, {}}, strings.text(key), isEnabled, std::nullopt};
     };
+    const auto phaseEntry = [&](TrayMenuAction action, const QString &key, bool isEnabled = true) {
+        return TrayMenuEntry{TrayMenuCommand{action, stateMachine.phaseToken()}, strings.text(key), isEnabled,
+                             std::nullopt};
+    };
+    const auto [primary, primaryKey] = primaryEntry(controls.primary);
     const TrayMenuEntry separator;
     TrayMenu menu{{
         entry(TrayMenuAction::openPanel, QStringLiteral("tray.menu.open_panel")),
         separator,
-        entry(TrayMenuAction::primary, primaryKey(controls.primary)),
-        controls.showsTakeBreak ? entry(TrayMenuAction::takeBreak, QStringLiteral("tray.menu.take_break"))
-                                : entry(TrayMenuAction::skip, QStringLiteral("tray.menu.skip"), controls.canSkip),
-        entry(TrayMenuAction::extend, QStringLiteral("tray.menu.extend"), controls.showsExtend),
+        phaseEntry(primary, primaryKey),
+        controls.showsTakeBreak ? phaseEntry(TrayMenuAction::takeBreak, QStringLiteral("tray.menu.take_break"))
+                                : phaseEntry(TrayMenuAction::skip, QStringLiteral("tray.menu.skip"), controls.canSkip),
+        phaseEntry(TrayMenuAction::extend, QStringLiteral("tray.menu.extend"), controls.showsExtend),
         entry(TrayMenuAction::reset, QStringLiteral("tray.menu.reset"), controls.canReset),
         separator,
         entry(TrayMenuAction::statistics, QStringLiteral("tray.menu.statistics")),

@@ -18,7 +18,7 @@ namespace {
 TrayMenuEntry entry(TrayMenuAction action, const QString &text, bool isEnabled = true,
                     std::optional<bool> isChecked = {})
 {
-    return {action, text, isEnabled, isChecked};
+    return {TrayMenuCommand{action, {}}, text, isEnabled, isChecked};
 }
 
 class StatusItemTests : public testing::Test
@@ -87,7 +87,8 @@ protected:
     std::vector<TrayMenuAction> m_actions;
     Cancellable m_forms = m_item.onFormsChanged([this] { present(Qt::red, QStringLiteral("Focus")); });
     Cancellable m_activation = m_item.onActivated([this](const auto &place) { m_places.push_back(place); });
-    Cancellable m_choice = m_item.onMenuAction([this](TrayMenuAction action) { m_actions.push_back(action); });
+    Cancellable m_choice =
+        m_item.onMenuCommand([this](const TrayMenuCommand &command) { m_actions.push_back(command.action); });
 };
 
 }
@@ -140,21 +141,28 @@ TEST_F(StatusItemTests, IsReadAndUsedByATrayOverTheBus)
                    "'toolTipTypes': null}"));
     EXPECT_EQ(
         tray->ask("menu"),
-        json("[0, [[1, {'enabled': true, 'label': 'Open__panel', 'visible': true}], [1000, {'type': 'separator'}], "
-             "[3, {'enabled': false, 'label': 'Skip', 'visible': true}], [9, {'enabled': true, 'label': 'Pill', "
+        json("[0, [[1000, {'enabled': true, 'label': 'Open__panel', 'visible': true}], [1, {'type': 'separator'}], "
+             "[1001, {'enabled': false, 'label': 'Skip', 'visible': true}], [1002, {'enabled': true, 'label': 'Pill', "
              "'toggle-state': 1, 'toggle-type': 'checkmark', 'visible': true}]]]"));
 
     EXPECT_EQ(tray->ask("activate 700 5"), "\"done\"");
     EXPECT_EQ(tray->ask("activate 0 0"), "\"done\"");
     EXPECT_THAT(m_places, testing::ElementsAre(QRect(700, 5, 0, 0), std::nullopt));
     EXPECT_EQ(m_item.geometry(), QRect(700, 5, 0, 0)) << "the last place that was told";
-    for (const char *click : {"click 3", "click 9", "click 1000", "click 77"})
+    for (const char *click : {"click 1001", "click 1002", "click 1", "click 77"})
         EXPECT_EQ(tray->ask(click), "\"done\"");
-    EXPECT_EQ(tray->ask("clicks 1 77"), "[77]") << "those that do not exist";
+    EXPECT_EQ(tray->ask("clicks 1000 77"), "[77]") << "those that do not exist";
     EXPECT_THAT(m_actions, testing::ElementsAre(TrayMenuAction::togglePill, TrayMenuAction::openPanel))
         << "the others are off or no commands";
 
-    EXPECT_FALSE(tray->ask("changes").isEmpty());
+    // A menu that a tray still shows: its ids mean what they meant, or nothing.
+    m_item.setMenu({{m_menu.entries[0], entry(TrayMenuAction::pause, QStringLiteral("Pause"))}});
+    m_item.setMenu({{entry(TrayMenuAction::startBreak, QStringLiteral("Start break")), m_menu.entries[3]}});
+    EXPECT_EQ(tray->ask("clicks 1000 1002 1003 1004"), "[1000, 1002, 1003]");
+    EXPECT_EQ(m_actions.back(), TrayMenuAction::startBreak);
+    EXPECT_EQ(m_actions.size(), 3U);
+
+    EXPECT_TRUE(tray->ask("changes").contains("LayoutUpdated"));
     EXPECT_TRUE(tray->ask("item").contains("Focus"));
     for (const char *toolTip : {"24:59", "24:58", "24:57"})
         present(Qt::red, QLatin1String(toolTip));
@@ -180,9 +188,19 @@ TEST_F(StatusItemTests, SitsInATrayThatTakesInWindows)
     EXPECT_THAT(m_places, testing::ElementsAre(place()));
     usePointer(QStringLiteral("click 3"));
     EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
-    usePointer(QStringLiteral("key Down Return"));
+    // The open menu follows: the line that the keys are on has another meaning now, and is none of theirs.
+    usePointer(QStringLiteral("key Down"));
+    auto *popup = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return popup->activeAction() == popup->actions().constFirst(); }));
+    m_item.setMenu({{entry(TrayMenuAction::startBreak, QStringLiteral("Start & go")), {}, m_menu.entries[3]}});
+    EXPECT_EQ(popup->activeAction(), nullptr);
+    QStringList lines;
+    for (const QAction *line : popup->actions())
+        lines.append(line->isSeparator() ? QStringLiteral("-") : line->text());
+    EXPECT_EQ(lines, QStringList({QStringLiteral("Start && go"), QStringLiteral("-"), QStringLiteral("Pill")}));
+    usePointer(QStringLiteral("key Return Up Return"));
     EXPECT_TRUE(QTest::qWaitFor([this] { return !m_actions.empty(); }));
-    EXPECT_THAT(m_actions, testing::ElementsAre(TrayMenuAction::openPanel));
+    EXPECT_THAT(m_actions, testing::ElementsAre(TrayMenuAction::togglePill));
 }
 
 TEST_F(StatusItemTests, FloatsAboveEverythingIsDraggedAlongTheEdgeAndComesBackThere)

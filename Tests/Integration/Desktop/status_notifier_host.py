@@ -32,6 +32,8 @@ class Watcher(dbus.service.Object):
         item = self.connection.get_object(service, "/StatusNotifierItem", introspect=False)
         for signal in ("NewIcon", "NewToolTip"):
             item.connect_to_signal(signal, lambda name=signal: self.changes.append(name), dbus_interface=ITEM)
+        self.connection.get_object(service, "/MenuBar", introspect=False).connect_to_signal(
+            "LayoutUpdated", lambda *_: self.changes.append("LayoutUpdated"), dbus_interface=MENU)
 
     @dbus.service.method(dbus.PROPERTIES_IFACE, in_signature="ss", out_signature="v")
     def Get(self, interface, name):

@@ -25,7 +25,7 @@ struct Item : ServicesFixture
     {
         QStringList texts;
         for (const TrayMenuEntry &entry : item.menu.entries) {
-            if (entry.action && entry.isEnabled)
+            if (entry.command && entry.isEnabled)
                 texts.append(entry.text);
         }
         return texts;
@@ -73,17 +73,38 @@ TEST(StatusItemController, MenuFollowsTheTimerAndActs)
     Item test;
     EXPECT_EQ(test.enabledEntries(), QStringList({u"Open panel"_qs, u"Start focus"_qs, u"Statistics"_qs, u"Settings"_qs,
                                                   u"Quit Tomcatto"_qs}));
-    test.item.choose(TrayMenuAction::primary);
+    test.item.pick(u"Start focus"_qs);
     test.runLoop.drain();
     EXPECT_TRUE(test.enabledEntries().contains(u"Pause"_qs));
     EXPECT_TRUE(test.enabledEntries().contains(u"Skip this phase"_qs));
-    test.item.choose(TrayMenuAction::extend);
+    test.item.pick(u"Add five minutes"_qs);
     EXPECT_EQ(test.dependencies.stateMachine.currentPlannedSeconds(), 1800);
-    test.item.choose(TrayMenuAction::reset);
+    test.item.pick(u"Reset"_qs);
     EXPECT_EQ(test.dependencies.stateMachine.currentPhase(), PomodoroPhase::idle);
     QSignalSpy pages(&test.router, &MainWindowRouter::pageRequested);
-    test.item.choose(TrayMenuAction::settings);
+    test.item.pick(u"Settings"_qs);
     EXPECT_EQ(pages.count(), 1);
+}
+
+TEST(StatusItemController, AClickOnWhatTheMenuNoLongerOffersDoesNothing)
+{
+    for (const QString &seen : {u"Pause"_qs, u"Skip this phase"_qs, u"Add five minutes"_qs}) {
+        Item test;
+        const PomodoroStateMachine &machine = test.dependencies.stateMachine;
+        test.dependencies.settings.setOverflowEnabled(false);
+        test.dependencies.settings.setAutoStartBreaks(false);
+        test.item.pick(u"Start focus"_qs);
+        test.runLoop.drain();
+        const TrayMenuCommand old = test.item.command(seen);
+        EXPECT_FALSE(old.phaseToken.isEmpty());
+        test.pass(25min);
+        test.item.choose(old);
+        EXPECT_TRUE(machine.isPhasePending() && machine.currentPhase() == PomodoroPhase::shortBreak)
+            << seen.toStdString();
+        EXPECT_EQ(machine.currentPlannedSeconds(), 300);
+        test.item.pick(u"Start break"_qs);
+        EXPECT_FALSE(machine.isPhasePending());
+    }
 }
 
 TEST(StatusItemController, ThePillIsAChoiceOnlyBesideAnIconAndAllControlsAgree)
@@ -95,7 +116,7 @@ TEST(StatusItemController, ThePillIsAChoiceOnlyBesideAnIconAndAllControlsAgree)
     test.item.formsChanged();
     EXPECT_EQ(test.controller.pillChoice(), false);
     EXPECT_EQ(test.item.menu.entries.at(9).isChecked, false);
-    test.item.choose(TrayMenuAction::togglePill);
+    test.item.pick(u"Show the time at the top edge"_qs);
     EXPECT_EQ(choices.count(), 2);
     EXPECT_EQ(choices.last().first().value<std::optional<bool>>(), true);
     test.controller.setPillWanted(false);

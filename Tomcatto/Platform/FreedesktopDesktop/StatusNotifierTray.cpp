@@ -46,11 +46,11 @@ std::optional<QRect> clickedPlace(QPoint place)
 StatusNotifierTray::StatusNotifierTray(const QDBusConnection &sessionBus)
     : m_bus(sessionBus)
     , m_name(QStringLiteral("org.kde.StatusNotifierItem-%1-1").arg(QCoreApplication::applicationPid()))
-    , m_menu([this](TrayMenuAction action) {
+    , m_menu([this](const TrayMenuCommand &command) {
         // The menu stands at the icon; before the first click on that, nothing else tells where it is.
         if (!m_place)
             m_place = QRect(QCursor::pos(), QSize(0, 0));
-        Q_EMIT menuActionChosen(action);
+        Q_EMIT menuCommandChosen(command);
     })
     , m_item(menuPath)
 {

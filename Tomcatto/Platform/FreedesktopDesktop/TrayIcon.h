@@ -31,7 +31,7 @@ Q_SIGNALS:
     /// `isDecided`, `isHosted` or `iconSizes` changed.
     void hostChanged();
     void activated(std::optional<QRect> place);
-    void menuActionChosen(tomcatto::TrayMenuAction action);
+    void menuCommandChosen(const tomcatto::TrayMenuCommand &command);
 };
 
 }

@@ -7,8 +7,6 @@ namespace tomcatto {
 namespace {
 
 constexpr int rootId = 0;
-/// Separators are numbered from here; below are the actions, from 1.
-constexpr int firstSeparatorId = 1000;
 
 /// The protocol takes an underscore for the mark of an access key.
 QString label(QString text)
@@ -18,7 +16,7 @@ QString label(QString text)
 
 QVariantMap entryProperties(const TrayMenuEntry &entry)
 {
-    if (!entry.action)
+    if (!entry.command)
         return {{QStringLiteral("type"), QStringLiteral("separator")}};
     QVariantMap properties{{QStringLiteral("label"), label(entry.text)},
                            {QStringLiteral("enabled"), entry.isEnabled},
@@ -44,7 +42,7 @@ QVariantMap selected(const QVariantMap &properties, const QStringList &names)
 
 }
 
-TrayMenuService::TrayMenuService(std::function<void(TrayMenuAction)> onChosen)
+TrayMenuService::TrayMenuService(std::function<void(const TrayMenuCommand &)> onChosen)
     : m_onChosen(std::move(onChosen))
 {
     registerStatusNotifierTypes();
@@ -55,11 +53,19 @@ void TrayMenuService::setMenu(const TrayMenu &menu)
     if (m_menu == menu)
         return;
     m_menu = menu;
-    m_entries.clear();
-    int separator = firstSeparatorId;
+    QList<std::pair<int, TrayMenuEntry>> entries;
+    int separator = rootId;
     for (const TrayMenuEntry &entry : menu.entries)
-        m_entries.append({entry.action ? static_cast<int>(*entry.action) + 1 : separator++, entry});
+        entries.append({entry.command ? idOf(*entry.command) : ++separator, entry});
+    m_entries = std::move(entries);
     Q_EMIT LayoutUpdated(++m_revision, rootId);
+}
+
+int TrayMenuService::idOf(const TrayMenuCommand &command)
+{
+    const auto found = std::ranges::find(m_entries, std::optional(command),
+                                         [](const auto &numbered) { return numbered.second.command; });
+    return found == m_entries.end() ? m_nextId++ : found->first;
 }
 
 QVariantMap TrayMenuService::propertiesOf(int id) const
@@ -111,8 +117,9 @@ void TrayMenuService::Event(int id, const QString &eventId, const QDBusVariant &
     const auto found = std::ranges::find(m_entries, id, &std::pair<int, TrayMenuEntry>::first);
     if (found == m_entries.end() || !found->second.isEnabled)
         return;
-    if (const auto action = found->second.action)
-        m_onChosen(*action);
+    // A copy: what is chosen may replace the entries.
+    if (const auto command = found->second.command)
+        m_onChosen(*command);
 }
 
 QList<int> TrayMenuService::EventGroup(const QList<MenuEvent> &events)

@@ -10,8 +10,8 @@
 namespace tomcatto {
 
 /// The item's menu for trays that draw menus themselves: one level of entries under the root 0. Entries keep their ids
-/// as long as they mean the same, so a click on a menu drawn a moment ago cannot hit another command. The names and
-/// signatures are those of the protocol. Main thread only.
+/// as long as they mean the same, and no id ever means another thing: a click on a menu drawn a moment ago hits the
+/// command that was seen, or none. The names and signatures are those of the protocol. Main thread only.
 class TrayMenuService final : public QObject
 {
     Q_OBJECT
@@ -24,7 +24,7 @@ class TrayMenuService final : public QObject
 public:
     /// @param onChosen is called with the command of an entry that was clicked. It is no signal, because the bus's
     /// library looks at every signal of an object that it shows and complains of types that it does not know.
-    explicit TrayMenuService(std::function<void(TrayMenuAction)> onChosen);
+    explicit TrayMenuService(std::function<void(const TrayMenuCommand &)> onChosen);
 
     /// Replaces the menu and announces it when it differs.
     void setMenu(const TrayMenu &menu);
@@ -51,12 +51,16 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] QVariantMap propertiesOf(int id) const;
+    /// The id that the command has now, or a fresh one.
+    [[nodiscard]] int idOf(const TrayMenuCommand &command);
 
-    std::function<void(TrayMenuAction)> m_onChosen;
+    std::function<void(const TrayMenuCommand &)> m_onChosen;
     /// Entries by id, in the menu's order.
     QList<std::pair<int, TrayMenuEntry>> m_entries;
     TrayMenu m_menu;
     uint m_revision = 1;
+    /// Below are separators, from 1.
+    int m_nextId = 1000;
 };
 
 }

@@ -13,7 +13,10 @@ namespace tomcatto {
 /// What a command of the item's menu does.
 enum class TrayMenuAction {
     openPanel,
-    primary,
+    start,
+    startBreak,
+    pause,
+    resume,
     skip,
     takeBreak,
     extend,
@@ -24,11 +27,22 @@ enum class TrayMenuAction {
     quit,
 };
 
+/// What an entry of the item's menu means.
+struct TrayMenuCommand
+{
+    TrayMenuAction action = TrayMenuAction::openPanel;
+    /// The token of the phase that it is about; empty where it is about none. A menu may stand open for longer than its
+    /// phase lasts.
+    QString phaseToken;
+
+    bool operator==(const TrayMenuCommand &) const = default;
+};
+
 /// One line of the item's menu.
 struct TrayMenuEntry
 {
     /// Nothing for a separator.
-    std::optional<TrayMenuAction> action;
+    std::optional<TrayMenuCommand> command;
     QString text;
     bool isEnabled = true;
     /// Whether it is ticked; nothing for an entry that is no toggle.
@@ -85,7 +99,7 @@ public:
     [[nodiscard]] virtual Cancellable onFormsChanged(std::function<void()> handler) = 0;
 
     virtual void show(const StatusItemPresentation &presentation) = 0;
-    /// Replaces the menu; it is shown on a context click, or by the bar itself.
+    /// Replaces the menu, an open one as well; it is shown on a context click, or by the bar itself.
     virtual void setMenu(const TrayMenu &menu) = 0;
     /// Whether the user wants the pill although a tray shows the square icon. It always shows where there is no tray.
     virtual void setPillWanted(bool isWanted) = 0;
@@ -95,8 +109,8 @@ public:
     /// Calls `handler` on a click with the item's rectangle, or with an empty rectangle at the click's place where only
     /// that is known, or with nothing.
     [[nodiscard]] virtual Cancellable onActivated(std::function<void(std::optional<QRect>)> handler) = 0;
-    /// Calls `handler` when an entry of the menu was chosen.
-    [[nodiscard]] virtual Cancellable onMenuAction(std::function<void(TrayMenuAction)> handler) = 0;
+    /// Calls `handler` when an entry of the menu was chosen, possibly of one that has been replaced since.
+    [[nodiscard]] virtual Cancellable onMenuCommand(std::function<void(const TrayMenuCommand &)> handler) = 0;
 };
 
 }

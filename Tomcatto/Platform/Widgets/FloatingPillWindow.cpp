@@ -56,7 +56,7 @@ FloatingPillWindow::FloatingPillWindow(UserDefaults &defaults)
     m_settling.setInterval(settlingTime);
     connect(&m_settling, &QTimer::timeout, this, &FloatingPillWindow::correctPlace);
     connect(this, &QPushButton::clicked, this, &FloatingPillWindow::activated);
-    connect(&m_popup, &TrayMenuPopup::chosen, this, &FloatingPillWindow::menuActionChosen);
+    connect(&m_popup, &TrayMenuPopup::chosen, this, &FloatingPillWindow::menuCommandChosen);
     const auto screens = QGuiApplication::screens();
     for (QScreen *screen : screens)
         watchScreen(screen);

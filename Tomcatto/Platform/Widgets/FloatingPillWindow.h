@@ -37,7 +37,7 @@ public:
 
 Q_SIGNALS:
     void activated();
-    void menuActionChosen(tomcatto::TrayMenuAction action);
+    void menuCommandChosen(const tomcatto::TrayMenuCommand &command);
     void scaleChanged();
 
 protected:

@@ -20,13 +20,13 @@ StatusItemSwitch::StatusItemSwitch(const QDBusConnection &sessionBus, DesktopApp
     for (TrayIcon *tray : std::initializer_list<TrayIcon *>{&m_notifier, &m_embedded}) {
         connect(tray, &TrayIcon::hostChanged, this, &StatusItemSwitch::update);
         connect(tray, &TrayIcon::activated, this, &StatusItemSwitch::activated);
-        connect(tray, &TrayIcon::menuActionChosen, this, &StatusItemSwitch::menuActionChosen);
+        connect(tray, &TrayIcon::menuCommandChosen, this, &StatusItemSwitch::menuCommandChosen);
     }
     connect(&m_notifier, &StatusNotifierTray::menuWanted, this,
             [this](QPoint place) { m_popup.popUp(place, m_pill.isVisible() ? &m_pill : nullptr); });
-    connect(&m_popup, &TrayMenuPopup::chosen, this, &StatusItemSwitch::menuActionChosen);
+    connect(&m_popup, &TrayMenuPopup::chosen, this, &StatusItemSwitch::menuCommandChosen);
     connect(&m_pill, &FloatingPillWindow::activated, this, [this] { Q_EMIT activated(m_pill.geometry()); });
-    connect(&m_pill, &FloatingPillWindow::menuActionChosen, this, &StatusItemSwitch::menuActionChosen);
+    connect(&m_pill, &FloatingPillWindow::menuCommandChosen, this, &StatusItemSwitch::menuCommandChosen);
     connect(&m_pill, &FloatingPillWindow::scaleChanged, this, &StatusItemSwitch::update);
     connect(&m_appearance, &DesktopAppearance::desktopDarkChanged, this, &StatusItemSwitch::update);
     update();
@@ -44,9 +44,9 @@ Cancellable StatusItemSwitch::onActivated(std::function<void(std::optional<QRect
     return held(connect(this, &StatusItemSwitch::activated, this, std::move(handler)));
 }
 
-Cancellable StatusItemSwitch::onMenuAction(std::function<void(TrayMenuAction)> handler)
+Cancellable StatusItemSwitch::onMenuCommand(std::function<void(const TrayMenuCommand &)> handler)
 {
-    return held(connect(this, &StatusItemSwitch::menuActionChosen, this, std::move(handler)));
+    return held(connect(this, &StatusItemSwitch::menuCommandChosen, this, std::move(handler)));
 }
 
 const TrayIcon *StatusItemSwitch::currentTray() const

@@ -28,7 +28,7 @@ public:
     /// The pill's place while it shows, else the icon's.
     [[nodiscard]] std::optional<QRect> geometry() const override;
     [[nodiscard]] Cancellable onActivated(std::function<void(std::optional<QRect>)> handler) override;
-    [[nodiscard]] Cancellable onMenuAction(std::function<void(TrayMenuAction)> handler) override;
+    [[nodiscard]] Cancellable onMenuCommand(std::function<void(const TrayMenuCommand &)> handler) override;
 
     /// Whether a tray shows the square icon now.
     [[nodiscard]] bool hasTray() const { return currentTray() != nullptr; }
@@ -36,7 +36,7 @@ public:
 Q_SIGNALS:
     void formsChanged();
     void activated(std::optional<QRect> place);
-    void menuActionChosen(tomcatto::TrayMenuAction action);
+    void menuCommandChosen(const tomcatto::TrayMenuCommand &command);
 
 private:
     [[nodiscard]] const TrayIcon *currentTray() const;

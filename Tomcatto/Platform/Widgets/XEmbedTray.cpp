@@ -26,7 +26,7 @@ XEmbedTray::XEmbedTray()
     m_fitting.setSingleShot(true);
     m_fitting.setInterval(std::chrono::milliseconds(500));
     connect(&m_fitting, &QTimer::timeout, this, &XEmbedTray::followEdge);
-    connect(&m_popup, &TrayMenuPopup::chosen, this, &XEmbedTray::menuActionChosen);
+    connect(&m_popup, &TrayMenuPopup::chosen, this, &XEmbedTray::menuCommandChosen);
     connect(&m_watcher, &X11TrayWatcher::trayChanged, this, [this] {
         m_icon.reset();
         update();
