@@ -29,6 +29,8 @@ bool PomodoroStateMachine::pause()
     return perform([this] {
         if (m_state.currentPhase == PomodoroPhase::idle || m_state.isPaused)
             return false;
+        if (catchUp())
+            announceOverflow();
         m_state.isPaused = true;
         m_timer.pause();
         return true;
@@ -45,6 +47,7 @@ bool PomodoroStateMachine::skip()
     return perform([this] {
         if (m_state.currentPhase == PomodoroPhase::idle)
             return false;
+        catchUp();
         if (m_state.isOverflowing)
             return advance(PhaseExitReason::completed, true);
         return advance(PhaseExitReason::skipped, false);
@@ -54,6 +57,7 @@ bool PomodoroStateMachine::skip()
 bool PomodoroStateMachine::takeBreak()
 {
     return perform([this] {
+        catchUp();
         if (m_state.currentPhase == PomodoroPhase::working && m_state.isOverflowing)
             return advance(PhaseExitReason::completed, true);
         return isBreak(m_state.currentPhase) && resumeNow();
@@ -153,6 +157,7 @@ bool PomodoroStateMachine::returnToIdle(PhaseExitReason reason)
 {
     if (m_state.currentPhase == PomodoroPhase::idle)
         return false;
+    catchUp();
     const State left = std::exchange(m_state, {});
     m_state.phaseToken = identifierText(m_identifiers.next());
     m_isExpiryOwed = false;
@@ -182,10 +187,10 @@ bool PomodoroStateMachine::extendNow(qint64 seconds)
     if (seconds <= 0 || m_state.currentPhase == PomodoroPhase::idle || !m_timer.canExtend())
         return false;
     const bool wasCeilingPaused = m_state.isCeilingPaused;
-    m_timer.refresh();
-    // The planned end may have passed since the last tick.
-    if (m_timer.overflowSeconds() > 0 && !m_state.isOverflowing)
-        enterOverflow();
+    if (catchUp())
+        announceOverflow();
+    // Without overtime an end that is put off has not been reached.
+    m_state.hasReachedPlan = m_state.hasReachedPlan && m_timer.allowsOverflow();
     if (m_state.isOverflowing) {
         m_state.currentPlannedSeconds = checkedAdd(m_state.currentPlannedSeconds, m_timer.overflowSeconds());
         m_state.isOverflowing = false;
@@ -205,18 +210,27 @@ bool PomodoroStateMachine::expireNow()
     if (m_state.currentPhase == PomodoroPhase::idle || m_state.isPaused)
         return false;
     if (m_state.currentPhase == PomodoroPhase::working && m_timer.isRunning()) {
-        if (!m_state.isOverflowing)
-            enterOverflow();
+        if (catchUp())
+            announceOverflow();
         return true;
     }
     m_state.hasReachedPlan = true;
     return advance(PhaseExitReason::completed, false);
 }
 
-void PomodoroStateMachine::enterOverflow()
+/// Notices a planned end that has passed since the last tick. @return whether overtime begins with it, which is worth
+/// an event unless the phase is left at once
+bool PomodoroStateMachine::catchUp()
 {
-    m_state.isOverflowing = true;
+    m_timer.refresh();
+    if (!m_timer.isRunning() || m_timer.remainingSeconds() > 0)
+        return false;
     m_state.hasReachedPlan = true;
+    return m_timer.allowsOverflow() && !std::exchange(m_state.isOverflowing, true);
+}
+
+void PomodoroStateMachine::announceOverflow()
+{
     m_events.emplace_back([this] { Q_EMIT overflowBegan(); });
 }
 
@@ -225,7 +239,7 @@ void PomodoroStateMachine::timerExpired()
     if (m_isStartingTimer)
         m_isExpiryOwed = true;
     else
-        perform([this] { return expireNow(); });
+        perform([this, token = m_state.phaseToken] { return token == m_state.phaseToken && expireNow(); });
 }
 
 void PomodoroStateMachine::expireSoon()

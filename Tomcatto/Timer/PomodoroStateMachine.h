@@ -12,8 +12,8 @@ namespace tomcatto {
 
 /// Owns the sequence of phases and offers the operations that every surface calls. An operation stores its whole new
 /// state, then emits the changes in field order, then its events; an operation called from a handler runs after the
-/// current one has finished. Each operation tells whether it applied (one that had to wait tells true). Main thread
-/// only.
+/// current one has finished. Each operation tells whether it applied (one that had to wait tells true). One that comes
+/// between the planned end and the tick that would notice it finds the plan reached. Main thread only.
 class PomodoroStateMachine final : public QObject
 {
     Q_OBJECT
@@ -93,7 +93,8 @@ private:
     bool resumeNow();
     bool extendNow(qint64 seconds);
     bool expireNow();
-    void enterOverflow();
+    bool catchUp();
+    void announceOverflow();
     void timerExpired();
     void expireSoon();
     void checkCeiling();

@@ -25,6 +25,7 @@ bool PomodoroTimer::canExtend() const noexcept
 void PomodoroTimer::start(qint64 plannedSeconds, bool allowsOverflow)
 {
     const qint64 planned = std::max<qint64>(plannedSeconds, 0);
+    ++m_operations;
     m_tickCancellable.cancel();
     m_deadlineNanoseconds.reset();
     m_pausedRemainingSeconds.reset();
@@ -41,6 +42,7 @@ void PomodoroTimer::pause()
 {
     if (!m_deadlineNanoseconds)
         return;
+    ++m_operations;
     const qint64 remainder = currentRemainder();
     m_deadlineNanoseconds.reset();
     m_tickCancellable.cancel();
@@ -52,6 +54,7 @@ void PomodoroTimer::resume()
 {
     if (!canResume())
         return;
+    ++m_operations;
     const qint64 remainder = std::exchange(m_pausedRemainingSeconds, std::nullopt).value_or(0);
     run(remainder);
     publish(remainder);
@@ -59,6 +62,7 @@ void PomodoroTimer::resume()
 
 void PomodoroTimer::stop()
 {
+    ++m_operations;
     m_deadlineNanoseconds.reset();
     m_pausedRemainingSeconds.reset();
     m_tickCancellable.cancel();
@@ -68,6 +72,7 @@ void PomodoroTimer::extend(qint64 seconds)
 {
     if (seconds <= 0 || !canExtend())
         return;
+    ++m_operations;
     const qint64 remainder = checkedAdd(std::max<qint64>(currentRemainder(), 0), seconds);
     m_hasExpired = false;
     if (m_deadlineNanoseconds)
@@ -107,22 +112,25 @@ void PomodoroTimer::publish(qint64 remainder)
     m_overflowSeconds = overflow;
     if (remainingDiffers)
         Q_EMIT remainingSecondsChanged(remaining);
-    if (overflowDiffers)
+    // Whoever heard of the one may have acted, and the other is announced already.
+    if (overflowDiffers && overflow == m_overflowSeconds)
         Q_EMIT overflowSecondsChanged(overflow);
 }
 
 void PomodoroTimer::tick()
 {
     const qint64 remainder = currentRemainder();
-    if (remainder < 1 && !m_allowsOverflow) {
+    const quint64 operations = m_operations;
+    publish(remainder);
+    // A handler may have ended, paused or extended the phase; what is there now has not expired.
+    if (remainder >= 1 || m_hasExpired || operations != m_operations)
+        return;
+    if (!m_allowsOverflow) {
         m_deadlineNanoseconds.reset();
         m_tickCancellable.cancel();
     }
-    publish(remainder);
-    if (remainder < 1 && !m_hasExpired) {
-        m_hasExpired = true;
-        Q_EMIT expired();
-    }
+    m_hasExpired = true;
+    Q_EMIT expired();
 }
 
 }

@@ -68,6 +68,8 @@ private:
     MainRunLoop &m_runLoop;
     Cancellable m_tickCancellable;
     std::optional<quint64> m_deadlineNanoseconds;
+    // By which a tick notices that whoever heard of it acted.
+    quint64 m_operations = 0;
     quint64 m_runningSinceNanoseconds = 0;
     std::optional<qint64> m_pausedRemainingSeconds;
     bool m_allowsOverflow = false;

@@ -83,6 +83,13 @@ TEST_F(SleepWakeCoordinatorTest, LeavesAloneWhatTheUserChanged)
     power.wake();
     machine.start();
     power.sleep();
+    machine.skip();
+    stall(1h);
+    power.wake();
+    EXPECT_EQ(transitions.back().reason, PhaseExitReason::skipped) << "another phase than the one that slept";
+    EXPECT_FALSE(machine.isPaused());
+    machine.skip();
+    power.sleep();
     machine.resume();
     stall(100s);
     power.wake();

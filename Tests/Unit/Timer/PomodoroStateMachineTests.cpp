@@ -78,8 +78,12 @@ TEST_F(PomodoroStateMachineTest, CompletionHoldsWhatDoesNotStartByItself)
     pass(303s);
     EXPECT_EQ(machine.currentPhase(), PomodoroPhase::working);
     EXPECT_TRUE(machine.isPhasePending());
-    EXPECT_FALSE(machine.takeBreak()) << "work that does not overflow";
+    EXPECT_FALSE(machine.takeBreak() || machine.start()) << "work that does not overflow";
     EXPECT_TRUE(machine.resume());
+    settings.setAutoStartBreaks(true);
+    settings.setOverflowEnabled(true);
+    pass(5s);
+    EXPECT_TRUE(machine.isPhasePending()) << "with overtime on no break starts by itself";
 }
 
 TEST_F(PomodoroStateMachineTest, OverflowRunsOnAndTakesTheBreakAtOnce)
@@ -127,6 +131,60 @@ TEST_F(PomodoroStateMachineTest, CeilingPausesOnceUntilExtended)
     EXPECT_EQ(overflows, 2);
 }
 
+TEST_F(PomodoroStateMachineTest, AnEndThatPassedIsReachedBeforeItsTickAndEndsNothingElse)
+{
+    struct Case
+    {
+        const char *name;
+        std::function<bool()> act;
+        bool hasOverflow;
+        const char *sequence;
+        PhaseExitReason reason;
+        bool isReached;
+        int overflows;
+        qint64 plan;
+    };
+    const auto skip = [this] { return machine.skip(); };
+    const auto extend = [this] { return machine.extend(300); };
+    const auto pause = [this] { return machine.pause(); };
+    using enum PhaseExitReason;
+    const Case cases[] = {
+        {"skip", skip, false, "work0 shortBreak0", skipped, true, 0, 300},
+        {"skip in overtime", skip, true, "work0 shortBreak0", completed, true, 0, 300},
+        {"take break", [this] { return machine.takeBreak(); }, true, "work0 shortBreak0", completed, true, 0, 300},
+        {"reset", [this] { return machine.reset(); }, false, "work0 idle0", reset, true, 0, 0},
+        {"terminate", [this] { return machine.terminate(); }, true, "work0 idle0", terminated, true, 0, 0},
+        {"pause", pause, false, "work0", started, false, 0, 5},
+        {"pause in overtime", pause, true, "work0", started, false, 1, 5},
+        {"extend", extend, false, "work0", started, false, 0, 305},
+        {"extend in overtime", extend, true, "work0", started, false, 1, 305},
+    };
+    settings.setWorkDurationSeconds(5);
+    for (const Case &item : cases) {
+        for (const bool isHeardOfByTick : {false, true}) {
+            SCOPED_TRACE(testing::Message() << item.name << ", in a handler of the tick: " << isHeardOfByTick);
+            machine.reset();
+            transitions.clear();
+            overflows = 0;
+            settings.setOverflowEnabled(item.hasOverflow);
+            machine.start();
+            const auto handler = QObject::connect(&timer, &PomodoroTimer::remainingSecondsChanged, [&](qint64 left) {
+                if (isHeardOfByTick && left == 0)
+                    item.act();
+            });
+            isHeardOfByTick ? pass(5s) : stall(5500ms);
+            QObject::disconnect(handler);
+            EXPECT_TRUE(isHeardOfByTick || item.act());
+            pass(2s);
+            EXPECT_EQ(sequence(), item.sequence);
+            EXPECT_EQ(transitions.back().reason, item.reason);
+            EXPECT_EQ(transitions.back().previousReachedPlan, item.isReached);
+            EXPECT_EQ(overflows, item.overflows);
+            EXPECT_EQ(machine.currentPlannedSeconds(), item.plan);
+        }
+    }
+}
+
 TEST_F(PomodoroStateMachineTest, ExtendingFoldsTheOvertimeOfNow)
 {
     settings.setOverflowEnabled(true);
@@ -136,6 +194,11 @@ TEST_F(PomodoroStateMachineTest, ExtendingFoldsTheOvertimeOfNow)
     stall(90s);
     machine.extend(300);
     EXPECT_EQ(machine.currentPlannedSeconds(), 10 + 100 + 300);
+    stall(400s);
+    machine.extend(10);
+    EXPECT_EQ(machine.currentPlannedSeconds(), 410 + 100 + 10) << "overtime that no tick has seen";
+    EXPECT_EQ(overflows, 2);
+    machine.extend(290);
     machine.pause();
     machine.extend(60);
     EXPECT_TRUE(machine.isPaused()) << "what the user paused stays paused";
