@@ -29,6 +29,7 @@ class NoSignals final : public ProcessSignals
 {
 public:
     [[nodiscard]] Cancellable onTerminationRequest(std::function<void()> /*handler*/) override { return {}; }
+    [[nodiscard]] bool isTerminationRequested() const override { return false; }
     [[nodiscard]] Cancellable onTerminalChanged(std::function<void()> /*handler*/) override { return {}; }
 };
 

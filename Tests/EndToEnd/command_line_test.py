@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 """The program as people and scripts use it: commands, exit statuses, files."""
 
+import fcntl
 import json
 import os
 import pty
@@ -120,6 +121,27 @@ class CommandLineTest(unittest.TestCase):
             self.assertNotIn("inFlightSession", self.tomcatto.defaults())
             self.assertFalse(os.path.exists(self.tomcatto.socket_path))
         self.assertEqual(self.tomcatto.records("phase, wasCompleted, wasSkipped"), [("work", 0, 0)] * 3)
+
+    def test_a_start_takes_the_place_of_whoever_ends(self):
+        tomcatto = self.tomcatto
+        tomcatto.start()
+        for _ in range(4):
+            former = tomcatto.process
+            former.send_signal(signal.SIGTERM)
+            tomcatto.start(wait=False)
+            self.assertEqual(former.wait(timeout=60), 0)
+            tomcatto.wait_for(lambda: tomcatto.run("status").returncode == 0)
+            self.assertIsNone(tomcatto.process.poll())
+        # One that hangs is neither waited for for good nor taken for an answer.
+        tomcatto.process.send_signal(signal.SIGSTOP)
+        self.assertEqual(self.expect(1).stderr, "tomcatto: Tomcatto is already running, but it does not answer.\n")
+        tomcatto.end(signal.SIGKILL)
+        # A command that writes a setting holds the lock without a socket.
+        with open(os.path.join(os.path.dirname(tomcatto.defaults_path), "lock"), "wb") as lock:
+            fcntl.flock(lock, fcntl.LOCK_EX)
+            tomcatto.start(wait=False)
+            time.sleep(0.5)
+        tomcatto.wait_for(lambda: tomcatto.run("status").returncode == 0)
 
     def test_rubbish_on_the_socket_holds_nobody_up(self):
         self.tomcatto.start()

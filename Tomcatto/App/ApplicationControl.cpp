@@ -11,16 +11,39 @@ ApplicationControl::ApplicationControl(AppDependencies &dependencies, AppDelegat
     , m_status({dependencies.stateMachine, dependencies.timer, dependencies.settings, dependencies.statsAggregator,
                 dependencies.strings, dependencies.platform.wallClock, dependencies.platform.runLoop})
     , m_server(m_commands, sockets, socketPath)
+    , m_quit(std::move(quit))
 {
     addTimerCommands(m_commands, dependencies, m_status);
     addVideoCommands(m_commands, dependencies);
-    m_commands.add(QStringLiteral("quit"), [&dependencies, &delegate, quit = std::move(quit)](const auto &) {
+    m_commands.add(QStringLiteral("quit"), [this, &dependencies, &delegate](const auto &) {
+        m_isEnding = true;
         // The record is on disk before the answer, so whoever asked may read it.
         delegate.applicationWillTerminate();
-        dependencies.platform.runLoop.async(quit);
+        dependencies.platform.runLoop.async(m_quit);
         return ControlReply{};
     });
     connect(&m_server, &ControlServer::followedChanged, this, &ApplicationControl::followStatus);
+}
+
+void ApplicationControl::answerActivation(const ProcessSignals &signals, const QString &message)
+{
+    m_commands.add(QStringLiteral("activate"), [this, &signals, message](const auto &) {
+        // The main loop may hear of the signal after the request, and would end right after its answer.
+        return m_isEnding || signals.isTerminationRequested()
+                   ? controlReply(ExitStatus::notRunning, QStringLiteral("Tomcatto is ending."))
+                   : controlReply(ExitStatus::done, message);
+    });
+}
+
+std::optional<ExitStatus> ApplicationControl::listen(const CommandRunner &runner)
+{
+    return runner.becomeApplication([this] { return m_server.listen() != ControlServer::ListenResult::taken; });
+}
+
+void ApplicationControl::end()
+{
+    m_isEnding = true;
+    m_quit();
 }
 
 void ApplicationControl::followStatus(bool isFollowed)

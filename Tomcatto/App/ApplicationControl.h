@@ -1,8 +1,10 @@
 #pragma once
 
 #include "App/AppDelegate.h"
+#include "CommandLine/CommandRunner.h"
 #include "Control/ControlServer.h"
 #include "Control/StatusSource.h"
+#include "Platform/Ports/ProcessSignals.h"
 
 namespace tomcatto {
 
@@ -19,8 +21,13 @@ public:
     /// The table; front ends add their own commands.
     [[nodiscard]] CommandTable &commands() noexcept { return m_commands; }
     [[nodiscard]] const StatusSource &status() const noexcept { return m_status; }
-    /// Opens the socket.
-    [[nodiscard]] ControlServer::ListenResult listen() { return m_server.listen(); }
+    /// Answers whoever starts the application again with `message`, unless this one is ending: then with `notRunning`,
+    /// and the other one waits to take its place. The signals outlive this object.
+    void answerActivation(const ProcessSignals &signals, const QString &message);
+    /// Opens the socket. @return the status to end with where another application serves it; else nothing
+    [[nodiscard]] std::optional<ExitStatus> listen(const CommandRunner &runner);
+    /// Ends the main loop.
+    void end();
 
 private:
     void followStatus(bool isFollowed);
@@ -28,6 +35,8 @@ private:
     StatusSource m_status;
     CommandTable m_commands;
     ControlServer m_server;
+    std::function<void()> m_quit;
+    bool m_isEnding = false;
 };
 
 }

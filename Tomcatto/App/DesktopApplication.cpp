@@ -15,11 +15,6 @@ namespace {
 
 void addDesktopCommands(CommandTable &commands, DesktopSurfaces &surfaces)
 {
-    commands.add(QStringLiteral("activate"), [](const auto &) {
-        return controlReply(ExitStatus::done,
-                            QStringLiteral("Tomcatto is already running. Open its panel with a click on its icon, or "
-                                           "with: tomcatto panel"));
-    });
     commands.add(QStringLiteral("panel"), [&surfaces](const auto &) {
         surfaces.showPanel();
         return ControlReply{};
@@ -56,11 +51,7 @@ DesktopApplication::DesktopApplication(const Invocation &invocation, ProgramStar
 
 int DesktopApplication::run()
 {
-    if (m_program.instanceLock().tryTake() == InstanceLockResult::held)
-        return static_cast<int>(m_program.runner().activateRunning());
-    const int status = runHoldingLock();
-    m_program.instanceLock().release();
-    return status;
+    return m_program.runAlone([this] { return runHoldingLock(); });
 }
 
 int DesktopApplication::runHoldingLock()
@@ -73,15 +64,18 @@ int DesktopApplication::runHoldingLock()
     services.desktop = &desktopAdapters.services();
     AppDependencies dependencies(services);
     AppDelegate delegate(dependencies);
-    const auto quit = [] { QCoreApplication::quit(); };
     ApplicationControl control(dependencies, delegate, m_program.localSockets(),
-                               m_program.directories().controlSocket(), quit);
-    if (control.listen() == ControlServer::ListenResult::taken)
-        return static_cast<int>(m_program.runner().activateRunning());
+                               m_program.directories().controlSocket(), [] { QCoreApplication::quit(); });
+    control.answerActivation(processSignals,
+                             QStringLiteral("Tomcatto is already running. Open its panel with a click on its icon, or "
+                                            "with: tomcatto panel"));
+    if (const auto status = control.listen(m_program.runner()))
+        return static_cast<int>(*status);
     m_program.instanceLock().announce(m_program.directories().controlSocket());
-    DesktopSurfaces surfaces(dependencies, quit);
+    const auto end = [&control] { control.end(); };
+    DesktopSurfaces surfaces(dependencies, end);
     addDesktopCommands(control.commands(), surfaces);
-    const Cancellable termination = processSignals.onTerminationRequest(quit);
+    const Cancellable termination = processSignals.onTerminationRequest(end);
     // The end of the session is a normal end; the running phase is on disk before the session goes.
     QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, &delegate,
                      [&delegate] { delegate.applicationWillTerminate(); });

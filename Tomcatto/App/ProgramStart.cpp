@@ -63,6 +63,17 @@ int ProgramStart::run(const QStringList &words, const std::function<int(const In
     return static_cast<int>(m_runner.run(*invocation));
 }
 
+int ProgramStart::runAlone(const std::function<int()> &application)
+{
+    // Taken before anything is built, so that two starts at one moment cannot recover one marker twice.
+    const auto takeLock = [this] { return m_instanceLock.tryTake() != InstanceLockResult::held; };
+    if (const auto status = m_runner.becomeApplication(takeLock))
+        return static_cast<int>(*status);
+    const int status = application();
+    m_instanceLock.release();
+    return status;
+}
+
 CommandSurroundings ProgramStart::surroundings()
 {
     return {

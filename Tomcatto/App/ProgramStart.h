@@ -26,6 +26,10 @@ public:
     /// Carries out a command, or starts the application by `startApplication`. @return the exit status
     [[nodiscard]] int run(const QStringList &words, const std::function<int(const Invocation &)> &startApplication);
 
+    /// Runs `application` as the only one, under the instance lock; tells the one that runs already where there is one.
+    /// @return the exit status
+    [[nodiscard]] int runAlone(const std::function<int()> &application);
+
     [[nodiscard]] const ApplicationDirectories &directories() const noexcept { return m_directories; }
     [[nodiscard]] InstanceLock &instanceLock() noexcept { return m_instanceLock; }
     [[nodiscard]] LocalSockets &localSockets() noexcept { return m_localSockets; }

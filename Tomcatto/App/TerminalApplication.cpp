@@ -50,12 +50,7 @@ TerminalApplication::TerminalApplication(const Invocation &invocation, ProgramSt
 
 int TerminalApplication::run()
 {
-    // Taken before anything is built, so that two starts at one moment cannot recover one marker twice.
-    if (m_program.instanceLock().tryTake() == InstanceLockResult::held)
-        return static_cast<int>(m_program.runner().activateRunning());
-    const int status = runHoldingLock();
-    m_program.instanceLock().release();
-    return status;
+    return m_program.runAlone([this] { return runHoldingLock(); });
 }
 
 int TerminalApplication::runHoldingLock()
@@ -70,21 +65,18 @@ int TerminalApplication::runHoldingLock()
     AppDelegate delegate(dependencies);
     ApplicationControl control(dependencies, delegate, m_program.localSockets(),
                                m_program.directories().controlSocket(), [] { QCoreApplication::quit(); });
-    control.commands().add(QStringLiteral("activate"), [](const auto &) {
-        return ControlReply{ExitStatus::done,
-                            QStringLiteral("Tomcatto is already running, in a terminal. `tomcatto status` shows the "
-                                           "timer; on a desktop `tomcatto panel` opens the panel."),
-                            {}};
-    });
+    control.answerActivation(processSignals,
+                             QStringLiteral("Tomcatto is already running, in a terminal. `tomcatto status` shows the "
+                                            "timer; on a desktop `tomcatto panel` opens the panel."));
     control.commands().add(QStringLiteral("panel"), noWindows);
     control.commands().add(QStringLiteral("window"), noWindows);
     control.commands().add(QStringLiteral("preview"), noWindows);
-    if (control.listen() == ControlServer::ListenResult::taken)
-        return static_cast<int>(m_program.runner().activateRunning());
+    if (const auto status = control.listen(m_program.runner()))
+        return static_cast<int>(*status);
     m_program.instanceLock().announce(m_program.directories().controlSocket());
     TerminalFrontEnd frontEnd(dependencies, control.commands(), control.status(), terminal, processSignals);
     TerminalSurfaces surfaces(frontEnd);
-    const Cancellable termination = processSignals.onTerminationRequest([] { QCoreApplication::quit(); });
+    const Cancellable termination = processSignals.onTerminationRequest([&control] { control.end(); });
     delegate.applicationDidFinishLaunching(surfaces);
     const int status = QCoreApplication::exec();
     delegate.applicationWillTerminate();

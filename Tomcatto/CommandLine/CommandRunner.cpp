@@ -77,16 +77,18 @@ ExitStatus CommandRunner::run(const Invocation &invocation) const
     return ExitStatus::usage;
 }
 
-ExitStatus CommandRunner::activateRunning() const
+std::optional<ExitStatus> CommandRunner::becomeApplication(const std::function<bool()> &become) const
 {
-    QElapsedTimer waited;
-    for (waited.start(); waited.elapsed() < patienceMilliseconds; QThread::msleep(retryMilliseconds)) {
-        const ControlReply reply = m_client.send({QStringLiteral("activate"), {}, false});
-        if (reply.status != ExitStatus::notRunning)
-            return report(reply);
+    for (const QDeadlineTimer until(patienceMilliseconds); !become(); QThread::msleep(retryMilliseconds)) {
+        const auto reply = m_client.ask({QStringLiteral("activate"), {}, false}, until);
+        // One that is ending says so, or hangs up.
+        if (reply && reply->status != ExitStatus::notRunning)
+            return report(*reply);
+        if (until.hasExpired())
+            return report(controlReply(ExitStatus::notApplicable,
+                                       QStringLiteral("Tomcatto is already running, but it does not answer.")));
     }
-    m_surroundings.printError(QStringLiteral("Tomcatto is already running, but it does not answer."));
-    return ExitStatus::done;
+    return std::nullopt;
 }
 
 ExitStatus CommandRunner::runRemote(const Invocation &invocation) const

@@ -47,8 +47,12 @@ public:
 
     /// Runs any invocation but the application.
     [[nodiscard]] ExitStatus run(const Invocation &invocation) const;
-    /// Tells the application that runs already that somebody started it again.
-    [[nodiscard]] ExitStatus activateRunning() const;
+    /// Makes this process the application, or tells the one that runs already that somebody started it again. While
+    /// neither succeeds, because the other one is starting, ending or hanging or a command holds the lock for a moment,
+    /// both are tried again for a few seconds.
+    /// @param become tries without waiting. @return nothing when this process is the application; else the status to
+    /// end with, `done` only where the other one has answered.
+    [[nodiscard]] std::optional<ExitStatus> becomeApplication(const std::function<bool()> &become) const;
 
 private:
     [[nodiscard]] ExitStatus runRemote(const Invocation &invocation) const;

@@ -7,9 +7,18 @@ namespace {
 constexpr std::chrono::seconds connectPatience{1};
 constexpr std::chrono::seconds answerPatience{5};
 
-ControlReply notRunning()
+/// What to tell where there is no answer.
+ControlReply replyInstead(NoAnswer reason)
 {
-    return controlReply(ExitStatus::notRunning, QStringLiteral("Tomcatto is not running. Start it with: tomcatto"));
+    switch (reason) {
+    case NoAnswer::nobodyListens:
+        return controlReply(ExitStatus::notRunning, QStringLiteral("Tomcatto is not running. Start it with: tomcatto"));
+    case NoAnswer::hungUp:
+        return controlReply(ExitStatus::failed, QStringLiteral("Tomcatto ended without an answer."));
+    case NoAnswer::silent:
+        return controlReply(ExitStatus::failed, QStringLiteral("Tomcatto is running but does not answer."));
+    }
+    return {};
 }
 
 /// Takes the lines of a connection one by one.
@@ -38,12 +47,10 @@ public:
         m_received.remove(0, end + 1);
         return line;
     }
-    /// What to tell where no line came at all.
-    [[nodiscard]] ControlReply noAnswer() const
+    /// Why no line came at all.
+    [[nodiscard]] NoAnswer noAnswer() const noexcept
     {
-        return controlReply(ExitStatus::failed, m_peer == LocalPeer::open
-                                                    ? QStringLiteral("Tomcatto is running but does not answer.")
-                                                    : QStringLiteral("Tomcatto ended without an answer."));
+        return m_peer == LocalPeer::open ? NoAnswer::silent : NoAnswer::hungUp;
     }
 
 private:
@@ -66,14 +73,21 @@ ControlClient::ControlClient(LocalSockets &sockets, std::function<QStringList()>
 {
 }
 
-ControlReply ControlClient::send(const ControlRequest &request, std::chrono::milliseconds patience) const
+std::expected<ControlReply, NoAnswer> ControlClient::ask(const ControlRequest &request, QDeadlineTimer until) const
 {
     const auto connection = connectAndSend(request);
     if (!connection)
-        return notRunning();
+        return std::unexpected(NoAnswer::nobodyListens);
     LineReader lines(*connection);
-    const auto line = lines.next(QDeadlineTimer(patience));
-    return line ? replyOf(*line) : lines.noAnswer();
+    if (const auto line = lines.next(until))
+        return replyOf(*line);
+    return std::unexpected(lines.noAnswer());
+}
+
+ControlReply ControlClient::send(const ControlRequest &request, std::chrono::milliseconds patience) const
+{
+    const auto reply = ask(request, QDeadlineTimer(patience));
+    return reply ? *reply : replyInstead(reply.error());
 }
 
 ControlReply ControlClient::follow(const ControlRequest &request,
@@ -81,11 +95,11 @@ ControlReply ControlClient::follow(const ControlRequest &request,
 {
     const auto connection = connectAndSend(request);
     if (!connection)
-        return notRunning();
+        return replyInstead(NoAnswer::nobodyListens);
     LineReader lines(*connection);
     auto line = lines.next(QDeadlineTimer(answerPatience));
     if (!line)
-        return lines.noAnswer();
+        return replyInstead(lines.noAnswer());
     for (; line; line = lines.next(QDeadlineTimer::Forever)) {
         ControlReply reply = replyOf(*line);
         // An answer without a result is the last one.

@@ -5,9 +5,19 @@
 
 #include <chrono>
 #include <functional>
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QStringList>
 
 namespace tomcatto {
+
+/// Why a request has no answer.
+enum class NoAnswer {
+    nobodyListens,
+    /// Whoever listened hung up: it is ending.
+    hungUp,
+    /// It did not come in time.
+    silent,
+};
 
 /// Talks to the running application over its control socket. Blocking; used by commands, which have nothing else to do.
 class ControlClient final
@@ -17,6 +27,8 @@ public:
     /// taken
     ControlClient(LocalSockets &sockets, std::function<QStringList()> socketPaths);
 
+    /// Sends one request and waits for its answer, which has status `failed` where it cannot be read.
+    [[nodiscard]] std::expected<ControlReply, NoAnswer> ask(const ControlRequest &request, QDeadlineTimer until) const;
     /// Sends one request and waits for its answer. Status `notRunning` where nobody listens, `failed` where
     /// nobody answers in time. @param patience how long to wait for the answer
     [[nodiscard]] ControlReply send(const ControlRequest &request,

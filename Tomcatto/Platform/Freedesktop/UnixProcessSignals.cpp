@@ -19,7 +19,8 @@ constexpr std::array terminalSignals{SIGCONT, SIGWINCH};
 
 // A handler gets no context of its own.
 std::atomic<int> pipeWriteEnd{-1};
-static_assert(std::atomic<int>::is_always_lock_free);
+std::atomic<bool> hasTerminationCome{false};
+static_assert(std::atomic<int>::is_always_lock_free && std::atomic<bool>::is_always_lock_free);
 
 void setAction(int signalNumber, void (*handler)(int))
 {
@@ -40,6 +41,7 @@ void forward(int signalNumber)
 {
     const int savedErrno = errno;
     if (isTermination(signalNumber)) {
+        hasTerminationCome = true;
         setAction(SIGTERM, SIG_DFL);
         setAction(SIGINT, SIG_DFL);
         setAction(SIGHUP, SIG_IGN);
@@ -67,6 +69,7 @@ UnixProcessSignals::UnixProcessSignals()
     m_readEnd = ends[0];
     m_writeEnd = ends[1];
     pipeWriteEnd = m_writeEnd;
+    hasTerminationCome = false;
     m_notifier = std::make_unique<QSocketNotifier>(m_readEnd, QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &UnixProcessSignals::readPipe);
     setAction(SIGPIPE, SIG_IGN);
@@ -96,6 +99,11 @@ UnixProcessSignals::~UnixProcessSignals()
 Cancellable UnixProcessSignals::onTerminationRequest(std::function<void()> handler)
 {
     return m_terminationRequested.add(std::move(handler));
+}
+
+bool UnixProcessSignals::isTerminationRequested() const
+{
+    return hasTerminationCome;
 }
 
 Cancellable UnixProcessSignals::onTerminalChanged(std::function<void()> handler)

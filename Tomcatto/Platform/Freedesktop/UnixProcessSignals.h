@@ -26,6 +26,7 @@ public:
     ~UnixProcessSignals() override;
 
     [[nodiscard]] Cancellable onTerminationRequest(std::function<void()> handler) override;
+    [[nodiscard]] bool isTerminationRequested() const override;
     [[nodiscard]] Cancellable onTerminalChanged(std::function<void()> handler) override;
 
 private:
