@@ -18,6 +18,7 @@ public:
         if (!isSlow || mode == InsertMode::synchronous)
             std::exchange(waiting, {}).back()();
     }
+    void waitForWrites() override { waiting.clear(); }
     void insertRecovered(const PomodoroSessionInsertRequest &request) override { requests.push_back(request); }
 
     std::vector<PomodoroSessionInsertRequest> requests;

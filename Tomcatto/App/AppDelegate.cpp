@@ -37,6 +37,13 @@ void AppDelegate::applicationDidFinishLaunching(ApplicationSurfaces &surfaces)
     surfaces.showOnboardingIfNeeded();
 }
 
+void AppDelegate::applicationMayTerminate()
+{
+    m_dependencies.session.noteActivity();
+    m_dependencies.coreDataStack.save();
+    m_dependencies.platform.defaults.synchronize();
+}
+
 void AppDelegate::applicationWillTerminate()
 {
     m_dependencies.session.recordTermination();
@@ -63,6 +70,9 @@ void AppDelegate::installAppUI(ApplicationSurfaces &surfaces)
         return;
     surfaces.install();
     m_dependencies.sleepWakeCoordinator.start();
+    // Connected after the coordinator, so that the pause is part of it.
+    connect(&m_dependencies.sleepWakeObserver, &SleepWakeObserver::willSleep, this,
+            &AppDelegate::applicationMayTerminate);
     if (std::exchange(m_pendingPopoverReveal, false)) {
         m_dependencies.platform.defaults.setValue(popoverRevealedKey, true);
         surfaces.revealPopover();

@@ -29,6 +29,9 @@ public:
     void applicationDidFinishLaunching(ApplicationSurfaces &surfaces);
     /// Closing the last window never ends the application.
     [[nodiscard]] static constexpr bool applicationShouldTerminateAfterLastWindowClosed() noexcept { return false; }
+    /// Everything is on disk when it returns, the running phase as one that may be cut off: the machine is about to
+    /// sleep, or the session asks whether it may end. Ends nothing.
+    void applicationMayTerminate();
     /// The end sequence: the running phase is recorded, everything is on disk when it returns. May be called again.
     void applicationWillTerminate();
 

@@ -76,9 +76,8 @@ int DesktopApplication::runHoldingLock()
     DesktopSurfaces surfaces(dependencies, end);
     addDesktopCommands(control.commands(), surfaces);
     const Cancellable termination = processSignals.onTerminationRequest(end);
-    // The end of the session is a normal end; the running phase is on disk before the session goes.
-    QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, &delegate,
-                     [&delegate] { delegate.applicationWillTerminate(); });
+    // The session may yet go on, or end the process without another word.
+    QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, &delegate, &AppDelegate::applicationMayTerminate);
     const DisplayLoss displayLoss([&delegate] {
         delegate.applicationWillTerminate();
         Logger(QStringLiteral("DesktopApplication"))

@@ -51,9 +51,18 @@ void PomodoroSession::recover()
         m_sessionRepository.insertRecovered(*request);
 }
 
+void PomodoroSession::noteActivity()
+{
+    if (m_heartbeat.isActive())
+        heartbeat();
+}
+
 void PomodoroSession::recordTermination()
 {
     m_stateMachine.terminate();
+    // The main loop does not come to tell of records that are still under way.
+    m_sessionRepository.waitForWrites();
+    recordWritten(m_lastRecord);
 }
 
 void PomodoroSession::handleTransition(const PhaseTransition &transition)

@@ -31,7 +31,10 @@ public:
     /// Turns a marker left by an earlier run into one record and removes it, whatever it holds. Called once at launch,
     /// before the timer is used.
     void recover();
-    /// Ends the running phase because the application ends; its record is on disk when this returns.
+    /// Notes in the marker that the application is alive, since it may end without another word.
+    void noteActivity();
+    /// Ends the running phase because the application ends. Its record is on disk when this returns, those of earlier
+    /// phases too, and no marker is left.
     void recordTermination();
 
 private:

@@ -214,4 +214,8 @@ TEST_F(PomodoroSessionTest, AMarkerStaysUntilItsRecordIsWritten)
     machine.start();
     session.recordTermination();
     EXPECT_FALSE(store.load()) << "the last record follows all others";
+    machine.start();
+    machine.reset();
+    session.recordTermination();
+    EXPECT_FALSE(store.load()) << "also where nothing runs any more";
 }

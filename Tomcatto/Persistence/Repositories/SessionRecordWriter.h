@@ -25,6 +25,8 @@ public:
     /// synchronous call returns, from the main loop after an asynchronous one. May be empty.
     virtual void insert(const PomodoroSessionInsertRequest &request, InsertMode mode,
                         std::function<void()> afterWrite = {}) = 0;
+    /// Returns when everything handed over so far is on disk, or its writing has failed.
+    virtual void waitForWrites() = 0;
     /// Writes, asynchronously, the record of a phase that an earlier run left behind, unless that run has still written
     /// one: a record of the same phase with the same start. Failures are those of `insert`.
     virtual void insertRecovered(const PomodoroSessionInsertRequest &request) = 0;

@@ -102,6 +102,11 @@ void SessionRepository::insert(const PomodoroSessionInsertRequest &request, Inse
     }
 }
 
+void SessionRepository::waitForWrites()
+{
+    m_stack.save();
+}
+
 void SessionRepository::insertRecovered(const PomodoroSessionInsertRequest &request)
 {
     performWhileAlive([values = insertValues(request), logger = m_logger](ManagedObjectContext &context) {

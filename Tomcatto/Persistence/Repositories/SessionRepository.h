@@ -26,6 +26,7 @@ public:
 
     void insert(const PomodoroSessionInsertRequest &request, InsertMode mode,
                 std::function<void()> afterWrite = {}) override;
+    void waitForWrites() override;
     void insertRecovered(const PomodoroSessionInsertRequest &request) override;
 
     /// The phases that started in the interval, newest first.

@@ -50,7 +50,8 @@ void LogindWorkspacePower::setSleepDelayed(bool isDelayed)
     m_isDelayWanted = isDelayed;
     if (isDelayed)
         takeInhibitor();
-    else
+    // Handlers of the sleep may still have something to do.
+    else if (!m_isAsleep)
         m_inhibitor = {};
 }
 
