@@ -6,6 +6,7 @@ import json
 import os
 import pty
 import select
+import shutil
 import signal
 import socket
 import subprocess
@@ -39,6 +40,36 @@ class CommandLineTest(unittest.TestCase):
         with open("/dev/full", "w", encoding="utf-8") as full:
             self.assertEqual(subprocess.call([PROGRAM, "stats"], env=self.tomcatto.environment, stdout=full,
                                              stderr=subprocess.DEVNULL), 4)
+
+    def test_changes_without_an_application(self):
+        autostart = os.path.join(self.tomcatto.folder, "config", "autostart")
+        entry = os.path.join(autostart, "studio.quillbay.Tomcatto.desktop")
+        for runs in (False, True):
+            if runs:
+                self.tomcatto.start()
+            for value in ("true", "false"):
+                self.expect(0, "settings", "set", "launchAtLogin", value)
+                self.assertEqual(os.path.exists(entry), value == "true")
+                self.assertEqual(self.tomcatto.defaults()["launchAtLogin"], value == "true")
+            self.expect(0, "settings", "set", "launchAtLogin", "true")
+            shutil.rmtree(autostart)
+            self.assertEqual(self.expect(0, "settings", "get", "launchAtLogin").stdout, "false\n")
+            with open(autostart, "w", encoding="utf-8"):
+                self.assertIn("stays false: ", self.expect(4, "settings", "set", "launchAtLogin", "true").stderr)
+            os.remove(autostart)
+        self.assertEqual(self.tomcatto.end(), 0)
+
+        videos = os.path.join(os.path.dirname(PROGRAM), "BundledVideos")
+        add = [PROGRAM, "videos", "add"]
+        names = [name for name in os.listdir(videos) if name.endswith(".mp4")][:3]
+        adding = [subprocess.Popen([*add, name], cwd=videos, env=self.tomcatto.environment, stdout=subprocess.DEVNULL)
+                  for name in names]
+        self.assertEqual([process.wait(timeout=60) for process in adding], [0] * 3)
+        first = self.expect(0, "videos", "list").stdout.split("\t")[0]
+        for status, action, named, left in ((0, "select", first, 3), (1, "remove", first[:-8] + "00000000", 3), (2, "remove", "x", 3),
+                                            (4, "add", "/nowhere", 3), (0, "remove", first, 2)):
+            self.expect(status, "videos", action, named)
+            self.assertEqual(len(self.expect(0, "videos", "list").stdout.splitlines()), left)
 
     def test_walks_the_set_and_follows(self):
         self.tomcatto.start("-workDurationSeconds", "2", "-shortBreakDurationSeconds", "1",

@@ -26,7 +26,8 @@ public:
     VideosFixture library;
     LanguageOverrideService languageService{engine.defaults, {QStringLiteral("en")}};
     LocalizedStrings strings{languageService};
-    LaunchAtLoginService launchAtLogin{engine.settings, loginItem, alert, systemSettings, strings};
+    LaunchAtLoginService launchAtLogin{engine.settings, loginItem,
+                                       LaunchAtLoginService::FailureAlert{alert, systemSettings, strings}};
     quillbay::NotificationAuthorization authorization{probe};
     TimerPageViewModel timer{engine.settings, engine.machine, strings};
     GeneralPageViewModel general{engine.settings, launchAtLogin,   authorization,

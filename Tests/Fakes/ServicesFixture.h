@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Composition/AppDependencies.h"
+#include "Fakes/FakeDesktopServices.h"
 #include "Fakes/FakeUserDefaults.h"
 #include "Fakes/ManualClock.h"
 #include "Fakes/ManualPower.h"
@@ -41,8 +42,9 @@ public:
     ManualPower power;
     PathBookmarks bookmarks;
     TextStillFrame stillFrame;
+    FakeLoginItem loginItem;
     AppDependencies dependencies{PlatformServices{clock, wallClock, runLoop, identifiers, defaults, power, bookmarks,
-                                                  stillFrame, folder.path(), folder.path()}};
+                                                  stillFrame, loginItem, folder.path(), folder.path()}};
 };
 
 }

@@ -30,7 +30,7 @@ void AppDelegate::applicationWillFinishLaunching(const LaunchConditions &conditi
 void AppDelegate::applicationDidFinishLaunching(ApplicationSurfaces &surfaces)
 {
     surfaces.prepare();
-    surfaces.readLoginItem();
+    m_dependencies.launchAtLoginService.readStatus();
     m_dependencies.session.recover();
     m_dependencies.sessionRepository.prune(pruneDays);
     installAppUI(surfaces);

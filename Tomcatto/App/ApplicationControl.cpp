@@ -1,5 +1,6 @@
 #include "App/ApplicationControl.h"
 
+#include "Composition/SettingsCommands.h"
 #include "Composition/TimerCommands.h"
 #include "Composition/VideoCommands.h"
 
@@ -14,7 +15,9 @@ ApplicationControl::ApplicationControl(AppDependencies &dependencies, AppDelegat
     , m_quit(std::move(quit))
 {
     addTimerCommands(m_commands, dependencies, m_status);
-    addVideoCommands(m_commands, dependencies);
+    addSettingsCommands(m_commands,
+                        {dependencies.settings, dependencies.launchAtLoginService, dependencies.platform.defaults});
+    addVideoCommands(m_commands, dependencies.userVideoCommands);
     m_commands.add(QStringLiteral("quit"), [this, &dependencies, &delegate](const auto &) {
         m_isEnding = true;
         // The record is on disk before the answer, so whoever asked may read it.

@@ -11,8 +11,6 @@ public:
 
     /// Shows as an accessory, in the theme that the settings ask for, now and from now on.
     virtual void prepare() = 0;
-    /// Reads from the system whether the application starts at login.
-    virtual void readLoginItem() = 0;
     /// Makes everything that is seen; called once.
     virtual void install() = 0;
     /// Opens the panel without being asked.

@@ -1,10 +1,11 @@
 #include "App/DesktopAdapters.h"
 
+#include "Platform/Freedesktop/AutostartLoginItem.h"
+
 namespace tomcatto {
 
 DesktopAdapters::DesktopAdapters()
-    : m_loginItem(AutostartLoginItem::programAtLogin())
-    , m_systemSettings(DesktopSystemSettings::currentDesktops(), AutostartLoginItem::userFolder())
+    : m_systemSettings(DesktopSystemSettings::currentDesktops(), AutostartLoginItem::userFolder())
     , m_notificationProbe(QDBusConnection::sessionBus())
 {
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Composition/PlatformServices.h"
-#include "Platform/Freedesktop/AutostartLoginItem.h"
 #include "Platform/FreedesktopDesktop/DesktopSystemSettings.h"
 #include "Platform/FreedesktopDesktop/FreedesktopNotificationProbe.h"
 #include "Platform/Widgets/MessageBoxAlert.h"
@@ -20,11 +19,10 @@ public:
     [[nodiscard]] const DesktopServices &services() const noexcept { return m_services; }
 
 private:
-    AutostartLoginItem m_loginItem;
     MessageBoxAlert m_alert;
     DesktopSystemSettings m_systemSettings;
     FreedesktopNotificationProbe m_notificationProbe;
-    DesktopServices m_services{m_loginItem, m_alert, m_systemSettings, m_notificationProbe};
+    DesktopServices m_services{m_alert, m_systemSettings, m_notificationProbe};
 };
 
 }

@@ -33,12 +33,12 @@ DesktopSurfaces::DesktopSurfaces(AppDependencies &dependencies, std::function<vo
     , m_activationPolicy(m_taskbarPresence)
     , m_menuCommands(dependencies.mainWindowRouter, menuActions())
     , m_timerPage(dependencies.settings, dependencies.stateMachine, dependencies.strings)
-    , m_generalPage(dependencies.settings, *dependencies.launchAtLoginService, *dependencies.notificationAuthorization,
+    , m_generalPage(dependencies.settings, dependencies.launchAtLoginService, *dependencies.notificationAuthorization,
                     dependencies.platform.desktop->systemSettings, dependencies.languageOverrideService,
                     dependencies.strings)
     , m_videosPage(dependencies.userVideoCommands, dependencies.userVideoRepository, dependencies.movedVideoSearch,
                    dependencies.bundledVideoProvider, dependencies.strings)
-    , m_permissionsPage(dependencies.settings, *dependencies.launchAtLoginService,
+    , m_permissionsPage(dependencies.settings, dependencies.launchAtLoginService,
                         *dependencies.notificationAuthorization, dependencies.platform.desktop->systemSettings,
                         dependencies.strings)
     , m_aboutPage(applicationVersion(), dependencies.strings)
@@ -62,11 +62,6 @@ void DesktopSurfaces::prepare()
         if (key == PomodoroSettings::Key::themePreference)
             applyTheme();
     });
-}
-
-void DesktopSurfaces::readLoginItem()
-{
-    m_dependencies.launchAtLoginService->readStatus();
 }
 
 void DesktopSurfaces::install()

@@ -44,7 +44,6 @@ public:
     ~DesktopSurfaces() override;
 
     void prepare() override;
-    void readLoginItem() override;
     void install() override;
     void revealPopover() override;
     void showOnboardingIfNeeded() override;

@@ -36,21 +36,15 @@ PlatformAdapters::PlatformAdapters(const ApplicationDirectories &directories,
     , m_workspacePower(QDBusConnection::systemBus())
     , m_bookmarks(QDir::homePath())
     , m_stillFrame(LoadedStillFrame::pluginPath(QCoreApplication::applicationDirPath()))
+    , m_loginItem(AutostartLoginItem::programAtLogin())
     , m_startOver(m_runLoop.after(startTime, giveBackUnusedMemory))
 {
 }
 
 PlatformServices PlatformAdapters::services()
 {
-    return {m_monotonicClock,
-            m_wallClock,
-            m_runLoop,
-            m_identifiers,
-            m_defaults,
-            m_workspacePower,
-            m_bookmarks,
-            m_stillFrame,
-            m_directories.applicationSupport(),
+    return {m_monotonicClock,        m_wallClock, m_runLoop,    m_identifiers, m_defaults,
+            m_workspacePower,        m_bookmarks, m_stillFrame, m_loginItem,   m_directories.applicationSupport(),
             bundledVideosDirectory()};
 }
 

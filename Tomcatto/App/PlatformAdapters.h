@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Composition/PlatformServices.h"
+#include "Platform/Freedesktop/AutostartLoginItem.h"
 #include "Platform/Freedesktop/FileBookmarks.h"
 #include "Platform/Freedesktop/LogindWorkspacePower.h"
 #include "Platform/Freedesktop/SystemMonotonicClock.h"
@@ -37,6 +38,7 @@ private:
     LogindWorkspacePower m_workspacePower;
     FileBookmarks m_bookmarks;
     LoadedStillFrame m_stillFrame;
+    AutostartLoginItem m_loginItem;
     Cancellable m_startOver;
 };
 

@@ -44,6 +44,7 @@ ProgramStart::ProgramStart()
     , m_wallClock(QDBusConnection(QString()))
     , m_bookmarks(QDir::homePath())
     , m_stillFrame(LoadedStillFrame::pluginPath(QCoreApplication::applicationDirPath()))
+    , m_loginItem(AutostartLoginItem::programAtLogin())
     , m_runner(surroundings())
 {
     setLogSink(m_log);
@@ -85,6 +86,7 @@ CommandSurroundings ProgramStart::surroundings()
         m_identifiers,
         m_bookmarks,
         m_stillFrame,
+        m_loginItem,
         [this](bool isReadOnly) {
             return std::make_unique<JsonFileUserDefaults>(m_directories.userDefaultsFile(),
                                                           isReadOnly ? JsonFileUserDefaults::Access::readOnly

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CommandLine/CommandRunner.h"
+#include "Platform/Freedesktop/AutostartLoginItem.h"
 #include "Platform/Freedesktop/FileBookmarks.h"
 #include "Platform/Freedesktop/FileInstanceLock.h"
 #include "Platform/Freedesktop/SystemLogSink.h"
@@ -47,6 +48,7 @@ private:
     RandomIdentifierSource m_identifiers;
     FileBookmarks m_bookmarks;
     LoadedStillFrame m_stillFrame;
+    AutostartLoginItem m_loginItem;
     CommandRunner m_runner;
 };
 

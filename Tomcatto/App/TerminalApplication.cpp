@@ -23,7 +23,6 @@ public:
     }
 
     void prepare() override {}
-    void readLoginItem() override {}
     void install() override { m_frontEnd.start(); }
     void revealPopover() override {}
     void showOnboardingIfNeeded() override {}

@@ -9,6 +9,7 @@
 #include "Statistics/StatsAggregator.h"
 #include "Statistics/StatsReport.h"
 
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QFileInfo>
 #include <QtCore/QThread>
@@ -25,12 +26,22 @@ constexpr int retryMilliseconds = 20;
 // Looking into a video file that is being added takes its time.
 constexpr std::chrono::seconds longestOperation{30};
 
+const QString settingsCommand = QStringLiteral("settings");
+
 /// Whether there is certainly no file: a folder that may not be searched, or a file in a folder's place, could hide
 /// one.
 bool isMissing(const QString &path)
 {
     const QFileInfo folder(QFileInfo(path).path());
     return !folder.exists() || (folder.isDir() && folder.isExecutable() && !QFileInfo::exists(path));
+}
+
+/// The application has a working folder of its own.
+Json absolutePaths(Json arguments)
+{
+    if (const auto path = arguments.find("path"); path != arguments.end())
+        *path = QFileInfo(QString::fromStdString(path->get<std::string>())).absoluteFilePath().toStdString();
+    return arguments;
 }
 
 /// A name may hold line breaks and what steers a terminal.
@@ -50,6 +61,7 @@ QString onOneLine(QString name)
 CommandRunner::CommandRunner(CommandSurroundings surroundings)
     : m_surroundings(std::move(surroundings))
     , m_client(m_surroundings.localSockets, m_surroundings.controlSockets)
+    , m_files(m_surroundings)
 {
 }
 
@@ -73,6 +85,8 @@ ExitStatus CommandRunner::run(const Invocation &invocation) const
         return setSetting(invocation);
     case Invocation::Action::videosList:
         return listVideos();
+    case Invocation::Action::videosChange:
+        return changeVideos(invocation);
     }
     return ExitStatus::usage;
 }
@@ -93,11 +107,7 @@ std::optional<ExitStatus> CommandRunner::becomeApplication(const std::function<b
 
 ExitStatus CommandRunner::runRemote(const Invocation &invocation) const
 {
-    nlohmann::ordered_json arguments = invocation.arguments;
-    // The application has a working folder of its own.
-    if (const auto path = arguments.find("path"); path != arguments.end())
-        *path = QFileInfo(QString::fromStdString(path->get<std::string>())).absoluteFilePath().toStdString();
-    const ControlReply reply = m_client.send({invocation.command, arguments, false}, longestOperation);
+    const ControlReply reply = m_client.send({invocation.command, invocation.arguments, false}, longestOperation);
     const ExitStatus status = report(reply);
     if (status == ExitStatus::done && invocation.command == QStringLiteral("quit"))
         waitForEnd();
@@ -184,65 +194,70 @@ ExitStatus CommandRunner::listVideos() const
     return lines.isEmpty() ? ExitStatus::done : print(lines.join(QLatin1Char('\n')));
 }
 
+ExitStatus CommandRunner::changeVideos(const Invocation &invocation) const
+{
+    const ControlRequest request{invocation.command, absolutePaths(invocation.arguments), false};
+    ControlReply reply = m_client.send(request, longestOperation);
+    if (reply.status == ExitStatus::notRunning) {
+        // A file that takes long to look into would keep the lock from an application that starts.
+        const auto path = request.arguments.find("path");
+        const auto refusal = path != request.arguments.end()
+                                 ? m_files.refusal(QString::fromStdString(path->get<std::string>()))
+                                 : std::nullopt;
+        reply = refusal ? *refusal : change(request, longestOperation);
+    }
+    return report(reply);
+}
+
 ExitStatus CommandRunner::listSettings() const
 {
-    const ControlReply reply = m_client.send({QStringLiteral("settings"), Json::object(), false});
-    QStringList lines;
-    if (reply.status == ExitStatus::done && reply.result.is_object()) {
-        for (const auto &[key, value] : reply.result.items())
-            lines << QString::fromStdString(key + ' ' + value.get<std::string>());
-        return print(lines.join(QLatin1Char('\n')));
-    }
-    if (reply.status != ExitStatus::notRunning)
+    const ControlReply reply = readSettings(Json::object());
+    if (reply.status != ExitStatus::done || !reply.result.is_object())
         return report(reply);
-    const auto defaults = m_surroundings.openDefaults(true);
-    const PomodoroSettings settings(*defaults);
-    for (const SettingDescriptor &setting : settingDescriptors())
-        lines << PomodoroSettings::keyText(setting.key) + QLatin1Char(' ') + settingText(settings, setting.key);
+    QStringList lines;
+    for (const auto &[key, value] : reply.result.items())
+        lines << QString::fromStdString(key + ' ' + value.get<std::string>());
     return print(lines.join(QLatin1Char('\n')));
 }
 
 ExitStatus CommandRunner::getSetting(const Invocation &invocation) const
 {
-    const std::string key = PomodoroSettings::keyText(invocation.setting->key).toStdString();
-    const ControlReply reply = m_client.send({QStringLiteral("settings"), Json{{"key", key}}, false});
+    const ControlReply reply =
+        readSettings(Json{{"key", PomodoroSettings::keyText(invocation.setting->key).toStdString()}});
     if (reply.status == ExitStatus::done && reply.result.is_string())
         return print(QString::fromStdString(reply.result.get<std::string>()));
-    if (reply.status != ExitStatus::notRunning)
-        return report(reply);
-    const auto defaults = m_surroundings.openDefaults(true);
-    return print(settingText(PomodoroSettings(*defaults), invocation.setting->key));
+    return report(reply);
 }
 
 ExitStatus CommandRunner::setSetting(const Invocation &invocation) const
 {
     const std::string key = PomodoroSettings::keyText(invocation.setting->key).toStdString();
     const Json arguments{{"key", key}, {"value", invocation.text.toStdString()}};
-    QElapsedTimer waited;
-    for (waited.start(); waited.elapsed() < patienceMilliseconds; QThread::msleep(retryMilliseconds)) {
-        const ControlReply reply = m_client.send({QStringLiteral("settings"), arguments, false});
-        if (reply.status != ExitStatus::notRunning)
-            return report(reply);
-        if (const auto status = setSettingInFile(invocation))
-            return *status;
-    }
-    m_surroundings.printError(QStringLiteral("Another Tomcatto holds the settings and does not answer."));
-    return ExitStatus::failed;
+    return report(change({settingsCommand, arguments, false}, std::chrono::milliseconds(patienceMilliseconds)));
 }
 
-std::optional<ExitStatus> CommandRunner::setSettingInFile(const Invocation &invocation) const
+ControlReply CommandRunner::readSettings(const Json &arguments) const
 {
-    if (m_surroundings.instanceLock.tryTake() == InstanceLockResult::held)
-        return std::nullopt;
-    const auto defaults = m_surroundings.openDefaults(false);
-    PomodoroSettings settings(*defaults);
-    applySetting(settings, invocation.setting->key, *parseSetting(*invocation.setting, invocation.text));
-    const bool isStored = defaults->synchronize();
-    m_surroundings.instanceLock.release();
-    if (isStored)
-        return ExitStatus::done;
-    m_surroundings.printError(QStringLiteral("The settings file cannot be written."));
-    return ExitStatus::failed;
+    ControlReply reply = m_client.send({settingsCommand, arguments, false});
+    return reply.status == ExitStatus::notRunning ? m_files.readSettings(arguments) : reply;
+}
+
+ControlReply CommandRunner::change(const ControlRequest &request, std::chrono::milliseconds patience) const
+{
+    const QDeadlineTimer until(patience);
+    do {
+        ControlReply reply = m_client.send(request, patience);
+        if (reply.status != ExitStatus::notRunning)
+            return reply;
+        if (m_surroundings.instanceLock.tryTake() != InstanceLockResult::held) {
+            reply = m_files.run(request);
+            m_surroundings.instanceLock.release();
+            return reply;
+        }
+        QThread::msleep(retryMilliseconds);
+    } while (!until.hasExpired());
+    return controlReply(ExitStatus::failed,
+                        QStringLiteral("Another Tomcatto holds the files and does not answer; try again."));
 }
 
 ExitStatus CommandRunner::report(const ControlReply &reply) const

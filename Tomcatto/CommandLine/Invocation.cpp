@@ -204,6 +204,7 @@ private:
         command->callback([this, name] {
             m_invocation.arguments["action"] = name;
             chooseRemote("videos");
+            m_invocation.action = Action::videosChange;
         });
     }
 

@@ -22,6 +22,8 @@ struct Invocation
         settingsGet,
         settingsSet,
         videosList,
+        /// One of those that change the user's own videos.
+        videosChange,
         /// Print `text` and be done: the help or the version.
         print,
     };
@@ -35,7 +37,7 @@ struct Invocation
     /// Values for this run only, by settings key.
     std::map<QString, DefaultsValue> argumentDomain;
 
-    /// The remote command and its arguments.
+    /// The command as it is sent and its arguments.
     QString command;
     nlohmann::ordered_json arguments = nlohmann::ordered_json::object();
 

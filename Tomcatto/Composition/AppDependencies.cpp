@@ -12,12 +12,12 @@ std::unique_ptr<quillbay::NotificationAuthorization> makeNotificationAuthorizati
 }
 
 /// The texts may be built later: they are read when something failed.
-std::unique_ptr<LaunchAtLoginService>
-makeLaunchAtLoginService(const DesktopServices *desktop, PomodoroSettings &settings, const LocalizedStrings &strings)
+std::optional<LaunchAtLoginService::FailureAlert> failureAlert(const DesktopServices *desktop,
+                                                               const LocalizedStrings &strings)
 {
-    return desktop ? std::make_unique<LaunchAtLoginService>(settings, desktop->loginItem, desktop->alert,
-                                                            desktop->systemSettings, strings)
-                   : nullptr;
+    if (!desktop)
+        return std::nullopt;
+    return LaunchAtLoginService::FailureAlert{desktop->alert, desktop->systemSettings, strings};
 }
 
 }
@@ -43,7 +43,7 @@ AppDependencies::AppDependencies(const PlatformServices &services)
     , notificationAuthorization(makeNotificationAuthorization(platform.desktop))
     , sessionHistory(sessionRepository)
     , statsAggregator(sessionHistory, platform.wallClock)
-    , launchAtLoginService(makeLaunchAtLoginService(platform.desktop, settings, strings))
+    , launchAtLoginService(settings, platform.loginItem, failureAlert(platform.desktop, strings))
     , languageOverrideService(platform.defaults)
     , strings(languageOverrideService)
     , sleepWakeObserver(platform.workspacePower, platform.monotonicClock)

@@ -49,8 +49,7 @@ public:
     std::unique_ptr<quillbay::NotificationAuthorization> notificationAuthorization;
     RepositorySessionHistory sessionHistory;
     StatsAggregator statsAggregator;
-    /// Nothing without a desktop.
-    std::unique_ptr<LaunchAtLoginService> launchAtLoginService;
+    LaunchAtLoginService launchAtLoginService;
     LanguageOverrideService languageOverrideService;
     LocalizedStrings strings;
     MainWindowRouter mainWindowRouter;

@@ -18,7 +18,6 @@ namespace tomcatto {
 /// What a desktop gives the services besides. Everything outlives them.
 struct DesktopServices
 {
-    LoginItem &loginItem;
     Alert &alert;
     SystemSettings &systemSettings;
     NotificationProbe &notificationProbe;
@@ -35,6 +34,7 @@ struct PlatformServices
     WorkspacePower &workspacePower;
     const Bookmarks &bookmarks;
     const StillFrame &stillFrame;
+    LoginItem &loginItem;
     /// The user's application-support folder; nothing where there is none.
     std::optional<QString> applicationSupportDirectory;
     /// The folder with the videos that ship with the application; it may be missing.

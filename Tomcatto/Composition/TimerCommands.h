@@ -6,8 +6,8 @@
 
 namespace tomcatto {
 
-/// Adds the commands that every front end of the application offers: the timer's operations, "status", "settings" and
-/// "preset". All references outlive the table.
+/// Adds the commands that every front end of the application offers: the timer's operations and "status". All
+/// references outlive the table.
 void addTimerCommands(CommandTable &table, AppDependencies &dependencies, const StatusSource &status);
 
 }

@@ -1,5 +1,7 @@
 #include "Composition/VideoCommands.h"
 
+#include "Platform/Ports/IdentifierSource.h"
+
 namespace tomcatto {
 
 namespace {
@@ -29,9 +31,8 @@ QString textOf(const Json &arguments, const char *key)
 
 }
 
-void addVideoCommands(CommandTable &table, AppDependencies &dependencies)
+void addVideoCommands(CommandTable &table, UserVideoCommands &videos)
 {
-    UserVideoCommands &videos = dependencies.userVideoCommands;
     table.addLater(QStringLiteral("videos"), [&videos](const Json &arguments, const CommandTable::Answer &answer) {
         const QString action = textOf(arguments, "action");
         const auto finish = [answer](const UserVideoCommands::Result &result) {

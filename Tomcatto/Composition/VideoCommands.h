@@ -1,12 +1,12 @@
 #pragma once
 
-#include "Composition/AppDependencies.h"
 #include "Control/CommandTable.h"
+#include "Media/UserVideoCommands.h"
 
 namespace tomcatto {
 
-/// Adds the "videos" command, by which the user's own videos are added, removed and chosen. All references outlive the
+/// Adds the "videos" command, by which the user's own videos are added, removed and chosen. `videos` outlives the
 /// table.
-void addVideoCommands(CommandTable &table, AppDependencies &dependencies);
+void addVideoCommands(CommandTable &table, UserVideoCommands &videos);
 
 }

@@ -4,15 +4,12 @@
 
 namespace tomcatto {
 
-LaunchAtLoginService::LaunchAtLoginService(PomodoroSettings &settings, LoginItem &loginItem, Alert &alert,
-                                           SystemSettings &systemSettings, const LocalizedStrings &strings,
-                                           QObject *parent)
+LaunchAtLoginService::LaunchAtLoginService(PomodoroSettings &settings, LoginItem &loginItem,
+                                           std::optional<FailureAlert> failureAlert, QObject *parent)
     : QObject(parent)
     , m_settings(settings)
     , m_loginItem(loginItem)
-    , m_alert(alert)
-    , m_systemSettings(systemSettings)
-    , m_strings(strings)
+    , m_failureAlert(failureAlert)
 {
     connect(&settings, &PomodoroSettings::changed, this, [this](PomodoroSettings::Key key) {
         if (key == PomodoroSettings::Key::launchAtLogin)
@@ -64,23 +61,27 @@ void LaunchAtLoginService::settingChanged()
 void LaunchAtLoginService::apply(bool isOn)
 {
     const auto result = isOn ? m_loginItem.registerItem() : m_loginItem.unregisterItem();
+    m_problem = result ? QString() : result.error();
     if (!result) {
         m_logger.error(QStringLiteral("launch-at-login %1 failed: %2")
-                           .arg(isOn ? QStringLiteral("register") : QStringLiteral("unregister"), result.error()));
-        tellFailure();
+                           .arg(isOn ? QStringLiteral("register") : QStringLiteral("unregister"), m_problem));
+        if (m_failureAlert)
+            tellFailure(*m_failureAlert);
     }
     readStatus();
 }
 
-void LaunchAtLoginService::tellFailure()
+void LaunchAtLoginService::tellFailure(const FailureAlert &failureAlert)
 {
+    const LocalizedStrings &strings = failureAlert.strings;
     const AlertDescription description{
-        m_strings.text(QStringLiteral("settings.general.launch_at_login_failed_alert")),
-        m_strings.text(QStringLiteral("settings.general.launch_at_login_failed_alert_detail")),
-        m_strings.text(QStringLiteral("settings.general.launch_at_login_open_settings_button")),
-        m_strings.text(QStringLiteral("settings.general.launch_at_login_dismiss_button"))};
-    m_alert.showWarning(description, [service = QPointer(this)](AlertButton button) {
-        if (service && button == AlertButton::first && !service->m_systemSettings.openLoginItems())
+        strings.text(QStringLiteral("settings.general.launch_at_login_failed_alert")),
+        strings.text(QStringLiteral("settings.general.launch_at_login_failed_alert_detail")),
+        strings.text(QStringLiteral("settings.general.launch_at_login_open_settings_button")),
+        strings.text(QStringLiteral("settings.general.launch_at_login_dismiss_button"))};
+    SystemSettings &systemSettings = failureAlert.systemSettings;
+    failureAlert.alert.showWarning(description, [service = QPointer(this), &systemSettings](AlertButton button) {
+        if (service && button == AlertButton::first && !systemSettings.openLoginItems())
             service->m_logger.error(QStringLiteral("the system's login items cannot be opened"));
     });
 }

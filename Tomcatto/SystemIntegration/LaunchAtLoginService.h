@@ -18,11 +18,22 @@ class LaunchAtLoginService final : public QObject
     Q_OBJECT
 
 public:
-    LaunchAtLoginService(PomodoroSettings &settings, LoginItem &loginItem, Alert &alert, SystemSettings &systemSettings,
-                         const LocalizedStrings &strings, QObject *parent = nullptr);
+    /// How a desktop tells the user of a failure. All outlive the service.
+    struct FailureAlert
+    {
+        Alert &alert;
+        SystemSettings &systemSettings;
+        const LocalizedStrings &strings;
+    };
+
+    /// @param failureAlert nothing without a desktop, where whoever changes the setting asks for the problem.
+    LaunchAtLoginService(PomodoroSettings &settings, LoginItem &loginItem,
+                         std::optional<FailureAlert> failureAlert = {}, QObject *parent = nullptr);
 
     /// The state read last.
     [[nodiscard]] LoginItemStatus status() const noexcept { return m_status; }
+    /// Why the last change did not reach the system, in the system's words; empty where it did.
+    [[nodiscard]] const QString &problem() const noexcept { return m_problem; }
 
     /// Reads the state from the system; the setting follows it.
     void readStatus();
@@ -38,15 +49,14 @@ private:
     void settingChanged();
     void apply(bool isOn);
     [[nodiscard]] bool renew();
-    void tellFailure();
+    void tellFailure(const FailureAlert &failureAlert);
 
     PomodoroSettings &m_settings;
     LoginItem &m_loginItem;
-    Alert &m_alert;
-    SystemSettings &m_systemSettings;
-    const LocalizedStrings &m_strings;
+    std::optional<FailureAlert> m_failureAlert;
     Logger m_logger{QStringLiteral("LaunchAtLoginService")};
     LoginItemStatus m_status = LoginItemStatus::notRegistered;
+    QString m_problem;
     // The setting follows the system; that is no wish of the user's.
     bool m_isFollowing = false;
 };

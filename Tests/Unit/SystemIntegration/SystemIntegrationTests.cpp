@@ -19,7 +19,7 @@ protected:
     FakeSystemSettings systemSettings;
     LanguageOverrideService languages{defaults, {QStringLiteral("en")}};
     LocalizedStrings strings{languages};
-    LaunchAtLoginService service{settings, item, alert, systemSettings, strings};
+    LaunchAtLoginService service{settings, item, LaunchAtLoginService::FailureAlert{alert, systemSettings, strings}};
 };
 
 }

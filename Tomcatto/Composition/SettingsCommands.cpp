@@ -1,0 +1,96 @@
+#include "Composition/SettingsCommands.h"
+
+#include "Timer/SettingsCatalog.h"
+
+namespace tomcatto {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+ControlReply stored(UserDefaults &defaults, const QString &name)
+{
+    if (defaults.synchronize())
+        return {};
+    return controlReply(ExitStatus::failed, QStringLiteral("%1 is not stored: the settings file cannot be written. "
+                                                           "A running Tomcatto keeps it until it ends.")
+                                                .arg(name));
+}
+
+ControlReply setSetting(const SettingsCommandParts &parts, const SettingDescriptor &setting, const QString &text)
+{
+    const QString name = PomodoroSettings::keyText(setting.key);
+    const auto value = parseSetting(setting, text);
+    if (!value)
+        return controlReply(ExitStatus::usage, value.error());
+    applySetting(parts.settings, setting.key, *value);
+    // What the system refuses goes back at once.
+    if (const QString present = settingText(parts.settings, setting.key); parseSetting(setting, present) != value) {
+        const QString &problem = parts.launchAtLogin.problem();
+        return controlReply(ExitStatus::failed, QStringLiteral("%1 stays %2: %3")
+                                                    .arg(name, present,
+                                                         problem.isEmpty() ? QStringLiteral("the system says so.")
+                                                                           : problem + QLatin1Char('.')));
+    }
+    return stored(parts.defaults, name);
+}
+
+ControlReply settingsCommand(const SettingsCommandParts &parts, const Json &arguments)
+{
+    const std::string key = arguments.value("key", std::string());
+    const SettingDescriptor *const setting = findSetting(QString::fromStdString(key));
+    // The system's own settings may have switched it meanwhile.
+    if (key.empty() || (setting && setting->key == PomodoroSettings::Key::launchAtLogin))
+        parts.launchAtLogin.readStatus();
+    if (key.empty()) {
+        Json all = Json::object();
+        for (const SettingDescriptor &each : settingDescriptors())
+            all[PomodoroSettings::keyText(each.key).toStdString()] =
+                settingText(parts.settings, each.key).toStdString();
+        return {ExitStatus::done, {}, all};
+    }
+    if (!setting)
+        return controlReply(ExitStatus::usage,
+                            QStringLiteral("Unknown setting \"%1\"").arg(QString::fromStdString(key)));
+    if (!arguments.contains("value"))
+        return {ExitStatus::done, {}, Json(settingText(parts.settings, setting->key).toStdString())};
+    return setSetting(parts, *setting, QString::fromStdString(arguments.value("value", std::string())));
+}
+
+ControlReply presetCommand(const SettingsCommandParts &parts, const Json &arguments)
+{
+    const QString name = QString::fromStdString(arguments.value("name", std::string()));
+    for (const NamedPreset preset : namedPresets) {
+        if (rawValue(preset) != name)
+            continue;
+        parts.settings.apply(preset);
+        return stored(parts.defaults, QStringLiteral("The preset"));
+    }
+    return controlReply(ExitStatus::usage,
+                        QStringLiteral("Unknown preset \"%1\"; use classic, flow or deep").arg(name));
+}
+
+/// Arguments of an unexpected type end in a usage error instead of an exception.
+CommandTable::Handler guarded(std::function<ControlReply(const Json &)> handler)
+{
+    return [handler = std::move(handler)](const Json &arguments) {
+        try {
+            return handler(arguments.is_null() ? Json::object() : arguments);
+        } catch (const Json::exception &exception) {
+            return controlReply(ExitStatus::usage,
+                                QStringLiteral("The arguments are wrong: ") + QString::fromUtf8(exception.what()));
+        }
+    };
+}
+
+}
+
+void addSettingsCommands(CommandTable &table, const SettingsCommandParts &parts)
+{
+    table.add(QStringLiteral("settings"),
+              guarded([parts](const Json &arguments) { return settingsCommand(parts, arguments); }));
+    table.add(QStringLiteral("preset"),
+              guarded([parts](const Json &arguments) { return presetCommand(parts, arguments); }));
+}
+
+}
