@@ -89,11 +89,14 @@ class DesktopTest(unittest.TestCase):
         desktop.wait_for(lambda: not desktop.status()["isPaused"])
         desktop.press("Tab", "Tab", "space")
         desktop.wait_for(lambda: desktop.status()["phase"] == "shortBreak")
-        # The break covers the screen and takes Esc, which skips it.
-        desktop.wait_for(lambda: desktop.press("Escape") or desktop.status()["phase"] == "work")
-        time.sleep(0.5)
+        # The break covers the screen, keeps the keyboard and takes Esc, which skips it. A panel comes afterwards.
+        desktop.wait_for(lambda: desktop.is_focused("Short break"))
         self.assertEqual(desktop.run("panel").returncode, 0)
-        time.sleep(1.5)
+        self.assertEqual(desktop.run("videos", "preview").returncode, 1)
+        desktop.press("Escape")
+        desktop.wait_for(lambda: desktop.status()["phase"] == "work")
+        desktop.wait_for(lambda: desktop.is_focused("Tomcatto"))
+        time.sleep(0.8)
         desktop.press("Tab", "space")
         desktop.wait_for(lambda: desktop.status()["phase"] == "idle")
         desktop.press("Escape")

@@ -21,6 +21,7 @@ public:
         return m_changes.onChanged(std::move(handler));
     }
     void cover(QWindow &, const QString &screenId) override { covered.push_back(screenId); }
+    void uncover(QWindow &) override {}
     void makeKey(QWindow &) override {}
     [[nodiscard]] bool canFade() const override { return false; }
 

@@ -13,20 +13,37 @@ namespace tomcatto {
 
 namespace {
 
+ControlReply previewReply(DesktopSurfaces::PreviewOutcome outcome)
+{
+    using enum DesktopSurfaces::PreviewOutcome;
+    const auto refused = [](const QString &reason) { return controlReply(ExitStatus::notApplicable, reason); };
+    switch (outcome) {
+    case opened:
+        return {};
+    case duringBreak:
+        return refused(QStringLiteral("A break covers the screens; the preview can be seen once it is over."));
+    case noVideo:
+        return refused(QStringLiteral("There is no such video; `tomcatto videos list` shows all."));
+    case fileGone:
+        return refused(QStringLiteral("The video's file is not there any more."));
+    case fileUnreadable:
+        return refused(QStringLiteral("The video's file cannot be read."));
+    }
+    return {};
+}
+
 void addDesktopCommands(CommandTable &commands, DesktopSurfaces &surfaces)
 {
     commands.add(QStringLiteral("panel"), [&surfaces](const auto &) {
         surfaces.showPanel();
         return ControlReply{};
     });
-    commands.add(QStringLiteral("preview"), [&surfaces](const nlohmann::ordered_json &arguments) {
+    commands.addLater(QStringLiteral("preview"), [&surfaces](const nlohmann::ordered_json &arguments,
+                                                             const CommandTable::Answer &answer) {
         const auto id = arguments.find("id");
         const bool isText = id != arguments.end() && id->is_string();
-        if (surfaces.previewVideo(isText ? QString::fromStdString(id->get<std::string>()) : QString()))
-            return ControlReply{};
-        return controlReply(
-            ExitStatus::notApplicable,
-            QStringLiteral("There is no such video, or its file is gone; `tomcatto videos list` shows all"));
+        surfaces.previewVideo(isText ? QString::fromStdString(id->get<std::string>()) : QString(),
+                              [answer](DesktopSurfaces::PreviewOutcome outcome) { answer(previewReply(outcome)); });
     });
     commands.add(QStringLiteral("window"), [&surfaces](const nlohmann::ordered_json &arguments) {
         const auto page = arguments.find("page");

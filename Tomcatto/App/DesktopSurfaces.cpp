@@ -73,6 +73,16 @@ void DesktopSurfaces::install()
     m_breakOverlayController = std::make_unique<BreakOverlayController>(
         m_dependencies.stateMachine, m_dependencies.timer, m_dependencies.settings, m_dependencies.platform.runLoop,
         m_screens, m_keyMonitor, m_overlayWindows);
+    connect(m_breakOverlayController.get(), &BreakOverlayController::willShow, this,
+            &DesktopSurfaces::makeRoomForBreak);
+    // Whoever hides may be about to change the phase.
+    connect(
+        m_breakOverlayController.get(), &BreakOverlayController::didHide, this,
+        [this] {
+            if (m_opensLater)
+                whenUncovered(std::exchange(m_opensLater, nullptr));
+        },
+        Qt::QueuedConnection);
     m_statusItemController->setOnWillShow([this] {
         m_logger.debug(QStringLiteral("the panel opens"));
         // An open menu holds the keyboard, which the panel shall have at once.
@@ -98,11 +108,10 @@ void DesktopSurfaces::connectPages()
     m_generalPage.setFloatingPill(m_statusItemController->pillChoice());
     connect(&m_generalPage, &GeneralPageViewModel::tourRequested, this, [this] { m_onboardingController->reset(); });
     connect(&m_videosPage, &VideosPageViewModel::chooseFilesRequested, this, &DesktopSurfaces::chooseVideos);
-    connect(&m_videosPage, &VideosPageViewModel::previewRequested, this,
-            [this](const QString &id) { static_cast<void>(previewVideo(id)); });
+    connect(&m_videosPage, &VideosPageViewModel::previewRequested, this, &DesktopSurfaces::previewFromPage);
     connect(&m_videosPage, &VideosPageViewModel::previewBundledRequested, this, &DesktopSurfaces::previewFile);
     connect(&m_videosPage, &VideosPageViewModel::previewBreakRequested, this,
-            [this] { static_cast<void>(previewVideo({})); });
+            [this] { previewVideo({}, [](PreviewOutcome) {}); });
     connect(&m_aboutPage, &AboutPageViewModel::copyRequested, this,
             [](const QString &text) { QGuiApplication::clipboard()->setText(text); });
     connect(&m_aboutPage, &AboutPageViewModel::linkRequested, this,
@@ -140,28 +149,56 @@ AppMenuCommands::Actions DesktopSurfaces::menuActions()
 
 BreakVideoSource DesktopSurfaces::overlayVideos()
 {
-    return {[this] { return m_dependencies.videoCatalog.nextVideoUrl().value_or(QUrl()); }, posterBeside,
-            [this] { m_dependencies.userVideoProvider.endAccess(); }};
+    BreakVideoSource videos = oneVideo([this] { return m_dependencies.videoCatalog.nextVideoUrl().value_or(QUrl()); });
+    videos.finished = [this] { m_dependencies.userVideoProvider.endAccess(); };
+    return videos;
 }
 
-bool DesktopSurfaces::previewVideo(const QString &id)
+BreakVideoSource DesktopSurfaces::oneVideo(std::function<QUrl()> next)
 {
+    return {std::move(next), posterBeside, {}, [this] { noteMissingSound(); }};
+}
+
+void DesktopSurfaces::noteMissingSound()
+{
+    // Every break would say the same.
+    if (!std::exchange(m_hasMissedSound, true))
+        m_logger.info(QStringLiteral("there is no sound device; videos play without sound"));
+}
+
+void DesktopSurfaces::previewVideo(const QString &id, const std::function<void(PreviewOutcome)> &done)
+{
+    if (m_breakOverlayController->isShown())
+        return done(PreviewOutcome::duringBreak);
     if (id.isEmpty()) {
         m_breakPreviewController.open(overlayVideos());
-        return true;
+        return done(PreviewOutcome::opened);
     }
     auto selection = m_dependencies.userVideoProvider.selection(QUuid::fromString(id));
     if (!selection)
-        return false;
+        return done(selection.error() == UserVideoRepositoryError::videoNotFound ? PreviewOutcome::noVideo
+                                                                                 : PreviewOutcome::fileGone);
+    if (!(*selection)->hasAccess())
+        return done(PreviewOutcome::fileUnreadable);
     // The access to the file lasts as long as the preview holds its source.
     const std::shared_ptr<UserVideoSelection> video = std::move(*selection);
-    m_breakPreviewController.open({[video] { return video->url(); }, posterBeside, {}});
-    return true;
+    m_breakPreviewController.open(oneVideo([video] { return video->url(); }));
+    done(PreviewOutcome::opened);
+}
+
+void DesktopSurfaces::previewFromPage(const QString &id)
+{
+    previewVideo(id, [this, id](PreviewOutcome outcome) {
+        if (outcome == PreviewOutcome::fileGone)
+            m_videosPage.previewFailed(id, VideoFileError::notFound);
+        else if (outcome == PreviewOutcome::fileUnreadable)
+            m_videosPage.previewFailed(id, VideoFileError::unreadable);
+    });
 }
 
 void DesktopSurfaces::previewFile(const QUrl &file)
 {
-    m_breakPreviewController.open({[file] { return file; }, posterBeside, {}});
+    m_breakPreviewController.open(oneVideo([file] { return file; }));
 }
 
 void DesktopSurfaces::revealPopover()
@@ -191,21 +228,42 @@ void DesktopSurfaces::afterStatusItem(const std::function<void()> &action)
         static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
 }
 
+void DesktopSurfaces::makeRoomForBreak()
+{
+    // One video is heard, and Esc is the break's.
+    m_breakPreviewController.close();
+    m_statusItemController->closePopover();
+    while (QWidget *menu = QApplication::activePopupWidget()) {
+        if (!menu->close())
+            break;
+    }
+}
+
+void DesktopSurfaces::whenUncovered(std::function<void()> open)
+{
+    if (m_breakOverlayController->isShown())
+        m_opensLater = std::move(open);
+    else
+        open();
+}
+
 void DesktopSurfaces::showPanel()
 {
-    m_statusItemController->showPopover();
+    whenUncovered([this] { m_statusItemController->showPopover(); });
 }
 
 bool DesktopSurfaces::openWindow(const QString &page)
 {
-    if (page.isEmpty()) {
-        m_dependencies.mainWindowRouter.open();
-        return true;
-    }
     const auto wanted = mainWindowPageFromRawValue(page);
-    if (wanted)
-        m_dependencies.mainWindowRouter.open(*wanted);
-    return wanted.has_value();
+    if (!wanted && !page.isEmpty())
+        return false;
+    whenUncovered([this, wanted] {
+        if (wanted)
+            m_dependencies.mainWindowRouter.open(*wanted);
+        else
+            m_dependencies.mainWindowRouter.open();
+    });
+    return true;
 }
 
 void DesktopSurfaces::applyTheme()

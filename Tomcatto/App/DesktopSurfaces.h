@@ -48,14 +48,16 @@ public:
     void revealPopover() override;
     void showOnboardingIfNeeded() override;
 
-    /// Opens the panel, as the status item does.
+    /// What became of a wish for a preview.
+    enum class PreviewOutcome { opened, duringBreak, noVideo, fileGone, fileUnreadable };
+
+    /// Opens the panel, as the status item does; while a break covers the screens, once it is over.
     void showPanel();
-    /// Opens the main window. @param page raw text of a page; the last one where it is empty. @return whether there is
-    /// such a page
+    /// Opens the main window, likewise. @param page raw text of a page; the last one where it is empty. @return whether
+    /// there is such a page
     [[nodiscard]] bool openWindow(const QString &page);
     /// Opens the preview of a break with one of the user's videos, or with the next one where the id is empty.
-    /// @return whether there is such a video
-    [[nodiscard]] bool previewVideo(const QString &id);
+    void previewVideo(const QString &id, const std::function<void(PreviewOutcome)> &done);
 
 private:
     void applyTheme();
@@ -65,7 +67,13 @@ private:
     void afterStatusItem(const std::function<void()> &action);
     [[nodiscard]] AppMenuCommands::Actions menuActions();
     [[nodiscard]] BreakVideoSource overlayVideos();
+    [[nodiscard]] BreakVideoSource oneVideo(std::function<QUrl()> next);
+    void noteMissingSound();
     void previewFile(const QUrl &file);
+    void previewFromPage(const QString &id);
+    void makeRoomForBreak();
+    /// Does it now, or once no break covers the screens; of several the last one.
+    void whenUncovered(std::function<void()> open);
     void chooseVideos(const QString &title, const QStringList &filters);
 
     AppDependencies &m_dependencies;
@@ -100,6 +108,9 @@ private:
     std::unique_ptr<BreakOverlayController> m_breakOverlayController;
     std::unique_ptr<MainWindowController> m_mainWindowController;
     std::unique_ptr<OnboardingController> m_onboardingController;
+    /// Waits for the end of the break.
+    std::function<void()> m_opensLater;
+    bool m_hasMissedSound = false;
 };
 
 }

@@ -14,6 +14,7 @@ Item {
     /// Loads what playing takes before there is anything to play.
     property bool isWarmUp: false
     signal failed(string reason)
+    signal soundMissing
 
     Rectangle {
         anchors.fill: parent
@@ -72,6 +73,9 @@ Item {
 
         function onFailed(reason: string) {
             background.failed(reason)
+        }
+        function onSoundMissing() {
+            background.soundMissing()
         }
     }
 }

@@ -35,6 +35,12 @@ void BreakContentModel::videoFailed(const QString &reason)
         .error(QStringLiteral("Video %1: %2").arg(m_videoUrl.toDisplayString(), reason));
 }
 
+void BreakContentModel::soundMissing()
+{
+    if (m_videos.soundMissing)
+        m_videos.soundMissing();
+}
+
 void BreakContentModel::setContent(const BreakContent &content)
 {
     if (content == m_content)

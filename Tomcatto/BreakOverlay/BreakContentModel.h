@@ -47,8 +47,10 @@ public:
     /// do nothing.
     Q_INVOKABLE void bodyAppeared();
     Q_INVOKABLE void toggleMute();
-    /// The video, or its sound, does not play. Logged; everything else goes on.
+    /// The video does not play. Logged; everything else goes on.
     Q_INVOKABLE void videoFailed(const QString &reason);
+    /// There is no sound device, and only the picture plays.
+    Q_INVOKABLE void soundMissing();
     /// Starts a break that waits.
     Q_INVOKABLE virtual void start() {}
     /// Makes the break five minutes longer.

@@ -32,6 +32,7 @@ Item {
         isMuted: content.viewModel.isMuted
         isWarmUp: content.isWarmUp
         onFailed: reason => content.viewModel.videoFailed(reason)
+        onSoundMissing: content.viewModel.soundMissing()
     }
     Rectangle {
         anchors {

@@ -79,12 +79,17 @@ void BreakOverlayController::show(PomodoroPhase phase)
 
 void BreakOverlayController::hide()
 {
+    const bool wasShown = isShown();
     m_windows.clear();
     m_keyMonitor.cancel();
+    if (wasShown)
+        Q_EMIT didHide();
 }
 
 void BreakOverlayController::buildWindows()
 {
+    if (!isShown())
+        Q_EMIT willShow();
     m_windows.clear();
     OverlayWindow *main = nullptr;
     for (const Screen &screen : m_screens.screens()) {

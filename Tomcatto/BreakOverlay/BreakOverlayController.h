@@ -27,6 +27,12 @@ public:
     void hide();
     [[nodiscard]] bool isShown() const noexcept { return !m_windows.empty(); }
 
+Q_SIGNALS:
+    /// The screens are about to be covered: what else plays or has the keyboard steps aside.
+    void willShow();
+    /// The screens are free again.
+    void didHide();
+
 private:
     void deliver(std::function<void()> handler);
     void phaseChanged(PomodoroPhase current);

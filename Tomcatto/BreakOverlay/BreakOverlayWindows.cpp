@@ -17,6 +17,11 @@ BreakOverlayWindows::BreakOverlayWindows(const BreakOverlayServices &services, L
     , m_runLoop(runLoop)
     , m_videos(std::move(videos))
 {
+    // What was chosen holds for one break.
+    connect(&m_services.stateMachine, &PomodoroStateMachine::transitioned, this, [this] {
+        m_mutes.clear();
+        m_wasMuted = false;
+    });
 }
 
 OverlayView BreakOverlayWindows::makeView(const QString &component, bool isMuted)
@@ -33,12 +38,25 @@ OverlayView BreakOverlayWindows::makeView(const QString &component, bool isMuted
 
 std::unique_ptr<OverlayWindow> BreakOverlayWindows::make(const Screen &screen, std::function<void()> onClosed)
 {
-    // One video is heard, that of the main screen, until the user turns on another.
-    OverlayView contents = makeView(QStringLiteral("BreakOverlayView"), !screen.isMain);
+    OverlayView contents = makeView(QStringLiteral("BreakOverlayView"), startsMuted(screen));
     if (!contents.view)
         return nullptr;
+    connect(contents.model.get(), &BreakContentModel::isMutedChanged, this,
+            [this, id = screen.id, model = contents.model.get()] {
+                m_mutes[id] = model->isMuted();
+                m_wasMuted = model->isMuted();
+            });
     ++m_openWindows;
     return std::make_unique<BreakOverlayWindow>(std::move(contents), screen, m_screens, *this, std::move(onClosed));
+}
+
+bool BreakOverlayWindows::startsMuted(const Screen &screen) const
+{
+    if (const auto chosen = m_mutes.constFind(screen.id); chosen != m_mutes.cend())
+        return *chosen;
+    // One video is heard, that of the main screen, until the user turns on another. A screen that takes over as the
+    // main one goes on as the user left the sound.
+    return !screen.isMain || m_wasMuted;
 }
 
 Cancellable BreakOverlayWindows::warm()
@@ -53,6 +71,7 @@ void BreakOverlayWindows::retire(OverlayView contents)
     const auto leaving = std::prev(m_leaving.end());
     QWindow &window = leaving->view->window();
     window.setProperty("isLeaving", true);
+    m_screens.uncover(window);
     if (m_screens.canFade() && window.isVisible()) {
         qDeleteAll(window.findChildren<QPropertyAnimation *>(Qt::FindDirectChildrenOnly));
         auto *fade = new QPropertyAnimation(&window, "opacity", &window);

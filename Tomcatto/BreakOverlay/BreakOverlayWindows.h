@@ -5,12 +5,14 @@
 #include "Platform/Ports/MainRunLoop.h"
 
 #include <list>
+#include <QtCore/QHash>
 
 namespace tomcatto {
 
 /// Makes the overlay's windows out of views, and lets them go again: a closed one fades away where the desktop can do
-/// that, and is destroyed in a later turn of the run loop in any case, as whoever closes may be inside its view. Main
-/// thread only; outlives its windows.
+/// that, and is destroyed in a later turn of the run loop in any case, as whoever closes may be inside its view. What
+/// the user mutes or turns on holds for the rest of the break, also when screens change. Main thread only; outlives its
+/// windows.
 class BreakOverlayWindows final : public QObject, public OverlayWindows
 {
     Q_OBJECT
@@ -31,6 +33,7 @@ private:
 
     [[nodiscard]] OverlayView makeView(const QString &component, bool isMuted);
     void finish(Leaving::iterator leaving);
+    [[nodiscard]] bool startsMuted(const Screen &screen) const;
 
     BreakOverlayServices m_services;
     LocalizedStrings &m_strings;
@@ -40,6 +43,9 @@ private:
     BreakVideoSource m_videos;
     int m_openWindows = 0;
     Leaving m_leaving;
+    // The user's choices of this break, by screen, and the last of them.
+    QHash<QString, bool> m_mutes;
+    bool m_wasMuted = false;
 };
 
 }

@@ -14,6 +14,8 @@ struct BreakVideoSource
     std::function<QUrl(const QUrl &video)> poster;
     /// Nothing plays any more, so the files may be let go.
     std::function<void()> finished;
+    /// A video plays without its sound, as there is nothing that makes any.
+    std::function<void()> soundMissing = {};
 };
 
 /// The picture "posters/NAME.jpg" beside a video file; an empty address where there is none.

@@ -12,6 +12,7 @@ Item {
     property bool isStill: false
     readonly property bool hasFrame: screen.item?.hasFrame ?? false
     signal failed(string reason)
+    signal soundMissing
 
     onHasFrameChanged: if (isStill)
         player.pause()
@@ -75,7 +76,7 @@ Item {
         if (String(view.videoUrl).length === 0)
             return
         if (devices.audioOutputs.length === 0)
-            view.failed("no sound device")
+            view.soundMissing()
         player.play()
     }
 

@@ -310,6 +310,14 @@ void VideosPageViewModel::previewBreak()
     Q_EMIT previewBreakRequested();
 }
 
+void VideosPageViewModel::previewFailed(const QString &id, VideoFileError error)
+{
+    if (const UserVideoListing *const line = listing(id))
+        report(refusalKey(error), line->video.displayName);
+    // What is gone shows as gone.
+    refresh();
+}
+
 void VideosPageViewModel::clearErrors()
 {
     if (m_errors.isEmpty())

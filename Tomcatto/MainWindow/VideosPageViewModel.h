@@ -65,6 +65,8 @@ public:
     Q_INVOKABLE void preview(const QString &id);
     /// Asks for the preview of a break with the video that would come next.
     Q_INVOKABLE void previewBreak();
+    /// The preview of a video of the user's could not be opened, which `error` tells.
+    void previewFailed(const QString &id, VideoFileError error);
 
 Q_SIGNALS:
     void changed();

@@ -84,6 +84,19 @@ TEST(DesktopScreensTests, GivesTheKeyboardToOneOfItsWindowsAndTakesItBack)
     const SideProgram other(QStringLiteral("xev"), {});
     EXPECT_TRUE(QTest::qWaitFor([&wasLost] { return wasLost; }, 20'000));
     EXPECT_TRUE(QTest::qWaitFor(hasKeyboard));
+    // Also from a window of its own, until it covers no more.
+    QWindow own;
+    own.setFlags(Qt::Tool | Qt::WindowStaysOnTopHint);
+    const auto ownHasKeyboard = [&own] { return QGuiApplication::focusWindow() == &own; };
+    own.show();
+    own.requestActivate();
+    EXPECT_TRUE(QTest::qWaitFor(ownHasKeyboard) && QTest::qWaitFor(hasKeyboard));
+    for (QWindow *window : {&main, &second})
+        screens.uncover(*window);
+    own.requestActivate();
+    EXPECT_TRUE(QTest::qWaitFor(ownHasKeyboard));
+    QTest::qWait(3 * static_cast<int>(DesktopScreens::returnTime.count()));
+    EXPECT_TRUE(ownHasKeyboard());
     EXPECT_THAT(windowStates(main.winId()).toStdString(), testing::HasSubstr("_NET_WM_STATE_ABOVE"));
 }
 
@@ -95,9 +108,23 @@ TEST(MessageBoxAlertTests, ShowsOneWarningAfterTheOther)
         alert.showWarning(
             {QLatin1String(text), QStringLiteral("more"), QStringLiteral("Act"), QStringLiteral("Not now")},
             [&](AlertButton button) { pressed.push_back(button); });
-    const auto box = [] { return qobject_cast<QMessageBox *>(QApplication::activeModalWidget()); };
+    const auto box = [] {
+        for (QWidget *widget : QApplication::topLevelWidgets()) {
+            if (auto *shown = qobject_cast<QMessageBox *>(widget); shown && shown->isVisible())
+                return shown;
+        }
+        return static_cast<QMessageBox *>(nullptr);
+    };
     ASSERT_TRUE(QTest::qWaitFor([&] { return box() != nullptr && box()->text() == QLatin1String("<b>one</b>"); }));
     EXPECT_EQ(box()->textFormat(), Qt::PlainText);
+    struct Overlay final : QWindow
+    {
+        void keyPressEvent(QKeyEvent *) override { ++keys; }
+        int keys = 0;
+    } overlay;
+    overlay.show();
+    QTest::keyClick(&overlay, Qt::Key_Escape);
+    EXPECT_EQ(overlay.keys, 1) << "a break that begins meanwhile hears its Esc";
     box()->buttons().at(0)->click();
     ASSERT_TRUE(QTest::qWaitFor([&] { return box() != nullptr && box()->text() == QLatin1String("two"); }));
     QTest::keyClick(box(), Qt::Key_Escape);

@@ -1,8 +1,10 @@
 #include "Platform/Overlay/ApplicationKeyMonitor.h"
 
+#include <algorithm>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QPointer>
 #include <QtGui/QKeyEvent>
+#include <utility>
 
 namespace tomcatto {
 
@@ -20,23 +22,46 @@ Cancellable ApplicationKeyMonitor::onKeyDown(std::function<bool(const KeyPress &
 void ApplicationKeyMonitor::remove(int key)
 {
     m_handlers->erase(key);
-    if (m_handlers->empty())
+    rest();
+}
+
+void ApplicationKeyMonitor::rest()
+{
+    if (m_handlers->empty() && !m_taken)
         QCoreApplication::instance()->removeEventFilter(this);
 }
 
 bool ApplicationKeyMonitor::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() != QEvent::KeyPress || !watched->isWindowType())
+    const bool isAnnounced = event->type() == QEvent::ShortcutOverride;
+    if ((!isAnnounced && event->type() != QEvent::KeyPress) || !watched->isWindowType())
         return QObject::eventFilter(watched, event);
     const auto *keyEvent = static_cast<QKeyEvent *>(event);
     const KeyPress press{static_cast<Qt::Key>(keyEvent->key()), keyEvent->modifiers(), keyEvent->isAutoRepeat()};
+    const auto taken = std::exchange(m_taken, std::nullopt);
+    if (!isAnnounced && taken) {
+        rest();
+        return taken == press.key || isTaken(press);
+    }
+    const QPointer self(this);
+    if (!isTaken(press))
+        return false;
+    // A window's shortcut for it would come first, and no press would follow. Accepted, the key is nobody's shortcut.
+    if (isAnnounced && self) {
+        m_taken = press.key;
+        event->accept();
+        QCoreApplication::instance()->installEventFilter(this);
+    }
+    return true;
+}
+
+bool ApplicationKeyMonitor::isTaken(const KeyPress &press) const
+{
     // Handlers may cancel themselves and each other.
     const auto handlers = m_handlers;
-    for (const auto &[key, handler] : Handlers(*handlers)) {
-        if (handlers->contains(key) && (*handler)(press))
-            return true;
-    }
-    return false;
+    return std::ranges::any_of(Handlers(*handlers), [&](const auto &entry) {
+        return handlers->contains(entry.first) && (*entry.second)(press);
+    });
 }
 
 }

@@ -69,7 +69,7 @@ DesktopScreens::DesktopScreens(MainRunLoop &runLoop, QObject *parent)
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, &DesktopScreens::noteChange);
     connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &DesktopScreens::noteChange);
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow *focused) {
-        m_return = focused ? Cancellable() : m_runLoop.after(returnTime, [this] { returnToFront(); });
+        m_return = isCovering(focused) ? Cancellable() : m_runLoop.after(returnTime, [this] { returnToFront(); });
     });
 }
 
@@ -134,6 +134,18 @@ void DesktopScreens::makeKey(QWindow &window)
     window.requestActivate();
     if (window.isExposed())
         activateAsPager(window);
+}
+
+void DesktopScreens::uncover(QWindow &window)
+{
+    m_covering.removeAll(&window);
+    if (m_keyWindow == &window)
+        m_keyWindow = nullptr;
+}
+
+bool DesktopScreens::isCovering(const QWindow *window) const
+{
+    return window != nullptr && m_covering.contains(window);
 }
 
 void DesktopScreens::returnToFront()

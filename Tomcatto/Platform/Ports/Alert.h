@@ -22,7 +22,7 @@ struct AlertDescription
 
 enum class AlertButton : std::uint8_t { first, second };
 
-/// Modal warnings. Main thread only.
+/// Warnings in windows of their own, which leave the others to the user. Main thread only.
 class Alert
 {
 public:

@@ -33,12 +33,16 @@ void MessageBoxAlert::showNext()
     const QPushButton *first = m_box->addButton(description.firstButton, QMessageBox::AcceptRole);
     QPushButton *second = m_box->addButton(description.secondButton, QMessageBox::RejectRole);
     m_box->setEscapeButton(second);
-    m_box->setWindowModality(Qt::ApplicationModal);
+    // A break that begins meanwhile is the user's to skip.
+    m_box->setWindowModality(Qt::NonModal);
     m_box->setAttribute(Qt::WA_QuitOnClose, false);
     connect(m_box.get(), &QMessageBox::finished, this,
             [this, first] { close(m_box->clickedButton() == first ? AlertButton::first : AlertButton::second); });
     m_box->winId();
-    m_box->windowHandle()->setTransientParent(QGuiApplication::focusWindow());
+    // In front of the window that it is about, but not of a break.
+    QWindow *const focused = QGuiApplication::focusWindow();
+    if (focused && focused->visibility() != QWindow::FullScreen)
+        m_box->windowHandle()->setTransientParent(focused);
     m_box->show();
 }
 

@@ -42,6 +42,7 @@ TestCase {
         function extend() { calls = calls.concat("extend") }
         function toggleMute() { calls = calls.concat("mute") }
         function videoFailed(reason: string) { calls = calls.concat("failed") }
+        function soundMissing() { calls = calls.concat("soundless") }
     }
     Component {
         id: contents
