@@ -87,16 +87,22 @@ TEST(DesktopScreensTests, GivesTheKeyboardToOneOfItsWindowsAndTakesItBack)
     // Also from a window of its own, until it covers no more.
     QWindow own;
     own.setFlags(Qt::Tool | Qt::WindowStaysOnTopHint);
-    const auto ownHasKeyboard = [&own] { return QGuiApplication::focusWindow() == &own; };
-    own.show();
-    own.requestActivate();
-    EXPECT_TRUE(QTest::qWaitFor(ownHasKeyboard) && QTest::qWaitFor(hasKeyboard));
+    const auto activate = [&own] {
+        bool hadKeyboard = false;
+        const auto watching = QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged,
+                                               [&](const QWindow *focused) { hadKeyboard |= focused == &own; });
+        own.show();
+        own.requestActivate();
+        EXPECT_TRUE(QTest::qWaitFor([&hadKeyboard] { return hadKeyboard; }));
+        QObject::disconnect(watching);
+    };
+    activate();
+    EXPECT_TRUE(QTest::qWaitFor(hasKeyboard));
     for (QWindow *window : {&main, &second})
         screens.uncover(*window);
-    own.requestActivate();
-    EXPECT_TRUE(QTest::qWaitFor(ownHasKeyboard));
+    activate();
     QTest::qWait(3 * static_cast<int>(DesktopScreens::returnTime.count()));
-    EXPECT_TRUE(ownHasKeyboard());
+    EXPECT_EQ(QGuiApplication::focusWindow(), &own);
     EXPECT_THAT(windowStates(main.winId()).toStdString(), testing::HasSubstr("_NET_WM_STATE_ABOVE"));
 }
 
