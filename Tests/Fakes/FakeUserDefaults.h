@@ -2,6 +2,7 @@
 
 #include "Platform/Ports/UserDefaults.h"
 
+#include <functional>
 #include <map>
 
 namespace tomcatto {
@@ -25,12 +26,15 @@ public:
     bool synchronize() override
     {
         ++synchronizations;
+        if (onSynchronize)
+            onSynchronize();
         return true;
     }
 
     std::map<QString, DefaultsValue> stored;
     std::map<QString, DefaultsValue> argumentDomain;
     int synchronizations = 0;
+    std::function<void()> onSynchronize;
 };
 
 }

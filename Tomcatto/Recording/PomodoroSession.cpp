@@ -53,6 +53,7 @@ void PomodoroSession::recover()
 
 void PomodoroSession::noteActivity()
 {
+    settleRecords();
     if (m_heartbeat.isActive())
         heartbeat();
 }
@@ -60,9 +61,7 @@ void PomodoroSession::noteActivity()
 void PomodoroSession::recordTermination()
 {
     m_stateMachine.terminate();
-    // The main loop does not come to tell of records that are still under way.
-    m_sessionRepository.waitForWrites();
-    recordWritten(m_lastRecord);
+    settleRecords();
 }
 
 void PomodoroSession::handleTransition(const PhaseTransition &transition)
@@ -85,6 +84,13 @@ void PomodoroSession::recordWritten(quint64 record)
     // The last one of the process overtakes those whose turn of the main loop does not come any more.
     m_lastWrittenRecord = std::max(m_lastWrittenRecord, record);
     saveMarker();
+}
+
+/// The main loop may not come any more to tell of records that are still under way.
+void PomodoroSession::settleRecords()
+{
+    m_sessionRepository.waitForWrites();
+    recordWritten(m_lastRecord);
 }
 
 std::optional<PomodoroSessionInsertRequest> PomodoroSession::endedPhase(const PhaseTransition &transition) const

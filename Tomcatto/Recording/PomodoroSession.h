@@ -31,7 +31,8 @@ public:
     /// Turns a marker left by an earlier run into one record and removes it, whatever it holds. Called once at launch,
     /// before the timer is used.
     void recover();
-    /// Notes in the marker that the application is alive, since it may end without another word.
+    /// Brings the marker up to date, with the application as alive, since it may end without another word. The records
+    /// of earlier phases are on disk when this returns.
     void noteActivity();
     /// Ends the running phase because the application ends. Its record is on disk when this returns, those of earlier
     /// phases too, and no marker is left.
@@ -46,6 +47,7 @@ private:
     void handleOverflow();
     void heartbeat();
     void recordWritten(quint64 record);
+    void settleRecords();
     void saveMarker();
     void updateHeartbeat();
     [[nodiscard]] bool keepsBooksOnCurrentPhase() const;

@@ -207,6 +207,9 @@ TEST(MenubarPanelViewModel, StripFollowsTheHistoryAndTheSettings)
     panel.runLoop.drain();
     EXPECT_EQ(panel.model.strip().goalRest, u" / 3"_qs);
     EXPECT_EQ(panel.model.strip().roundCompact, u"1 / 12"_qs);
+    panel.wallClock.advance(24h);
+    panel.wallClock.announceDay();
+    EXPECT_EQ(panel.model.strip().goalCount, u"0"_qs);
 }
 
 TEST(MenubarPanelViewModel, BackGoesToTheTimerAndThenCloses)

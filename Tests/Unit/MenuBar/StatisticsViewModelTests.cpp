@@ -126,6 +126,12 @@ TEST(StatisticsViewModel, FollowsRangeHistoryGoalAndLanguage)
     test.settings.setDailyGoalPomodoros(1);
     test.history.announceSave();
     EXPECT_EQ(field(model.heatCells(), 15 * 7 + 3, u"level"_qs).toInt(), 4);
+    // Far enough east it is the next day already.
+    test.wallClock.setCalendar({QTimeZone("Pacific/Kiritimati"), Qt::Monday});
+    test.wallClock.advance(Seconds(7200));
+    test.wallClock.announceDay();
+    EXPECT_EQ(field(model.heatCells(), 15 * 7 + 3, u"level"_qs).toInt(), 4);
+    EXPECT_EQ(field(model.heatCells(), 15 * 7 + 4, u"level"_qs).toInt(), 0) << "no day to come any more";
     test.language.setLanguage(SelectedLanguage::de);
     EXPECT_EQ(model.rangeTexts().first(), u"Heute"_qs);
     changes = 0;

@@ -195,6 +195,18 @@ TEST_F(PomodoroSessionTest, RecoversALeftMarkerOnce)
     EXPECT_GT(defaults.synchronizations, 0) << "the marker is gone from the disk first";
 }
 
+using PomodoroSessionDeathTest = PomodoroSessionTest;
+
+TEST_F(PomodoroSessionDeathTest, AFatalMarkerIsGoneFromTheDiskBeforeItIsFatal)
+{
+    machine.start();
+    InFlightSessionMarker fatal = marker();
+    fatal.cycleIndex = 40'000;
+    store.save(fatal);
+    defaults.onSynchronize = [this] { std::cerr << (store.load() ? "kept, " : "cleared, "); };
+    EXPECT_DEATH(session.recover(), "^cleared, .*does not fit");
+}
+
 TEST_F(PomodoroSessionTest, AMarkerStaysUntilItsRecordIsWritten)
 {
     writer.isSlow = true;

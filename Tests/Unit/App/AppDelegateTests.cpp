@@ -1,0 +1,158 @@
+#include "App/AppDelegate.h"
+#include "Composition/TimerCommands.h"
+#include "Fakes/ServicesFixture.h"
+
+#include <gtest/gtest.h>
+#include <QtTest/QSignalSpy>
+
+using namespace tomcatto;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// The application without its process, which notes what is asked of its surfaces.
+class Application final : public ServicesFixture, public ApplicationSurfaces
+{
+public:
+    void prepare() override { steps << QStringLiteral("prepare"); }
+    void readLoginItem() override { steps << QStringLiteral("login"); }
+    void install() override { steps << QStringLiteral("install"); }
+    void revealPopover() override { steps << QStringLiteral("reveal"); }
+    void showOnboardingIfNeeded() override { steps << QStringLiteral("onboarding"); }
+
+    void store(double daysAgo)
+    {
+        PomodoroSessionInsertRequest request;
+        request.id = identifiers.next();
+        request.phase = PomodoroPhase::working;
+        request.startedAt = wallClock.now() - Seconds(daysAgo * 86'400);
+        request.wasCompleted = true;
+        dependencies.sessionRepository.insert(request, InsertMode::synchronous);
+        QCoreApplication::processEvents();
+    }
+    [[nodiscard]] std::size_t records() const { return dependencies.sessionRepository.allSessions().size(); }
+
+    QStringList steps;
+    AppDelegate delegate{dependencies};
+};
+
+}
+
+TEST(AppDelegate, StartsInOrderAndOpensThePanelOnlyTheFirstTimeAfterOnboarding)
+{
+    struct Case
+    {
+        const char *name;
+        bool isOnboarded;
+        bool wasRevealed;
+        AppDelegate::LaunchConditions conditions;
+        bool reveals;
+    };
+    const Case cases[] = {
+        {"first after onboarding", true, false, {}, true},
+        {"before onboarding", false, false, {}, false},
+        {"again", true, true, {}, false},
+        {"in the background", true, false, {.isBackground = true}, false},
+        {"driven by a test", true, false, {.isUiTest = true}, false},
+    };
+    for (const Case &item : cases) {
+        SCOPED_TRACE(item.name);
+        Application application;
+        application.dependencies.settings.setHasCompletedOnboarding(item.isOnboarded);
+        if (item.wasRevealed)
+            application.defaults.setValue(QStringLiteral("didRevealPopover"), true);
+        application.delegate.applicationWillFinishLaunching(item.conditions);
+        application.delegate.applicationDidFinishLaunching(application);
+        const QString reveal = item.reveals ? QStringLiteral("reveal ") : QString();
+        EXPECT_EQ(application.steps.join(u' '), QStringLiteral("prepare login install %1onboarding").arg(reveal));
+        EXPECT_EQ(application.defaults.stored.contains(QStringLiteral("didRevealPopover")),
+                  item.reveals || item.wasRevealed);
+    }
+}
+
+TEST(AppDelegate, StartRecoversAndPrunesWhatIsOlderThanACentury)
+{
+    Application application;
+    application.store(36'499);
+    application.store(36'501);
+    application.defaults.setValue(
+        QStringLiteral("inFlightSession"),
+        QByteArray(R"({"phase":"work","startedAt":1759999000,"plannedDurationSeconds":1500,"cycleIndex":0})"));
+    application.delegate.applicationDidFinishLaunching(application);
+    application.dependencies.coreDataStack.save();
+    EXPECT_EQ(application.records(), 2U) << "the younger one and the one that was left";
+}
+
+TEST(AppDelegate, WhatEndsOrSleepsIsOnDiskInOrder)
+{
+    Application application;
+    application.delegate.applicationDidFinishLaunching(application);
+    PomodoroStateMachine &machine = application.dependencies.stateMachine;
+    std::vector<std::pair<std::size_t, QByteArray>> written;
+    application.defaults.onSynchronize = [&] {
+        const auto marker = application.dependencies.inFlightStore.load();
+        written.emplace_back(application.records(), marker ? encoded(*marker) : QByteArray());
+    };
+    machine.start();
+    machine.skip();
+    application.pass(7s);
+    application.delegate.applicationMayTerminate();
+    EXPECT_EQ(machine.currentPhase(), PomodoroPhase::shortBreak) << "a session may go on after all";
+    application.power.sleep();
+    EXPECT_TRUE(machine.isPaused());
+    machine.reset();
+    machine.start();
+    application.delegate.applicationWillTerminate();
+    ASSERT_EQ(written.size(), 3U);
+    EXPECT_EQ(written[0].first, 1U);
+    EXPECT_TRUE(written[0].second.contains("lastActiveAt"));
+    EXPECT_TRUE(written[1].second.contains("pausedAt"));
+    EXPECT_EQ(written[2], (std::pair<std::size_t, QByteArray>(3, ""))) << "records first, then no marker";
+}
+
+TEST(AppDelegate, ALanguageIsAnnouncedOnceWhoeverChoosesIt)
+{
+    Application application;
+    PomodoroSettings &settings = application.dependencies.settings;
+    LanguageOverrideService &service = application.dependencies.languageOverrideService;
+    const QSignalSpy announced(&service, &LanguageOverrideService::languageDidChange);
+    const QSignalSpy changed(&settings, &PomodoroSettings::changed);
+    settings.setSelectedLanguage(SelectedLanguage::de);
+    EXPECT_EQ(service.currentLanguage(), SelectedLanguage::de);
+    service.setLanguage(SelectedLanguage::fr);
+    EXPECT_EQ(settings.selectedLanguage(), SelectedLanguage::fr);
+    EXPECT_EQ(announced.count(), 2);
+    EXPECT_EQ(changed.count(), 2);
+}
+
+TEST(TimerCommands, TheStatusFollowsTheDayAndAWaitingPhaseIsStarted)
+{
+    Application application;
+    AppDependencies &dependencies = application.dependencies;
+    const StatusSource source({dependencies.stateMachine, dependencies.timer, dependencies.settings,
+                               dependencies.statsAggregator, dependencies.strings, application.wallClock,
+                               application.runLoop});
+    std::vector<qint64> today;
+    QObject::connect(&source, &StatusSource::changed, &source,
+                     [&today](const TimerStatus &status) { today.push_back(status.todayCompleted); });
+    application.store(0);
+    application.wallClock.advance(16h);
+    application.wallClock.announceDay();
+    application.runLoop.drain();
+    // The zone changes to one where the day is still the old one.
+    application.wallClock.setCalendar({QTimeZone("America/New_York"), Qt::Sunday});
+    application.wallClock.announceDay();
+    application.runLoop.drain();
+    EXPECT_EQ(today, (std::vector<qint64>{0, 1}));
+
+    CommandTable commands;
+    addTimerCommands(commands, dependencies, source);
+    dependencies.settings.setAutoStartBreaks(false);
+    dependencies.stateMachine.start();
+    application.pass(1500s);
+    for (const ExitStatus expected : {ExitStatus::done, ExitStatus::notApplicable}) {
+        EXPECT_EQ(dependencies.stateMachine.isPhasePending(), expected == ExitStatus::done);
+        commands.run(QStringLiteral("start"), {},
+                     [expected](const ControlReply &reply) { EXPECT_EQ(reply.status, expected); });
+    }
+}
