@@ -1,13 +1,13 @@
 # A room is a static library with an explicit list of the rooms and libraries it may use. What is not listed does not
 # link. All rooms share one include folder, so a header alone would compile: whoever includes one lists its room.
 
-# One precompiled header for all targets: at some 150 MB each, one per target would fill a disk.
+# One precompiled header for all targets, and one for the tests: at some 150 MB each, one per target would fill a disk.
+set(TOMCATTO_PRECOMPILED_HEADERS <QtCore/QObject> <QtCore/QString> <QtCore/QDateTime> <functional> <memory> <optional> <vector>)
 set(precompiled_source "${CMAKE_BINARY_DIR}/Precompiled.cpp")
 file(CONFIGURE OUTPUT "${precompiled_source}" CONTENT "// Exists so that the precompiled header has a target.\n")
 add_library(TomcattoPrecompiled STATIC "${precompiled_source}")
 target_link_libraries(TomcattoPrecompiled PRIVATE Qt6::Core)
-target_precompile_headers(TomcattoPrecompiled PRIVATE
-    <QtCore/QObject> <QtCore/QString> <QtCore/QDateTime> <functional> <memory> <optional> <vector>)
+target_precompile_headers(TomcattoPrecompiled PRIVATE ${TOMCATTO_PRECOMPILED_HEADERS})
 
 # tomcatto_precompile(TARGET…): the targets, which all use Qt6::Core, begin with the precompiled header.
 function(tomcatto_precompile)

@@ -28,6 +28,11 @@ add_compile_definitions(QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS
 if(TOMCATTO_SANITIZE)
     add_compile_options(-fsanitize=${TOMCATTO_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${TOMCATTO_SANITIZE})
+    # They make programs so large that linking them is felt.
+    find_program(MOLD_PROGRAM mold)
+    if(MOLD_PROGRAM)
+        add_link_options(-fuse-ld=mold)
+    endif()
     # Sanitizer instrumentation makes the compiler see null paths that cannot happen.
     add_compile_options(-Wno-null-dereference -Wno-maybe-uninitialized)
 endif()

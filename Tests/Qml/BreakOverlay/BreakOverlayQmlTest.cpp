@@ -1,3 +1,5 @@
+#include "Qml/ShippedTexts.h"
+
 #include <QtQuickTest/quicktest.h>
 
-QUICK_TEST_MAIN(breakoverlay)
+QUICK_TEST_MAIN_WITH_SETUP(breakoverlay, tomcatto::ShippedTexts)

@@ -15,12 +15,6 @@ TestCase {
         id: videos
     }
     QtObject {
-        id: words
-
-        property int revision: 0
-        function text(key: string): string { return key }
-    }
-    QtObject {
         id: model
 
         property var own: videos
@@ -42,7 +36,7 @@ TestCase {
         id: page
 
         anchors.fill: parent
-        strings: words
+        strings: world.strings
         viewModel: model
     }
 

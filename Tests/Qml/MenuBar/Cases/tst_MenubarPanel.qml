@@ -32,13 +32,6 @@ TestCase {
         function openStatistics() { test.calls.push("statistics") }
         function openSettings() { test.calls.push("settings") }
     }
-    QtObject {
-        id: texts
-
-        property int revision: 0
-
-        function text(key: string): string { return key }
-    }
     Component {
         id: longTip
 

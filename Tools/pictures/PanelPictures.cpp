@@ -14,7 +14,7 @@
 #include <QtQuick/QQuickWindow>
 
 // Writes a picture of the panel in every state, light and dark, in the language given, which may be "pseudo":
-// PanelPictures FOLDER [LANGUAGE]
+// TomcattoPanelPictures FOLDER [LANGUAGE]
 
 namespace {
 
