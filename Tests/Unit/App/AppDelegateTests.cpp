@@ -2,6 +2,7 @@
 #include "Composition/TimerCommands.h"
 #include "Fakes/ServicesFixture.h"
 
+#include <bitset>
 #include <gtest/gtest.h>
 #include <QtTest/QSignalSpy>
 
@@ -15,7 +16,6 @@ class Application final : public ServicesFixture, public ApplicationSurfaces
 {
 public:
     void prepare() override { steps << QStringLiteral("prepare"); }
-    void readLoginItem() override { steps << QStringLiteral("login"); }
     void install() override { steps << QStringLiteral("install"); }
     void revealPopover() override { steps << QStringLiteral("reveal"); }
     void showOnboardingIfNeeded() override { steps << QStringLiteral("onboarding"); }
@@ -40,33 +40,21 @@ public:
 
 TEST(AppDelegate, StartsInOrderAndOpensThePanelOnlyTheFirstTimeAfterOnboarding)
 {
-    struct Case
-    {
-        const char *name;
-        bool isOnboarded;
-        bool wasRevealed;
-        AppDelegate::LaunchConditions conditions;
-        bool reveals;
-    };
-    const Case cases[] = {
-        {"first after onboarding", true, false, {}, true},
-        {"before onboarding", false, false, {}, false},
-        {"again", true, true, {}, false},
-        {"in the background", true, false, {.isBackground = true}, false},
-        {"driven by a test", true, false, {.isUiTest = true}, false},
-    };
-    for (const Case &item : cases) {
-        SCOPED_TRACE(item.name);
+    // Onboarded, opened before, started by the system, driven by a test.
+    constexpr int conditions = 4;
+    for (unsigned number = 0; number < 1U << conditions; ++number) {
+        SCOPED_TRACE(number);
+        const std::bitset<conditions> is(number);
+        const bool reveals = number == 1;
         Application application;
-        application.dependencies.settings.setHasCompletedOnboarding(item.isOnboarded);
-        if (item.wasRevealed)
+        application.dependencies.settings.setHasCompletedOnboarding(is[0]);
+        if (is[1])
             application.defaults.setValue(QStringLiteral("didRevealPopover"), true);
-        application.delegate.applicationWillFinishLaunching(item.conditions);
+        application.delegate.applicationWillFinishLaunching({.isBackground = is[2], .isUiTest = is[3]});
         application.delegate.applicationDidFinishLaunching(application);
-        const QString reveal = item.reveals ? QStringLiteral("reveal ") : QString();
-        EXPECT_EQ(application.steps.join(u' '), QStringLiteral("prepare login install %1onboarding").arg(reveal));
-        EXPECT_EQ(application.defaults.stored.contains(QStringLiteral("didRevealPopover")),
-                  item.reveals || item.wasRevealed);
+        const QString reveal = reveals ? QStringLiteral("reveal ") : QString();
+        EXPECT_EQ(application.steps.join(u' '), QStringLiteral("prepare install %1onboarding").arg(reveal));
+        EXPECT_EQ(application.defaults.stored.contains(QStringLiteral("didRevealPopover")), reveals || is[1]);
     }
 }
 

@@ -80,16 +80,6 @@ TEST_F(PomodoroTimerTest, CountsDownOnceASecondAndExpiresOnce)
     EXPECT_EQ(runLoop.activeTimers(), 0U);
 }
 
-TEST_F(PomodoroTimerTest, ZeroPlanExpiresAtOnceWithoutTicking)
-{
-    timer.start(0, true);
-    EXPECT_EQ(expiries, 1);
-    EXPECT_EQ(runLoop.activeTimers(), 0U);
-    timer.start(-5, false);
-    EXPECT_EQ(expiries, 2);
-    EXPECT_EQ(timer.remainingSeconds(), 0);
-}
-
 TEST_F(PomodoroTimerTest, PauseFreezesForAnyTimeAlsoOverflow)
 {
     timer.start(60, true);
