@@ -2,6 +2,7 @@
 """The program as people and scripts use it: commands, exit statuses, files."""
 
 import fcntl
+import datetime
 import json
 import os
 import pty
@@ -9,9 +10,11 @@ import select
 import shutil
 import signal
 import socket
+import sqlite3
 import subprocess
 import time
 import unittest
+import uuid
 
 from tomcatto_process import PROGRAM, Tomcatto
 
@@ -70,13 +73,42 @@ class CommandLineTest(unittest.TestCase):
                                             (4, "add", "/nowhere", 3), (0, "remove", first, 2)):
             self.expect(status, "videos", action, named)
             self.assertEqual(len(self.expect(0, "videos", "list").stdout.splitlines()), left)
+        self.tomcatto.start(wait=False)
+        self.expect(0, "videos", "add", os.path.join(videos, names[0]))
+        self.tomcatto.wait_for(lambda: self.tomcatto.run("status").returncode == 0)
+        self.assertEqual(len(self.expect(0, "videos", "list").stdout.splitlines()), 3, "both waited for their turn")
+
+    def test_stats_of_a_history(self):
+        self.expect(1, "videos", "remove", "11111111-1111-1111-1111-111111111111")  # makes an empty store
+        today = datetime.datetime.now(datetime.timezone.utc).replace(hour=0, minute=0, second=0, microsecond=0)
+        begins = {"today": today, "week": today - datetime.timedelta(days=today.weekday()),
+                  "month": today.replace(day=1), "allTime": today - datetime.timedelta(days=400)}
+        starts = sorted({begin.timestamp() - before for begin in begins.values() for before in (0, 1)})
+        with sqlite3.connect(self.tomcatto.store_path) as store:
+            for phase, completed, start in (("work", 0, starts[-1]), ("shortBreak", 1, starts[-1]),
+                                            *(("work", 1, start) for start in starts)):
+                store.execute("insert into PomodoroSessionRecord (id, phase, startedAt, endedAt, wasCompleted, wasSkipped,"
+                              " plannedDurationSeconds, actualDurationSeconds, cycleIndex)"
+                              " values (?, ?, ?, ?, ?, 0, 1500, 1500, 0)",
+                              (str(uuid.uuid4()).upper(), phase, start, start + 1500, completed))
+        for name, begin in begins.items():
+            count = len(starts) if name == "allTime" else sum(start >= begin.timestamp() for start in starts)
+            figures = json.loads(self.expect(0, "stats", "--range", name, "--json").stdout)
+            self.assertEqual([figures[key] for key in ("range", "completedWorkCount", "focusMinutes", "todayCount")],
+                             [name, count, 25 * count, 1])
+            text = self.expect(0, "stats", "--range", name).stdout
+            self.assertIn(f"  Focus phases    {count}\n", text)
+            self.assertEqual(text == self.expect(0, "stats").stdout, name == "today")
 
     def test_walks_the_set_and_follows(self):
         self.tomcatto.start("-workDurationSeconds", "2", "-shortBreakDurationSeconds", "1",
                             "-longBreakDurationSeconds", "1", "-cyclesBeforeLongBreak", "2")
         follower = subprocess.Popen([PROGRAM, "status", "--follow", "--json"], env=self.tomcatto.environment,
                                     stdout=subprocess.PIPE, text=True)
+        bar = subprocess.Popen([PROGRAM, "status", "--follow", "--format", "waybar"], env=self.tomcatto.environment,
+                               stdout=subprocess.PIPE, text=True)
         first = follower.stdout.readline()
+        bar_first = bar.stdout.readline()
         self.expect(0, "start")
         self.expect(1, "start")
         self.tomcatto.wait_for(lambda: len(self.tomcatto.records()) >= 4)
@@ -95,6 +127,9 @@ class CommandLineTest(unittest.TestCase):
                          ["idle", "work", "shortBreak", "work", "longBreak", "work"])
         keys = [(line["phaseToken"], line["isPaused"], line["todayCompleted"]) for line in lines]
         self.assertTrue(all(a != b for a, b in zip(keys, keys[1:-1])), "no line for a mere tick")
+        bar_lines = [json.loads(line) for line in (bar_first + bar.communicate(timeout=60)[0]).splitlines()]
+        self.assertTrue({("idle", "00:02"), ("work", "00:02"), ("work", "00:01")} <=
+                        {(line["alt"], line["text"]) for line in bar_lines}, "a bar follows the clock")
         self.assertEqual(self.tomcatto.defaults(), {}, "values for one run are not stored")
 
     def test_a_follower_tells_a_crash_from_an_end(self):
@@ -104,8 +139,9 @@ class CommandLineTest(unittest.TestCase):
                                         stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
             self.assertIn("idle", follower.stdout.readline())
             with open("/dev/full", "w", encoding="utf-8") as full:
-                self.assertEqual(subprocess.call([PROGRAM, "status", "--follow"], env=self.tomcatto.environment,
-                                                 stdout=full), 4)
+                refused = subprocess.run([PROGRAM, "status", "--follow"], env=self.tomcatto.environment, stdout=full,
+                                         stderr=subprocess.PIPE, text=True, check=False)
+                self.assertEqual((refused.returncode, "cannot be written" in refused.stderr), (4, True))
             self.tomcatto.end(with_signal)
             self.assertEqual("gone" in follower.communicate(timeout=60)[1], status == 3)
             self.assertEqual(follower.returncode, status)
@@ -145,10 +181,12 @@ class CommandLineTest(unittest.TestCase):
         self.assertEqual([row[1] for row in self.tomcatto.records()], [1300, 300])
 
     def test_the_end_of_the_process_records(self):
-        for with_signal in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
-            self.tomcatto.start()
+        for with_signal, arguments in ((signal.SIGTERM, ()), (signal.SIGINT, ()), (signal.SIGHUP, ("--verbose",))):
+            self.tomcatto.start(*arguments)
             self.expect(0, "start")
             self.assertEqual(self.tomcatto.end(with_signal), 0)
+            for level in (" debug ", " info "):
+                self.assertEqual(level in self.tomcatto.output(), bool(arguments), self.tomcatto.output())
             self.assertNotIn("inFlightSession", self.tomcatto.defaults())
             self.assertFalse(os.path.exists(self.tomcatto.socket_path))
         self.assertEqual(self.tomcatto.records("phase, wasCompleted, wasSkipped"), [("work", 0, 0)] * 3)
@@ -277,6 +315,7 @@ class CommandLineTest(unittest.TestCase):
         for arguments in ((), ("stats",)):
             result = self.expect(4, *arguments)
             self.assertIn("Unrecoverable Core Data error: ", result.stderr)
+            self.assertEqual(len(result.stderr.splitlines()), 1, result.stderr)
         with open(self.tomcatto.store_path, "rb") as store:
             self.assertTrue(store.read().startswith(b"this is no database"), "nothing is overwritten")
 

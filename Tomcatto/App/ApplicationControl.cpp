@@ -25,7 +25,9 @@ ApplicationControl::ApplicationControl(AppDependencies &dependencies, AppDelegat
         dependencies.platform.runLoop.async(m_quit);
         return ControlReply{};
     });
-    connect(&m_server, &ControlServer::followedChanged, this, &ApplicationControl::followStatus);
+    connect(&m_server, &ControlServer::followersChanged, this, &ApplicationControl::followStatus);
+    connect(&m_status, &StatusSource::ticked, this,
+            [this](const TimerStatus &status) { m_server.publishTick(toJson(status)); });
 }
 
 void ApplicationControl::answerActivation(const ProcessSignals &signals, const QString &message)
@@ -49,9 +51,12 @@ void ApplicationControl::end()
     m_quit();
 }
 
-void ApplicationControl::followStatus(bool isFollowed)
+void ApplicationControl::followStatus()
 {
-    if (isFollowed)
+    m_status.setTicking(m_server.hasTickFollowers());
+    if (std::exchange(m_isFollowed, m_server.hasFollowers()) == m_server.hasFollowers())
+        return;
+    if (m_isFollowed)
         connect(&m_status, &StatusSource::changed, this,
                 [this](const TimerStatus &status) { m_server.publish(toJson(status)); });
     else

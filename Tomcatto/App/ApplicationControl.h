@@ -30,13 +30,14 @@ public:
     void end();
 
 private:
-    void followStatus(bool isFollowed);
+    void followStatus();
 
     StatusSource m_status;
     CommandTable m_commands;
     ControlServer m_server;
     std::function<void()> m_quit;
     bool m_isEnding = false;
+    bool m_isFollowed = false;
 };
 
 }

@@ -73,7 +73,6 @@ int DesktopApplication::run()
 
 int DesktopApplication::runHoldingLock()
 {
-    m_program.log().setStandardErrorLevel(LogLevel::debug);
     UnixProcessSignals processSignals;
     PlatformAdapters adapters(m_program.directories(), m_invocation.argumentDomain);
     const DesktopAdapters desktopAdapters;

@@ -1,5 +1,6 @@
 #include "App/ProgramStart.h"
 
+#include "Foundation/FatalError.h"
 #include "Platform/Portable/JsonFileUserDefaults.h"
 
 #include <cerrno>
@@ -20,6 +21,14 @@ PrintOutcome printLine(std::FILE *file, const QString &line)
     return errno == EPIPE ? PrintOutcome::nobodyReads : PrintOutcome::failed;
 }
 
+PrintOutcome printOutput(const QString &line)
+{
+    const PrintOutcome outcome = printLine(stdout, line);
+    if (outcome == PrintOutcome::failed)
+        printLine(stderr, QStringLiteral("tomcatto: standard output cannot be written: ") + qt_error_string(errno));
+    return outcome;
+}
+
 void logQtMessage(QtMsgType type, const QMessageLogContext & /*context*/, const QString &message)
 {
     const Logger logger(QStringLiteral("Qt"));
@@ -32,7 +41,7 @@ void logQtMessage(QtMsgType type, const QMessageLogContext & /*context*/, const 
     case QtCriticalMsg:
         return logger.error(message);
     case QtFatalMsg:
-        return logger.fault(message);
+        fatalError(message);
     }
 }
 
@@ -58,9 +67,9 @@ int ProgramStart::run(const QStringList &words, const std::function<int(const In
         printLine(stderr, QStringLiteral("tomcatto: %1. See `tomcatto --help`.").arg(invocation.error()));
         return static_cast<int>(ExitStatus::usage);
     }
+    m_log.copyToStandardError(invocation->isVerbose ? StandardErrorCopy::everything : StandardErrorCopy::errors);
     if (invocation->action == Invocation::Action::application)
         return startApplication(*invocation);
-    m_log.setStandardErrorLevel(LogLevel::error);
     return static_cast<int>(m_runner.run(*invocation));
 }
 
@@ -92,7 +101,7 @@ CommandSurroundings ProgramStart::surroundings()
                                                           isReadOnly ? JsonFileUserDefaults::Access::readOnly
                                                                      : JsonFileUserDefaults::Access::readWrite);
         },
-        [](const QString &line) { return printLine(stdout, line); },
+        printOutput,
         [](const QString &line) { printLine(stderr, QStringLiteral("tomcatto: ") + line); },
     };
 }

@@ -56,8 +56,9 @@ int TerminalApplication::runHoldingLock()
 {
     UnixProcessSignals processSignals;
     UnixTerminal terminal(processSignals);
-    if (!terminal.isTerminal() || !standardErrorIsTerminal())
-        m_program.log().setStandardErrorLevel(LogLevel::debug);
+    // The front end draws there.
+    if (terminal.isTerminal() && standardErrorIsTerminal() && !m_invocation.isVerbose)
+        m_program.log().copyToStandardError(StandardErrorCopy::nothing);
 
     PlatformAdapters adapters(m_program.directories(), m_invocation.argumentDomain);
     AppDependencies dependencies(adapters.services());

@@ -21,7 +21,6 @@ int runInTerminal(int &argc, char **argv)
     QCoreApplication::setApplicationName(productName);
     ProgramStart program;
     return program.run(QCoreApplication::arguments().mid(1), [&program](const Invocation &invocation) {
-        program.log().setStandardErrorLevel(LogLevel::error);
         Logger(QStringLiteral("main")).error(QStringLiteral("no display can be used, so the terminal takes over"));
         return TerminalApplication(invocation, program).run();
     });

@@ -127,7 +127,8 @@ ExitStatus CommandRunner::runStatus(const Invocation &invocation) const
         outcome = m_surroundings.print(rendered(*status, invocation.format));
         return outcome == PrintOutcome::printed;
     };
-    const ControlRequest request{QStringLiteral("status"), Json::object(), invocation.isFollowing};
+    const ControlRequest request{QStringLiteral("status"), Json::object(), invocation.isFollowing,
+                                 invocation.wantsTicks};
     ControlReply reply;
     if (invocation.isFollowing) {
         reply = m_client.follow(request, show);

@@ -52,6 +52,7 @@ public:
         m_app.add_flag("--terminal", m_invocation.isTerminal, "Use the terminal even where there is a display");
         m_app.add_flag("--background", m_invocation.isBackground, "Start without opening anything");
         m_app.add_flag("--ui-test", m_invocation.isUiTest, "Mark a run under user-interface automation")->group("");
+        addVerbose(m_app);
         m_app.require_subcommand(0, 1);
         addRemoteCommands();
         addStatus();
@@ -87,6 +88,19 @@ private:
         QString message;
     };
 
+    void addVerbose(CLI::App &command)
+    {
+        command.add_flag("--verbose", m_invocation.isVerbose, "Send everything that is logged to standard error too");
+    }
+
+    /// Every command is added by this.
+    CLI::App *addCommand(CLI::App &parent, const char *name, const char *help)
+    {
+        CLI::App *const command = parent.add_subcommand(name, help);
+        addVerbose(*command);
+        return command;
+    }
+
     void addRemoteCommands()
     {
         static constexpr std::array commands{
@@ -120,17 +134,22 @@ private:
 
     CLI::App *addRemote(const char *name, const char *help)
     {
-        CLI::App *const command = m_app.add_subcommand(name, help);
+        CLI::App *const command = addCommand(m_app, name, help);
         command->callback([this, name] { chooseRemote(name); });
         return command;
     }
 
     void addStatus()
     {
-        CLI::App *const command = m_app.add_subcommand("status", "Show the timer");
+        CLI::App *const command = addCommand(m_app, "status", "Show the timer");
         auto *const json = command->add_flag_callback(
             "--json", [this] { m_invocation.format = StatusFormat::json; }, "As one JSON object");
-        command->add_flag("--follow", m_invocation.isFollowing, "Go on with a line for each change");
+        auto *const follow =
+            command->add_flag("--follow", m_invocation.isFollowing, "Go on with a line for each change");
+        command
+            ->add_flag("--ticks", m_invocation.wantsTicks,
+                       "Take each second of the time for a change, as the form for waybar does anyway")
+            ->needs(follow);
         command
             ->add_option_function<std::string>(
                 "--format",
@@ -140,12 +159,16 @@ private:
                 "text or waybar")
             ->check(CLI::IsMember({"text", "waybar"}))
             ->excludes(json);
-        command->callback([this] { m_invocation.action = Action::status; });
+        command->callback([this] {
+            m_invocation.action = Action::status;
+            if (m_invocation.isFollowing && m_invocation.format == StatusFormat::waybar)
+                m_invocation.wantsTicks = true;
+        });
     }
 
     void addStats()
     {
-        CLI::App *const command = m_app.add_subcommand("stats", "Show the figures of the history");
+        CLI::App *const command = addCommand(m_app, "stats", "Show the figures of the history");
         command->add_flag("--json", m_invocation.isJson, "All figures as one JSON object");
         command
             ->add_option_function<std::string>(
@@ -160,14 +183,14 @@ private:
 
     void addSettings()
     {
-        CLI::App *const command = m_app.add_subcommand("settings", "Show or change the settings");
+        CLI::App *const command = addCommand(m_app, "settings", "Show or change the settings");
         command->require_subcommand(1);
-        CLI::App *const list = command->add_subcommand("list", "Every setting and its value");
+        CLI::App *const list = addCommand(*command, "list", "Every setting and its value");
         list->callback([this] { m_invocation.action = Action::settingsList; });
-        CLI::App *const get = command->add_subcommand("get", "One setting's value");
+        CLI::App *const get = addCommand(*command, "get", "One setting's value");
         get->add_option("key", m_key, "The setting")->required();
         get->callback([this] { chooseSetting(Action::settingsGet); });
-        CLI::App *const set = command->add_subcommand("set", "Change a setting");
+        CLI::App *const set = addCommand(*command, "set", "Change a setting");
         set->add_option("key", m_key, "The setting")->required();
         set->add_option("value", m_value, "Durations in seconds, switches as true or false")->required();
         set->callback([this] {
@@ -180,15 +203,15 @@ private:
 
     void addVideos()
     {
-        CLI::App *const command = m_app.add_subcommand("videos", "Your own videos for the breaks");
+        CLI::App *const command = addCommand(m_app, "videos", "Your own videos for the breaks");
         command->require_subcommand(1);
-        CLI::App *const list = command->add_subcommand("list", "Every video: id, selected, seconds, name, file");
+        CLI::App *const list = addCommand(*command, "list", "Every video: id, selected, seconds, name, file");
         list->callback([this] { m_invocation.action = Action::videosList; });
         addVideosAction(*command, "add", "Add a video file", "path");
         addVideosAction(*command, "remove", "Take a video out of the list; its file stays", "id");
         addVideosAction(*command, "select", "Play a video on breaks", "id");
         addVideosAction(*command, "deselect", "Play a video no longer", "id");
-        CLI::App *const preview = command->add_subcommand("preview", "Show a break with a video");
+        CLI::App *const preview = addCommand(*command, "preview", "Show a break with a video");
         preview->add_option_function<std::string>(
             "id", [this](const std::string &id) { m_invocation.arguments["id"] = id; }, "The video's id");
         preview->callback([this] { chooseRemote("preview"); });
@@ -196,7 +219,7 @@ private:
 
     void addVideosAction(CLI::App &videos, const char *name, const char *help, const char *argument)
     {
-        CLI::App *const command = videos.add_subcommand(name, help);
+        CLI::App *const command = addCommand(videos, name, help);
         command
             ->add_option_function<std::string>(
                 argument, [this, argument](const std::string &text) { m_invocation.arguments[argument] = text; })

@@ -29,6 +29,8 @@ struct Invocation
     };
 
     Action action = Action::application;
+    /// Whether everything that is logged goes to standard error as well.
+    bool isVerbose = false;
 
     /// The application: whether the terminal is wanted, whether nothing may open by itself, whether a test drives it.
     bool isTerminal = false;
@@ -43,6 +45,8 @@ struct Invocation
 
     StatusFormat format = StatusFormat::text;
     bool isFollowing = false;
+    /// Whether each change of the time is a change too.
+    bool wantsTicks = false;
     bool isJson = false;
     StatsRange range = StatsRange::today;
 

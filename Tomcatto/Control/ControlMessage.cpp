@@ -41,6 +41,8 @@ QByteArray encoded(const ControlRequest &request)
         object["arguments"] = request.arguments;
     if (request.isFollowing)
         object["follow"] = true;
+    if (request.wantsTicks)
+        object["ticks"] = true;
     return line(object);
 }
 
@@ -75,10 +77,14 @@ std::expected<ControlRequest, QString> decodedRequest(const QByteArray &text)
             return std::unexpected(QStringLiteral("\"arguments\" must be an object"));
         request.arguments = *arguments;
     }
-    if (const auto follow = object.find("follow"); follow != object.end()) {
-        if (!follow->is_boolean())
-            return std::unexpected(QStringLiteral("\"follow\" must be true or false"));
-        request.isFollowing = follow->get<bool>();
+    for (const auto &[name, flag] :
+         {std::pair{"follow", &request.isFollowing}, std::pair{"ticks", &request.wantsTicks}}) {
+        const auto found = object.find(name);
+        if (found == object.end())
+            continue;
+        if (!found->is_boolean())
+            return std::unexpected(QStringLiteral("\"%1\" must be true or false").arg(QLatin1String(name)));
+        *flag = found->get<bool>();
     }
     return request;
 }

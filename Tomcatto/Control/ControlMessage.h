@@ -19,6 +19,8 @@ struct ControlRequest
     nlohmann::ordered_json arguments = nlohmann::ordered_json::object();
     /// Whether the connection stays open and gets a line for each change.
     bool isFollowing = false;
+    /// Whether who follows gets a line for each tick as well.
+    bool wantsTicks = false;
 };
 
 /// The answer, one line of JSON: {"status": …, "message": …, "result": …}; what is empty is left out.

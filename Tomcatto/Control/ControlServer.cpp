@@ -63,6 +63,22 @@ void ControlServer::publish(const nlohmann::ordered_json &result)
         drop(id);
 }
 
+void ControlServer::publishTick(const nlohmann::ordered_json &result)
+{
+    const QByteArray line = encoded(ControlReply{ExitStatus::done, {}, result});
+    for (const auto &[id, client] : m_clients) {
+        // Whoever is behind waits for no second that has passed.
+        if (client.stage == Stage::following && client.wantsTicks && client.connection->unsentBytes() == 0)
+            client.connection->write(line);
+    }
+}
+
+bool ControlServer::hasTickFollowers() const
+{
+    return std::ranges::any_of(
+        m_clients, [](const auto &entry) { return entry.second.stage == Stage::following && entry.second.wantsTicks; });
+}
+
 void ControlServer::accept(std::unique_ptr<LocalConnection> connection)
 {
     const quint64 id = ++m_lastId;
@@ -130,6 +146,7 @@ void ControlServer::answer(quint64 id, const QByteArray &line)
     client.limit->stop();
     client.received.clear();
     client.stage = Stage::waiting;
+    client.wantsTicks = request->wantsTicks;
     if (request->isFollowing && count(Stage::following) >= mostFollowers)
         return send(id, controlReply(ExitStatus::notApplicable, QStringLiteral("Too many others follow already")));
     m_commands.run(request->command, request->arguments,
@@ -150,8 +167,7 @@ void ControlServer::deliver(quint64 id, const ControlReply &reply, bool isFollow
     Client &client = found->second;
     client.stage = Stage::following;
     client.connection->write(encoded(reply));
-    if (count(Stage::following) == 1)
-        Q_EMIT followedChanged(true);
+    Q_EMIT followersChanged();
 }
 
 void ControlServer::outOfTime(quint64 id)
@@ -188,8 +204,8 @@ void ControlServer::drop(quint64 id)
         return;
     // Taken out first: what goes with it may call back.
     const auto node = m_clients.extract(found);
-    if (node.mapped().stage == Stage::following && !hasFollowers())
-        Q_EMIT followedChanged(false);
+    if (node.mapped().stage == Stage::following)
+        Q_EMIT followersChanged();
 }
 
 std::size_t ControlServer::count(Stage stage) const

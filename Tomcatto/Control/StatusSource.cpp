@@ -50,21 +50,40 @@ TimerStatus StatusSource::status() const
 void StatusSource::connectNotify(const QMetaMethod &signal)
 {
     // The first who listens hears of what changes from now on.
-    if (signal == QMetaMethod::fromSignal(&StatusSource::changed))
+    if (signal == QMetaMethod::fromSignal(&StatusSource::changed) && !m_last)
         m_last = status();
+}
+
+void StatusSource::setTicking(bool isTicking)
+{
+    if (std::exchange(m_isTicking, isTicking) == isTicking)
+        return;
+    if (!isTicking) {
+        disconnect(&m_parts.timer, nullptr, this, nullptr);
+        return;
+    }
+    connect(&m_parts.timer, &PomodoroTimer::remainingSecondsChanged, this, &StatusSource::checkSoon);
+    connect(&m_parts.timer, &PomodoroTimer::overflowSecondsChanged, this, &StatusSource::checkSoon);
 }
 
 void StatusSource::checkSoon()
 {
-    if (!isSignalConnected(QMetaMethod::fromSignal(&StatusSource::changed)) || std::exchange(m_isChecking, true))
+    if (!isSignalConnected(QMetaMethod::fromSignal(&StatusSource::changed))) {
+        m_last.reset();
+        return;
+    }
+    if (std::exchange(m_isChecking, true))
         return;
     m_parts.runLoop.async([this, alive = QPointer(this)] {
         if (!alive)
             return;
         m_isChecking = false;
         const TimerStatus now = status();
-        if (differByMoreThanTick(std::exchange(m_last, now), now))
+        const TimerStatus before = std::exchange(m_last, now).value_or(now);
+        if (differByMoreThanTick(before, now))
             Q_EMIT changed(now);
+        else if (before.title != now.title)
+            Q_EMIT ticked(now);
     });
 }
 

@@ -8,7 +8,7 @@
 namespace tomcatto {
 
 /// Gathers the status from the timer, the settings and the statistics, and tells when it changed by more than a tick,
-/// while somebody is connected: gathering reads the history. Main thread only.
+/// while somebody is connected: gathering reads the history. Ticks are told as well on demand. Main thread only.
 class StatusSource final : public QObject
 {
     Q_OBJECT
@@ -30,10 +30,14 @@ public:
 
     /// The status of this moment.
     [[nodiscard]] TimerStatus status() const;
+    /// Whether ticks are told, each second while a phase runs. Whoever wants them is connected to `changed` too.
+    void setTicking(bool isTicking);
 
 Q_SIGNALS:
     /// The status changed by more than a tick; once for all changes of one turn of the main loop.
     void changed(const tomcatto::TimerStatus &status);
+    /// What it shows changed by a tick alone.
+    void ticked(const tomcatto::TimerStatus &status);
 
 protected:
     void connectNotify(const QMetaMethod &signal) override;
@@ -43,8 +47,10 @@ private:
 
     Parts m_parts;
     StatusPillSource m_pill;
-    TimerStatus m_last;
+    /// What was told last; nothing while nobody listens.
+    std::optional<TimerStatus> m_last;
     bool m_isChecking = false;
+    bool m_isTicking = false;
     Cancellable m_dayObserver;
 };
 

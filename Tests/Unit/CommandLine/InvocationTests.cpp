@@ -32,6 +32,7 @@ TEST(Invocation, EveryWrongWordIsAUsageErrorThatNamesIt)
         {"-workDurationSeconds 5 status", "status"},
         {"status --format xml", "xml"},
         {"status --json --format text", "--json"},
+        {"status --ticks", "--ticks requires --follow"},
         {"stats --range year", "year"},
         {"settings", ""},
         {"settings get nothing", "nothing"},
@@ -69,6 +70,10 @@ TEST(Invocation, ReadsTheCommands)
     EXPECT_EQ(parsed("window about")->arguments["page"], "about");
     const auto follow = parsed("status --follow --format waybar");
     EXPECT_TRUE(follow->action == Action::status && follow->isFollowing && follow->format == StatusFormat::waybar);
+    EXPECT_TRUE(follow->wantsTicks && parsed("status --follow --ticks")->wantsTicks);
+    EXPECT_FALSE(parsed("status --follow")->wantsTicks || parsed("status --format waybar")->wantsTicks);
+    for (const char *line : {"--verbose", "--verbose start", "videos list --verbose", "settings --verbose list"})
+        EXPECT_TRUE(parsed(line)->isVerbose) << line;
     const auto stats = parsed("stats --range allTime --json");
     EXPECT_TRUE(stats->action == Action::stats && stats->isJson && stats->range == StatsRange::allTime);
     const auto set = parsed("settings set workDurationSeconds 90");

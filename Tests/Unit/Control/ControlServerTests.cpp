@@ -73,6 +73,7 @@ TEST_F(ControlServerTest, AnswersAndRefusesInOneLine)
         {"{\"command\":7}\n", 2},
         {"{\"command\":\"echo\",\"arguments\":[]}\n", 2},
         {"{\"command\":\"echo\",\"follow\":\"yes\"}\n", 2},
+        {"{\"command\":\"echo\",\"ticks\":1}\n", 2},
         {QByteArray("\xff\xfe\x00\n", 4), 2},
         {QByteArray(longestRequest + 10, 'x') + '\n', 2},
         {QByteArray(longestRequest + 10, 'x'), 2},
@@ -125,14 +126,26 @@ TEST_F(ControlServerTest, FollowersGetEveryLineUntilTheyLeave)
     follower.connectToServer(path);
     follower.write("{\"command\":\"echo\",\"follow\":true}\n");
     EXPECT_TRUE(QTest::qWaitFor([&] { return server.hasFollowers() && follower.canReadLine(); }));
+    QLocalSocket ticking;
+    ticking.connectToServer(path);
+    ticking.write("{\"command\":\"echo\",\"follow\":true,\"ticks\":true}\n");
+    EXPECT_FALSE(server.hasTickFollowers());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return server.hasTickFollowers(); }));
     server.publish("one");
+    server.publishTick("tick");
     server.publish("two");
+    QByteArray withTicks;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return (withTicks += ticking.readAll()).contains("two"); }));
+    EXPECT_EQ(withTicks.count('\n'), 4);
+    ticking.abort();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !server.hasTickFollowers(); }));
     QByteArray lines;
     EXPECT_TRUE(QTest::qWaitFor([&] {
         lines += follower.readAll();
         return lines.count('\n') == 3;
     }));
     EXPECT_LT(lines.indexOf("one"), lines.indexOf("two"));
+    EXPECT_FALSE(lines.contains("tick"));
     follower.abort();
     EXPECT_TRUE(QTest::qWaitFor([&] { return !server.hasFollowers(); }));
 }

@@ -90,7 +90,7 @@ public:
     }
     void copy(LogLevel level, const QString &category, const QString &message) const
     {
-        if (static_cast<int>(level) < standardErrorLevel.load())
+        if (!isCopied(level))
             return;
         QString text = message;
         text.replace(QLatin1Char('\n'), QLatin1String("\\n"));
@@ -108,10 +108,21 @@ public:
             ::write(m_standardError, bytes.constData(), static_cast<std::size_t>(bytes.size()));
     }
 
-    static constexpr int noLevel = 1000;
-    std::atomic<int> standardErrorLevel = noLevel;
+    std::atomic<StandardErrorCopy> standardErrorCopy = StandardErrorCopy::nothing;
 
 private:
+    [[nodiscard]] bool isCopied(LogLevel level) const
+    {
+        switch (standardErrorCopy.load()) {
+        case StandardErrorCopy::nothing:
+            return false;
+        case StandardErrorCopy::errors:
+            return level == LogLevel::error;
+        case StandardErrorCopy::everything:
+            return true;
+        }
+        return false;
+    }
     [[nodiscard]] bool sendToJournal(LogLevel level, const QByteArray &category, const QByteArray &message) const
     {
         // Below what a datagram holds by default.
@@ -147,9 +158,9 @@ void SystemLogSink::operator()(LogLevel level, const QString &category, const QS
     m_state->copy(level, category, message);
 }
 
-void SystemLogSink::setStandardErrorLevel(std::optional<LogLevel> minimum) const
+void SystemLogSink::copyToStandardError(StandardErrorCopy copy) const
 {
-    m_state->standardErrorLevel = minimum ? static_cast<int>(*minimum) : State::noLevel;
+    m_state->standardErrorCopy = copy;
 }
 
 }

@@ -3,9 +3,16 @@
 #include "Foundation/Logger.h"
 
 #include <memory>
-#include <optional>
 
 namespace tomcatto {
+
+/// What of the log goes to standard error as well.
+enum class StandardErrorCopy {
+    nothing,
+    /// Lines of the level error. A fault is left out: whoever logs one ends the process and says why there.
+    errors,
+    everything,
+};
 
 /// Sends log lines to the system log: to the journal with a field each for subsystem and category where it runs, else
 /// to syslog; and a copy to standard error where that is wanted. Copies share their state, so one may be handed to
@@ -21,8 +28,8 @@ public:
 
     /// Writes one line. Failures have nobody left to be told.
     void operator()(LogLevel level, const QString &category, const QString &message) const;
-    /// Copies lines of `minimum` and above to standard error from now on; nothing ends that.
-    void setStandardErrorLevel(std::optional<LogLevel> minimum) const;
+    /// Sets what is copied to standard error from now on.
+    void copyToStandardError(StandardErrorCopy copy) const;
 
 private:
     class State;
