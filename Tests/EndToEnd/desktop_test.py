@@ -5,10 +5,11 @@ import os
 import shutil
 import signal
 import subprocess
+import tempfile
 import time
 import unittest
 
-from tomcatto_process import Tomcatto
+from tomcatto_process import PROGRAM, Tomcatto
 
 
 class Desktop(Tomcatto):
@@ -100,6 +101,7 @@ class DesktopTest(unittest.TestCase):
         desktop.press("Tab", "space")
         desktop.wait_for(lambda: desktop.status()["phase"] == "idle")
         desktop.press("Escape")
+        desktop.wait_for(lambda: not desktop.is_focused("Tomcatto"))
         self.assertEqual(desktop.run("window", "about").returncode, 0)
         desktop.wait_for(lambda: desktop.is_focused("Tomcatto"))
         self.assertEqual(desktop.run("window", "nowhere").returncode, 2)
@@ -110,6 +112,21 @@ class DesktopTest(unittest.TestCase):
         self.assertEqual(desktop.status()["phase"], "idle", "closing the window ends nothing")
         self.assertEqual(desktop.end(), 0, desktop.output())
         self.assertNotIn("TypeError", desktop.output(), "bindings never outlive what they read")
+
+    def test_says_that_the_views_are_missing(self):
+        with tempfile.TemporaryDirectory(dir=os.path.dirname(PROGRAM)) as folder:
+            program = os.path.join(folder, "tomcatto-desktop")
+            os.link(PROGRAM + "-desktop", program)
+            desktop = self.desktop
+            desktop.start("-hasCompletedOnboarding", "true", program=program)
+            for command in (("panel",), ("window",), ("window", "about"), ("videos", "preview")):
+                result = desktop.run(*command)
+                self.assertEqual(result.returncode, 4, command)
+                self.assertIn("cannot be shown: tomcatto-views.so is not in " + folder, result.stderr)
+            for command, status in (("start", 0), ("skip", 0), ("panel", 4)):
+                self.assertEqual(desktop.run(command).returncode, status, "without views nothing covers the screens")
+            self.assertEqual(desktop.end(), 0, desktop.output())
+            self.assertEqual([row[0] for row in desktop.records()], ["work", "shortBreak"])
 
     def test_ends_cleanly_whatever_is_open(self):
         desktop = self.desktop

@@ -13,7 +13,21 @@ namespace tomcatto {
 
 namespace {
 
-ControlReply previewReply(DesktopSurfaces::PreviewOutcome outcome)
+/// The text of an argument; empty where there is none.
+QString textOf(const nlohmann::ordered_json &arguments, const char *key)
+{
+    const auto found = arguments.find(key);
+    return found != arguments.end() && found->is_string() ? QString::fromStdString(found->get<std::string>())
+                                                          : QString();
+}
+
+ControlReply viewFailed(const DesktopSurfaces &surfaces, const QString &name)
+{
+    return controlReply(ExitStatus::failed,
+                        QStringLiteral("The %1 cannot be shown: %2").arg(name, surfaces.viewProblem()));
+}
+
+ControlReply previewReply(const DesktopSurfaces &surfaces, DesktopSurfaces::PreviewOutcome outcome)
 {
     using enum DesktopSurfaces::PreviewOutcome;
     const auto refused = [](const QString &reason) { return controlReply(ExitStatus::notApplicable, reason); };
@@ -28,6 +42,25 @@ ControlReply previewReply(DesktopSurfaces::PreviewOutcome outcome)
         return refused(QStringLiteral("The video's file is not there any more."));
     case fileUnreadable:
         return refused(QStringLiteral("The video's file cannot be read."));
+    case noView:
+        return viewFailed(surfaces, QStringLiteral("preview"));
+    }
+    return {};
+}
+
+ControlReply windowReply(const DesktopSurfaces &surfaces, DesktopSurfaces::WindowOutcome outcome, const QString &page)
+{
+    using enum DesktopSurfaces::WindowOutcome;
+    switch (outcome) {
+    case opened:
+        return {};
+    case noPage:
+        return controlReply(ExitStatus::usage,
+                            QStringLiteral("There is no page \"%1\"; there are timer, general, videos, statistics, "
+                                           "permissions and about")
+                                .arg(page));
+    case noView:
+        return viewFailed(surfaces, QStringLiteral("window"));
     }
     return {};
 }
@@ -35,26 +68,19 @@ ControlReply previewReply(DesktopSurfaces::PreviewOutcome outcome)
 void addDesktopCommands(CommandTable &commands, DesktopSurfaces &surfaces)
 {
     commands.add(QStringLiteral("panel"), [&surfaces](const auto &) {
-        surfaces.showPanel();
-        return ControlReply{};
+        return surfaces.showPanel() == DesktopSurfaces::WindowOutcome::noView
+                   ? viewFailed(surfaces, QStringLiteral("panel"))
+                   : ControlReply{};
     });
     commands.addLater(QStringLiteral("preview"), [&surfaces](const nlohmann::ordered_json &arguments,
                                                              const CommandTable::Answer &answer) {
-        const auto id = arguments.find("id");
-        const bool isText = id != arguments.end() && id->is_string();
-        surfaces.previewVideo(isText ? QString::fromStdString(id->get<std::string>()) : QString(),
-                              [answer](DesktopSurfaces::PreviewOutcome outcome) { answer(previewReply(outcome)); });
+        surfaces.previewVideo(textOf(arguments, "id"), [&surfaces, answer](DesktopSurfaces::PreviewOutcome outcome) {
+            answer(previewReply(surfaces, outcome));
+        });
     });
     commands.add(QStringLiteral("window"), [&surfaces](const nlohmann::ordered_json &arguments) {
-        const auto page = arguments.find("page");
-        const bool isText = page != arguments.end() && page->is_string();
-        const QString name = isText ? QString::fromStdString(page->get<std::string>()) : QString();
-        if (surfaces.openWindow(name))
-            return ControlReply{};
-        return controlReply(ExitStatus::usage,
-                            QStringLiteral("There is no page \"%1\"; there are timer, general, videos, statistics, "
-                                           "permissions and about")
-                                .arg(name));
+        const QString page = textOf(arguments, "page");
+        return windowReply(surfaces, surfaces.openWindow(page), page);
     });
 }
 

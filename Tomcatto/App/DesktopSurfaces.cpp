@@ -80,7 +80,7 @@ void DesktopSurfaces::install()
         m_breakOverlayController.get(), &BreakOverlayController::didHide, this,
         [this] {
             if (m_opensLater)
-                whenUncovered(std::exchange(m_opensLater, nullptr));
+                static_cast<void>(whenUncovered(std::exchange(m_opensLater, nullptr)));
         },
         Qt::QueuedConnection);
     m_statusItemController->setOnWillShow([this] {
@@ -170,10 +170,8 @@ void DesktopSurfaces::previewVideo(const QString &id, const std::function<void(P
 {
     if (m_breakOverlayController->isShown())
         return done(PreviewOutcome::duringBreak);
-    if (id.isEmpty()) {
-        m_breakPreviewController.open(overlayVideos());
-        return done(PreviewOutcome::opened);
-    }
+    if (id.isEmpty())
+        return done(openPreview(overlayVideos()));
     auto selection = m_dependencies.userVideoProvider.selection(QUuid::fromString(id));
     if (!selection)
         return done(selection.error() == UserVideoRepositoryError::videoNotFound ? PreviewOutcome::noVideo
@@ -182,8 +180,13 @@ void DesktopSurfaces::previewVideo(const QString &id, const std::function<void(P
         return done(PreviewOutcome::fileUnreadable);
     // The access to the file lasts as long as the preview holds its source.
     const std::shared_ptr<UserVideoSelection> video = std::move(*selection);
-    m_breakPreviewController.open(oneVideo([video] { return video->url(); }));
-    done(PreviewOutcome::opened);
+    done(openPreview(oneVideo([video] { return video->url(); })));
+}
+
+DesktopSurfaces::PreviewOutcome DesktopSurfaces::openPreview(BreakVideoSource videos)
+{
+    m_breakPreviewController.open(std::move(videos));
+    return m_breakPreviewController.isOpen() ? PreviewOutcome::opened : PreviewOutcome::noView;
 }
 
 void DesktopSurfaces::previewFromPage(const QString &id)
@@ -239,31 +242,32 @@ void DesktopSurfaces::makeRoomForBreak()
     }
 }
 
-void DesktopSurfaces::whenUncovered(std::function<void()> open)
+DesktopSurfaces::WindowOutcome DesktopSurfaces::whenUncovered(std::function<WindowOutcome()> open)
 {
-    if (m_breakOverlayController->isShown())
-        m_opensLater = std::move(open);
-    else
-        open();
+    if (!m_breakOverlayController->isShown())
+        return open();
+    m_opensLater = std::move(open);
+    return WindowOutcome::opened;
 }
 
-void DesktopSurfaces::showPanel()
+DesktopSurfaces::WindowOutcome DesktopSurfaces::showPanel()
 {
-    whenUncovered([this] { m_statusItemController->showPopover(); });
+    return whenUncovered(
+        [this] { return m_statusItemController->showPopover() ? WindowOutcome::opened : WindowOutcome::noView; });
 }
 
-bool DesktopSurfaces::openWindow(const QString &page)
+DesktopSurfaces::WindowOutcome DesktopSurfaces::openWindow(const QString &page)
 {
     const auto wanted = mainWindowPageFromRawValue(page);
     if (!wanted && !page.isEmpty())
-        return false;
-    whenUncovered([this, wanted] {
+        return WindowOutcome::noPage;
+    return whenUncovered([this, wanted] {
         if (wanted)
             m_dependencies.mainWindowRouter.open(*wanted);
         else
             m_dependencies.mainWindowRouter.open();
+        return m_mainWindowController->isOpen() ? WindowOutcome::opened : WindowOutcome::noView;
     });
-    return true;
 }
 
 void DesktopSurfaces::applyTheme()

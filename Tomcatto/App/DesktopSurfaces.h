@@ -49,15 +49,23 @@ public:
     void showOnboardingIfNeeded() override;
 
     /// What became of a wish for a preview.
-    enum class PreviewOutcome { opened, duringBreak, noVideo, fileGone, fileUnreadable };
+    enum class PreviewOutcome { opened, duringBreak, noVideo, fileGone, fileUnreadable, noView };
+    /// What became of a wish for the panel or the main window.
+    enum class WindowOutcome {
+        opened,
+        noPage,
+        /// Its view cannot be made; `viewProblem` says why.
+        noView,
+    };
 
     /// Opens the panel, as the status item does; while a break covers the screens, once it is over.
-    void showPanel();
-    /// Opens the main window, likewise. @param page raw text of a page; the last one where it is empty. @return whether
-    /// there is such a page
-    [[nodiscard]] bool openWindow(const QString &page);
+    [[nodiscard]] WindowOutcome showPanel();
+    /// Opens the main window, likewise. @param page raw text of a page; the last one where it is empty.
+    [[nodiscard]] WindowOutcome openWindow(const QString &page);
     /// Opens the preview of a break with one of the user's videos, or with the next one where the id is empty.
     void previewVideo(const QString &id, const std::function<void(PreviewOutcome)> &done);
+    /// Why the last view could not be made.
+    [[nodiscard]] const QString &viewProblem() const noexcept { return m_viewHost.problem(); }
 
 private:
     void applyTheme();
@@ -72,8 +80,10 @@ private:
     void previewFile(const QUrl &file);
     void previewFromPage(const QString &id);
     void makeRoomForBreak();
-    /// Does it now, or once no break covers the screens; of several the last one.
-    void whenUncovered(std::function<void()> open);
+    /// Does it now, or once no break covers the screens; of several the last one. @return what `open` tells; where it
+    /// waits, that it is open
+    [[nodiscard]] WindowOutcome whenUncovered(std::function<WindowOutcome()> open);
+    [[nodiscard]] PreviewOutcome openPreview(BreakVideoSource videos);
     void chooseVideos(const QString &title, const QStringList &filters);
 
     AppDependencies &m_dependencies;
@@ -109,7 +119,7 @@ private:
     std::unique_ptr<MainWindowController> m_mainWindowController;
     std::unique_ptr<OnboardingController> m_onboardingController;
     /// Waits for the end of the break.
-    std::function<void()> m_opensLater;
+    std::function<WindowOutcome()> m_opensLater;
     bool m_hasMissedSound = false;
 };
 

@@ -153,14 +153,14 @@ void StatusItemController::togglePopover(std::optional<QRect> item)
     present(item ? item : m_statusItem.geometry());
 }
 
-void StatusItemController::showPopover()
+bool StatusItemController::showPopover()
 {
-    if (QWindow *window = m_popover.window()) {
-        window->raise();
-        window->requestActivate();
-        return;
-    }
-    present(m_statusItem.geometry());
+    QWindow *const window = m_popover.window();
+    if (!window)
+        return present(m_statusItem.geometry());
+    window->raise();
+    window->requestActivate();
+    return true;
 }
 
 void StatusItemController::showStatistics()
@@ -169,12 +169,13 @@ void StatusItemController::showStatistics()
     showPopover();
 }
 
-void StatusItemController::present(std::optional<QRect> item)
+bool StatusItemController::present(std::optional<QRect> item)
 {
     if (!m_popover.show(item))
-        return;
+        return false;
     m_focusDismissal =
         std::make_unique<quillbay::PopoverFocusDismissal>(*m_popover.window(), m_clickMonitor, [this] { dismiss(); });
+    return true;
 }
 
 void StatusItemController::dismiss()
@@ -218,7 +219,8 @@ void StatusItemController::perform(TrayMenuAction action)
     PomodoroStateMachine &machine = m_dependencies.stateMachine;
     switch (action) {
     case TrayMenuAction::openPanel:
-        return showPopover();
+        showPopover();
+        return;
     case TrayMenuAction::start:
     case TrayMenuAction::startBreak:
     case TrayMenuAction::pause:

@@ -36,7 +36,8 @@ public:
     /// @param item where the item was clicked; the item's own place where that is not known.
     void togglePopover(std::optional<QRect> item = {});
     /// Opens the panel, or brings it to the front.
-    void showPopover();
+    /// @return whether the panel is shown now.
+    bool showPopover();
     void closePopover() { m_popover.performClose(); }
     /// Opens the panel with the statistics.
     void showStatistics();
@@ -67,7 +68,7 @@ private:
     void updateContentSize();
     void popoverWillShow();
     void popoverDidClose();
-    void present(std::optional<QRect> item);
+    bool present(std::optional<QRect> item);
     void dismiss();
     [[nodiscard]] TrayMenu currentMenu() const;
     void choose(const TrayMenuCommand &command);

@@ -31,11 +31,18 @@ QStringList PluginViewHost::pluginFolders()
 
 std::unique_ptr<HostedView> PluginViewHost::create(const ViewDescription &description)
 {
+    m_problem.clear();
     if (!m_host)
         load();
-    auto view = m_host ? m_host->create(description) : nullptr;
+    if (!m_host) {
+        m_logger.error(QStringLiteral("windows cannot be shown: ") + m_problem);
+        return nullptr;
+    }
+    auto view = m_host->create(description);
     if (view)
         view->window().setProperty("isComposited", !m_display.isValid() || m_display.isComposited());
+    else
+        m_problem = QStringLiteral("the view %1 is faulty; the log says more").arg(description.component);
     return view;
 }
 
@@ -48,7 +55,7 @@ void PluginViewHost::load()
         QPluginLoader loader(file);
         auto *plugin = qobject_cast<ViewPlugin *>(loader.instance());
         if (plugin == nullptr) {
-            m_logger.error(QStringLiteral("windows cannot be shown: ") + loader.errorString());
+            m_problem = loader.errorString();
             return;
         }
         // The plugin has a log of its own, whose lines belong into this one.
@@ -68,8 +75,8 @@ void PluginViewHost::load()
             });
         return;
     }
-    m_logger.error(QStringLiteral("windows cannot be shown: %1 is not in %2; is Tomcatto installed completely?")
-                       .arg(fileName, m_folders.join(QStringLiteral(", "))));
+    m_problem = QStringLiteral("%1 is not in %2; is Tomcatto installed completely?")
+                    .arg(fileName, m_folders.join(QStringLiteral(", ")));
 }
 
 }

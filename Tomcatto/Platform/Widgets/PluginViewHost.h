@@ -24,6 +24,8 @@ public:
     [[nodiscard]] static QStringList pluginFolders();
 
     [[nodiscard]] std::unique_ptr<HostedView> create(const ViewDescription &description) override;
+    /// Why the last view could not be made; empty where it could.
+    [[nodiscard]] const QString &problem() const noexcept { return m_problem; }
     /// Whether the plugin is loaded.
     [[nodiscard]] bool isLoaded() const noexcept { return m_host != nullptr; }
 
@@ -34,6 +36,7 @@ private:
     QStringList m_folders;
     X11Display m_display;
     const Logger m_logger{QStringLiteral("PluginViewHost")};
+    QString m_problem;
     std::unique_ptr<ViewHost> m_host;
 };
 
