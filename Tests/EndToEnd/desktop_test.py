@@ -9,6 +9,7 @@ import tempfile
 import time
 import unittest
 
+from session_manager import SessionManager
 from tomcatto_process import PROGRAM, Tomcatto
 
 
@@ -128,6 +129,20 @@ class DesktopTest(unittest.TestCase):
             self.assertEqual(desktop.end(), 0, desktop.output())
             self.assertEqual([row[0] for row in desktop.records()], ["work", "shortBreak"])
 
+    def test_a_session_that_asks_ends_nothing_until_it_ends(self):
+        manager = SessionManager()
+        self.desktop.environment["SESSION_MANAGER"] = manager.address
+        desktop = self.start("-hasCompletedOnboarding", "true", "--ui-test")
+        desktop.run("start")
+        manager.ask_whether_to_end()
+        desktop.wait_for(lambda: "lastActiveAt" in desktop.defaults()["inFlightSession"])
+        manager.go_on()
+        self.assertEqual((desktop.status()["phase"], desktop.records()), ("work", []))
+        manager.ask_whether_to_end()
+        manager.end()
+        self.assertEqual(desktop.process.wait(timeout=60), 0, desktop.output())
+        self.assertEqual([row[0] for row in desktop.records()], ["work"])
+
     def test_ends_cleanly_whatever_is_open(self):
         desktop = self.desktop
         completed = ("-hasCompletedOnboarding", "true", "--ui-test")
@@ -149,6 +164,13 @@ class DesktopTest(unittest.TestCase):
                     self.assertEqual(desktop.run("quit").returncode, 0)
                 self.assertEqual(desktop.end(end) if end else desktop.process.wait(timeout=60), 0, desktop.output())
                 self.assertEqual(desktop.records("phase, wasCompleted")[-1], (recorded, 0))
+        desktop.start(*completed)
+        former = desktop.process
+        former.terminate()
+        desktop.start(*completed, wait=False)
+        self.assertEqual(former.wait(timeout=60), 0)
+        desktop.wait_for(lambda: desktop.run("status").returncode == 0)
+        self.assertIsNone(desktop.process.poll(), "a start takes the place of one that is ending")
         self.assertNotIn("TypeError", desktop.output())
 
 
