@@ -15,8 +15,8 @@ ApplicationControl::ApplicationControl(AppDependencies &dependencies, AppDelegat
     , m_quit(std::move(quit))
 {
     addTimerCommands(m_commands, dependencies, m_status);
-    addSettingsCommands(m_commands,
-                        {dependencies.settings, dependencies.launchAtLoginService, dependencies.platform.defaults});
+    addSettingsCommands(m_commands, {dependencies.settings, dependencies.launchAtLoginService,
+                                     dependencies.platform.defaults, QStringLiteral(" It holds until Tomcatto ends.")});
     addVideoCommands(m_commands, dependencies.userVideoCommands);
     m_commands.add(QStringLiteral("quit"), [this, &dependencies, &delegate](const auto &) {
         m_isEnding = true;

@@ -49,7 +49,7 @@ ControlReply FileCommands::settings(const nlohmann::ordered_json &arguments, boo
     PomodoroSettings settings(*defaults);
     LaunchAtLoginService launchAtLogin(settings, m_surroundings.loginItem);
     CommandTable commands;
-    addSettingsCommands(commands, {settings, launchAtLogin, *defaults});
+    addSettingsCommands(commands, {settings, launchAtLogin, *defaults, {}});
     return answerOf(commands, QStringLiteral("settings"), arguments);
 }
 

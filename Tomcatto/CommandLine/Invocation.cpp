@@ -19,6 +19,9 @@ std::expected<QStringList, QString> takeArgumentDomain(const QStringList &words,
     QStringList rest;
     qsizetype index = 0;
     for (; index < words.size() && words[index].startsWith(QLatin1Char('-')); ++index) {
+        // The command would be taken for an argument of the application, which has none.
+        if (words[index] == QStringLiteral("--"))
+            return std::unexpected(QStringLiteral("\"--\" goes behind a command, before its arguments"));
         if (!isSettingsWord(words[index])) {
             rest << words[index];
             continue;

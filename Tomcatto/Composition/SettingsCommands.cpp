@@ -8,13 +8,13 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-ControlReply stored(UserDefaults &defaults, const QString &name)
+ControlReply stored(const SettingsCommandParts &parts, const QString &name)
 {
-    if (defaults.synchronize())
+    if (parts.defaults.synchronize())
         return {};
-    return controlReply(ExitStatus::failed, QStringLiteral("%1 is not stored: the settings file cannot be written. "
-                                                           "A running Tomcatto keeps it until it ends.")
-                                                .arg(name));
+    return controlReply(ExitStatus::failed,
+                        QStringLiteral("%1 is not stored: the settings file cannot be written.").arg(name) +
+                            parts.whenUnstored);
 }
 
 ControlReply setSetting(const SettingsCommandParts &parts, const SettingDescriptor &setting, const QString &text)
@@ -32,7 +32,7 @@ ControlReply setSetting(const SettingsCommandParts &parts, const SettingDescript
                                                          problem.isEmpty() ? QStringLiteral("the system says so.")
                                                                            : problem + QLatin1Char('.')));
     }
-    return stored(parts.defaults, name);
+    return stored(parts, name);
 }
 
 ControlReply settingsCommand(const SettingsCommandParts &parts, const Json &arguments)
@@ -64,7 +64,7 @@ ControlReply presetCommand(const SettingsCommandParts &parts, const Json &argume
         if (rawValue(preset) != name)
             continue;
         parts.settings.apply(preset);
-        return stored(parts.defaults, QStringLiteral("The preset"));
+        return stored(parts, QStringLiteral("The preset"));
     }
     return controlReply(ExitStatus::usage,
                         QStringLiteral("Unknown preset \"%1\"; use classic, flow or deep").arg(name));

@@ -12,6 +12,8 @@ struct SettingsCommandParts
     LaunchAtLoginService &launchAtLogin;
     /// What the settings are stored in.
     UserDefaults &defaults;
+    /// What to add where a change cannot be stored.
+    QString whenUnstored;
 };
 
 /// Adds "settings", which lists, gets and sets, and "preset".

@@ -1,4 +1,5 @@
 #include "Fakes/CapturedLog.h"
+#include "Platform/Freedesktop/AutostartLoginItem.h"
 #include "Platform/Freedesktop/FileInstanceLock.h"
 #include "Platform/Portable/ApplicationDirectories.h"
 
@@ -20,6 +21,7 @@ TEST(ApplicationDirectoriesTests, WithoutAHomeOnlyLockAndSocketHaveAPlaceWhichIs
     const ApplicationDirectories places;
     EXPECT_EQ(places.userDefaultsFile(), QString());
     EXPECT_EQ(places.applicationSupport(), std::nullopt);
+    EXPECT_FALSE(AutostartLoginItem(QStringLiteral("/program"), AutostartLoginItem::userFolder()).registerItem());
     qputenv("XDG_RUNTIME_DIR", folder.filePath(QString(90, QLatin1Char('d'))).toUtf8());
     for (const QString &path : {places.instanceLockFile(), places.controlSocket()}) {
         const QFileInfo place(QFileInfo(path).path());

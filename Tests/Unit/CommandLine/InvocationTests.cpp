@@ -23,6 +23,7 @@ TEST(Invocation, EveryWrongWordIsAUsageErrorThatNamesIt)
     const Case cases[] = {
         {"nonsense", "nonsense"},
         {"start now", "now"},
+        {"-- start", "--"},
         {"-nonsense 5", "-nonsense"},
         {"-workDurationSeconds", "workDurationSeconds"},
         {"-workDurationSeconds 0", "1 to 10800"},

@@ -137,12 +137,16 @@ TEST_F(ControlServerTest, FollowersGetEveryLineUntilTheyLeave)
     QByteArray withTicks;
     EXPECT_TRUE(QTest::qWaitFor([&] { return (withTicks += ticking.readAll()).contains("two"); }));
     EXPECT_EQ(withTicks.count('\n'), 4);
+    for (int second = 0; second < 1000; ++second)
+        server.publishTick(std::string(1000, 't'));
+    server.publish("three");
+    EXPECT_TRUE(server.hasTickFollowers()) << "who reads nothing misses ticks, and is not let go for them";
     ticking.abort();
     EXPECT_TRUE(QTest::qWaitFor([&] { return !server.hasTickFollowers(); }));
     QByteArray lines;
     EXPECT_TRUE(QTest::qWaitFor([&] {
         lines += follower.readAll();
-        return lines.count('\n') == 3;
+        return lines.count('\n') == 4;
     }));
     EXPECT_LT(lines.indexOf("one"), lines.indexOf("two"));
     EXPECT_FALSE(lines.contains("tick"));

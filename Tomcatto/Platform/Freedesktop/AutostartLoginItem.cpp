@@ -62,6 +62,9 @@ AutostartLoginItem::AutostartLoginItem(QString program, QString folder)
 
 QString AutostartLoginItem::userFolder()
 {
+    // The toolkit would take the root folder for the home.
+    if (qEnvironmentVariableIsEmpty("HOME") && qEnvironmentVariableIsEmpty("XDG_CONFIG_HOME"))
+        return {};
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QStringLiteral("/autostart");
 }
 
@@ -86,6 +89,8 @@ QByteArray AutostartLoginItem::entry() const
 
 LoginItemStatus AutostartLoginItem::status() const
 {
+    if (m_folder.isEmpty())
+        return LoginItemStatus::unavailable;
     QFile stored(file());
     if (!stored.exists())
         return LoginItemStatus::notRegistered;
@@ -96,6 +101,8 @@ LoginItemStatus AutostartLoginItem::status() const
 
 std::expected<void, QString> AutostartLoginItem::registerItem()
 {
+    if (m_folder.isEmpty())
+        return std::unexpected(QStringLiteral("the user has no folder for it"));
     if (!QDir().mkpath(m_folder))
         return std::unexpected(QStringLiteral("the folder %1 cannot be made").arg(m_folder));
     QSaveFile stored(file());

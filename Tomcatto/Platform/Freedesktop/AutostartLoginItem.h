@@ -11,10 +11,11 @@ class AutostartLoginItem final : public LoginItem
 {
 public:
     /// @param program absolute path of what is started at login, with the option that keeps it in the background.
-    /// @param folder where the desktop reads autostart entries.
+    /// @param folder where the desktop reads autostart entries; empty where there is none.
     explicit AutostartLoginItem(QString program, QString folder = userFolder());
 
-    /// The user's autostart folder; it need not exist.
+    /// The user's autostart folder; it need not exist. Empty where the user has no home and no other place for it is
+    /// set.
     [[nodiscard]] static QString userFolder();
     /// What belongs into the entry, whichever of the programs writes it: the desktop program in the folder of the
     /// running one, else the running one.
