@@ -40,7 +40,7 @@ public:
     ManualRunLoop runLoop;
     SequentialIdentifiers identifiers;
     ManualPower power;
-    PathBookmarks bookmarks;
+    std::shared_ptr<PathBookmarks> bookmarks = std::make_shared<PathBookmarks>();
     TextStillFrame stillFrame;
     FakeLoginItem loginItem;
     AppDependencies dependencies{PlatformServices{clock, wallClock, runLoop, identifiers, defaults, power, bookmarks,

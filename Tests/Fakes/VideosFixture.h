@@ -4,6 +4,7 @@
 #include "Fakes/SequentialIdentifiers.h"
 #include "Media/MovedVideoSearch.h"
 #include "Media/UserVideoCommands.h"
+#include "Media/VideoFiles.h"
 #include "Media/VideoProviding.h"
 #include "Persistence/CoreDataStack.h"
 #include "Persistence/Repositories/UserVideoRepository.h"
@@ -79,11 +80,12 @@ public:
     QTemporaryDir folder;
     ManualWallClock clock;
     SequentialIdentifiers identifiers;
-    PathBookmarks bookmarks;
+    std::shared_ptr<PathBookmarks> bookmarks = std::make_shared<PathBookmarks>();
     TextStillFrame stillFrame;
     CoreDataStack stack{folder.path()};
-    UserVideoRepository repository{stack, clock, identifiers, bookmarks, stillFrame};
+    UserVideoRepository repository{stack, clock, identifiers, *bookmarks, stillFrame};
     MovedVideoSearch movedVideoSearch{repository, bookmarks};
+    VideoFiles files{repository, bookmarks};
     UserVideoCommands commands{repository, stillFrame};
     ChosenBundledVideos bundled;
 };

@@ -42,6 +42,8 @@ ControlReply previewReply(const DesktopSurfaces &surfaces, DesktopSurfaces::Prev
         return refused(QStringLiteral("The video's file is not there any more."));
     case fileUnreadable:
         return refused(QStringLiteral("The video's file cannot be read."));
+    case fileSilent:
+        return refused(QStringLiteral("The disk with the video's file does not answer."));
     case noView:
         return viewFailed(surfaces, QStringLiteral("preview"));
     }

@@ -36,8 +36,8 @@ DesktopSurfaces::DesktopSurfaces(AppDependencies &dependencies, std::function<vo
     , m_generalPage(dependencies.settings, dependencies.launchAtLoginService, *dependencies.notificationAuthorization,
                     dependencies.platform.desktop->systemSettings, dependencies.languageOverrideService,
                     dependencies.strings)
-    , m_videosPage(dependencies.userVideoCommands, dependencies.userVideoRepository, dependencies.movedVideoSearch,
-                   dependencies.bundledVideoProvider, dependencies.strings)
+    , m_videosPage(dependencies.userVideoCommands, dependencies.userVideoRepository, dependencies.videoFiles,
+                   dependencies.movedVideoSearch, dependencies.bundledVideoProvider, dependencies.strings)
     , m_permissionsPage(dependencies.settings, dependencies.launchAtLoginService,
                         *dependencies.notificationAuthorization, dependencies.platform.desktop->systemSettings,
                         dependencies.strings)
@@ -149,14 +149,30 @@ AppMenuCommands::Actions DesktopSurfaces::menuActions()
 
 BreakVideoSource DesktopSurfaces::overlayVideos()
 {
-    BreakVideoSource videos = oneVideo([this] { return m_dependencies.videoCatalog.nextVideoUrl().value_or(QUrl()); });
+    BreakVideoSource videos = oneVideo({});
+    videos.next = [this](std::function<void(const BreakVideo &)> done) {
+        m_dependencies.videoCatalog.nextVideoUrl([this, done = std::move(done)](const std::optional<QUrl> &url) {
+            const auto own = url ? m_dependencies.userVideoProvider.candidateAt(*url) : std::nullopt;
+            done({url.value_or(QUrl()), own ? thumbnail(*own) : posterBeside(url.value_or(QUrl()))});
+        });
+    };
     videos.finished = [this] { m_dependencies.userVideoProvider.endAccess(); };
     return videos;
 }
 
-BreakVideoSource DesktopSurfaces::oneVideo(std::function<QUrl()> next)
+BreakVideoSource DesktopSurfaces::oneVideo(const BreakVideo &video)
 {
-    return {std::move(next), posterBeside, {}, [this] { noteMissingSound(); }};
+    return {[video](const std::function<void(const BreakVideo &)> &done) { done(video); },
+            {},
+            [this] { noteMissingSound(); }};
+}
+
+QUrl DesktopSurfaces::thumbnail(const QUuid &id) const
+{
+    const auto video = m_dependencies.userVideoRepository.video(id);
+    if (!video || video->thumbnailData.isEmpty())
+        return {};
+    return QUrl(QStringLiteral("data:image/jpeg;base64,") + QString::fromLatin1(video->thumbnailData.toBase64()));
 }
 
 void DesktopSurfaces::noteMissingSound()
@@ -170,17 +186,37 @@ void DesktopSurfaces::previewVideo(const QString &id, const std::function<void(P
 {
     if (m_breakOverlayController->isShown())
         return done(PreviewOutcome::duringBreak);
-    if (id.isEmpty())
-        return done(openPreview(overlayVideos()));
-    auto selection = m_dependencies.userVideoProvider.selection(QUuid::fromString(id));
-    if (!selection)
-        return done(selection.error() == UserVideoRepositoryError::videoNotFound ? PreviewOutcome::noVideo
-                                                                                 : PreviewOutcome::fileGone);
-    if (!(*selection)->hasAccess())
-        return done(PreviewOutcome::fileUnreadable);
+    if (id.isEmpty()) {
+        BreakVideoSource videos = overlayVideos();
+        // A preview that closes for a break lets go of nothing that the break plays.
+        videos.finished = [overlay = QPointer(m_breakOverlayController.get()), finished = std::move(videos.finished)] {
+            if (!overlay || !overlay->isShown())
+                finished();
+        };
+        return done(openPreview(std::move(videos)));
+    }
+    const QUuid video = QUuid::fromString(id);
+    m_dependencies.userVideoProvider.open(
+        video, [this, video, done](const std::optional<VideoPlace> &place) { done(previewPlace(video, place)); });
+}
+
+DesktopSurfaces::PreviewOutcome DesktopSurfaces::previewPlace(const QUuid &id, const std::optional<VideoPlace> &place)
+{
+    if (!place)
+        return PreviewOutcome::noVideo;
+    if (place->state == VideoPlace::State::silent)
+        return PreviewOutcome::fileSilent;
+    if (place->state == VideoPlace::State::lost)
+        return PreviewOutcome::fileGone;
+    if (!place->access->hasAccess())
+        return PreviewOutcome::fileUnreadable;
+    // A break may have begun while the disk was asked.
+    if (m_breakOverlayController->isShown())
+        return PreviewOutcome::duringBreak;
+    BreakVideoSource source = oneVideo({place->fileUrl, thumbnail(id)});
     // The access to the file lasts as long as the preview holds its source.
-    const std::shared_ptr<UserVideoSelection> video = std::move(*selection);
-    done(openPreview(oneVideo([video] { return video->url(); })));
+    source.finished = [access = place->access] {};
+    return openPreview(std::move(source));
 }
 
 DesktopSurfaces::PreviewOutcome DesktopSurfaces::openPreview(BreakVideoSource videos)
@@ -196,12 +232,14 @@ void DesktopSurfaces::previewFromPage(const QString &id)
             m_videosPage.previewFailed(id, VideoFileError::notFound);
         else if (outcome == PreviewOutcome::fileUnreadable)
             m_videosPage.previewFailed(id, VideoFileError::unreadable);
+        else if (outcome == PreviewOutcome::fileSilent)
+            m_videosPage.previewFailed(id, VideoFileError::timedOut);
     });
 }
 
 void DesktopSurfaces::previewFile(const QUrl &file)
 {
-    m_breakPreviewController.open(oneVideo([file] { return file; }));
+    m_breakPreviewController.open(oneVideo({file, posterBeside(file)}));
 }
 
 void DesktopSurfaces::revealPopover()

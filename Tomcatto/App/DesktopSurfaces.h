@@ -49,7 +49,7 @@ public:
     void showOnboardingIfNeeded() override;
 
     /// What became of a wish for a preview.
-    enum class PreviewOutcome { opened, duringBreak, noVideo, fileGone, fileUnreadable, noView };
+    enum class PreviewOutcome { opened, duringBreak, noVideo, fileGone, fileUnreadable, fileSilent, noView };
     /// What became of a wish for the panel or the main window.
     enum class WindowOutcome {
         opened,
@@ -75,7 +75,9 @@ private:
     void afterStatusItem(const std::function<void()> &action);
     [[nodiscard]] AppMenuCommands::Actions menuActions();
     [[nodiscard]] BreakVideoSource overlayVideos();
-    [[nodiscard]] BreakVideoSource oneVideo(std::function<QUrl()> next);
+    [[nodiscard]] BreakVideoSource oneVideo(const BreakVideo &video);
+    [[nodiscard]] QUrl thumbnail(const QUuid &id) const;
+    [[nodiscard]] PreviewOutcome previewPlace(const QUuid &id, const std::optional<VideoPlace> &place);
     void noteMissingSound();
     void previewFile(const QUrl &file);
     void previewFromPage(const QString &id);

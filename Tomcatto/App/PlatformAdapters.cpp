@@ -34,7 +34,7 @@ PlatformAdapters::PlatformAdapters(const ApplicationDirectories &directories,
     , m_defaultsFile(m_directories.userDefaultsFile())
     , m_defaults(m_defaultsFile, std::move(argumentDomain))
     , m_workspacePower(QDBusConnection::systemBus())
-    , m_bookmarks(QDir::homePath())
+    , m_bookmarks(std::make_shared<const FileBookmarks>(QDir::homePath()))
     , m_stillFrame(LoadedStillFrame::pluginPath(QCoreApplication::applicationDirPath()))
     , m_loginItem(AutostartLoginItem::programAtLogin())
     , m_startOver(m_runLoop.after(startTime, giveBackUnusedMemory))

@@ -36,7 +36,7 @@ private:
     JsonFileUserDefaults m_defaultsFile;
     ArgumentDomain m_defaults;
     LogindWorkspacePower m_workspacePower;
-    FileBookmarks m_bookmarks;
+    std::shared_ptr<const FileBookmarks> m_bookmarks;
     LoadedStillFrame m_stillFrame;
     AutostartLoginItem m_loginItem;
     Cancellable m_startOver;

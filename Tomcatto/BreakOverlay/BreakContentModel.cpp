@@ -2,6 +2,8 @@
 
 #include "Foundation/Logger.h"
 
+#include <QtCore/QPointer>
+
 namespace tomcatto {
 
 BreakContentModel::BreakContentModel(const BreakVideoSource &videos, bool isMuted, QObject *parent)
@@ -16,10 +18,18 @@ void BreakContentModel::bodyAppeared()
     if (m_hasAppeared)
         return;
     m_hasAppeared = true;
-    m_videoUrl = m_videos.next ? m_videos.next() : QUrl();
-    if (m_videoUrl.isEmpty())
+    if (!m_videos.next)
         return;
-    m_posterUrl = m_videos.poster ? m_videos.poster(m_videoUrl) : QUrl();
+    // The window may be gone by the time a disk answers.
+    m_videos.next([self = QPointer(this)](const BreakVideo &video) {
+        if (self)
+            self->show(video);
+    });
+}
+
+void BreakContentModel::show(const BreakVideo &video)
+{
+    m_video = video;
     Q_EMIT videoChanged();
 }
 
@@ -32,7 +42,7 @@ void BreakContentModel::toggleMute()
 void BreakContentModel::videoFailed(const QString &reason)
 {
     Logger(QStringLiteral("VideoPlayerView"))
-        .error(QStringLiteral("Video %1: %2").arg(m_videoUrl.toDisplayString(), reason));
+        .error(QStringLiteral("Video %1: %2").arg(m_video.url.toDisplayString(), reason));
 }
 
 void BreakContentModel::soundMissing()

@@ -40,8 +40,8 @@ public:
     [[nodiscard]] bool canExtend() const noexcept { return m_content.canExtend; }
     [[nodiscard]] bool soundEnabled() const noexcept { return m_content.soundEnabled; }
     [[nodiscard]] bool isMuted() const noexcept { return m_isMuted; }
-    [[nodiscard]] QUrl videoUrl() const { return m_videoUrl; }
-    [[nodiscard]] QUrl posterUrl() const { return m_posterUrl; }
+    [[nodiscard]] QUrl videoUrl() const { return m_video.url; }
+    [[nodiscard]] QUrl posterUrl() const { return m_video.poster; }
 
     /// The window's first picture, with the countdown, is on screen: now there is time to choose a video. Later calls
     /// do nothing.
@@ -65,10 +65,11 @@ protected:
     void setContent(const BreakContent &content);
 
 private:
+    void show(const BreakVideo &video);
+
     const BreakVideoSource &m_videos;
     BreakContent m_content;
-    QUrl m_videoUrl;
-    QUrl m_posterUrl;
+    BreakVideo m_video;
     bool m_isMuted;
     bool m_hasAppeared = false;
 };

@@ -29,14 +29,15 @@ AppDependencies::AppDependencies(const PlatformServices &services)
     , timer(platform.monotonicClock, platform.runLoop)
     , stateMachine(settings, timer, platform.runLoop, platform.identifiers)
     , sessionRepository(coreDataStack, platform.wallClock)
-    , userVideoRepository(coreDataStack, platform.wallClock, platform.identifiers, platform.bookmarks,
+    , userVideoRepository(coreDataStack, platform.wallClock, platform.identifiers, *platform.bookmarks,
                           platform.stillFrame)
     , inFlightStore(platform.defaults)
     , session(stateMachine, timer, settings, sessionRepository, inFlightStore,
               {platform.monotonicClock, platform.wallClock, platform.runLoop, platform.identifiers})
     , bundledVideoProvider(platform.bundledVideosDirectory)
     , movedVideoSearch(userVideoRepository, platform.bookmarks)
-    , userVideoProvider(userVideoRepository, platform.bookmarks, movedVideoSearch)
+    , videoFiles(userVideoRepository, platform.bookmarks)
+    , userVideoProvider(userVideoRepository, videoFiles, movedVideoSearch)
     // The remote library's place between the two is still empty.
     , videoCatalog(bundledVideoProvider, userVideoProvider, nullptr, *QRandomGenerator::global())
     , userVideoCommands(userVideoRepository, platform.stillFrame)

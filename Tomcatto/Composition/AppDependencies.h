@@ -42,6 +42,7 @@ public:
     PomodoroSession session;
     BundledVideoProvider bundledVideoProvider;
     MovedVideoSearch movedVideoSearch;
+    VideoFiles videoFiles;
     UserVideoProvider userVideoProvider;
     VideoCatalog videoCatalog;
     UserVideoCommands userVideoCommands;

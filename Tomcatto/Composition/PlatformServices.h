@@ -13,6 +13,8 @@
 #include "Platform/Ports/WallClock.h"
 #include "Platform/Ports/WorkspacePower.h"
 
+#include <memory>
+
 namespace tomcatto {
 
 /// What a desktop gives the services besides. Everything outlives them.
@@ -32,7 +34,8 @@ struct PlatformServices
     IdentifierSource &identifiers;
     UserDefaults &defaults;
     WorkspacePower &workspacePower;
-    const Bookmarks &bookmarks;
+    /// Shared with threads that a disk may hold longer than anything lives.
+    std::shared_ptr<const Bookmarks> bookmarks;
     const StillFrame &stillFrame;
     LoginItem &loginItem;
     /// The user's application-support folder; nothing where there is none.

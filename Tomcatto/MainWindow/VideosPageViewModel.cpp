@@ -42,11 +42,13 @@ QString fileName(const QUrl &file)
 }
 
 VideosPageViewModel::VideosPageViewModel(UserVideoCommands &commands, UserVideoRepository &repository,
-                                         MovedVideoSearch &movedVideoSearch, const BundledVideoProviding &bundled,
-                                         const LocalizedStrings &strings, QObject *parent)
+                                         VideoFiles &files, MovedVideoSearch &movedVideoSearch,
+                                         const BundledVideoProviding &bundled, const LocalizedStrings &strings,
+                                         QObject *parent)
     : QObject(parent)
     , m_commands(commands)
     , m_repository(repository)
+    , m_files(files)
     , m_movedVideoSearch(movedVideoSearch)
     , m_bundled(bundled)
     , m_strings(strings)
@@ -68,7 +70,7 @@ void VideosPageViewModel::showRows()
     for (const UserVideoListing &line : m_own) {
         const QString present = line.video.userSelected ? QStringLiteral("active") : QStringLiteral("resting");
         rows.push_back({idText(line.video), shownName(line.video.displayName), caption(line),
-                        line.path.isEmpty() ? QStringLiteral("missing") : present});
+                        line.isLost() ? QStringLiteral("missing") : present});
     }
     m_rows.setRows(std::move(rows));
 }
@@ -78,7 +80,7 @@ QString VideosPageViewModel::caption(const UserVideoListing &line) const
     const auto text = [this](const char *key) {
         return m_strings.text(QStringLiteral("window.videos.caption.") + QLatin1StringView(key));
     };
-    if (line.path.isEmpty())
+    if (line.isLost())
         return text("missing");
     QString state = text(line.video.userSelected ? "plays" : "resting");
     if (!line.video.addedAt)
@@ -117,13 +119,14 @@ QString VideosPageViewModel::deletedText() const
 void VideosPageViewModel::appear()
 {
     m_isShown = true;
+    m_isNew = true;
     refresh();
-    searchMoved();
 }
 
 void VideosPageViewModel::disappear()
 {
     m_isShown = false;
+    ++m_question;
     m_pause.stop();
     m_own.clear();
     m_rows.setRows({});
@@ -150,10 +153,26 @@ void VideosPageViewModel::refresh()
     m_isOutdated = false;
     if (!m_isShown)
         return;
-    m_own = m_commands.list();
+    m_pause.start();
+    const auto videos = std::make_shared<const std::vector<UserVideo>>(m_repository.allVideos());
+    m_files.find(*videos, [self = QPointer(this), videos, number = ++m_question](const VideoFiles::Places &places) {
+        if (self && number == self->m_question)
+            self->list(*videos, places);
+    });
+}
+
+void VideosPageViewModel::list(const std::vector<UserVideo> &videos, const VideoFiles::Places &places)
+{
+    m_own.clear();
+    for (std::size_t row = 0; row < videos.size(); ++row) {
+        const VideoPlace &place = places.at(row);
+        m_own.push_back(
+            {videos.at(row), place.fileUrl.toLocalFile(), place.isStale, place.state == VideoPlace::State::silent});
+    }
     showRows();
     Q_EMIT changed();
-    m_pause.start();
+    if (std::exchange(m_isNew, false))
+        searchMoved();
 }
 
 // Once for each time that the page is seen: a file that is gone for good would be looked for all the time.
@@ -161,7 +180,7 @@ void VideosPageViewModel::searchMoved()
 {
     std::vector<UserVideo> moved;
     for (const UserVideoListing &line : m_own) {
-        if (line.path.isEmpty() || line.isStale)
+        if (line.isLost() || line.isStale)
             moved.push_back(line.video);
     }
     m_movedVideoSearch.search(std::move(moved));
@@ -203,9 +222,18 @@ void VideosPageViewModel::chooseFiles()
 void VideosPageViewModel::addFiles(const QList<QUrl> &files)
 {
     clearErrors();
-    const QSet<QString> known = ownPaths();
-    for (const QUrl &file : files)
-        addFile(file, known);
+    // Of the store: the page may be closed by the time that files come from the dialog.
+    m_files.find(m_repository.allVideos(), [self = QPointer(this), files](const VideoFiles::Places &places) {
+        if (!self)
+            return;
+        QSet<QString> known;
+        for (const VideoPlace &place : places) {
+            if (place.state == VideoPlace::State::found)
+                known.insert(comparablePath(place.fileUrl.toLocalFile()));
+        }
+        for (const QUrl &file : files)
+            self->addFile(file, known);
+    });
 }
 
 void VideosPageViewModel::addFile(const QUrl &file, const QSet<QString> &ownPaths)
@@ -232,22 +260,11 @@ void VideosPageViewModel::addFile(const QUrl &file, const QSet<QString> &ownPath
     });
 }
 
-QSet<QString> VideosPageViewModel::ownPaths() const
-{
-    QSet<QString> paths;
-    // Of the store: the page may be closed by the time that files come from the dialog.
-    for (const UserVideoListing &line : m_commands.list()) {
-        if (!line.path.isEmpty())
-            paths.insert(comparablePath(line.path));
-    }
-    return paths;
-}
-
 void VideosPageViewModel::toggle(const QString &id)
 {
     clearErrors();
     const UserVideoListing *const line = listing(id);
-    if (line == nullptr || line->path.isEmpty())
+    if (line == nullptr || line->isLost())
         return;
     if (line->video.userSelected)
         m_commands.deselect(id, reporter(line->video.displayName));

@@ -3,6 +3,7 @@
 #include "Localization/LocalizedStrings.h"
 #include "MainWindow/OwnVideosModel.h"
 #include "Media/UserVideoCommands.h"
+#include "Media/VideoFiles.h"
 #include "Media/VideoProviding.h"
 
 #include <QtCore/QCache>
@@ -31,7 +32,7 @@ class VideosPageViewModel final : public QObject
 
 public:
     /// All outlive the view model.
-    VideosPageViewModel(UserVideoCommands &commands, UserVideoRepository &repository,
+    VideosPageViewModel(UserVideoCommands &commands, UserVideoRepository &repository, VideoFiles &files,
                         MovedVideoSearch &movedVideoSearch, const BundledVideoProviding &bundled,
                         const LocalizedStrings &strings, QObject *parent = nullptr);
 
@@ -88,6 +89,7 @@ private:
     void storeChanged();
     void catchUp();
     void refresh();
+    void list(const std::vector<UserVideo> &videos, const VideoFiles::Places &places);
     void searchMoved();
     void showRows();
     void addFile(const QUrl &file, const QSet<QString> &ownPaths);
@@ -96,11 +98,11 @@ private:
     [[nodiscard]] std::function<void(const Result &)> reporter(const QString &name);
     [[nodiscard]] const UserVideoListing *listing(const QString &id) const;
     [[nodiscard]] const LocalVideoCandidate *bundledVideo(const QString &id) const;
-    [[nodiscard]] QSet<QString> ownPaths() const;
     [[nodiscard]] QString caption(const UserVideoListing &line) const;
 
     UserVideoCommands &m_commands;
     UserVideoRepository &m_repository;
+    VideoFiles &m_files;
     MovedVideoSearch &m_movedVideoSearch;
     const BundledVideoProviding &m_bundled;
     const LocalizedStrings &m_strings;
@@ -110,6 +112,9 @@ private:
     /// Runs for a moment after each reading of the store; changes meanwhile are read together at its end.
     QTimer m_pause;
     bool m_isOutdated = false;
+    /// Only the last question that was put to the disks counts.
+    int m_question = 0;
+    bool m_isNew = false;
     /// By id and scale.
     QCache<QString, QString> m_stills;
     QStringList m_errors;

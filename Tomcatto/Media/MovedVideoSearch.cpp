@@ -7,51 +7,53 @@
 
 namespace tomcatto {
 
-MovedVideoSearch::MovedVideoSearch(UserVideoRepository &repository, const Bookmarks &bookmarks, QObject *parent)
+namespace {
+
+// One question at a time: a disk that hangs holds one thread.
+const QByteArray questionKey = QByteArrayLiteral("moved videos");
+
+}
+
+MovedVideoSearch::MovedVideoSearch(UserVideoRepository &repository, std::shared_ptr<const Bookmarks> bookmarks,
+                                   QObject *parent)
     : QObject(parent)
     , m_repository(repository)
-    , m_bookmarks(bookmarks)
+    , m_bookmarks(std::move(bookmarks))
 {
 }
 
 MovedVideoSearch::~MovedVideoSearch()
 {
-    m_isEnding = true;
-    m_queue.drain();
+    m_stop.request_stop();
 }
 
-void MovedVideoSearch::search(std::vector<UserVideo> videos)
+bool MovedVideoSearch::search(std::vector<UserVideo> videos)
 {
     if (videos.empty() || m_isSearching)
-        return;
+        return false;
     m_isSearching = true;
     // Files that are gone for good would use up the time of those behind them at every search.
     std::ranges::shuffle(videos, *QRandomGenerator::global());
-    m_queue.async([this, videos = std::move(videos)] { run(videos); });
-}
-
-// On the queue.
-void MovedVideoSearch::run(const std::vector<UserVideo> &videos)
-{
-    const QDeadlineTimer end(timePerSearch);
-    for (const UserVideo &video : videos) {
-        if (m_isEnding || end.hasExpired())
-            break;
-        const auto resolved = m_repository.resolveBookmark(video, std::min(end, QDeadlineTimer(timePerVideo)));
-        const auto renewed = resolved ? m_bookmarks.bookmarkData(resolved->fileUrl) : std::nullopt;
-        if (!renewed)
-            continue;
-        QMetaObject::invokeMethod(
-            this, [this, id = video.id, data = *renewed] { m_repository.updateBookmarkData(id, data); },
-            Qt::QueuedConnection);
-    }
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            m_isSearching = false;
-            Q_EMIT finished();
-        },
-        Qt::QueuedConnection);
+    const auto look = [videos = std::move(videos), bookmarks = m_bookmarks, stop = m_stop.get_token()] {
+        const QDeadlineTimer end(timePerSearch);
+        Renewed found;
+        for (const UserVideo &video : videos) {
+            if (stop.stop_requested() || end.hasExpired())
+                break;
+            const auto resolved = bookmarks->resolve(video.bookmarkData, std::min(end, QDeadlineTimer(timePerVideo)));
+            if (const auto renewed = resolved ? bookmarks->bookmarkData(resolved->fileUrl) : std::nullopt)
+                found.emplace_back(video.id, *renewed);
+        }
+        return found;
+    };
+    m_disks.ask<Renewed>({{questionKey, look}}, timePerSearch + timePerVideo,
+                         [this](const std::vector<std::optional<Renewed>> &answers) {
+                             m_isSearching = false;
+                             for (const auto &[id, data] : answers.front().value_or(Renewed()))
+                                 m_repository.updateBookmarkData(id, data);
+                             Q_EMIT finished();
+                         });
+    return true;
 }
 
 }

@@ -1,12 +1,9 @@
 #pragma once
 
+#include "Media/DiskQuestions.h"
 #include "Persistence/Repositories/UserVideo.h"
-#include "Persistence/SerialQueue.h"
 
-#include <atomic>
-#include <chrono>
-#include <QtCore/QObject>
-#include <vector>
+#include <stop_token>
 
 namespace tomcatto {
 
@@ -23,25 +20,26 @@ public:
     static constexpr std::chrono::milliseconds timePerVideo{1'000};
     static constexpr std::chrono::milliseconds timePerSearch{5'000};
 
-    /// Both outlive the search.
-    MovedVideoSearch(UserVideoRepository &repository, const Bookmarks &bookmarks, QObject *parent = nullptr);
+    /// @param repository outlives the search
+    MovedVideoSearch(UserVideoRepository &repository, std::shared_ptr<const Bookmarks> bookmarks,
+                     QObject *parent = nullptr);
     ~MovedVideoSearch() override;
 
-    /// Starts a search; nothing happens for an empty list and while one is running.
-    void search(std::vector<UserVideo> videos);
+    /// Starts a search; nothing happens for an empty list and while one is running. @return whether it began
+    bool search(std::vector<UserVideo> videos);
 
 Q_SIGNALS:
     /// The search has ended, and bookmarks of what it found are handed to the repository.
     void finished();
 
 private:
-    void run(const std::vector<UserVideo> &videos);
+    using Renewed = std::vector<std::pair<QUuid, QByteArray>>;
 
     UserVideoRepository &m_repository;
-    const Bookmarks &m_bookmarks;
+    std::shared_ptr<const Bookmarks> m_bookmarks;
     bool m_isSearching = false;
-    std::atomic<bool> m_isEnding = false;
-    SerialQueue m_queue;
+    std::stop_source m_stop;
+    DiskQuestions m_disks;
 };
 
 }

@@ -1,6 +1,6 @@
 #include "Media/UserVideoCommands.h"
 
-#include "Media/UserVideoProvider.h"
+#include "Media/VideoFiles.h"
 #include "Persistence/Repositories/UserVideoRepository.h"
 
 #include <QtCore/QDir>
@@ -54,7 +54,7 @@ UserVideoCommands::~UserVideoCommands()
 std::vector<UserVideoListing> UserVideoCommands::list() const
 {
     auto videos = m_repository.allVideos();
-    const auto found = m_repository.resolveBookmarks(videos, QDeadlineTimer(UserVideoProvider::searchTime));
+    const auto found = m_repository.resolveBookmarks(videos, QDeadlineTimer(VideoFiles::searchTime));
     std::vector<UserVideoListing> lines;
     lines.reserve(videos.size());
     for (std::size_t place = 0; place < videos.size(); ++place) {

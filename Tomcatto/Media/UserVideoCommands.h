@@ -43,7 +43,10 @@ struct UserVideoListing
     QString path;
     /// The file was moved or replaced since its bookmark was made, which should be renewed.
     bool isStale = false;
+    /// The file's disk does not answer, so nothing is known of it.
+    bool isSilent = false;
 
+    [[nodiscard]] bool isLost() const { return path.isEmpty() && !isSilent; }
     bool operator==(const UserVideoListing &) const = default;
 };
 
@@ -61,7 +64,7 @@ public:
     ~UserVideoCommands() override;
 
     /// Every video, the earliest added first, and where its file is. Moved files are looked for 30 ms at most, nothing
-    /// is written.
+    /// is written. Waits for the disks of all files.
     [[nodiscard]] std::vector<UserVideoListing> list() const;
     /// Adds a video file after looking into it, in the background; `done` is called on the main thread when it is
     /// stored with length and thumbnail, or refused.

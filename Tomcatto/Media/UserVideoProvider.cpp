@@ -5,6 +5,7 @@
 #include "Platform/Ports/IdentifierSource.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tomcatto {
 
@@ -20,42 +21,86 @@ bool playsBefore(const UserVideo &left, const UserVideo &right)
 
 }
 
-UserVideoProvider::UserVideoProvider(UserVideoRepository &repository, const Bookmarks &bookmarks,
+UserVideoProvider::UserVideoProvider(UserVideoRepository &repository, VideoFiles &files,
                                      MovedVideoSearch &movedVideoSearch)
     : m_repository(repository)
-    , m_bookmarks(bookmarks)
+    , m_files(files)
     , m_movedVideoSearch(movedVideoSearch)
     , m_logger(QStringLiteral("UserVideoProvider"))
 {
 }
 
-std::vector<LocalVideoCandidate> UserVideoProvider::candidates()
+void UserVideoProvider::candidates(std::function<void(const Candidates &)> done)
 {
+    // Windows that ask together are answered together.
+    if (m_isListing) {
+        m_waiting.push_back(std::move(done));
+        return;
+    }
     auto videos = m_repository.selectedVideos();
+    if (videos.empty())
+        return done({});
     std::ranges::stable_sort(videos, playsBefore);
-    const auto resolved = m_repository.resolveBookmarks(videos, QDeadlineTimer(searchTime));
-    std::vector<LocalVideoCandidate> found;
-    std::vector<std::unique_ptr<UserVideoSelection>> accesses;
+    m_waiting.push_back(std::move(done));
+    m_isListing = true;
+    m_files.open(videos, VideoFiles::shortPatience,
+                 [this, videos](const VideoFiles::Places &places) { list(videos, places); });
+}
+
+void UserVideoProvider::list(const std::vector<UserVideo> &videos, const VideoFiles::Places &places)
+{
+    m_isListing = false;
+    Candidates found;
+    std::map<QUuid, VideoPlace> accesses;
     std::vector<UserVideo> lost;
     for (std::size_t place = 0; place < videos.size(); ++place) {
-        UserVideo &video = videos.at(place);
-        if (!resolved.at(place)) {
-            lost.push_back(std::move(video));
+        const UserVideo &video = videos.at(place);
+        if (places.at(place).state == VideoPlace::State::lost)
+            lost.push_back(video);
+        if (places.at(place).state != VideoPlace::State::found)
             continue;
-        }
-        const QUrl url = renewedUrl(video.id, *resolved.at(place));
-        auto access = std::make_unique<UserVideoSelection>(url, m_bookmarks);
-        if (!access->hasAccess()) {
+        if (!places.at(place).access->hasAccess()) {
             m_logger.error(QStringLiteral("startAccessingSecurityScopedResource returned false; skipping video"));
             continue;
         }
-        found.push_back({LocalVideoCandidate::Origin::user, identifierText(video.id), url});
-        accesses.push_back(std::move(access));
+        found.push_back({LocalVideoCandidate::Origin::user, identifierText(video.id), places.at(place).fileUrl});
+        accesses.emplace(video.id, places.at(place));
     }
+    searchOnce(lost);
+    const auto waiting = std::exchange(m_waiting, {});
+    if (waiting.empty())
+        return;
     // The former ones end after the new ones began: a file that is playing stays accessible.
     m_accesses = std::move(accesses);
-    m_movedVideoSearch.search(std::move(lost));
-    return found;
+    for (const auto &done : waiting)
+        done(found);
+}
+
+// A file that is gone for good would be looked for at every break.
+void UserVideoProvider::searchOnce(const std::vector<UserVideo> &lost)
+{
+    std::vector<UserVideo> wanted;
+    std::ranges::copy_if(lost, std::back_inserter(wanted),
+                         [this](const UserVideo &video) { return !m_searchedFor.contains(video.bookmarkData); });
+    if (!m_movedVideoSearch.search(wanted))
+        return;
+    for (const UserVideo &video : wanted)
+        m_searchedFor.insert(video.bookmarkData);
+}
+
+void UserVideoProvider::endAccess()
+{
+    m_accesses.clear();
+    m_waiting.clear();
+}
+
+std::optional<QUuid> UserVideoProvider::candidateAt(const QUrl &file) const
+{
+    for (const auto &[id, place] : m_accesses) {
+        if (place.fileUrl == file)
+            return id;
+    }
+    return std::nullopt;
 }
 
 void UserVideoProvider::markPlayed(const QUuid &id)
@@ -63,30 +108,19 @@ void UserVideoProvider::markPlayed(const QUuid &id)
     m_repository.markPlayed(id);
 }
 
-std::expected<std::unique_ptr<UserVideoSelection>, UserVideoRepositoryError>
-UserVideoProvider::selection(const QUuid &id)
+void UserVideoProvider::open(const QUuid &id, const std::function<void(std::optional<VideoPlace>)> &done)
 {
     const auto video = m_repository.video(id);
     if (!video)
-        return std::unexpected(video.error());
-    const auto resolved = m_repository.resolveBookmark(*video, QDeadlineTimer(searchTime));
-    if (!resolved) {
-        m_movedVideoSearch.search({*video});
-        return std::unexpected(resolved.error());
-    }
-    auto selection = std::make_unique<UserVideoSelection>(renewedUrl(id, *resolved), m_bookmarks);
-    if (!selection->hasAccess())
-        m_logger.error(QStringLiteral("startAccessingSecurityScopedResource returned false for user video"));
-    return selection;
-}
-
-QUrl UserVideoProvider::renewedUrl(const QUuid &id, const ResolvedBookmark &resolved)
-{
-    if (resolved.isStale) {
-        if (const auto renewed = m_bookmarks.bookmarkData(resolved.fileUrl))
-            m_repository.updateBookmarkData(id, *renewed);
-    }
-    return resolved.fileUrl;
+        return done(std::nullopt);
+    m_files.open({*video}, VideoFiles::longPatience, [this, video = *video, done](const VideoFiles::Places &places) {
+        const VideoPlace &place = places.front();
+        if (place.state == VideoPlace::State::lost)
+            searchOnce({video});
+        if (place.access && !place.access->hasAccess())
+            m_logger.error(QStringLiteral("startAccessingSecurityScopedResource returned false for user video"));
+        done(place);
+    });
 }
 
 }

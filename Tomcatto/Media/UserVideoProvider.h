@@ -1,13 +1,10 @@
 #pragma once
 
 #include "Foundation/Logger.h"
-#include "Media/UserVideoSelection.h"
+#include "Media/VideoFiles.h"
 #include "Media/VideoProviding.h"
-#include "Persistence/Repositories/UserVideo.h"
 
 #include <chrono>
-#include <expected>
-#include <memory>
 
 namespace tomcatto {
 
@@ -18,32 +15,36 @@ class UserVideoRepository;
 class UserVideoProvider final : public UserVideoProviding
 {
 public:
-    /// How long one question may look for moved files, all videos together; what it does not find in that time is
-    /// searched for in the background and is there the next time.
-    static constexpr std::chrono::milliseconds searchTime{30};
-
     /// All outlive the provider.
-    UserVideoProvider(UserVideoRepository &repository, const Bookmarks &bookmarks, MovedVideoSearch &movedVideoSearch);
+    UserVideoProvider(UserVideoRepository &repository, VideoFiles &files, MovedVideoSearch &movedVideoSearch);
 
     /// The selected videos, those never played first, then those played longest ago. The access to their files lasts
-    /// until the next call or `endAccess`.
-    [[nodiscard]] std::vector<LocalVideoCandidate> candidates() override;
+    /// until the next list or `endAccess`. A video whose disk does not answer soon is left out; one that is lost is
+    /// searched for in the background, once a run, and is there the next time.
+    void candidates(std::function<void(const Candidates &)> done) override;
     void markPlayed(const QUuid &id) override;
-    /// Lets go of the candidates' files, once nothing plays any more.
-    void endAccess() { m_accesses.clear(); }
+    /// Lets go of the candidates' files, once nothing plays any more. Lists that are still on their way come to nobody.
+    void endAccess();
+    /// Which of the candidates lies there; nothing where none does.
+    [[nodiscard]] std::optional<QUuid> candidateAt(const QUrl &file) const;
 
-    /// One video by itself, selected or not; the access lasts as long as the result.
-    [[nodiscard]] std::expected<std::unique_ptr<UserVideoSelection>, UserVideoRepositoryError>
-    selection(const QUuid &id);
+    /// Opens one video by itself, selected or not; the access lasts as long as the result. A video that has no record
+    /// gives nothing.
+    void open(const QUuid &id, const std::function<void(std::optional<VideoPlace>)> &done);
 
 private:
-    [[nodiscard]] QUrl renewedUrl(const QUuid &id, const ResolvedBookmark &resolved);
+    void list(const std::vector<UserVideo> &videos, const VideoFiles::Places &places);
+    void searchOnce(const std::vector<UserVideo> &lost);
 
     UserVideoRepository &m_repository;
-    const Bookmarks &m_bookmarks;
+    VideoFiles &m_files;
     MovedVideoSearch &m_movedVideoSearch;
     Logger m_logger;
-    std::vector<std::unique_ptr<UserVideoSelection>> m_accesses;
+    std::map<QUuid, VideoPlace> m_accesses;
+    bool m_isListing = false;
+    std::vector<std::function<void(const Candidates &)>> m_waiting;
+    /// Bookmarks of files that were searched for.
+    std::set<QByteArray> m_searchedFor;
 };
 
 }

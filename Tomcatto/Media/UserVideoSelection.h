@@ -2,23 +2,26 @@
 
 #include "Platform/Ports/Bookmarks.h"
 
+#include <memory>
+
 namespace tomcatto {
 
-/// Holds the access to one file of the user's for as long as it lives.
+/// Holds the access to one file of the user's for as long as it lives. Any thread; its making may take as long as the
+/// file's disk does.
 class UserVideoSelection final
 {
 public:
-    /// Starts access. @param bookmarks outlives the selection
-    UserVideoSelection(QUrl url, const Bookmarks &bookmarks)
-        : m_bookmarks(bookmarks)
+    /// Starts access.
+    UserVideoSelection(QUrl url, std::shared_ptr<const Bookmarks> bookmarks)
+        : m_bookmarks(std::move(bookmarks))
         , m_url(std::move(url))
-        , m_hasAccess(m_bookmarks.startAccess(m_url))
+        , m_hasAccess(m_bookmarks->startAccess(m_url))
     {
     }
     ~UserVideoSelection()
     {
         if (m_hasAccess)
-            m_bookmarks.stopAccess(m_url);
+            m_bookmarks->stopAccess(m_url);
     }
     UserVideoSelection(const UserVideoSelection &) = delete;
     UserVideoSelection &operator=(const UserVideoSelection &) = delete;
@@ -28,7 +31,7 @@ public:
     [[nodiscard]] bool hasAccess() const noexcept { return m_hasAccess; }
 
 private:
-    const Bookmarks &m_bookmarks;
+    std::shared_ptr<const Bookmarks> m_bookmarks;
     QUrl m_url;
     bool m_hasAccess;
 };

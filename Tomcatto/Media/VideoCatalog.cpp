@@ -14,20 +14,18 @@ VideoCatalog::VideoCatalog(const BundledVideoProviding &bundledProvider, UserVid
 {
 }
 
-std::optional<QUrl> VideoCatalog::nextVideoUrl()
+void VideoCatalog::nextVideoUrl(std::function<void(const std::optional<QUrl> &)> done)
 {
-    if (auto url = nextUserVideoUrl())
-        return url;
-    if (m_remoteProvider) {
-        if (auto url = m_remoteProvider->nextVideoUrl())
-            return url;
-    }
-    return nextBundledVideoUrl();
+    m_userProvider.candidates([this, done = std::move(done)](const UserVideoProviding::Candidates &candidates) {
+        auto url = nextUserVideoUrl(candidates);
+        if (!url && m_remoteProvider)
+            url = m_remoteProvider->nextVideoUrl();
+        done(url ? url : nextBundledVideoUrl());
+    });
 }
 
-std::optional<QUrl> VideoCatalog::nextUserVideoUrl()
+std::optional<QUrl> VideoCatalog::nextUserVideoUrl(const UserVideoProviding::Candidates &candidates)
 {
-    const auto candidates = m_userProvider.candidates();
     if (candidates.empty())
         return std::nullopt;
     const auto index = m_random.bounded(static_cast<quint64>(candidates.size()));

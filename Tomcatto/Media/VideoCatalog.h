@@ -16,11 +16,12 @@ public:
     VideoCatalog(const BundledVideoProviding &bundledProvider, UserVideoProviding &userProvider,
                  RemoteVideoProviding *remoteProvider, QRandomGenerator &random);
 
-    /// The next file to play, once for each window that plays one; nothing where there is no video at all.
-    [[nodiscard]] std::optional<QUrl> nextVideoUrl();
+    /// Gives the next file to play, once for each window that plays one; nothing where there is no video at all. `done`
+    /// is called at once or, where files of the user's are looked for, later.
+    void nextVideoUrl(std::function<void(const std::optional<QUrl> &)> done);
 
 private:
-    [[nodiscard]] std::optional<QUrl> nextUserVideoUrl();
+    [[nodiscard]] std::optional<QUrl> nextUserVideoUrl(const UserVideoProviding::Candidates &candidates);
     [[nodiscard]] std::optional<QUrl> nextBundledVideoUrl();
 
     const BundledVideoProviding &m_bundledProvider;

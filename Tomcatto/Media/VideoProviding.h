@@ -2,6 +2,7 @@
 
 #include "Media/LocalVideoCandidate.h"
 
+#include <functional>
 #include <optional>
 #include <QtCore/QUuid>
 #include <vector>
@@ -24,8 +25,11 @@ class UserVideoProviding
 public:
     virtual ~UserVideoProviding() = default;
 
-    /// The selected videos that can be played now.
-    [[nodiscard]] virtual std::vector<LocalVideoCandidate> candidates() = 0;
+    using Candidates = std::vector<LocalVideoCandidate>;
+
+    /// Lists the selected videos that can be played now; `done` is called at once or later, or never where nobody plays
+    /// any more.
+    virtual void candidates(std::function<void(const Candidates &)> done) = 0;
     virtual void markPlayed(const QUuid &id) = 0;
 };
 

@@ -19,16 +19,31 @@ protected:
         m_repository.setSelected(id, true);
         return id;
     }
+    [[nodiscard]] UserVideoProvider::Candidates candidates()
+    {
+        std::optional<UserVideoProvider::Candidates> list;
+        m_provider.candidates([&list](const auto &candidates) { list = candidates; });
+        EXPECT_TRUE(QTest::qWaitFor([&list] { return list.has_value(); }));
+        return list.value_or(UserVideoProvider::Candidates());
+    }
     [[nodiscard]] QStringList candidateFiles()
     {
         QStringList files;
-        for (const LocalVideoCandidate &candidate : m_provider.candidates())
+        for (const LocalVideoCandidate &candidate : candidates())
             files += QDir(m_home.path()).relativeFilePath(candidate.fileUrl.toLocalFile());
         return files;
     }
+    [[nodiscard]] std::optional<VideoPlace> opened(const QUuid &id)
+    {
+        std::optional<std::optional<VideoPlace>> place;
+        m_provider.open(id, [&place](const std::optional<VideoPlace> &found) { place = found; });
+        EXPECT_TRUE(QTest::qWaitFor([&place] { return place.has_value(); }));
+        return place.value_or(std::nullopt);
+    }
 
-    MovedVideoSearch m_search{m_repository, m_bookmarks};
-    UserVideoProvider m_provider{m_repository, m_bookmarks, m_search};
+    MovedVideoSearch m_search{m_repository, m_sharedBookmarks};
+    VideoFiles m_files{m_repository, m_sharedBookmarks};
+    UserVideoProvider m_provider{m_repository, m_files, m_search};
 };
 
 }
@@ -46,7 +61,7 @@ TEST_F(UserVideoProviderTest, NeverPlayedVideosComeFirstThenThoseOfLongAgo)
                "UPDATE UserVideo SET addedAt = NULL WHERE displayName = 'undated'");
     EXPECT_EQ(candidateFiles().join(QLatin1Char(' ')),
               QStringLiteral("undated new-early new-late played-early played-late"));
-    EXPECT_EQ(m_provider.candidates().front().identifier, identifierText(ids[QStringLiteral("undated")]));
+    EXPECT_EQ(candidates().front().identifier, identifierText(ids[QStringLiteral("undated")]));
 
     m_provider.markPlayed(ids[QStringLiteral("undated")]);
     EXPECT_EQ(candidateFiles().back(), QStringLiteral("undated"));
@@ -72,9 +87,10 @@ TEST_F(UserVideoProviderTest, AFileMovedTooFarIsLeftOutAndFoundInTheBackground)
     QSignalSpy finished(&m_search, &MovedVideoSearch::finished);
     m_bookmarks.m_isSearchOff = true;
     const auto lost = m_repository.allVideos();
-    EXPECT_TRUE(m_provider.selection(lost.front().id) ==
-                std::unexpected(UserVideoRepositoryError::bookmarkResolutionFailed));
+    EXPECT_EQ(opened(lost.front().id)->state, VideoPlace::State::lost);
     ASSERT_TRUE(finished.wait());
+    EXPECT_TRUE(candidateFiles().isEmpty() && finished.wait());
+    EXPECT_TRUE(candidateFiles().isEmpty() && !finished.wait(100)) << "each is searched for once a run";
     m_bookmarks.m_isSearchOff = false;
     m_search.search(lost);
     ASSERT_TRUE(finished.wait());
@@ -97,13 +113,33 @@ TEST_F(UserVideoProviderTest, AccessLastsWhileItIsNeededAndAFileWithoutAccessIsS
         QStringLiteral("UserVideoProvider: startAccessingSecurityScopedResource returned false; skipping video");
     EXPECT_EQ(takeErrors(), QStringList({skipped, skipped}));
 
-    const auto selection = m_provider.selection(refused);
-    ASSERT_TRUE(selection);
-    EXPECT_FALSE((*selection)->hasAccess());
+    EXPECT_FALSE(opened(refused)->access->hasAccess());
     EXPECT_EQ(takeErrors(),
               QStringList(QStringLiteral("UserVideoProvider: startAccessingSecurityScopedResource returned "
                                          "false for user video")));
-    EXPECT_TRUE(m_provider.selection(QUuid::createUuid()) == std::unexpected(UserVideoRepositoryError::videoNotFound));
+    EXPECT_FALSE(opened(QUuid::createUuid()));
+}
+
+TEST_F(UserVideoProviderTest, ADiskThatDoesNotAnswerIsPassedOverAndHoldsUpNobody)
+{
+    addSelected("silent.mp4");
+    addSelected("a.mp4");
+    const QStringList awake{QStringLiteral("a.mp4")};
+    m_bookmarks.m_isAwake = false;
+    for (int list = 0; list < 3; ++list)
+        EXPECT_EQ(candidateFiles(), awake);
+    EXPECT_EQ(m_bookmarks.m_questions, 1) << "one thread hangs, and not one for each break";
+    {
+        VideoFiles ending(m_repository, m_sharedBookmarks);
+        ending.find(m_repository.allVideos(), [](const auto &) { ADD_FAILURE() << "nobody is there to hear it"; });
+        EXPECT_TRUE(QTest::qWaitFor([this] { return m_bookmarks.m_questions == 2; }));
+    }
+    // A break that ends while a disk is asked.
+    m_provider.candidates([](const auto &) { ADD_FAILURE() << "nothing plays any more"; });
+    m_provider.endAccess();
+    m_bookmarks.m_isAwake = true;
+    m_bookmarks.m_isAwake.notify_all();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return candidateFiles().size() == 2; }));
 }
 
 }

@@ -31,6 +31,10 @@ public:
     [[nodiscard]] std::optional<ResolvedBookmark> resolve(const QByteArray &data,
                                                           QDeadlineTimer searchUntil) const override
     {
+        if (data.contains("silent")) {
+            ++m_questions;
+            m_isAwake.wait(false);
+        }
         auto found = m_files.resolve(data, m_isSearchOff ? QDeadlineTimer(0) : searchUntil);
         while (m_isHomeEndless && !found && !searchUntil.hasExpired())
             QThread::msleep(1);
@@ -46,6 +50,9 @@ public:
     void stopAccess(const QUrl &fileUrl) const override { --m_accesses[fileUrl]; }
 
     QUrl m_refused;
+    /// Whether the disk with the file "silent" answers, and how often it was asked.
+    std::atomic<bool> m_isAwake = true;
+    mutable std::atomic<int> m_questions = 0;
     std::atomic<bool> m_isSearchOff = false;
     /// A file that is not there is looked for until the deadline.
     bool m_isHomeEndless = false;
@@ -116,7 +123,8 @@ protected:
     CoreDataStack m_stack{directory()};
     ManualWallClock m_clock;
     SequentialIdentifiers m_identifiers;
-    CountingBookmarks m_bookmarks{m_home.path()};
+    std::shared_ptr<CountingBookmarks> m_sharedBookmarks = std::make_shared<CountingBookmarks>(m_home.path());
+    CountingBookmarks &m_bookmarks = *m_sharedBookmarks;
     FixedStillFrame m_stillFrame;
     UserVideoRepository m_repository{m_stack, m_clock, m_identifiers, m_bookmarks, m_stillFrame};
 

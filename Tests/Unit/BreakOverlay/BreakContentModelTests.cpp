@@ -62,14 +62,17 @@ TEST(BreakOverlayModel, ShowsTheBreakAndDrivesTheStateMachine)
 TEST(BreakOverlayModel, AsksForItsVideoOnceItIsOnScreen)
 {
     Models models;
-    int asked = 0;
-    models.videos.next = [&asked] { return ++asked, QUrl(u"file:///videos/a.mp4"_s); };
-    models.videos.poster = [](const QUrl &video) { return QUrl(video.toString() + u".jpg"_s); };
+    std::vector<std::function<void(const BreakVideo &)>> asked;
+    models.videos.next = [&asked](const auto &done) { asked.push_back(done); };
+    const BreakVideo video{u"file:///videos/a.mp4"_s, u"file:///videos/a.mp4.jpg"_s};
     BreakOverlayModel model(models.services, models.videos, false);
-    EXPECT_EQ(asked, 0);
+    EXPECT_TRUE(asked.empty());
     model.bodyAppeared();
     model.bodyAppeared();
-    EXPECT_EQ(asked, 1);
+    ASSERT_EQ(asked.size(), 1U);
+    EXPECT_TRUE(model.videoUrl().isEmpty());
+    asked.front()(video);
+    EXPECT_EQ(model.videoUrl(), video.url);
     EXPECT_EQ(model.posterUrl(), QUrl(u"file:///videos/a.mp4.jpg"_s));
     const CapturedLog log;
     model.videoFailed(u"no such codec"_s);
@@ -80,11 +83,12 @@ TEST(BreakOverlayModel, AsksForItsVideoOnceItIsOnScreen)
     EXPECT_TRUE(model.isMuted());
 
     models.settings.setSoundEnabled(false);
-    models.videos.next = [] { return QUrl(); };
-    BreakOverlayModel bare(models.services, models.videos, false);
-    bare.bodyAppeared();
-    EXPECT_TRUE(bare.posterUrl().isEmpty());
-    EXPECT_TRUE(bare.isMuted());
+    auto bare = std::make_unique<BreakOverlayModel>(models.services, models.videos, false);
+    EXPECT_TRUE(bare->isMuted());
+    bare->bodyAppeared();
+    bare.reset();
+    asked.back()(video);
+    EXPECT_EQ(asked.size(), 2U) << "an answer that comes after the window is nobody's";
 }
 
 TEST(BreakPreviewModel, CountsByItselfAndStopsAtZero)

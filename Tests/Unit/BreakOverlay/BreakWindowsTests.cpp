@@ -29,7 +29,7 @@ struct Windows : EngineFixture
     NotedPolicy policyPort;
     ActivationPolicy policy{policyPort};
     int finished = 0;
-    BreakVideoSource videos{{}, {}, [this] { ++finished; }};
+    BreakVideoSource videos{{}, [this] { ++finished; }};
 };
 
 TEST(BreakOverlayWindows, LetViewsGoInALaterTurnAndTheFilesWithTheLast)

@@ -71,6 +71,7 @@ TEST_F(VideosPageTest, AddsEveryFileOnceAndTicksIt)
 {
     const QUrl cats = makeFile("cats.mp4");
     page.addFiles({cats, cats, makeFile("dogs.mp4")});
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !page.error().isEmpty(); }));
     EXPECT_EQ(page.error(), QStringLiteral("“cats.mp4” is among your videos already."));
     waitForVideos(2);
     EXPECT_EQ(field(0, "title"), QStringLiteral("cats.mp4"));
@@ -87,9 +88,11 @@ TEST_F(VideosPageTest, AddsEveryFileOnceAndTicksIt)
     page.toggle(field(0, "videoId"));
     waitForStatus(0, "resting");
 
+    // It vanishes while the page is open.
     QFile::remove(cats.toLocalFile());
-    page.appear();
-    EXPECT_EQ(field(0, "status"), QStringLiteral("missing"));
+    page.previewFailed(field(0, "videoId"), VideoFileError::notFound);
+    EXPECT_EQ(page.error(), QStringLiteral("“cats.mp4” is not there any more."));
+    waitForStatus(0, "missing");
 }
 
 TEST_F(VideosPageTest, FindsFilesThatWereMovedFarAway)
@@ -99,10 +102,10 @@ TEST_F(VideosPageTest, FindsFilesThatWereMovedFarAway)
     waitForVideos(1);
     const QString far = world.library.folder.filePath(QStringLiteral("far.mp4"));
     QFile::rename(near.toLocalFile(), far);
-    world.library.bookmarks.movedFrom = near.toLocalFile();
-    world.library.bookmarks.movedTo = far;
+    world.library.bookmarks->movedFrom = near.toLocalFile();
+    world.library.bookmarks->movedTo = far;
     page.appear();
-    EXPECT_EQ(field(0, "status"), QStringLiteral("missing")) << "the page does not wait for it";
+    waitForStatus(0, "missing");
     waitForStatus(0, "resting");
     EXPECT_EQ(world.library.repository.allVideos().at(0).bookmarkData, far.toUtf8());
 }

@@ -27,7 +27,7 @@ struct FixedBundle final : BundledVideoProviding
 
 struct FixedUserVideos final : UserVideoProviding
 {
-    [[nodiscard]] std::vector<LocalVideoCandidate> candidates() override { return list; }
+    void candidates(std::function<void(const Candidates &)> done) override { done(list); }
     void markPlayed(const QUuid &id) override { played.push_back(id); }
     std::vector<LocalVideoCandidate> list;
     std::vector<QUuid> played;
@@ -47,6 +47,13 @@ struct FixedRemote final : RemoteVideoProviding
 class VideoCatalogTest : public testing::Test
 {
 protected:
+    static std::optional<QUrl> next(VideoCatalog &catalog)
+    {
+        std::optional<QUrl> given;
+        catalog.nextVideoUrl([&given](const std::optional<QUrl> &url) { given = url; });
+        return given;
+    }
+
     FixedBundle m_bundle;
     FixedUserVideos m_user;
     QRandomGenerator m_random{1};
@@ -85,7 +92,7 @@ TEST_F(VideoCatalogTest, PrefersTheUsersThenRemoteThenBundledVideos)
         m_user = {};
         m_user.list = each.user;
         VideoCatalog catalog(m_bundle, m_user, each.remote ? &*each.remote : nullptr, m_random);
-        EXPECT_EQ(catalog.nextVideoUrl(), each.expected);
+        EXPECT_EQ(next(catalog), each.expected);
         EXPECT_EQ(m_user.played, each.played);
         EXPECT_EQ(each.remote.value_or(FixedRemote{}).questions, each.remoteQuestions);
     }
@@ -98,7 +105,7 @@ TEST_F(VideoCatalogTest, PicksEveryUserVideoAboutEquallyOften)
     VideoCatalog catalog(m_bundle, m_user, nullptr, m_random);
     std::map<QUrl, int> counts;
     for (int i = 0; i < 3'000; ++i)
-        ++counts[catalog.nextVideoUrl().value_or(QUrl())];
+        ++counts[next(catalog).value_or(QUrl())];
     ASSERT_EQ(counts.size(), 3U);
     for (const auto &[url, count] : counts)
         EXPECT_NEAR(count, 1'000, 150) << url.toString().toStdString();
@@ -119,7 +126,7 @@ TEST_F(VideoCatalogTest, PlaysBundledFilesInTheOrderOfTheirNamesAndWrapsAround)
     ASSERT_THAT(bundle.candidates(), testing::ElementsAre(expected("C.x"), expected("a"), expected("b")));
     VideoCatalog catalog(bundle, m_user, nullptr, m_random);
     for (const char *identifier : {"C.x", "a", "b", "C.x"})
-        EXPECT_EQ(catalog.nextVideoUrl(), expected(identifier).fileUrl);
+        EXPECT_EQ(next(catalog), expected(identifier).fileUrl);
 
     const CapturedLog log;
     EXPECT_TRUE(BundledVideoProvider(QStringLiteral("/nowhere/BundledVideos")).candidates().empty());

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <QtCore/QByteArray>
+#include <QtCore/QObject>
+#include <set>
+#include <vector>
+
+namespace tomcatto {
+
+/// Puts questions to disks that may answer late or never: each on a thread that nobody waits for, neither the main one
+/// nor the end of the process. Main thread only.
+class DiskQuestions final : public QObject
+{
+    Q_OBJECT
+public:
+    /// How long one question may hold up those behind it before they get another thread.
+    static constexpr std::chrono::milliseconds stall{30};
+    /// The most threads that hang at a time. While there are as many, nothing is answered.
+    static constexpr int mostThreads = 16;
+
+    /// What is asked. It owns all that it uses, as it may outlive everything that has an end.
+    template<typename Answer>
+    struct Question
+    {
+        /// The same for the same file: what was once not answered in time is not asked again until it is.
+        QByteArray key;
+        std::function<Answer()> ask;
+    };
+
+    explicit DiskQuestions(QObject *parent = nullptr);
+    ~DiskQuestions() override;
+
+    /// Asks, and calls `done` in a later turn of the main loop with the answers in the order of the questions, once all
+    /// are there or `patience` is over; not at all when this object is gone by then. An answer that comes later is
+    /// dropped on its own thread.
+    template<typename Answer>
+    void ask(std::vector<Question<Answer>> questions, std::chrono::milliseconds patience,
+             std::function<void(std::vector<std::optional<Answer>>)> done)
+    {
+        const auto answers = std::make_shared<std::vector<std::optional<Answer>>>(questions.size());
+        std::vector<Job> jobs;
+        for (std::size_t place = 0; place < questions.size(); ++place) {
+            Question<Answer> &question = questions.at(place);
+            jobs.push_back({std::move(question.key), [answers, place, ask = std::move(question.ask)] {
+                                return [answers, place, answer = ask()]() mutable {
+                                    answers->at(place) = std::move(answer);
+                                };
+                            }});
+        }
+        // At the end nobody writes any more.
+        start(std::move(jobs), patience, [answers, done = std::move(done)] { done(std::move(*answers)); });
+    }
+
+private:
+    /// Asks, and returns what keeps the answer if it is still wanted.
+    struct Job
+    {
+        QByteArray key;
+        std::function<std::function<void()>()> ask;
+        bool isAnswered = false;
+    };
+    /// Questions that were put together.
+    struct Round
+    {
+        std::vector<Job> jobs;
+        std::size_t next = 0;
+        std::size_t answered = 0;
+        bool isOver = false;
+    };
+    /// Of all threads and the owner; the mutex guards the rounds as well.
+    struct Shared
+    {
+        std::mutex mutex;
+        DiskQuestions *owner = nullptr;
+        int threads = 0;
+        std::multiset<QByteArray> givenUp;
+    };
+
+    void start(std::vector<Job> jobs, std::chrono::milliseconds patience, std::function<void()> done);
+    void startThread(const std::shared_ptr<Round> &round);
+    void watch(const std::shared_ptr<Round> &round, std::size_t answeredBefore);
+    void finish(const std::shared_ptr<Round> &round);
+    static void work(const std::shared_ptr<Shared> &shared, const std::shared_ptr<Round> &round);
+
+    std::shared_ptr<Shared> m_shared = std::make_shared<Shared>();
+    /// What comes after each round; it may know what ends before a thread does.
+    std::map<std::shared_ptr<Round>, std::function<void()>> m_waiting;
+};
+
+}
