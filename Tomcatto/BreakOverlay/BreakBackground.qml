@@ -27,12 +27,22 @@ Item {
         size: Math.round(320 * background.unit)
         color: OverlayStyle.logo
     }
+    // What fills the window, as high as a video of 16 to 9 is at its width. A wider window cuts off the air above the cats
+    // first: the chip is not to hide their paws.
+    Item {
+        id: frame
+
+        objectName: "break.picture"
+        width: background.width
+        height: Math.max(background.height, Math.floor(background.width * 9 / 16))
+        y: -Math.round(Math.min(height - background.height, height * 0.17))
+    }
     Image {
         id: poster
 
         readonly property bool isCovered: player.item?.hasFrame ?? false
 
-        anchors.fill: parent
+        anchors.fill: frame
         visible: !poster.isCovered
         // Let go while the window still draws: what it leaves behind is kept until the next window does, hours later,
         // and so is what is in the cache.
@@ -40,7 +50,7 @@ Item {
         cache: false
         asynchronous: true
         // Decoded no larger than it is shown.
-        sourceSize.height: background.height
+        sourceSize.height: frame.height
         fillMode: Image.PreserveAspectCrop
         Accessible.ignored: true
     }
@@ -62,7 +72,7 @@ Item {
 
         readonly property bool isWanted: background.isWarmUp || String(background.videoUrl).length > 0
 
-        anchors.fill: parent
+        anchors.fill: frame
         // Also when it is wanted from the beginning.
         onIsWantedChanged: if (isWanted)
             load()

@@ -128,7 +128,12 @@ TestCase {
     }
 
     function test_everythingFits_data() {
-        return [{tag: "small", size: [1280, 720]}, {tag: "narrow", size: [640, 900]}, {tag: "wide", size: [5120, 1440]}, {tag: "tall", size: [2160, 3840]}]
+        // Where there is room for it, nothing above 0.78 of the video's height is under the countdown.
+        return [
+            {tag: "small", size: [1280, 720], showsPaws: true}, {tag: "narrow", size: [640, 900], showsPaws: false},
+            {tag: "wide", size: [2560, 1080], showsPaws: true}, {tag: "wider", size: [5120, 1440], showsPaws: false},
+            {tag: "tall", size: [2160, 3840], showsPaws: true}
+        ]
     }
     function test_everythingFits(data) {
         const content = createTemporaryObject(contents, test, {"anchors.fill": undefined})
@@ -142,6 +147,9 @@ TestCase {
         for (const box of boxes)
             verify(box.left >= area.left && box.right <= area.right && box.bottom <= area.bottom, String(box))
         verify(boxes[0].right <= boxes[1].left || boxes[0].bottom <= boxes[1].top, "the bar covers the countdown")
+        const picture = findChild(content, "break.picture")
+        verify(picture.y <= 0 && picture.y + picture.height >= content.height && picture.width === content.width)
+        verify(!data.showsPaws || picture.y + picture.height * 0.78 <= boxes[0].top, "it covers the paws")
     }
 
     function test_countdownDoesNotWaitForTheVideo() {
