@@ -14,8 +14,12 @@ from stage import HEIGHT, WIDTH
 # first is no larger than those within the clip: a key frame sets everything right at once, which can be seen.
 QUALITY = 14
 
+# Everything that may lead another machine to other bytes: the number of threads, faster but not quite equal arithmetic,
+# the encoder's name and version.
+SAME_EVERYWHERE = ["-threads", "2", "-map_metadata", "-1", "-fflags", "+bitexact", "-flags", "+bitexact"]
+
 PICTURES = ["-f", "rawvideo", "-pixel_format", "bgr0", "-video_size", f"{WIDTH}x{HEIGHT}", "-framerate", str(FPS)]
-COLOUR = "scale=in_range=pc:out_range=tv:out_color_matrix=bt709:flags=lanczos+accurate_rnd+full_chroma_int"
+COLOUR = "scale=in_range=pc:out_range=tv:out_color_matrix=bt709:flags=lanczos+accurate_rnd+full_chroma_int+bitexact"
 TAGS = ["-colorspace", "bt709", "-color_primaries", "bt709", "-color_trc", "bt709", "-color_range", "tv"]
 
 
@@ -32,8 +36,8 @@ def write_sound(scene, path):
 
 
 def _ending(scene):
-    return ["-c:a", "aac", "-b:a", "96k", "-t", str(scene.seconds), "-map_metadata", "-1", "-fflags", "+bitexact",
-            "-flags", "+bitexact", "-movflags", "+faststart", "-f", "mp4"]
+    return ["-c:a", "aac", "-b:a", "96k", "-t", str(scene.seconds), *SAME_EVERYWHERE, "-movflags", "+faststart",
+            "-f", "mp4"]
 
 
 def replace_sound(scene, sound, path):
@@ -52,7 +56,7 @@ def write_film(scene, pictures, sound, path):
                "-vf", f"{COLOUR},format=yuv420p", *TAGS,
                "-c:v", "libx264", "-profile:v", "high", "-level", "4.0", "-preset", "slow", "-tune", "animation",
                "-crf", str(QUALITY), "-g", str(scene.seconds * FPS),
-               "-x264-params", "open-gop=0:scenecut=0:aq-mode=3",
+               "-x264-params", "open-gop=0:scenecut=0:aq-mode=3:lookahead-threads=1:cpu-independent=1",
                *_ending(scene), str(unfinished)]
     with subprocess.Popen(command, stdin=subprocess.PIPE) as encoder:
         for picture in pictures:
@@ -63,9 +67,9 @@ def write_film(scene, pictures, sound, path):
     unfinished.replace(path)
 
 
-def write_poster(picture, path):
-    """One frame as JPEG."""
+def write_poster(picture, path, cut="null"):
+    """One frame as JPEG; `cut` is an FFmpeg filter."""
     path.parent.mkdir(parents=True, exist_ok=True)
-    subprocess.run(["ffmpeg", "-v", "error", "-y", *PICTURES, "-i", "-", "-frames:v", "1", "-pix_fmt", "yuvj420p",
-                    "-q:v", "3", "-map_metadata", "-1", "-fflags", "+bitexact", str(path)],
+    subprocess.run(["ffmpeg", "-v", "error", "-y", *PICTURES, "-i", "-", "-frames:v", "1", "-vf", cut,
+                    "-pix_fmt", "yuvj420p", "-q:v", "3", *SAME_EVERYWHERE, str(path)],
                    input=picture, check=True)

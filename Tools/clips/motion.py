@@ -1,12 +1,18 @@
-"""The vocabulary the scene tables are written in.
+"""The words the scene tables are written in: what moves all the time, and what goes through a course.
 
-A motion is a function of time that is added to the pose of one part of a drawing. Times and periods are seconds,
-lengths are scene pixels (1920 x 1080), angles are degrees with clockwise positive, phases are fractions of a period.
-Every period divides its clip's length, so the pose at the end of a clip is the pose at its start.
+A pose says how far a part of the drawing has gone in each of its *ways*; nothing is the drawing as it is. The ways are
+"x" and "y" (scene pixels, 1920 x 1080), "turn" (degrees, clockwise positive), "scale", "scale_x", "scale_y" and "skew"
+(0.1 is a tenth more), "opacity" (from 1, or from 0 for what the drawing hides), and the id of every other drawing of the
+part in the hidden group "poses": 1 is all the way there. A motion moves a part in one way or several; motions add up.
+
+Times and periods are seconds, phases are fractions of a period. Every period divides its clip's length and every course
+goes from its last key on to its first, so that the pose at the end of a clip is the pose at its start.
 """
 
 import math
-from dataclasses import dataclass, field
+from collections import defaultdict
+from dataclasses import dataclass
+from typing import Callable
 
 FPS = 30
 
@@ -16,176 +22,130 @@ def frames(count):
     return count / FPS
 
 
-@dataclass
-class Pose:
-    """How a part stands at one moment, relative to the drawing: shift, turn and scale about its pivot."""
-
-    x: float = 0.0
-    y: float = 0.0
-    turn: float = 0.0
-    scale_x: float = 1.0
-    scale_y: float = 1.0
-    opacity: float = 1.0
-    shown: bool | None = None  # None leaves the drawing's own choice
+def ease(u):
+    """Cosine ease from 0 to 1, flat at both ends."""
+    u = min(max(u, 0.0), 1.0)
+    return (1 - math.cos(math.pi * u)) / 2
 
 
-def _angle(t, period, phase):
-    return 2 * math.pi * (t / period - phase)
+class Pose(defaultdict):
+    """Numbers by way."""
+
+    def __init__(self):
+        super().__init__(float)
 
 
 @dataclass(frozen=True)
-class Swing:
-    """offset + amount * sin, of the pose's `axis` ("x", "y" or "turn"); `lead` is a quarter for a cosine."""
+class Motion:
+    """Moves a part in a `way` by the value that `course` has at a second of a clip so many seconds long. A restless
+    one never stops."""
 
-    axis: str
-    amount: float
-    period: float
-    phase: float = 0.0
-    offset: float = 0.0
-    lead: float = 0.0
+    way: str
+    course: Callable[[float, float], float]
+    restless: bool = True
 
-    def apply(self, pose, t):
-        value = self.offset + self.amount * math.sin(_angle(t, self.period, self.phase - self.lead))
-        setattr(pose, self.axis, getattr(pose, self.axis) + value)
+    @property
+    def ways(self):
+        return (self.way,)
+
+    def apply(self, pose, t, seconds):
+        pose[self.way] += self.course(t, seconds)
 
 
-def sway(axis, amount, period, phase=0.0):
+def sway(way, amount, period, phase=0.0):
     """A sine: at rest at its phase, moving towards positive."""
-    return Swing(axis, amount, period, phase)
+    return Motion(way, lambda t, _: amount * math.sin(2 * math.pi * (t / period - phase)))
 
 
-def cosine(axis, amount, period, phase=0.0, offset=0.0):
-    """A cosine: at its far end at its phase."""
-    return Swing(axis, amount, period, phase, offset, lead=0.25)
+def breath(way, amount, period, phase=0.0):
+    """In to `amount` during two fifths of the period, out again during the rest."""
+    def course(t, _):
+        u = (t / period - phase) % 1.0
+        return amount * ease(u / 0.4 if u < 0.4 else (1 - u) / 0.6)
+    return Motion(way, course)
 
 
-@dataclass(frozen=True)
-class Breathe:
-    """Grows about the pivot by up to `x` and `y` per cent and back."""
-
-    x: float
-    y: float
-    period: float
-    phase: float = 0.0
-
-    def apply(self, pose, t):
-        swell = (1 - math.cos(_angle(t, self.period, self.phase))) / 200
-        pose.scale_x *= 1 + self.x * swell
-        pose.scale_y *= 1 + self.y * swell
+def travel(way, start, end, period, phase=0.0):
+    """Evenly from `start` to `end`, and from the start again: the drawing repeats itself there, or cannot be seen."""
+    return Motion(way, lambda t, _: start + (end - start) * ((t / period + phase) % 1.0))
 
 
-@dataclass(frozen=True)
-class Travel:
-    """Moves evenly by (x, y) in a period and starts over; the drawing repeats itself at that distance."""
-
-    x: float
-    y: float
-    period: float
-
-    def apply(self, pose, t):
-        u = (t / self.period) % 1.0
-        pose.x += self.x * u
-        pose.y += self.y * u
+def fade(share, period, phase=0.0):
+    """Opacity between full and `share` less."""
+    return Motion("opacity", lambda t, _: -share / 2 * (1 - math.sin(2 * math.pi * (t / period - phase))))
 
 
-@dataclass(frozen=True)
-class Puff:
+def puff(start, end, period, phase=0.0):
     """Rises from y `start` to y `end`, coming out of nothing and going back into it."""
-
-    start: float
-    end: float
-    period: float
-    phase: float = 0.0
-
-    def apply(self, pose, t):
-        u = (t / self.period + self.phase) % 1.0
-        pose.y += self.start + (self.end - self.start) * u
-        pose.opacity *= math.sin(math.pi * u)
+    return (travel("y", start, end, period, phase),
+            Motion("opacity", lambda t, _: math.sin(math.pi * ((t / period + phase) % 1.0)) - 1))
 
 
-@dataclass(frozen=True)
-class Flap:
-    """Narrows sideways about the pivot by up to `amount` of the width and opens again."""
+def keys(way, *pairs):
+    """Goes through (second, value) pairs as `through` does."""
+    return Motion(way, through(*pairs), restless=False)
 
-    amount: float
-    period: float
 
-    def apply(self, pose, t):
-        pose.scale_x *= 1 - self.amount * (1 - math.cos(_angle(t, self.period, 0))) / 2
+def through(*pairs):
+    """A smooth course through (second, value) pairs. It never overshoots: it comes to rest where it turns back and where
+    two values are the same, and flows through the others."""
+    def course(t, seconds):
+        t, (a, b, c, d) = _around(pairs, t, seconds)
+        return _cubic(t, b, c, _slope(a, b, c), _slope(b, c, d))
+    return course
 
 
 @dataclass(frozen=True)
-class Press:
-    """A dent: grows by `amount` and darkens from `faint` to full while it is pressed, half of each period."""
+class Poses:
+    """Takes the shapes of a part from one of its other drawings to the next."""
 
-    amount: float
-    period: float
-    phase: float = 0.0
-    faint: float = 0.55
+    pairs: tuple
+    restless = False
 
-    def apply(self, pose, t):
-        depth = max(0.0, math.sin(_angle(t, self.period, self.phase)))
-        pose.scale_x *= 1 + self.amount * depth
-        pose.scale_y *= 1 + self.amount * depth
-        pose.opacity *= self.faint + (1 - self.faint) * depth
+    @property
+    def ways(self):
+        return {name for _, name in self.pairs} - {None}
 
-
-@dataclass(frozen=True)
-class Loop:
-    """Follows a closed smooth curve (Catmull-Rom) through `points`, the same time for each piece."""
-
-    points: tuple
-    period: float
-
-    def apply(self, pose, t):
-        u = (t / self.period) % 1.0 * len(self.points)
-        piece, s = int(u), u - int(u)
-        around = [self.points[(piece + k) % len(self.points)] for k in (-1, 0, 1, 2)]
-        pose.x += _catmull_rom([p[0] for p in around], s)
-        pose.y += _catmull_rom([p[1] for p in around], s)
+    def apply(self, pose, t, seconds):
+        t, around = _around(self.pairs, t, seconds)
+        names = [name for _, name in around]
+        for name in set(names) - {None}:
+            a, b, c, d = ((second, float(other == name)) for second, other in around)
+            start = 0.0 if names[1] in (names[0], names[2]) else (c[1] - a[1]) / (c[0] - a[0])
+            end = 0.0 if names[2] in (names[1], names[3]) else (d[1] - b[1]) / (d[0] - b[0])
+            pose[name] += _cubic(t, b, c, start, end)
 
 
-def _catmull_rom(p, s):
-    return 0.5 * (2 * p[1] + (p[2] - p[0]) * s + (2 * p[0] - 5 * p[1] + 4 * p[2] - p[3]) * s ** 2
-                  + (3 * p[1] - p[0] - 3 * p[2] + p[3]) * s ** 3)
+def poses(*pairs):
+    """Goes through (second, id) pairs of other drawings, None being the part as it is drawn: it flows through one in
+    passing and rests where it is named twice."""
+    return Poses(pairs)
 
 
-@dataclass(frozen=True)
-class Fade:
-    """Opacity between full and `percent` less."""
-
-    percent: float
-    period: float
-    phase: float = 0.0
-
-    def apply(self, pose, t):
-        pose.opacity *= 1 - self.percent / 200 * (1 - math.sin(_angle(t, self.period, self.phase)))
-
-
-@dataclass(frozen=True)
-class Revolve:
-    """Turns evenly, once in a period."""
-
-    period: float
-
-    def apply(self, pose, t):
-        pose.turn += 360 * ((t / self.period) % 1.0)
+def _around(pairs, t, seconds):
+    """The time within the clip, and the two keys before and the two after it, those of other rounds moved next to it."""
+    t %= seconds
+    here = sum(1 for pair in pairs if pair[0] <= t) - 1
+    picked = []
+    for k in range(here - 1, here + 3):
+        rounds, k = divmod(k, len(pairs))
+        picked.append((pairs[k][0] + rounds * seconds, pairs[k][1]))
+    return t, picked
 
 
-@dataclass(frozen=True)
-class Mirror:
-    """Faces the other way in the second half of each period. Each change takes `seconds` and is complete at the
-    turn; it never gets thinner than `thin` of its width, so that no frame shows it edge-on."""
+def _slope(before, here, after):
+    """Level where a course turns or rests, otherwise the weighted harmonic mean of both sides."""
+    (t0, v0), (t1, v1), (t2, v2) = before, here, after
+    left, right = (v1 - v0) / (t1 - t0), (v2 - v1) / (t2 - t1)
+    if left * right <= 0:
+        return 0.0
+    a, b = 2 * (t2 - t1) + (t1 - t0), (t2 - t1) + 2 * (t1 - t0)
+    return (a + b) / (a / left + b / right)
 
-    period: float
-    seconds: float = 0.25
-    thin: float = 0.2
 
-    def apply(self, pose, t):
-        half = self.period / 2
-        left = half - t % half
-        width = 1.0 if t % self.period < half else -1.0
-        if left < self.seconds:
-            narrowed = math.cos(math.pi * (1 - left / self.seconds))
-            width *= math.copysign(max(abs(narrowed), self.thin), narrowed)
-        pose.scale_x *= width
+def _cubic(t, start, end, slope_start, slope_end):
+    (t1, v1), (t2, v2) = start, end
+    h = t2 - t1
+    s = (t - t1) / h
+    return ((1 + 2 * s) * (1 - s) ** 2 * v1 + s * s * (3 - 2 * s) * v2
+            + h * s * (1 - s) ** 2 * slope_start - h * s * s * (1 - s) * slope_end)

@@ -73,3 +73,25 @@ def hump(seconds, peak=0.5):
 def tone(hertz):
     """A sine following an array of frequencies."""
     return np.sin(2 * np.pi * np.cumsum(hertz) / RATE)
+
+
+def _biquad(hertz, forwards, backwards):
+    """Power gain of a filter of second order at some frequencies."""
+    z = np.exp(-2j * np.pi * hertz / RATE)
+    return np.abs(np.polyval(forwards[::-1], z) / np.polyval(backwards[::-1], z)) ** 2
+
+
+def loudness(track):
+    """In LUFS, as ITU-R BS.1770 measures it: heard through the shape of a head and a high pass, in blocks of 0.4 s, those
+    left out that are far below the rest."""
+    spectrum = np.fft.rfft(track, axis=0)
+    hertz = np.fft.rfftfreq(len(track), 1 / RATE)
+    weight = (_biquad(hertz, (1.53512485958697, -2.69169618940638, 1.19839281085285),
+                      (1, -1.69065929318241, 0.73248077421585))
+              * _biquad(hertz, (1, -2, 1), (1, -1.99004745483398, 0.99007225036621)))
+    power = (np.fft.irfft(spectrum * np.sqrt(weight)[:, None], len(track), axis=0) ** 2).sum(axis=1)
+    steps = power[:len(power) // (RATE // 10) * (RATE // 10)].reshape(-1, RATE // 10).mean(axis=1)
+    blocks = sum(np.roll(steps, -k) for k in range(4)) / 4
+    heard = blocks[blocks > amplitude(2 * (-70 + 0.691))]
+    heard = heard[heard > heard.mean() / 10]
+    return float(-0.691 + 10 * np.log10(heard.mean()))

@@ -6,8 +6,9 @@ import zlib
 
 import numpy as np
 
-from noise import RATE, band, coloured, hump, levelled, place, room, swell, tone, wide
+from noise import RATE, amplitude, band, coloured, hump, levelled, loudness, place, room, swell, tone, wide
 
+LOUDNESS = -30  # LUFS
 PURR_HERTZ = 25
 
 
@@ -24,7 +25,9 @@ def _voice(make):
 
 
 def mix(voices, seconds):
-    return sum(voice(seconds) for voice in voices)
+    """All voices together, brought to the loudness every clip has."""
+    track = sum(voice(seconds) for voice in voices)
+    return track * amplitude(LOUDNESS - loudness(track))
 
 
 @_voice
@@ -120,13 +123,13 @@ def chirp(track, random, level, at):
 
 
 @_voice
-def rustle(track, random, level, every):
-    """Wool under a paw at each press, never twice as loud."""
-    for n in range(round(len(track) / RATE / every)):
+def rustle(track, random, level, every, start, presses):
+    """Wool under a paw at each press from `start`, left, right, left, never twice as loud."""
+    for n in range(presses):
         press = hump(random.uniform(0.45, 0.65), 0.35)
         wool = coloured(len(track), random, band(500, 2600, 1))[:press.size]
         grit = 0.6 + 0.4 * np.abs(coloured(len(track), random, band(15, 60))[:press.size])
-        at = n * every + every / 4 + random.normal() * 0.04 - 0.2
+        at = start + n * every + every / 4 + random.normal() * 0.04 - 0.2
         place(track, at, levelled(wool * grit * press, level + random.uniform(-7, 1)) * np.sqrt(2), (-0.3, 0.3)[n % 2])
     return track
 
@@ -159,6 +162,18 @@ def scrape(track, random, level, at):
     grain = np.abs(coloured(len(track), random, band(30, 110))[:push.size])
     place(track, at - 0.05, levelled(carton * (0.25 + grain) * push, level) * np.sqrt(2), 0.0)
     return room(track, random, 0.15, 0.4)
+
+
+@_voice
+def sneeze(track, random, level, at):
+    """A small cat's sneeze: a sip of air, then a soft burst that falls off at once."""
+    air = coloured(len(track), random, band(1400, 5200, 1))
+    sip, burst = hump(0.3, 0.8), hump(0.26, 0.12)
+    place(track, at - 0.42, levelled(air[:sip.size] * sip, level - 9) * np.sqrt(2), -0.05)
+    u = np.linspace(0, 1, burst.size)
+    squeak = tone(760 - 260 * u) * 0.5 * np.exp(-u * 5)
+    place(track, at - 0.03, levelled((air[sip.size:sip.size + burst.size] + squeak) * burst, level) * np.sqrt(2), -0.05)
+    return room(track, random, 0.25, 0.3)
 
 
 @_voice
@@ -206,3 +221,12 @@ def crackle(track, random, level):
             place(track, start, levelled(snap, level) * random.uniform(0.3, 1.2), random.uniform(-0.8, -0.4))
             start += random.exponential(0.07)
     return room(_low_pass(track, 5000), random, 0.12, 0.3)
+
+
+@_voice
+def sigh(track, random, level, at):
+    """A contented cat breathes out through its nose."""
+    air = hump(1.5, 0.25)
+    breath = coloured(len(track), random, band(350, 1500, 1))[:air.size]
+    place(track, at, levelled(breath * air ** 1.5, level) * np.sqrt(2), -0.1)
+    return room(track, random, 0.15, 0.3)

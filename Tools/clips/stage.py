@@ -4,6 +4,7 @@ What never moves is painted once and kept as pictures; what moves stays vector a
 changes, so edges are as crisp in motion as at rest.
 """
 
+import math
 import pathlib
 import xml.etree.ElementTree as ET
 
@@ -14,12 +15,13 @@ gi.require_version("Rsvg", "2.0")
 from gi.repository import Rsvg  # noqa: E402
 
 from motion import FPS, Pose  # noqa: E402
+from outlines import SVG, Outlines  # noqa: E402
 
 STILL, SELDOM, MOVING = range(3)  # how often a piece of the drawing changes
 
 WIDTH, HEIGHT = 1920, 1080
 ART = pathlib.Path(__file__).resolve().parents[2] / "Resources" / "Art" / "scenes"
-SVG = "{http://www.w3.org/2000/svg}"
+PLACE = {"x", "y", "turn", "scale", "scale_x", "scale_y", "skew", "opacity"}  # the ways that are not other drawings
 SMALL = 12  # shapes: below it repainting is cheaper than laying a full picture over the frame
 
 ET.register_namespace("", "http://www.w3.org/2000/svg")
@@ -39,40 +41,54 @@ def _shapes(element):
 class _Part:
     """An element of the drawing together with everything that poses it."""
 
-    def __init__(self, element, pivot):
+    def __init__(self, element, pivot, seconds):
         self.element = element
         self.pivot = pivot
+        self.seconds = seconds
         self.movers = []
+        self.outlines = None
+        self.shown = element.get("display") != "none"
         self.opacity = float(element.get("opacity", "1"))
-        self.display = element.get("display")
+
+    @property
+    def restless(self):
+        return any(mover.restless for mover in self.movers)
 
     def pose(self, t):
         pose = Pose()
         for mover in self.movers:
-            mover.apply(pose, t)
+            mover.apply(pose, t, self.seconds)
         return pose
+
+    def learn(self, find):
+        """Looks up the other drawings its motions name."""
+        others = {way for mover in self.movers for way in mover.ways} - PLACE
+        if others:
+            self.outlines = Outlines(self.element, {name: find(name) for name in sorted(others)})
 
     def strike(self, t):
         """Writes the pose at `t` into the drawing."""
-        pose, (px, py) = self.pose(t), self.pivot
-        steps = []
-        if pose.x or pose.y:
-            steps.append(f"translate({pose.x:.4f} {pose.y:.4f})")
-        if pose.turn:
-            steps.append(f"rotate({pose.turn:.5f} {px} {py})")
-        if pose.scale_x != 1 or pose.scale_y != 1:
-            steps.append(f"translate({px} {py}) scale({pose.scale_x:.6f} {pose.scale_y:.6f}) translate({-px} {-py})")
-        self._set("transform", " ".join(steps) or None)
-        opacity = self.opacity * pose.opacity
-        self._set("opacity", None if opacity == 1 else f"{opacity:.5f}")
-        display = self.display if pose.shown is None else (None if pose.shown else "none")
-        self._set("display", display)
+        pose = self.pose(t)
+        self._set("transform", any(pose[way] for way in PLACE - {"opacity"}) and self._matrix(pose))
+        opacity = min(self.opacity * max(self.shown + pose["opacity"], 0.0), 1.0)
+        self._set("opacity", opacity < 1 and f"{opacity:.5f}")
+        self._set("display", opacity < 1e-4 and "none")
+        if self.outlines:
+            self.outlines.strike(pose)
 
     def _set(self, name, value):
-        if value is None:
-            self.element.attrib.pop(name, None)
-        else:
+        if value:
             self.element.set(name, value)
+        else:
+            self.element.attrib.pop(name, None)
+
+    def _matrix(self, pose):
+        (px, py), turn = self.pivot, math.radians(pose["turn"])
+        wide, high = 1 + pose["scale"] + pose["scale_x"], 1 + pose["scale"] + pose["scale_y"]
+        sine, cosine, skew = math.sin(turn), math.cos(turn), pose["skew"]
+        a, b, c, d = cosine * wide - sine * skew, sine * wide + cosine * skew, -sine * high, cosine * high
+        x, y = px + pose["x"] - a * px - c * py, py + pose["y"] - b * px - d * py
+        return "matrix(" + " ".join(f"{n:.6f}" for n in (a, b, c, d)) + f" {x:.4f} {y:.4f})"
 
 
 class _Layer:
@@ -133,16 +149,19 @@ class Stage:
     def _parts(self):
         parts = {}
         for row in self.scene.parts:
-            parts.setdefault(row.id, _Part(self._find(row.id), row.pivot)).movers.extend(row.motions)
+            parts.setdefault(row.id, self._part(row.id, row.pivot)).movers.extend(row.motions)
         for action in self.scene.actions:
-            parts.setdefault(action.id, _Part(self._find(action.id), (0, 0))).movers.append(action)
+            parts.setdefault(action.id, self._part(action.id, (0, 0))).movers.append(action)
+        for item in parts.values():
+            item.learn(self._find)
         return parts
+
+    def _part(self, name, pivot):
+        return _Part(self._find(name), pivot, self.scene.seconds)
 
     def _layers(self):
         """Runs of the drawing, back to front, each of pieces that change equally often."""
-        restless = {id(p.element): MOVING for p in self.parts.values()}
-        restless.update((id(p.element), SELDOM) for row in self.scene.actions for p in [self.parts[row.id]]
-                        if set(p.movers) <= set(self.scene.actions))
+        restless = {id(p.element): MOVING if p.restless else SELDOM for p in self.parts.values()}
         pace = {id(e): max(restless.get(id(d), STILL) for d in e.iter()) for e in self.root.iter()}
 
         def pieces(element, wraps):
@@ -155,7 +174,7 @@ class Stage:
 
         runs = []
         for child in self.root:
-            if child.tag in (SVG + "defs", SVG + "title"):
+            if child.tag in (SVG + "defs", SVG + "title") or child.get("id") == "poses":
                 continue
             for how, element, wraps in pieces(child, []):
                 if not runs or runs[-1][0] != how:
