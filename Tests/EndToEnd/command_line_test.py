@@ -201,6 +201,10 @@ class CommandLineTest(unittest.TestCase):
             self.assertEqual(former.wait(timeout=60), 0)
             tomcatto.wait_for(lambda: tomcatto.run("status").returncode == 0)
             self.assertIsNone(tomcatto.process.poll())
+        tomcatto.process.send_signal(signal.SIGTERM)
+        self.expect(0, "settings", "set", "dailyGoalPomodoros", "3")
+        self.assertEqual((tomcatto.process.wait(timeout=60), tomcatto.defaults()["dailyGoalPomodoros"]), (0, 3))
+        tomcatto.start()
         # One that hangs is neither waited for for good nor taken for an answer.
         tomcatto.process.send_signal(signal.SIGSTOP)
         self.assertEqual(self.expect(1).stderr, "tomcatto: Tomcatto is already running, but it does not answer.\n")

@@ -107,9 +107,13 @@ std::optional<ExitStatus> CommandRunner::becomeApplication(const std::function<b
 
 ExitStatus CommandRunner::runRemote(const Invocation &invocation) const
 {
-    const ControlReply reply = m_client.send({invocation.command, invocation.arguments, false}, longestOperation);
-    const ExitStatus status = report(reply);
-    if (status == ExitStatus::done && invocation.command == QStringLiteral("quit"))
+    const auto answer =
+        m_client.ask({invocation.command, invocation.arguments, false}, QDeadlineTimer(longestOperation));
+    const bool isQuit = invocation.command == QStringLiteral("quit");
+    // Whoever asks one that is ending to quit gets what was asked for.
+    const bool wasEnding = isQuit && answer == std::unexpected(NoAnswer::hungUp);
+    const ExitStatus status = wasEnding ? ExitStatus::done : report(answer ? *answer : controlReply(answer.error()));
+    if (isQuit && status == ExitStatus::done)
         waitForEnd();
     return status;
 }
@@ -247,13 +251,16 @@ ControlReply CommandRunner::change(const ControlRequest &request, std::chrono::m
 {
     const QDeadlineTimer until(patience);
     do {
-        ControlReply reply = m_client.send(request, patience);
-        if (reply.status != ExitStatus::notRunning)
+        const auto answer = m_client.ask(request, until);
+        const ControlReply reply = answer ? *answer : controlReply(answer.error());
+        // One that ends may have done it before it hung up; a setting may be set twice.
+        const bool mayRepeat = request.command == settingsCommand && answer == std::unexpected(NoAnswer::hungUp);
+        if (reply.status != ExitStatus::notRunning && !mayRepeat)
             return reply;
         if (m_surroundings.instanceLock.tryTake() != InstanceLockResult::held) {
-            reply = m_files.run(request);
+            ControlReply done = m_files.run(request);
             m_surroundings.instanceLock.release();
-            return reply;
+            return done;
         }
         QThread::msleep(retryMilliseconds);
     } while (!until.hasExpired());

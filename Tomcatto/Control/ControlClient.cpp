@@ -7,20 +7,6 @@ namespace {
 constexpr std::chrono::seconds connectPatience{1};
 constexpr std::chrono::seconds answerPatience{5};
 
-/// What to tell where there is no answer.
-ControlReply replyInstead(NoAnswer reason)
-{
-    switch (reason) {
-    case NoAnswer::nobodyListens:
-        return controlReply(ExitStatus::notRunning, QStringLiteral("Tomcatto is not running. Start it with: tomcatto"));
-    case NoAnswer::hungUp:
-        return controlReply(ExitStatus::failed, QStringLiteral("Tomcatto ended without an answer."));
-    case NoAnswer::silent:
-        return controlReply(ExitStatus::failed, QStringLiteral("Tomcatto is running but does not answer."));
-    }
-    return {};
-}
-
 /// Takes the lines of a connection one by one.
 class LineReader final
 {
@@ -67,6 +53,19 @@ ControlReply replyOf(const QByteArray &line)
 
 }
 
+ControlReply controlReply(NoAnswer reason)
+{
+    switch (reason) {
+    case NoAnswer::nobodyListens:
+        return controlReply(ExitStatus::notRunning, QStringLiteral("Tomcatto is not running. Start it with: tomcatto"));
+    case NoAnswer::hungUp:
+        return controlReply(ExitStatus::failed, QStringLiteral("Tomcatto ended without an answer."));
+    case NoAnswer::silent:
+        return controlReply(ExitStatus::failed, QStringLiteral("Tomcatto is running but does not answer."));
+    }
+    return {};
+}
+
 ControlClient::ControlClient(LocalSockets &sockets, std::function<QStringList()> socketPaths)
     : m_sockets(sockets)
     , m_socketPaths(std::move(socketPaths))
@@ -87,7 +86,7 @@ std::expected<ControlReply, NoAnswer> ControlClient::ask(const ControlRequest &r
 ControlReply ControlClient::send(const ControlRequest &request, std::chrono::milliseconds patience) const
 {
     const auto reply = ask(request, QDeadlineTimer(patience));
-    return reply ? *reply : replyInstead(reply.error());
+    return reply ? *reply : controlReply(reply.error());
 }
 
 ControlReply ControlClient::follow(const ControlRequest &request,
@@ -95,11 +94,11 @@ ControlReply ControlClient::follow(const ControlRequest &request,
 {
     const auto connection = connectAndSend(request);
     if (!connection)
-        return replyInstead(NoAnswer::nobodyListens);
+        return controlReply(NoAnswer::nobodyListens);
     LineReader lines(*connection);
     auto line = lines.next(QDeadlineTimer(answerPatience));
     if (!line)
-        return replyInstead(lines.noAnswer());
+        return controlReply(lines.noAnswer());
     for (; line; line = lines.next(QDeadlineTimer::Forever)) {
         ControlReply reply = replyOf(*line);
         // An answer without a result is the last one.

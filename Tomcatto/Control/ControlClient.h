@@ -19,6 +19,9 @@ enum class NoAnswer {
     silent,
 };
 
+/// What to tell people then: `notRunning`, or else `failed`.
+[[nodiscard]] ControlReply controlReply(NoAnswer reason);
+
 /// Talks to the running application over its control socket. Blocking; used by commands, which have nothing else to do.
 class ControlClient final
 {
