@@ -58,11 +58,6 @@ Item {
         id: player
 
         function load() {
-            if (!VideoSupport.canPlay()) {
-                if (!background.isWarmUp)
-                    background.failed("nothing that plays videos is installed")
-                return
-            }
             setSource(Qt.resolvedUrl("VideoPlayerView.qml"), {
                 "videoUrl": background.videoUrl,
                 "isMuted": Qt.binding(() => background.isMuted),

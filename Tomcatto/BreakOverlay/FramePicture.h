@@ -1,21 +1,30 @@
 #pragma once
 
-#include <array>
-#include <memory>
+#include "FilmFrame.h"
+
+#include <map>
+#include <QtCore/QRect>
 #include <QtGui/QImage>
-#include <QtMultimedia/QVideoFrame>
+#include <vector>
 
 struct SwsContext;
 
 namespace tomcatto {
 
-/// Turns video frames into pictures that fill a size and are cropped to it, with the least work a processor can do it
-/// in: one pass from the planes to the pixels, into buffers that are used again. One thread at a time.
+/// The picture of a film: fills a size, cropped to it. A frame can be compared with the one before, for most of a quiet
+/// film stands still, and what changed is painted by itself, straight from the decoder's memory to where it is shown.
+/// One thread at a time.
 class FramePicture final
 {
 public:
-    /// The picture of a frame, opaque, `size` device pixels large; a null picture where the frame cannot be read.
-    [[nodiscard]] QImage picture(QVideoFrame frame, QSize size);
+    /// The frame that is painted from now on, a valid one. @param size of the picture, in device pixels
+    void setFrame(const FilmFrame &frame, QSize size);
+    [[nodiscard]] const FilmFrame &frame() const noexcept { return m_frame; }
+    [[nodiscard]] QSize size() const noexcept { return m_size; }
+    /// Whether areas look otherwise than they did with the frame before. @param row side by side, equally high
+    [[nodiscard]] std::vector<bool> changes(const std::vector<QRect> &row) const;
+    /// Paints an area, a few sizes of which are best. @param onto pixels of 32 bits @param origin of the picture there
+    void paint(const QRect &area, QImage &onto, QPoint origin);
 
 private:
     struct Free
@@ -23,12 +32,19 @@ private:
         void operator()(SwsContext *context) const;
     };
 
-    [[nodiscard]] bool scale(QVideoFrame &frame, const QRect &part, QImage &into);
-    [[nodiscard]] QImage &buffer(QSize size);
+    void draw(const QRect &part, QSize size, uchar *pixels, qsizetype stride);
+    void drawWhole();
 
-    std::unique_ptr<SwsContext, Free> m_context;
-    // One is shown while the other is written.
-    std::array<QImage, 3> m_buffers;
+    FilmFrame m_before;
+    FilmFrame m_frame;
+    QSize m_size;
+    // Of the frame, as it is stored, what the picture shows.
+    QRect m_part;
+    // Whether a pixel of the picture is one of the frame, so that areas can be painted by themselves.
+    bool m_isDirect = false;
+    std::map<std::array<int, 4>, std::unique_ptr<SwsContext, Free>> m_scalers;
+    // The picture of this frame where it is turned or scaled; null until it is asked for.
+    QImage m_whole;
 };
 
 }

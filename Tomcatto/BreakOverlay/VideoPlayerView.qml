@@ -1,5 +1,4 @@
 import QtQuick
-import QtMultimedia
 import Tomcatto.BreakOverlay
 
 /// Plays one video without an end, filling itself.
@@ -10,80 +9,35 @@ Item {
     required property bool isMuted
     /// Shows the first frame and stops there.
     property bool isStill: false
-    readonly property bool hasFrame: screen.item?.hasFrame ?? false
+    readonly property bool hasFrame: player.hasFrame
     signal failed(string reason)
     signal soundMissing
 
-    onHasFrameChanged: if (isStill)
-        player.pause()
-    onIsStillChanged: {
-        if (hasFrame && isStill)
-            player.pause()
-        else if (hasFrame)
-            player.play()
-    }
-
-    MediaDevices {
-        id: devices
-    }
-    AudioOutput {
-        id: sound
-
-        muted: view.isMuted
-    }
-    MediaPlayer {
+    FilmPlayer {
         id: player
 
         source: view.videoUrl
-        loops: MediaPlayer.Infinite
-        videoOutput: screen.item
-        // Without a device only the picture plays.
-        audioOutput: devices.audioOutputs.length > 0 ? sound : null
-        onErrorOccurred: (error, text) => view.failed(text)
+        isMuted: view.isMuted
+        isStill: view.isStill
+        onFailed: reason => view.failed(reason)
+        onSoundMissing: view.soundMissing()
     }
     Loader {
         id: screen
 
         anchors.fill: parent
-        sourceComponent: GraphicsInfo.api === GraphicsInfo.Software ? painted : rendered
+        Component.onCompleted: {
+            if (GraphicsInfo.api === GraphicsInfo.Software)
+                sourceComponent = painted
+            else
+                setSource(Qt.resolvedUrl("RenderedFilm.qml"), {"film": player})
+        }
     }
     Component {
         id: painted
 
-        SoftwareVideoItem {}
-    }
-    Component {
-        id: rendered
-
-        VideoOutput {
-            id: output
-
-            property bool hasFrame: false
-
-            fillMode: VideoOutput.PreserveAspectCrop
-
-            Connections {
-                target: output.videoSink
-                enabled: !output.hasFrame
-
-                function onVideoFrameChanged() {
-                    output.hasFrame = true
-                }
-            }
+        SoftwareVideoItem {
+            film: player
         }
-    }
-    function start() {
-        if (String(view.videoUrl).length === 0)
-            return
-        if (devices.audioOutputs.length === 0)
-            view.soundMissing()
-        player.play()
-    }
-
-    // Once whoever made the view hears what it says.
-    Timer {
-        interval: 0
-        running: true
-        onTriggered: view.start()
     }
 }

@@ -1,29 +1,55 @@
 #include "BreakOverlay/FramePicture.h"
 
 #include <gtest/gtest.h>
-#include <QtMultimedia/QVideoFrameFormat>
 
 namespace tomcatto {
 namespace {
 
-/// A picture with a red left quarter, a white middle and a blue right quarter, as a decoder gives it.
-QVideoFrame stripes(QSize size)
+/// A frame whose memory a test writes to, as a decoder gives it: the planes of a 4:2:0 picture one after the other.
+struct WrittenFrame
 {
-    QVideoFrameFormat format(size, QVideoFrameFormat::Format_YUV420P);
-    format.setColorSpace(QVideoFrameFormat::ColorSpace_BT709);
-    QVideoFrame frame(format);
-    EXPECT_TRUE(frame.map(QVideoFrame::WriteOnly));
-    constexpr std::array<std::array<uchar, 4>, 3> quarters{
+    explicit WrittenFrame(QSize size)
+        : memory(std::make_shared<std::vector<uint8_t>>(static_cast<size_t>(size.width()) * size.height() * 3 / 2, 128))
+    {
+        uint8_t *first = memory->data();
+        const qsizetype pixels = qsizetype{size.width()} * size.height();
+        frame.size = size;
+        frame.format = AV_PIX_FMT_YUV420P;
+        frame.planes = {first, first + pixels, first + pixels * 5 / 4};
+        frame.strides = {size.width(), size.width() / 2, size.width() / 2};
+        frame.memory = memory;
+    }
+    uint8_t &at(int plane, int x, int y)
+    {
+        return *const_cast<uint8_t *>(frame.planes.at(plane) + qsizetype{y} * frame.strides.at(plane) + x); // NOLINT
+    }
+
+    std::shared_ptr<std::vector<uint8_t>> memory;
+    FilmFrame frame;
+};
+
+/// A picture with a red left quarter, a white middle and a blue right quarter.
+FilmFrame stripes(QSize size)
+{
+    WrittenFrame written(size);
+    constexpr std::array<std::array<uint8_t, 4>, 3> quarters{
         {{63, 235, 235, 32}, {102, 128, 128, 240}, {240, 128, 128, 118}}};
     for (int plane = 0; plane < 3; ++plane) {
         const QSize stored = plane == 0 ? size : size / 2;
         for (int y = 0; y < stored.height(); ++y) {
             for (int x = 0; x < stored.width(); ++x)
-                frame.bits(plane)[y * frame.bytesPerLine(plane) + x] = quarters[plane][4 * x / stored.width()];
+                written.at(plane, x, y) = quarters.at(plane).at(4 * x / stored.width());
         }
     }
-    frame.unmap();
-    return frame;
+    return written.frame;
+}
+
+QImage painted(FramePicture &picture, const FilmFrame &frame, QSize size)
+{
+    picture.setFrame(frame, size);
+    QImage image(size, QImage::Format_RGB32);
+    picture.paint(image.rect(), image, {});
+    return image;
 }
 
 QString nameAt(const QImage &image, int x)
@@ -35,12 +61,12 @@ QString nameAt(const QImage &image, int x)
 
 TEST(FramePicture, FillsAndCropsInTheRightColours)
 {
-    FramePicture pictures;
-    const QVideoFrame frame = stripes({320, 180});
-    const QImage same = pictures.picture(frame, {320, 180});
-    const QImage large = pictures.picture(frame, {640, 360});
+    FramePicture picture;
+    const FilmFrame frame = stripes({320, 180});
+    const QImage same = painted(picture, frame, {320, 180});
+    const QImage large = painted(picture, frame, {640, 360});
     // The sides are cut away on a narrow screen, whose width is no whole number of blocks.
-    const QImage narrow = pictures.picture(frame, {150, 180});
+    const QImage narrow = painted(picture, frame, {150, 180});
     for (const QImage *image : {&same, &large}) {
         EXPECT_EQ(nameAt(*image, 4), u"100");
         EXPECT_EQ(nameAt(*image, image->width() / 2), u"111");
@@ -48,20 +74,52 @@ TEST(FramePicture, FillsAndCropsInTheRightColours)
     }
     EXPECT_EQ(nameAt(narrow, 4), u"111");
     EXPECT_EQ(nameAt(narrow, 145), u"111");
-    EXPECT_TRUE(pictures.picture(QVideoFrame(), {64, 36}).isNull());
 }
 
 TEST(FramePicture, IsUprightWhateverWayTheFrameLies)
 {
-    FramePicture pictures;
-    QVideoFrame frame = stripes({320, 180});
-    for (const auto &[angle, top] : {std::pair{QVideoFrame::Rotation90, u"100"}, {QVideoFrame::Rotation270, u"001"}}) {
-        frame.setRotationAngle(angle);
-        const QImage tall = pictures.picture(frame, {180, 320});
-        EXPECT_EQ(tall.size(), QSize(180, 320));
+    FramePicture picture;
+    FilmFrame frame = stripes({320, 180});
+    for (const auto &[angle, top] : {std::pair{90, u"100"}, {270, u"001"}}) {
+        frame.angle = angle;
+        const QImage tall = painted(picture, frame, {180, 320});
         EXPECT_EQ(nameAt(tall.copy(0, 0, 180, 8), 90), top);
         // A wide screen shows the middle.
-        EXPECT_EQ(nameAt(pictures.picture(frame, {320, 150}).copy(0, 0, 320, 8), 160), u"111");
+        EXPECT_EQ(nameAt(painted(picture, frame, {320, 150}).copy(0, 0, 320, 8), 160), u"111");
+    }
+}
+
+TEST(FramePicture, PaintingWhatChangedIsPaintingAll)
+{
+    // One byte of each plane in turn, in corners and across the edges of areas; at the frame's own size, cropped with
+    // an odd remainder, and scaled.
+    constexpr QSize stored{320, 180};
+    const std::array<std::array<int, 3>, 6> bytes{
+        {{0, 0, 0}, {0, 319, 179}, {0, 64, 60}, {1, 159, 89}, {2, 32, 30}, {2, 0, 89}}};
+    for (const QSize size : {stored, QSize(150, 180), QSize(640, 360), QSize(200, 100)}) {
+        FramePicture picture;
+        FilmFrame before = stripes(stored);
+        QImage kept = painted(picture, before, size);
+        for (const auto &[plane, x, y] : bytes) {
+            WrittenFrame next(stored);
+            *next.memory = *std::static_pointer_cast<const std::vector<uint8_t>>(before.memory);
+            next.at(plane, x, y) ^= 0x60;
+            picture.setFrame(before = next.frame, size);
+            int count = 0;
+            for (int top = 0; top < size.height(); top += 60) {
+                std::vector<QRect> row;
+                for (int left = 0; left < size.width(); left += 64)
+                    row.push_back(QRect(left, top, 64, 60) & kept.rect());
+                const auto changes = picture.changes(row);
+                for (size_t index = 0; index < row.size(); ++index) {
+                    if (changes[index])
+                        picture.paint(row[index], kept, {}), ++count;
+                }
+            }
+            FramePicture fresh;
+            EXPECT_EQ(kept, painted(fresh, next.frame, size)) << size.width() << ": " << plane << ' ' << x << ' ' << y;
+            EXPECT_LE(count, 4);
+        }
     }
 }
 

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "FilmPlayback.h"
+
+#include <QtCore/QPointer>
+#include <QtMultimedia/QVideoSink>
+#include <QtQml/QQmlEngine>
+
+namespace tomcatto {
+
+/// A film for views: begins when it is made, plays without an end, and goes on ending by itself once this is gone. Main
+/// thread only.
+class FilmPlayer : public QObject, public QQmlParserStatus
+{
+    Q_OBJECT
+    Q_INTERFACES(QQmlParserStatus)
+    QML_ELEMENT
+    /// Read once. Without one only what playing takes is loaded.
+    Q_PROPERTY(QUrl source MEMBER m_source FINAL REQUIRED)
+    Q_PROPERTY(bool isMuted READ isMuted WRITE setMuted NOTIFY wishChanged FINAL)
+    /// Shows a frame and stops there.
+    Q_PROPERTY(bool isStill READ isStill WRITE setStill NOTIFY wishChanged FINAL)
+    /// Whether a frame came.
+    Q_PROPERTY(bool hasFrame READ hasFrame NOTIFY hasFrameChanged FINAL)
+    /// Gets copies of the frames, for a graphics card to draw.
+    Q_PROPERTY(QVideoSink *sink READ sink WRITE setSink NOTIFY sinkChanged FINAL)
+
+public:
+    explicit FilmPlayer(QObject *parent = nullptr);
+    ~FilmPlayer() override;
+
+    [[nodiscard]] bool isMuted() const noexcept { return m_wish.isMuted; }
+    void setMuted(bool isMuted);
+    [[nodiscard]] bool isStill() const noexcept { return m_wish.isStill; }
+    void setStill(bool isStill);
+    [[nodiscard]] bool hasFrame() const noexcept { return m_frame.isValid(); }
+    [[nodiscard]] const FilmFrame &frame() const noexcept { return m_frame; }
+    [[nodiscard]] QVideoSink *sink() const noexcept { return m_sink; }
+    void setSink(QVideoSink *sink);
+
+    void classBegin() override {}
+    void componentComplete() override;
+
+Q_SIGNALS:
+    void wishChanged();
+    void hasFrameChanged();
+    void sinkChanged();
+    void frameChanged();
+    void failed(const QString &reason);
+    /// Nothing can be heard here.
+    void soundMissing();
+
+private:
+    void follow();
+    void takeFrame();
+
+    QUrl m_source;
+    FilmPlayback::Wish m_wish;
+    std::shared_ptr<FilmPlayback> m_playback;
+    FilmFrame m_frame;
+    QPointer<QVideoSink> m_sink;
+};
+
+}
