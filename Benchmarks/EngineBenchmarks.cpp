@@ -1,4 +1,5 @@
 #include "CommandLine/TerminalFrontEnd.h"
+#include "Fakes/FakeDesktopServices.h"
 #include "Fakes/ManualClock.h"
 #include "Fakes/ManualPower.h"
 #include "Fakes/VideosFixture.h"
@@ -85,10 +86,11 @@ public:
     RandomIdentifierSource identifiers;
     JsonFileUserDefaults defaults{freshFile(history.applicationSupportDirectory() + QStringLiteral("/defaults.json"))};
     ManualPower power;
-    PathBookmarks bookmarks;
+    std::shared_ptr<PathBookmarks> bookmarks = std::make_shared<PathBookmarks>();
     TextStillFrame stillFrame;
+    FakeLoginItem loginItem;
     AppDependencies dependencies{{clock, wallClock, runLoop, identifiers, defaults, power, bookmarks, stillFrame,
-                                  history.applicationSupportDirectory(), QString()}};
+                                  loginItem, history.applicationSupportDirectory(), QString()}};
 };
 
 constexpr qint64 longPhase = 1'000'000'000;
