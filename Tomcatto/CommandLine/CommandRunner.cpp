@@ -44,6 +44,13 @@ Json absolutePaths(Json arguments)
     return arguments;
 }
 
+/// Whether doing it twice is doing it once.
+bool isRepeatable(const ControlRequest &request)
+{
+    const std::string action = request.arguments.value("action", std::string());
+    return action != "add" && action != "remove";
+}
+
 /// A name may hold line breaks and what steers a terminal.
 QString onOneLine(QString name)
 {
@@ -202,13 +209,13 @@ ExitStatus CommandRunner::listVideos() const
 ExitStatus CommandRunner::changeVideos(const Invocation &invocation) const
 {
     const ControlRequest request{invocation.command, absolutePaths(invocation.arguments), false};
+    const auto path = request.arguments.find("path");
+    if (path == request.arguments.end())
+        return report(change(request, longestOperation));
     ControlReply reply = m_client.send(request, longestOperation);
     if (reply.status == ExitStatus::notRunning) {
         // A file that takes long to look into would keep the lock from an application that starts.
-        const auto path = request.arguments.find("path");
-        const auto refusal = path != request.arguments.end()
-                                 ? m_files.refusal(QString::fromStdString(path->get<std::string>()))
-                                 : std::nullopt;
+        const auto refusal = m_files.refusal(QString::fromStdString(path->get<std::string>()));
         reply = refusal ? *refusal : change(request, longestOperation);
     }
     return report(reply);
@@ -243,8 +250,10 @@ ExitStatus CommandRunner::setSetting(const Invocation &invocation) const
 
 ControlReply CommandRunner::readSettings(const Json &arguments) const
 {
-    ControlReply reply = m_client.send({settingsCommand, arguments, false});
-    return reply.status == ExitStatus::notRunning ? m_files.readSettings(arguments) : reply;
+    const auto answer = m_client.ask({settingsCommand, arguments, false}, QDeadlineTimer(patienceMilliseconds));
+    if (answer)
+        return *answer;
+    return answer.error() == NoAnswer::silent ? controlReply(answer.error()) : m_files.readSettings(arguments);
 }
 
 ControlReply CommandRunner::change(const ControlRequest &request, std::chrono::milliseconds patience) const
@@ -253,8 +262,8 @@ ControlReply CommandRunner::change(const ControlRequest &request, std::chrono::m
     do {
         const auto answer = m_client.ask(request, until);
         const ControlReply reply = answer ? *answer : controlReply(answer.error());
-        // One that ends may have done it before it hung up; a setting may be set twice.
-        const bool mayRepeat = request.command == settingsCommand && answer == std::unexpected(NoAnswer::hungUp);
+        // One that ends may have done it before it hung up.
+        const bool mayRepeat = isRepeatable(request) && answer == std::unexpected(NoAnswer::hungUp);
         if (reply.status != ExitStatus::notRunning && !mayRepeat)
             return reply;
         if (m_surroundings.instanceLock.tryTake() != InstanceLockResult::held) {
