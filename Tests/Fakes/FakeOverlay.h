@@ -23,7 +23,7 @@ public:
     void cover(QWindow &, const QString &screenId) override { covered.push_back(screenId); }
     void uncover(QWindow &) override {}
     void makeKey(QWindow &) override {}
-    [[nodiscard]] bool canFade() const override { return false; }
+    [[nodiscard]] bool canFade() const override { return fades; }
 
     /// Makes these the screens, the first one the main one. None: only the stand-in is left.
     void plug(const QStringList &ids)
@@ -36,6 +36,7 @@ public:
 
     std::vector<Screen> live;
     QStringList covered;
+    bool fades = false;
 
 private:
     ScreenChanges m_changes;

@@ -2,6 +2,7 @@
 
 #include "Platform/Ports/ViewHost.h"
 
+#include <map>
 #include <QtGui/QWindow>
 
 namespace tomcatto {
@@ -23,6 +24,7 @@ public:
     /// The last window made; null once it was let go.
     QWindow *current = nullptr;
     /// Of the windows, as they are made.
+    std::map<const char *, QVariant> properties;
     QSize size{200, 100};
     int made = 0;
     int alive = 0;
@@ -38,6 +40,8 @@ private:
             ++m_host.alive;
             m_host.current = &m_window;
             m_window.resize(m_host.size);
+            for (const auto &[name, value] : m_host.properties)
+                m_window.setProperty(name, value);
         }
         ~View() override
         {

@@ -9,7 +9,7 @@
 namespace tomcatto {
 
 /// Gives the cases of a program the English texts that people read, as `texts`.
-class ShippedTexts final : public QObject
+class ShippedTexts : public QObject
 {
     Q_OBJECT
 

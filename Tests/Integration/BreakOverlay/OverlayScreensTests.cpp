@@ -1,5 +1,6 @@
 #include "BreakOverlay/BreakOverlayController.h"
 #include "BreakOverlay/BreakOverlayWindows.h"
+#include "BreakOverlay/BreakPreviewController.h"
 #include "Fakes/CapturedLog.h"
 #include "Fakes/FakeUserDefaults.h"
 #include "Fakes/ManualClock.h"
@@ -114,6 +115,36 @@ TEST(OverlayScreensTests, TakesALastScreenWithoutAnOutputForNone)
     EXPECT_EQ(reports, 0);
     overlay.plugged.plug({left, outputless});
     overlay.expectAfter({left}, {overThree[1]});
+}
+
+TEST(BreakPreviewTests, IsAnOrdinaryWindowThatEscCloses)
+{
+    struct NoPolicy final : ActivationPolicyPort
+    {
+        void setPolicy(ActivationPolicyKind) override {}
+    } port;
+    RealOverlay overlay;
+    overlay.expectAfter({left}, {overThree[1]});
+    QTest::keyClick(QGuiApplication::focusWindow(), Qt::Key_Escape);
+    EXPECT_TRUE(QTest::qWaitFor([] { return RealOverlay::windows().isEmpty(); }));
+    ActivationPolicy policy(port);
+    BreakPreviewController preview(overlay.settings, overlay.strings, overlay.runLoop, overlay.host, policy);
+    preview.open({});
+    ASSERT_EQ(QGuiApplication::topLevelWindows().size(), 1);
+    QWindow *const window = QGuiApplication::topLevelWindows().constFirst();
+    EXPECT_EQ(window->title(), u"Break preview");
+    EXPECT_EQ(window->size(), QSize(1280, 720));
+    EXPECT_EQ(window->minimumSize(), QSize(720, 405));
+    EXPECT_FALSE(window->flags().testFlag(Qt::FramelessWindowHint));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+    QTest::keyClick(window, Qt::Key_A);
+    window->setProperty("escClosesWindow", false);
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_TRUE(preview.isOpen());
+    window->setProperty("escClosesWindow", true);
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_FALSE(preview.isOpen());
+    EXPECT_EQ(overlay.machine.currentPhase(), PomodoroPhase::working) << "it has nothing to do with the timer";
 }
 
 TEST(OverlayScreensTests, FollowsAScreenThatChangesWhileItIsCovered)

@@ -6,6 +6,7 @@
 #include "Platform/Overlay/ApplicationKeyMonitor.h"
 
 #include <gtest/gtest.h>
+#include <QtCore/QPropertyAnimation>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QKeyEvent>
 
@@ -57,6 +58,37 @@ TEST(BreakOverlayWindows, LetViewsGoInALaterTurnAndTheFilesWithTheLast)
     fixture.host.isBroken = true;
     EXPECT_EQ(windows.make({u"a"_s, {}, 1, true}, {}), nullptr);
     EXPECT_EQ(fixture.finished, 1);
+}
+
+TEST(BreakOverlayWindows, FadeInAndOutWhereTheDesktopCan)
+{
+    Windows fixture;
+    fixture.screens.fades = true;
+    fixture.host.properties = {{"inTime", 400}, {"outTime", 250}};
+    BreakOverlayWindows windows({fixture.machine, fixture.timer, fixture.settings, fixture.strings}, fixture.strings,
+                                fixture.host, fixture.screens, fixture.runLoop, fixture.videos);
+    auto overlay = windows.make({u"a"_s, {}, 1, true}, {});
+    QWindow &window = *fixture.host.current;
+    window.show();
+    // Its time is the test's.
+    const auto opacityAt = [&window](int time) {
+        auto *fade = window.findChild<QPropertyAnimation *>();
+        fade->pause();
+        fade->setCurrentTime(time);
+        return window.opacity();
+    };
+    EXPECT_EQ(opacityAt(0), 0);
+    EXPECT_NEAR(opacityAt(200), 0.75, 0.01);
+    // The break is over while it still comes.
+    overlay.reset();
+    EXPECT_NEAR(opacityAt(0), 0.75, 0.01);
+    EXPECT_NEAR(opacityAt(125), 0.75 / 4, 0.01);
+    fixture.runLoop.drain();
+    EXPECT_EQ(fixture.host.alive, 1);
+    window.findChild<QPropertyAnimation *>()->resume();
+    EXPECT_EQ(opacityAt(250), 0);
+    fixture.runLoop.drain();
+    EXPECT_EQ(fixture.host.alive, 0);
 }
 
 TEST(BreakOverlayWindows, KeepWhatTheUserMutedForTheRestOfTheBreak)
