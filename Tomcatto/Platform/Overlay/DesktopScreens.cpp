@@ -3,6 +3,7 @@
 #include "Platform/X11/X11WindowState.h"
 
 #include <QtCore/QEvent>
+#include <QtGui/QColor>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
 #include <QtGui/QWindow>
@@ -119,6 +120,7 @@ void DesktopScreens::cover(QWindow &window, const QString &id)
         window.setFlags(window.flags() | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
         window.setGeometry(screen->geometry());
         X11WindowState().setFloating(window);
+        X11WindowState().setGround(window, window.property("color").value<QColor>().rgb());
         bypassCompositor(window);
         window.showFullScreen();
         m_covering.removeAll(nullptr);

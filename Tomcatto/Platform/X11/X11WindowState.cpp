@@ -68,6 +68,15 @@ void X11WindowState::setFloating(QWindow &window) const
     xcb_flush(m_display.connection());
 }
 
+void X11WindowState::setGround(QWindow &window, QRgb colour) const
+{
+    if (!m_display.isValid())
+        return;
+    const uint32_t pixel = colour | 0xFF000000;
+    xcb_change_window_attributes(m_display.connection(), static_cast<xcb_window_t>(window.winId()), XCB_CW_BACK_PIXEL,
+                                 &pixel);
+}
+
 void X11WindowState::setStates(QWindow &window, const QList<QByteArray> &names, bool isOn) const
 {
     if (!m_display.isValid())

@@ -3,6 +3,7 @@
 #include "Platform/X11/X11Display.h"
 
 #include <QtCore/QList>
+#include <QtGui/qrgb.h>
 
 class QWindow;
 
@@ -18,6 +19,8 @@ public:
     void setInTaskbar(QWindow &window, bool isInTaskbar) const;
     /// Keeps a window above the others, on every workspace, and out of taskbar and pager.
     void setFloating(QWindow &window) const;
+    /// What the display server shows of the window where it was not drawn yet; otherwise that is whatever was there.
+    void setGround(QWindow &window, QRgb colour) const;
 
 private:
     void setStates(QWindow &window, const QList<QByteArray> &names, bool isOn) const;
