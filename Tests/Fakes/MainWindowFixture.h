@@ -39,7 +39,7 @@ public:
     MainWindowRouter router;
     AppMenuCommands commands{router, {[] {}, [] {}, [] {}}};
     MainWindowViewModel window{{timer, general, videos, permissions, about}, commands, strings};
-    OnboardingViewModel onboarding{engine.settings, authorization, systemSettings, strings};
+    OnboardingViewModel onboarding{engine.settings, authorization, systemSettings, strings, engine.wallClock};
 };
 
 }

@@ -45,7 +45,8 @@ DesktopSurfaces::DesktopSurfaces(AppDependencies &dependencies, std::function<vo
     , m_mainWindowModel({m_timerPage, m_generalPage, m_videosPage, m_permissionsPage, m_aboutPage}, m_menuCommands,
                         dependencies.strings)
     , m_onboardingModel(dependencies.settings, *dependencies.notificationAuthorization,
-                        dependencies.platform.desktop->systemSettings, dependencies.strings)
+                        dependencies.platform.desktop->systemSettings, dependencies.strings,
+                        dependencies.platform.wallClock)
     , m_overlayWindows({dependencies.stateMachine, dependencies.timer, dependencies.settings, dependencies.strings},
                        dependencies.strings, m_viewHost, m_screens, dependencies.platform.runLoop, overlayVideos())
     , m_breakPreviewController(dependencies.settings, dependencies.strings, dependencies.platform.runLoop, m_viewHost,

@@ -13,7 +13,8 @@ enum class CalendarUnit { day, weekOfYear, month, year };
 /// The unit's name in reports: "day", "weekOfYear", "month" or "year".
 [[nodiscard]] QString rawValue(CalendarUnit unit);
 
-/// The rules by which instants become days: a time zone and the day a week begins with. Gregorian. A value; any thread.
+/// The rules by which instants become days and times of day: a time zone, the day a week begins with and how a time is
+/// written. Gregorian. A value; any thread.
 ///
 /// Days are calendar dates (`QDate`), so walking over them needs no time-zone conversion and is right on days of 23 and
 /// 25 hours and where midnight does not exist. The calendar reaches about two million years each way from 1970; a time
@@ -22,6 +23,8 @@ struct Calendar
 {
     QTimeZone timeZone;
     Qt::DayOfWeek firstWeekday = Qt::Monday;
+    /// In the letters of `QLocale::toString`; words in it, such as AM, are those of the locale that writes the time.
+    QString timeFormat = QStringLiteral("HH:mm");
 
     bool operator==(const Calendar &) const = default;
 

@@ -12,12 +12,13 @@ using quillbay::NotificationAuthorization;
 
 OnboardingViewModel::OnboardingViewModel(PomodoroSettings &settings, NotificationAuthorization &authorization,
                                          SystemSettings &systemSettings, const LocalizedStrings &strings,
-                                         QObject *parent)
+                                         const WallClock &wallClock, QObject *parent)
     : QObject(parent)
     , m_settings(settings)
     , m_authorization(authorization)
     , m_systemSettings(systemSettings)
     , m_strings(strings)
+    , m_wallClock(wallClock)
 {
     connect(&settings, &PomodoroSettings::changed, this, &OnboardingViewModel::changed);
     connect(&authorization, &NotificationAuthorization::changed, this, &OnboardingViewModel::changed);
@@ -103,7 +104,7 @@ QString OnboardingViewModel::barTime() const
     constexpr int tuesday = 2;
     const QLocale locale = m_strings.locale();
     return locale.dayName(tuesday, QLocale::ShortFormat) + QLatin1Char(' ') +
-           locale.toString(QTime(9, 0), QLocale::ShortFormat);
+           locale.toString(QTime(9, 0), m_wallClock.calendar().timeFormat);
 }
 
 void OnboardingViewModel::setShowsPill(bool showsPill)

@@ -2,6 +2,7 @@
 
 #include "Localization/LocalizedStrings.h"
 #include "Platform/Ports/SystemSettings.h"
+#include "Platform/Ports/WallClock.h"
 #include "QuillbayKit/NotificationAuthorization.h"
 #include "Timer/PomodoroSettings.h"
 
@@ -36,7 +37,8 @@ class OnboardingViewModel final : public QObject
 
 public:
     OnboardingViewModel(PomodoroSettings &settings, quillbay::NotificationAuthorization &authorization,
-                        SystemSettings &systemSettings, const LocalizedStrings &strings, QObject *parent = nullptr);
+                        SystemSettings &systemSettings, const LocalizedStrings &strings, const WallClock &wallClock,
+                        QObject *parent = nullptr);
 
     [[nodiscard]] int step() const noexcept { return m_step; }
     [[nodiscard]] int stepCount() const noexcept { return 4; }
@@ -78,6 +80,7 @@ private:
     quillbay::NotificationAuthorization &m_authorization;
     SystemSettings &m_systemSettings;
     const LocalizedStrings &m_strings;
+    const WallClock &m_wallClock;
     int m_step = 0;
     bool m_showsPill = false;
 };

@@ -1,6 +1,6 @@
 #include "MenuBar/PanelContentSource.h"
 
-#include "MenuBar/SpokenDuration.h"
+#include "Localization/SpokenDuration.h"
 #include "MenuBar/TransportControls.h"
 #include "StatusPill/StatusPillSource.h"
 
@@ -172,9 +172,9 @@ QString PanelContentSource::headline() const
         return text("app.name");
     const WallClock &wallClock = m_dependencies.platform.wallClock;
     const Date end = wallClock.now() + Seconds(static_cast<double>(m_dependencies.timer.remainingSeconds()));
-    const QTime time = toDateTime(end).toTimeZone(wallClock.calendar().timeZone).time();
-    return strings.format(QStringLiteral("menubar.header.until"),
-                          strings.locale().toString(time, QLocale::ShortFormat));
+    const Calendar calendar = wallClock.calendar();
+    const QTime time = toDateTime(end).toTimeZone(calendar.timeZone).time();
+    return strings.format(QStringLiteral("menubar.header.until"), strings.locale().toString(time, calendar.timeFormat));
 }
 
 QString PanelContentSource::caption() const

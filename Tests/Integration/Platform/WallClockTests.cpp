@@ -38,16 +38,19 @@ TEST_F(WallClockTests, TheCalendarFollowsZoneAndLocaleAtRunTime)
     const QTemporaryDir folder;
     const QByteArray link = folder.filePath(QStringLiteral("localtime")).toUtf8();
     ASSERT_TRUE(QFile::link(QStringLiteral("/usr/share/zoneinfo/Asia/Tokyo"), QString::fromUtf8(link)));
-    const std::tuple<const char *, const char *, QByteArray, QTimeZone, Qt::DayOfWeek> cases[] = {
-        {"LANG", "de_DE.UTF-8", "Asia/Kathmandu", QTimeZone("Asia/Kathmandu"), Qt::Monday},
-        {"LC_TIME", "en_US.UTF-8", "America/New_York", QTimeZone("America/New_York"), Qt::Sunday},
-        {"LC_ALL", "ar_EG", link, QTimeZone("Asia/Tokyo"), Qt::Saturday},
-        {"LC_ALL", "C", "/etc/hostname", QTimeZone::utc(), Qt::Monday},
-        {"LC_ALL", "C.UTF-8", "Europe/Paris", QTimeZone("Europe/Paris"), Qt::Monday}};
-    for (const auto &[variable, locale, zoneName, zone, weekday] : cases) {
+    const std::tuple<const char *, const char *, QByteArray, Calendar> cases[] = {
+        {"LANG", "de_DE.UTF-8", "Asia/Kathmandu", {QTimeZone("Asia/Kathmandu"), Qt::Monday, QStringLiteral("HH:mm")}},
+        {"LC_TIME",
+         "en_US.UTF-8",
+         "America/New_York",
+         {QTimeZone("America/New_York"), Qt::Sunday, QStringLiteral("h:mm AP")}},
+        {"LC_ALL", "ar_EG", link, {QTimeZone("Asia/Tokyo"), Qt::Saturday, QStringLiteral("h:mm AP")}},
+        {"LC_ALL", "C", "/etc/hostname", {QTimeZone::utc(), Qt::Monday, QStringLiteral("HH:mm")}},
+        {"LC_ALL", "C.UTF-8", "Europe/Paris", {QTimeZone("Europe/Paris"), Qt::Monday, QStringLiteral("HH:mm")}}};
+    for (const auto &[variable, locale, zoneName, calendar] : cases) {
         qputenv(variable, locale);
         qputenv("TZ", zoneName);
-        EXPECT_EQ(m_clock.calendar(), (Calendar{zone, weekday})) << locale;
+        EXPECT_EQ(m_clock.calendar(), calendar) << locale;
     }
 }
 

@@ -57,6 +57,13 @@ TEST(BreakOverlayModel, ShowsTheBreakAndDrivesTheStateMachine)
     EXPECT_EQ(model.title(), u"Long break"_s);
     models.language.setLanguage(SelectedLanguage::de);
     EXPECT_EQ(model.title(), u"Lange Pause"_s);
+    models.settings.setLongBreakDurationSeconds(3900);
+    models.machine.reset();
+    models.machine.start();
+    models.machine.skip();
+    models.machine.skip();
+    models.machine.skip();
+    EXPECT_EQ(model.spokenTime(), u"Pause, noch 1 Stunde 5 Minuten"_s) << "worded as in the panel";
 }
 
 TEST(BreakOverlayModel, AsksForItsVideoOnceItIsOnScreen)

@@ -2,7 +2,6 @@
 #include "MenuBar/MenubarPanelViewModel.h"
 
 #include <gtest/gtest.h>
-#include <QtCore/QRegularExpression>
 #include <QtTest/QSignalSpy>
 
 namespace tomcatto {
@@ -62,7 +61,7 @@ const StateCase states[] = {
     {"own rhythm", [](Panel &panel) { panel.dependencies.settings.setWorkDurationSeconds(3700); }, "idle", "Focus",
      "61:40", "Tomcatto", "Your own rhythm", "Start focus", "play.fill", "", "0/4+",
      "Focus, 1 hour 1 minute 40 seconds planned"},
-    {"working", run(528), "work", "Focus", "16:12", "until 0?9:18.*", "", "Pause", "pause.fill", "rse", "0/4+",
+    {"working", run(528), "work", "Focus", "16:12", "until 09:18", "", "Pause", "pause.fill", "rse", "0/4+",
      "Focus, 16 minutes 12 seconds left"},
     {"paused",
      [](Panel &panel) {
@@ -72,7 +71,7 @@ const StateCase states[] = {
      },
      "work", "Focus, paused", "16:12", "Tomcatto", "", "Resume", "play.fill", "rse", "0/4+",
      "Focus, paused, 16 minutes 12 seconds left"},
-    {"short break", run(1602), "shortBreak", "Short break", "03:18", "until 0?9:23.*", "", "Pause", "pause.fill", "rse",
+    {"short break", run(1602), "shortBreak", "Short break", "03:18", "until 09:23", "", "Pause", "pause.fill", "rse",
      "1/4", "Short break, 3 minutes 18 seconds left"},
     {"pending break", pendingBreak, "shortBreak", "Break ready", "05:00", "Tomcatto", "Take your time", "Start break",
      "cup.and.saucer.fill", "rs", "1/4", "Break ready, 5 minutes, waiting to be started"},
@@ -97,7 +96,7 @@ const StateCase states[] = {
          panel.dependencies.settings.setCyclesBeforeLongBreak(1);
          run(1501)(panel);
      },
-     "longBreak", "Long break", "14:59", "until 0?9:33.*", "", "Pause", "pause.fill", "rse", "1/1",
+     "longBreak", "Long break", "14:59", "until 09:33", "", "Pause", "pause.fill", "rse", "1/1",
      "Long break, 14 minutes 59 seconds left"},
 };
 
@@ -116,9 +115,7 @@ TEST_P(PanelStates, AreWordedAndOffered)
     EXPECT_EQ(phase.theme, QLatin1String(expected.theme));
     EXPECT_EQ(phase.name, QLatin1String(expected.phaseName));
     EXPECT_EQ(panel.model.clock().text, QLatin1String(expected.time));
-    // The clock's form is the locale's.
-    const QRegularExpression headline(QRegularExpression::anchoredPattern(QLatin1String(expected.headline)));
-    EXPECT_TRUE(headline.match(phase.headline).hasMatch()) << phase.headline.toStdString();
+    EXPECT_EQ(phase.headline, QLatin1String(expected.headline));
     EXPECT_EQ(phase.caption, QLatin1String(expected.caption));
     EXPECT_EQ(phase.primaryText, QLatin1String(expected.primary));
     EXPECT_EQ(phase.primarySymbol, QLatin1String(expected.primarySymbol));
@@ -156,6 +153,15 @@ TEST(MenubarPanelViewModel, PrimaryGoesThroughAllItsMeanings)
     panel.model.primary();
     EXPECT_EQ(panel.machine().currentPhase(), PomodoroPhase::working);
     EXPECT_FALSE(panel.machine().isPaused());
+}
+
+TEST(MenubarPanelViewModel, TheClockHasTheSystemsFormInEveryLanguage)
+{
+    Panel panel;
+    panel.wallClock.setCalendar({QTimeZone::utc(), Qt::Monday, u"h:mm AP"_qs});
+    panel.dependencies.languageOverrideService.setLanguage(SelectedLanguage::tr);
+    run(528)(panel);
+    EXPECT_EQ(panel.model.phase().headline, u"bitiş 9:18 ÖÖ"_qs);
 }
 
 TEST(MenubarPanelViewModel, OneTurnOfTheLoopIsOneUpdateAndTicksLeaveTheRestAlone)

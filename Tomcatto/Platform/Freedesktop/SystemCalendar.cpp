@@ -21,6 +21,17 @@ QByteArray timeLocaleName()
     return {};
 }
 
+/// Takes over the habits of the locale of this name, such as "de_DE.UTF-8". Names that carry no country's habits, as
+/// "C", give weeks from Monday and hours to 24.
+void followLocale(Calendar &calendar, const QByteArray &name)
+{
+    const QByteArray base = name.split('.').constFirst().split('@').constFirst();
+    const QLocale locale(base.isEmpty() || base == "POSIX" ? QStringLiteral("C") : QString::fromLatin1(base));
+    const bool hasHabits = locale.language() != QLocale::C;
+    calendar.firstWeekday = hasHabits ? locale.firstDayOfWeek() : Qt::Monday;
+    calendar.timeFormat = hasHabits ? locale.timeFormat(QLocale::ShortFormat) : Calendar().timeFormat;
+}
+
 /// The zone's name that the `TZ` variable stands for if that is a path, which Qt does not know; empty if it is none, or
 /// one of a file that is not the system's.
 QByteArray nameOfZoneFile(QByteArray variable)
@@ -50,14 +61,6 @@ QTimeZone readZone(const QByteArray &variable)
 
 }
 
-Qt::DayOfWeek firstWeekdayOfLocale(const QByteArray &name)
-{
-    const QByteArray base = name.split('.').constFirst().split('@').constFirst();
-    if (base.isEmpty() || base == "C" || base == "POSIX")
-        return Qt::Monday;
-    return QLocale(QString::fromLatin1(base)).firstDayOfWeek();
-}
-
 const Calendar &SystemCalendar::current()
 {
     ZoneSource source = zoneSource();
@@ -67,7 +70,7 @@ const Calendar &SystemCalendar::current()
     }
     QByteArray name = timeLocaleName();
     if (!m_isRead || name != m_localeName) {
-        m_calendar.firstWeekday = firstWeekdayOfLocale(name);
+        followLocale(m_calendar, name);
         m_localeName = std::move(name);
     }
     m_isRead = true;

@@ -36,8 +36,4 @@ private:
     Calendar m_calendar;
 };
 
-/// The day that weeks begin with by a locale's name, such as "de_DE.UTF-8". Names that carry no country's habits, as
-/// "C", give Monday.
-[[nodiscard]] Qt::DayOfWeek firstWeekdayOfLocale(const QByteArray &name);
-
 }

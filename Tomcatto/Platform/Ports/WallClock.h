@@ -13,7 +13,8 @@ public:
 
     /// The current instant; it may jump either way when the clock is set.
     [[nodiscard]] virtual Date now() const = 0;
-    /// The user's calendar as it is now: the system's time zone and first weekday, whatever language is chosen.
+    /// The user's calendar as it is now: the system's time zone, first weekday and form of the
+    /// time of day, whatever language is chosen.
     [[nodiscard]] virtual Calendar calendar() const = 0;
     /// Calls `changed` when a day begins, the clock was set or the time zone changed. One absolute timer, no polling.
     [[nodiscard]] virtual Cancellable onDayChanged(std::function<void()> changed) = 0;

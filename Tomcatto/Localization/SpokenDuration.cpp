@@ -1,4 +1,4 @@
-#include "MenuBar/SpokenDuration.h"
+#include "Localization/SpokenDuration.h"
 
 #include <algorithm>
 
