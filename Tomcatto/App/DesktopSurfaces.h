@@ -21,6 +21,7 @@
 #include "Platform/Overlay/DesktopScreens.h"
 #include "Platform/Widgets/PluginViewHost.h"
 #include "Platform/Widgets/StatusItemSwitch.h"
+#include "Platform/Widgets/ToolkitTheme.h"
 #include "Platform/X11/X11ClickMonitor.h"
 #include "Platform/X11/X11TaskbarPresence.h"
 #include "SystemIntegration/ActivationPolicy.h"
@@ -93,6 +94,7 @@ private:
     const Logger m_logger{QStringLiteral("DesktopSurfaces")};
 
     DesktopAppearance m_appearance;
+    ToolkitTheme m_toolkitTheme{m_appearance};
     X11TaskbarPresence m_taskbarPresence;
     X11ClickMonitor m_clickMonitor;
     DesktopScreens m_screens;

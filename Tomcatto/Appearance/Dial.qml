@@ -36,13 +36,24 @@ Item {
         }
     }
 
+    /// To be called when the name says another thing than before.
+    function tellName() {
+        spoken.tell()
+    }
+
     implicitWidth: 200
     implicitHeight: 200
-    Accessible.role: Accessible.StaticText
-    Accessible.name: name
     onShownProgressChanged: moveArc()
     Component.onCompleted: painter.progress = shownProgress
 
+    SpokenText {
+        id: spoken
+
+        anchors.fill: parent
+        name: dial.name
+        Accessible.role: Accessible.StaticText
+        Accessible.ignored: dial.name.length === 0
+    }
     NumberAnimation {
         id: arcMotion
 

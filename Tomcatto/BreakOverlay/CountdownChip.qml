@@ -15,9 +15,13 @@ Item {
     objectName: "break.countdown.chip"
     implicitWidth: Math.max(248 * unit, face.implicitWidth + 64 * unit)
     implicitHeight: 76 * unit
-    Accessible.role: Accessible.StaticText
-    Accessible.name: spokenTime
 
+    SpokenText {
+        objectName: "break.countdown.spoken"
+        anchors.fill: parent
+        name: chip.spokenTime
+        Accessible.role: Accessible.StaticText
+    }
     ChipShape {
         y: -chip.earHeight
         width: chip.width

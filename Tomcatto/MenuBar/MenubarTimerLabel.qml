@@ -14,6 +14,9 @@ Dial {
     readonly property real symbolRoom: 20
     readonly property bool showsSymbol: shown.symbol.length > 0 && fullName.advanceWidth * 11 / 13 <= nameRoom - symbolRoom
 
+    /// Whether the name will say another thing, not only other figures.
+    property bool saysOther: false
+
     /// The chip went while it had the keyboard.
     signal focusLeft(int reason)
 
@@ -22,6 +25,14 @@ Dial {
     paused: shown.isPaused
     pending: shown.isPending
     name: viewModel.clock.name
+    // The name follows the phase.
+    onShownChanged: saysOther = true
+    onNameChanged: {
+        if (!saysOther)
+            return
+        saysOther = false
+        tellName()
+    }
 
     TextMetrics {
         id: fullName

@@ -68,10 +68,17 @@ Item {
         strings: body.strings
         viewModel: body.viewModel
     }
-    // Read aloud by itself when its text changes.
-    Item {
-        Accessible.role: Accessible.AlertMessage
-        Accessible.name: body.viewModel.announcement
-        Accessible.ignored: body.viewModel.announcement.length === 0
+    SpokenText {
+        id: notice
+
+        isNotice: true
+        Accessible.role: Accessible.Notification
+    }
+    Connections {
+        function onAnnouncementChanged() {
+            notice.announce(body.viewModel.announcement)
+        }
+
+        target: body.viewModel
     }
 }

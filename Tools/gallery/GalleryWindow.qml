@@ -24,14 +24,6 @@ Rectangle {
             SidebarRow { width: 184; text: "Permissions"; symbol: "shield"; showFocus: true }
             SidebarRow { width: 40; text: "About"; symbol: "info"; compact: true }
         }
-        AlertDialogContent {
-            x: 0; y: 320; width: 208
-            title: "Reset all figures"
-            text: "This cannot be taken back."
-            confirmText: "Delete"
-            cancelText: "Keep"
-            destructive: true
-        }
     }
     ScrollPage {
         x: 208

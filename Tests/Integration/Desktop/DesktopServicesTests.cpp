@@ -5,6 +5,7 @@
 #include "Platform/FreedesktopDesktop/DesktopAppearance.h"
 #include "Platform/FreedesktopDesktop/DesktopSystemSettings.h"
 #include "Platform/FreedesktopDesktop/FreedesktopNotificationProbe.h"
+#include "Platform/Widgets/ToolkitTheme.h"
 #include "TestScreen.h"
 
 #include <gmock/gmock.h>
@@ -14,6 +15,8 @@
 #include <QtDBus/QDBusMessage>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPalette>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QMessageBox>
 
 using namespace tomcatto;
 
@@ -98,6 +101,31 @@ TEST_F(DesktopBusTests, AppearanceAsksAPortalThatComesLater)
          {m_portalSettings, QStringLiteral("SettingChanged"), QStringLiteral("ssv"),
           QVariantList{QStringLiteral("org.freedesktop.appearance"), QStringLiteral("reduced-motion"), 1U}});
     EXPECT_TRUE(QTest::qWaitFor([&] { return appearance.reducedMotion(); }));
+}
+
+TEST(ToolkitThemeTests, MenusAndWarningsFollowTheThemeWhateverTheDesktopHas)
+{
+    DesktopAppearance appearance{QDBusConnection(QString())};
+    const ToolkitTheme theme(appearance);
+    const auto isDark = [](const QWidget &widget) {
+        widget.ensurePolished();
+        return widget.palette().color(QPalette::Window).lightness() <
+               widget.palette().color(QPalette::WindowText).lightness();
+    };
+    QPalette night;
+    night.setColor(QPalette::Window, Qt::black);
+    night.setColor(QPalette::WindowText, Qt::white);
+    for (const bool isDesktopDark : {false, true, false}) {
+        QGuiApplication::setPalette(isDesktopDark ? night : QPalette());
+        for (const auto override : {std::optional(true), std::optional(false), std::optional<bool>()}) {
+            appearance.setDarkOverride(override);
+            const QMenu menu;
+            const QMessageBox warning;
+            EXPECT_EQ(isDark(menu), override.value_or(isDesktopDark)) << isDesktopDark;
+            EXPECT_EQ(isDark(warning), override.value_or(isDesktopDark)) << isDesktopDark;
+            EXPECT_EQ(appearance.isDesktopDark(), isDesktopDark) << "what it tells is not what was set";
+        }
+    }
 }
 
 TEST_F(DesktopBusTests, NotificationsAreWhatTheServerSays)

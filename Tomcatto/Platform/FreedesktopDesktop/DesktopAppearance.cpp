@@ -35,12 +35,6 @@ QString settingName(const QString &space, const QString &key)
     return space + u' ' + key;
 }
 
-bool isPaletteDark()
-{
-    const QPalette palette = QGuiApplication::palette();
-    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
-}
-
 /// Some portals wrap values twice.
 QVariant unwrapped(QVariant value)
 {
@@ -49,6 +43,12 @@ QVariant unwrapped(QVariant value)
     return value;
 }
 
+}
+
+bool isPaletteDark()
+{
+    const QPalette palette = QGuiApplication::palette();
+    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
 }
 
 DesktopAppearance::DesktopAppearance(const QDBusConnection &sessionBus)

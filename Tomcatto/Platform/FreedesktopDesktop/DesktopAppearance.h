@@ -12,6 +12,9 @@ class QDBusMessage;
 
 namespace tomcatto {
 
+/// Whether the desktop gives the toolkit a dark palette.
+[[nodiscard]] bool isPaletteDark();
+
 /// What the desktop prefers in looks, and what the user has set over it. The desktop's portal is asked over D-Bus and
 /// followed live; where it does not answer, the palette tells dark from light. Nothing here waits for the bus: the
 /// first values are the palette's. Main thread only.

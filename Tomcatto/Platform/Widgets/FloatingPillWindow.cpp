@@ -1,9 +1,11 @@
 #include "Platform/Widgets/FloatingPillWindow.h"
 
 #include "Foundation/ApplicationIdentity.h"
+#include "Platform/Widgets/PillAccessibility.h"
 
 #include <algorithm>
 #include <chrono>
+#include <QtGui/QAccessible>
 #include <QtGui/QContextMenuEvent>
 #include <QtGui/QCursor>
 #include <QtGui/QGuiApplication>
@@ -43,6 +45,7 @@ bool canPlaceWindows()
 FloatingPillWindow::FloatingPillWindow(UserDefaults &defaults)
     : m_defaults(defaults)
 {
+    installPillAccessibility();
     setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_TranslucentBackground);
@@ -117,8 +120,7 @@ void FloatingPillWindow::present(const StatusItemPresentation &presentation)
     m_pill = presentation.pill;
     m_title = presentation.title;
     setToolTip(presentation.toolTip);
-    if (accessibleName() != presentation.accessibleText)
-        setAccessibleName(presentation.accessibleText);
+    m_accessibleText = presentation.accessibleText;
     fit();
     update();
 }
@@ -224,6 +226,9 @@ void FloatingPillWindow::focusInEvent(QFocusEvent *event)
 {
     // The window manager gives the keyboard before the press comes, and does not say why.
     m_showsFocus = !rect().contains(mapFromGlobal(QCursor::pos()));
+    // Readers keep the words that they were told last.
+    QAccessibleEvent words(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&words);
     QPushButton::focusInEvent(event);
 }
 

@@ -32,6 +32,8 @@ public:
     void setMenu(const TrayMenu &menu) { m_popup.setMenu(menu); }
     /// Whether the strip behind the pill is dark.
     void setDark(bool isDark);
+    /// What a screen reader says.
+    [[nodiscard]] const QString &accessibleText() const noexcept { return m_accessibleText; }
     /// Device pixels to a logical pixel where the window is or will be.
     [[nodiscard]] double scale() const;
 
@@ -68,6 +70,7 @@ private:
     TrayMenuPopup m_popup;
     QImage m_pill;
     QString m_title;
+    QString m_accessibleText;
     /// The place: a screen, and where on its width the middle of the window is, 0 to 1.
     QPointer<QScreen> m_screen;
     double m_fraction = 0.5;
