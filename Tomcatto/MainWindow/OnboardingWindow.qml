@@ -42,10 +42,13 @@ Window {
         scroll.contentY = Math.max(0, Math.min(scroll.contentHeight - scroll.height, y))
     }
 
+    // Of one size, and says so: a compositor that tiles windows lets such a one float.
     width: Math.round(640 * Math.min(1.25, Theme.textScale))
     height: Math.round(500 * Math.min(1.25, Theme.textScale))
-    minimumWidth: 640
-    minimumHeight: 500
+    minimumWidth: width
+    maximumWidth: width
+    minimumHeight: height
+    maximumHeight: height
     title: words("onboarding.window.title")
     color: Theme.paper
     onVisibleChanged: if (visible) primary.forceActiveFocus()

@@ -85,9 +85,15 @@ void MenuBarPopover::place(const QRect &rectangle)
     QWindow *shown = window();
     if (!shown)
         return;
+    // Of one size, and says so: a compositor that tiles windows lets such a one float.
+    const QSize size = rectangle.size();
+    shown->setMinimumSize(size.boundedTo(shown->minimumSize()));
+    shown->setMaximumSize(size.expandedTo(shown->maximumSize()));
     shown->setGeometry(rectangle);
+    shown->setMinimumSize(size);
+    shown->setMaximumSize(size);
     if (!shown->property("isComposited").toBool())
-        shown->setMask(roundedRegion(rectangle.size()));
+        shown->setMask(roundedRegion(size));
 }
 
 void MenuBarPopover::correctPlace()
