@@ -32,12 +32,11 @@ Item {
             else
                 setSource(Qt.resolvedUrl("RenderedFilm.qml"), {"film": player})
         }
+        onLoaded: item.film = player
     }
     Component {
         id: painted
 
-        SoftwareVideoItem {
-            film: player
-        }
+        SoftwareVideoItem {}
     }
 }
