@@ -164,13 +164,3 @@ TEST(OverlayScreensTests, FollowsAScreenThatChangesWhileItIsCovered)
 
 }
 }
-
-int main(int argc, char **argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_QUICK_BACKEND", "software");
-    const QGuiApplication application(argc, argv);
-    QGuiApplication::setQuitOnLastWindowClosed(false);
-    testing::InitGoogleMock(&argc, argv);
-    return RUN_ALL_TESTS();
-}

@@ -64,12 +64,3 @@ TEST(QuickViewHostTests, LogsViewsThatCannotBeMadeAndKeepsNoEngineForThem)
     EXPECT_GE(log.count(LogLevel::error), 3);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !host.hasEngine(); }));
 }
-
-int main(int argc, char **argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_QUICK_BACKEND", "software");
-    const QGuiApplication application(argc, argv);
-    testing::InitGoogleMock(&argc, argv);
-    return RUN_ALL_TESTS();
-}
