@@ -1,10 +1,15 @@
 """Measures the desktop program on a display of its own, for processes.py. Linux only."""
 
+import os
+import shutil
 import statistics
+import subprocess
+import tempfile
 import time
 
 from breaks import kept
 from desktop_session import COUNTDOWN, LAUNCH, Session, ask, film
+from endings import ending
 from figures import resting, row, starts
 from measured_process import Places, Running
 from screen import HEIGHT, LOOK_SECONDS, WIDTH, Display, bright_pixels, differing, wait_until
@@ -14,6 +19,7 @@ PANELS = 5
 BREAKS = 5
 PLAY_SECONDS = 10
 PLAY_ROUNDS = 3
+COUNTED_SECONDS = 3
 # A phase that the views for its end are made ready in.
 WARMED_SECONDS = 4
 
@@ -58,24 +64,38 @@ def seconds_to_break(session, warmed):
     return countdown, frame
 
 
-def processor_time_beside_player(session):
-    """Processor seconds a second that the overlay takes, and a plain player of the same clip; with each the server's."""
-    player = ["mpv", "--no-config", "--really-quiet", "--vo=x11", "--fs", "--no-audio", "--loop-file=inf", "--no-osc",
-              "--no-input-default-bindings", session.clip]
+def frames_a_second(display):
+    """How many pictures of a film that moves everywhere stand on the screen in a second."""
+    seen, last, begin = 0, None, time.perf_counter()
+    while time.perf_counter() - begin < COUNTED_SECONDS:
+        picture = display.pixels(0, HEIGHT // 2, WIDTH, HEIGHT // 2 + 1)
+        seen, last = seen + (last is not None and picture != last), picture
+        time.sleep(LOOK_SECONDS)
+    return seen / COUNTED_SECONDS
+
+
+def beside_player(build, display, film, rounds=1):
+    """What a second of a film takes of the overlay and of a plain player: its processor time, the server's, and frames."""
     taken = {"overlay": [], "player": []}
-    for _ in range(PLAY_ROUNDS):
-        for name in taken:
-            running = session.run("-workDurationSeconds", 1000) if name == "overlay" else Running(session.places, player)
+    with Places() as places:
+        session = Session(build, display, places)
+        session.clip = shutil.copy(film, places.folder)
+        session.play_own_clip()
+        player = ["mpv", "--no-config", "--really-quiet", "--vo=x11", "--fs", "--no-audio", "--loop-file=inf", "--no-osc",
+                  "--no-input-default-bindings", session.clip]
+        for name in [*taken] * rounds:
+            running = session.run("-workDurationSeconds", 1000) if name == "overlay" else Running(places, player)
             with running:
                 if name == "overlay":
-                    ask(session.places, "start")
-                    ask(session.places, "skip")
+                    ask(places, "start")
+                    ask(places, "skip")
                 time.sleep(3)
-                before = (running.processor_seconds(), session.display.processor_seconds())
+                before = (running.processor_seconds(), display.processor_seconds())
                 time.sleep(PLAY_SECONDS)
-                after = (running.processor_seconds(), session.display.processor_seconds())
-                taken[name].append([(b - a) / PLAY_SECONDS for a, b in zip(before, after)])
-    return {name: [statistics.median(column) for column in zip(*rounds)] for name, rounds in taken.items()}
+                after = (running.processor_seconds(), display.processor_seconds())
+                seconds = [(b - a) / PLAY_SECONDS for a, b in zip(before, after)]
+                taken[name].append([*seconds, frames_a_second(display)])
+    return [[statistics.median(column) for column in zip(*taken[name])] for name in taken]
 
 
 def hidden(session):
@@ -110,13 +130,28 @@ def shown(session):
             yield row(f"{what}, after {words}", statistics.median(column) * 1e3, "ms", limit)
 
 
-def playing(session):
-    session.play_own_clip()
-    taken = processor_time_beside_player(session)
-    (own, own_server), (player, player_server) = taken["overlay"], taken["player"]
-    yield row("processor time of a break's video, per second", own * 1e3, "ms", 1.2, ("`mpv`", player * 1e3),
-              "at most 1.2 × `mpv`", True)
-    yield row("the display server's for it, per second", own_server * 1e3, "ms", yardstick=("`mpv`", player_server * 1e3))
+def moving_film(folder):
+    """A film of which no part stands still: a flight into the Mandelbrot set, by ffmpeg."""
+    film = os.path.join(folder, "moving.mp4")
+    subprocess.run(["ffmpeg", "-v", "error", "-f", "lavfi", "-i", f"mandelbrot=size={WIDTH}x{HEIGHT}:rate=30:start_scale=0.2",
+                    "-t", "6", "-pix_fmt", "yuv420p", "-preset", "veryfast", film], check=True)
+    return film
+
+
+def playing(build, _):
+    """Rows of what a video costs: the bundled ones together, and one that moves everywhere."""
+    with Display() as display, tempfile.TemporaryDirectory() as folder:
+        clips = [beside_player(build, display, clip) for clip in sorted((build / "BundledVideos").glob("*.mp4"))]
+        (own, own_server, _), (player, player_server, _) = ([statistics.mean(column) for column in zip(*kind)]
+                                                            for kind in zip(*clips))
+        yield row("processor time of a break's video, per second", own * 1e3, "ms", 0.6, ("`mpv`", player * 1e3),
+                  "at most 0.6 × `mpv`", True)
+        yield row("the display server's for it, per second", own_server * 1e3, "ms",
+                  yardstick=("`mpv`", player_server * 1e3))
+        (own, _, frames), (player, _, player_frames) = beside_player(build, display, moving_film(folder), PLAY_ROUNDS)
+        yield row("processor time of a film that moves everywhere, per second", own * 1e3, "ms", 1,
+                  ("`mpv`", player * 1e3), "at most 1 × `mpv`", True)
+        yield row("its frames on the screen", frames, "a second", yardstick=("`mpv`", player_frames))
 
 
 def on_display(rows):
@@ -127,4 +162,4 @@ def on_display(rows):
     return measure
 
 
-MEASUREMENTS = tuple(map(on_display, (hidden, kept, shown, playing)))
+MEASUREMENTS = (*map(on_display, (hidden, kept, shown, ending)), playing)

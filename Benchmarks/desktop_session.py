@@ -57,9 +57,9 @@ class Followed:
             self.phase = json.loads(line)["result"]["phase"]
 
 
-def film(display):
+def film(display, part=PICTURE):
     """What a break leaves to its video of the screen, as bytes; none while there is only the colour of a break's ground."""
-    pixels = display.pixels(*PICTURE, 25)
+    pixels = display.pixels(*part, 25)
     return pixels if len(set(zip(pixels[0::4], pixels[1::4], pixels[2::4]))) > 50 else None
 
 
