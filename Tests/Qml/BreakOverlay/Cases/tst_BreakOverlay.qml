@@ -46,6 +46,14 @@ TestCase {
         }
     }
     Component {
+        id: films
+
+        VideoPlayerView {
+            anchors.fill: parent
+            isMuted: true
+        }
+    }
+    Component {
         id: overlays
 
         BreakOverlayView {
@@ -151,6 +159,19 @@ TestCase {
         const picture = findChild(content, "break.picture")
         verify(picture.y <= 0 && picture.y + picture.height >= content.height && picture.width === content.width)
         verify(!data.showsPaws || picture.y + picture.height * 0.78 <= boxes[0].top, "it covers the paws")
+    }
+
+    function test_filmsPlayAndEnd() {
+        const clip = Qt.resolvedUrl("../../../../Resources/BundledVideos/2-the-fish.mp4")
+        // Ended before it began, while it begins, and while it plays.
+        films.createObject(test, {"videoUrl": clip}).destroy()
+        const beginning = films.createObject(test, {"videoUrl": clip})
+        const film = createTemporaryObject(films, test, {"videoUrl": clip})
+        wait(0)
+        beginning.destroy()
+        tryVerify(() => film.hasFrame)
+        const first = grabImage(film)
+        tryVerify(() => !grabImage(film).equals(first))
     }
 
     function test_countdownDoesNotWaitForTheVideo() {
