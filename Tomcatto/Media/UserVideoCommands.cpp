@@ -11,6 +11,8 @@ namespace {
 
 using Kind = UserVideoCommandError::Kind;
 
+constexpr std::chrono::seconds diskPatience{8};
+
 UserVideoCommandError refusal(VideoFileError error, const QString &path)
 {
     return {Kind::file, description(error, path), error};
@@ -72,7 +74,22 @@ void UserVideoCommands::add(const QString &path, std::function<void(const AddRes
             UserVideoCommandError{Kind::usage, QStringLiteral("\"%1\" is no absolute path.").arg(path), {}}));
         return;
     }
-    m_queue.async([this, path, done = std::move(done)] {
+    // A disk that hangs shall not hold up the queue, and with it the end.
+    using Problem = std::optional<VideoFileError>;
+    m_disks.ask<Problem>({{path.toUtf8(), [path] { return VideoFileValidator::problemAtFirstSight(path); }}},
+                         diskPatience,
+                         [this, path, done = std::move(done)](const std::vector<std::optional<Problem>> &answers) {
+                             const Problem problem = answers.front().value_or(VideoFileError::timedOut);
+                             if (problem)
+                                 done(std::unexpected(refusal(*problem, path)));
+                             else
+                                 validate(path, done);
+                         });
+}
+
+void UserVideoCommands::validate(const QString &path, const std::function<void(const AddResult &)> &done)
+{
+    m_queue.async([this, path, done] {
         const auto valid = m_validator.validate(path, m_stop.get_token());
         QMetaObject::invokeMethod(
             this,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Media/DiskQuestions.h"
 #include "Media/VideoFileValidator.h"
 #include "Persistence/Repositories/UserVideo.h"
 #include "Persistence/SerialQueue.h"
@@ -79,10 +80,12 @@ private:
     using Operation =
         std::function<void(const QUuid &, std::function<void(std::expected<UserVideoSave, UserVideoRepositoryError>)>)>;
     void change(const QString &id, const std::function<void(const Result &)> &done, const Operation &operation);
+    void validate(const QString &path, const std::function<void(const AddResult &)> &done);
     void store(const QString &path, const std::function<void(const AddResult &)> &done);
 
     UserVideoRepository &m_repository;
     VideoFileValidator m_validator;
+    DiskQuestions m_disks;
     std::stop_source m_stop;
     SerialQueue m_queue;
 };

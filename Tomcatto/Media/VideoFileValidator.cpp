@@ -75,6 +75,12 @@ QString description(VideoFileError error, const QString &path)
     return {};
 }
 
+std::optional<VideoFileError> VideoFileValidator::problemAtFirstSight(const QString &path)
+{
+    const auto start = readableStart(path);
+    return start ? std::nullopt : std::optional(start.error());
+}
+
 std::expected<void, VideoFileError> VideoFileValidator::validate(const QString &path, const std::stop_token &stop) const
 {
     const auto start = readableStart(path);

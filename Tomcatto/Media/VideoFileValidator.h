@@ -35,6 +35,9 @@ public:
     /// do.
     [[nodiscard]] std::expected<void, VideoFileError> validate(const QString &path, const std::stop_token &stop) const;
 
+    /// What is wrong with a file before anything reads into it; nothing as a rule. Waits for as long as its disk does.
+    [[nodiscard]] static std::optional<VideoFileError> problemAtFirstSight(const QString &path);
+
 private:
     const StillFrame &m_stillFrame;
 };
