@@ -124,6 +124,7 @@ class WaylandTest(unittest.TestCase):
         desktop.wait_for(lambda: (True, 280, 460, False) in desktop.windows("Tomcatto"))
         self.assertEqual(desktop.run("window", "general").returncode, 0)
         desktop.wait_for(lambda: any(not floats for floats, *_ in desktop.windows("Tomcatto")))
+        desktop.wait_for(lambda: b"\xff\x00\xff" in desktop.colours())  # the second screen is empty
         desktop.run("start")
         self.assertEqual(desktop.run("skip").returncode, 0)
         desktop.wait_for(lambda: desktop.windows("Short break") == [(False, 853, 600, True)] * 2)
