@@ -293,11 +293,11 @@ void FilmPipeline::connectSound(GstPad *pad)
         gst_element_sync_state_with_parent(element);
 }
 
-void FilmPipeline::follow(const FilmPlayback::Wish &wish)
+void FilmPipeline::follow(const FilmPlayback::Wish &wish, bool isReady)
 {
     if (m_volume)
         g_object_set(m_volume.get(), "mute", wish.isMuted ? TRUE : FALSE, nullptr);
-    gst_element_set_state(m_pipeline.get(), wish.isStill ? GST_STATE_PAUSED : GST_STATE_PLAYING);
+    gst_element_set_state(m_pipeline.get(), isReady && !wish.isStill ? GST_STATE_PLAYING : GST_STATE_PAUSED);
 }
 
 void FilmPipeline::rewind()
@@ -357,6 +357,8 @@ void FilmPipeline::readTags(GstEvent *event)
 GstBusSyncReply FilmPipeline::hear(GstBus *, GstMessage *message, gpointer self)
 {
     FilmPlayback &film = static_cast<FilmPipeline *>(self)->m_film;
+    if (GST_MESSAGE_TYPE(message) == GST_MESSAGE_ASYNC_DONE)
+        film.noteReady();
     if (GST_MESSAGE_TYPE(message) == GST_MESSAGE_EOS)
         film.noteEnd();
     if (GST_MESSAGE_TYPE(message) == GST_MESSAGE_ERROR) {

@@ -28,8 +28,9 @@ public:
     FilmPipeline &operator=(const FilmPipeline &) = delete;
     ~FilmPipeline();
 
-    /// Plays or stands still, is heard or not.
-    void follow(const FilmPlayback::Wish &wish);
+    /// Plays or stands still, is heard or not. A film that is not ready stands still: what it is shown and heard with
+    /// joins it while it is being read, and would not agree on when it began.
+    void follow(const FilmPlayback::Wish &wish, bool isReady);
     void rewind();
 
 private:

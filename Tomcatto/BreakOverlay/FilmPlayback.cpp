@@ -54,20 +54,22 @@ void FilmPlayback::run(const QUrl &source)
     if (source.isEmpty())
         return;
     FilmPipeline pipeline(*this, source);
-    std::optional<Wish> followed;
+    std::optional<Orders> followed;
     for (Orders orders = nextOrders(followed); !orders.isEnded; orders = nextOrders(followed)) {
         if (orders.isAtEnd)
             pipeline.rewind();
-        if (followed != orders.wish)
-            pipeline.follow(orders.wish);
-        followed = orders.wish;
+        pipeline.follow(orders.wish, orders.isReady);
+        followed = orders;
     }
 }
 
-FilmPlayback::Orders FilmPlayback::nextOrders(const std::optional<Wish> &followed)
+FilmPlayback::Orders FilmPlayback::nextOrders(const std::optional<Orders> &followed)
 {
     std::unique_lock lock(m_mutex);
-    m_changed.wait(lock, [&] { return m_orders.isEnded || m_orders.isAtEnd || m_orders.wish != followed; });
+    m_changed.wait(lock, [&] {
+        return m_orders.isEnded || m_orders.isAtEnd || !followed || m_orders.wish != followed->wish ||
+               m_orders.isReady != followed->isReady;
+    });
     Orders orders = m_orders;
     m_orders.isAtEnd = false;
     return orders;
@@ -100,6 +102,13 @@ void FilmPlayback::put(FilmFrame frame)
     std::swap(m_frame, frame);
     if (!frame.isValid() && m_listener.frameCame)
         m_listener.frameCame();
+}
+
+void FilmPlayback::noteReady()
+{
+    const std::lock_guard lock(m_mutex);
+    m_orders.isReady = true;
+    m_changed.notify_one();
 }
 
 void FilmPlayback::noteEnd()

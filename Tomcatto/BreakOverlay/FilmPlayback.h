@@ -51,13 +51,16 @@ private:
     struct Orders
     {
         Wish wish;
+        /// The first frame is there.
+        bool isReady = false;
         bool isEnded = false;
         bool isAtEnd = false;
     };
 
     void run(const QUrl &source);
-    [[nodiscard]] Orders nextOrders(const std::optional<Wish> &followed);
+    [[nodiscard]] Orders nextOrders(const std::optional<Orders> &followed);
     void put(FilmFrame frame);
+    void noteReady();
     void noteEnd();
     void fail(const QString &reason);
     void missSound();
