@@ -211,7 +211,7 @@ gboolean FilmPipeline::isDecoded(GstElement *, GstPad *, GstCaps *caps, gpointer
 {
     const QByteArray kind = kindOf(caps);
     const bool isSound = kind.startsWith("audio/");
-    return !kind.startsWith("text/") && !(isSound && !static_cast<FilmPipeline *>(self)->m_sound);
+    return !kind.startsWith("text/") && (!isSound || static_cast<FilmPipeline *>(self)->m_sound);
 }
 
 void FilmPipeline::prepareDecoder(GstBin *, GstBin *, GstElement *element, gpointer)

@@ -82,6 +82,7 @@ public:
     {
         for (const std::vector<Tile *> &row : m_rows) {
             std::vector<QRect> areas;
+            areas.reserve(row.size());
             for (const Tile *tile : row)
                 areas.push_back(tile->pixels());
             const std::vector<bool> changes = picture.changes(areas);

@@ -261,7 +261,7 @@ ControlReply CommandRunner::change(const ControlRequest &request, std::chrono::m
     const QDeadlineTimer until(patience);
     do {
         const auto answer = m_client.ask(request, until);
-        const ControlReply reply = answer ? *answer : controlReply(answer.error());
+        ControlReply reply = answer ? *answer : controlReply(answer.error());
         // One that ends may have done it before it hung up.
         const bool mayRepeat = isRepeatable(request) && answer == std::unexpected(NoAnswer::hungUp);
         if (reply.status != ExitStatus::notRunning && !mayRepeat)

@@ -25,6 +25,7 @@ constexpr std::array madeWith{
     Component{"window.about.component.sqlite", "", "", "https://www.sqlite.org/copyright.html"},
     Component{"window.about.component.ffmpeg", "", "LGPL 2.1",
               "https://www.gnu.org/licenses/old-licenses/lgpl-2.1.html"},
+    Component{"", "GStreamer", "LGPL 2.1", "https://www.gnu.org/licenses/old-licenses/lgpl-2.1.html"},
     Component{"", "SQLiteCpp", "MIT", "https://opensource.org/license/mit"},
     Component{"", "JSON for Modern C++", "MIT", "https://opensource.org/license/mit"},
     Component{"", "CLI11", "BSD 3-Clause", "https://opensource.org/license/bsd-3-clause"},
