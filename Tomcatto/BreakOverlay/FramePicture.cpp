@@ -80,6 +80,24 @@ std::array<PlaneLayout, 4> layoutOf(AVPixelFormat format)
     return planes;
 }
 
+/// Begins to read a part: another processor has just written it, and would be waited for at each row.
+void fetch(const FilmFrame &frame, const QRect &part)
+{
+    constexpr int line = 64;
+    const auto planes = layoutOf(frame.format);
+    for (size_t plane = 0; plane < planes.size(); ++plane) {
+        const PlaneLayout &layout = planes.at(plane);
+        const int from = (part.left() >> layout.columnShift) * layout.bytes;
+        const int to = ((part.right() >> layout.columnShift) + 1) * layout.bytes;
+        for (int row = part.top() >> layout.rowShift; layout.bytes > 0 && row <= part.bottom() >> layout.rowShift;
+             ++row) {
+            const uint8_t *pixels = frame.planes.at(plane) + qsizetype{row} * frame.strides.at(plane);
+            for (int column = from; column < to; column += line)
+                __builtin_prefetch(pixels + column);
+        }
+    }
+}
+
 /// Marks which of some areas side by side differ, row by row, for memory is read fastest in its own order.
 void compare(const FilmFrame &before, const FilmFrame &after, const std::vector<QRect> &areas,
              std::vector<bool> &differ)
@@ -213,6 +231,8 @@ void FramePicture::draw(const QRect &part, QSize size, uchar *pixels, qsizetype 
         setColours(scaler.get(), m_frame);
     }
     const auto planes = planesAt(m_frame, part.topLeft());
+    if (m_isDirect)
+        fetch(m_frame, part);
     const std::array<uint8_t *, 4> target{pixels};
     const std::array<int, 4> strides{static_cast<int>(stride)};
     sws_scale(scaler.get(), planes.data(), m_frame.strides.data(), 0, part.height(), target.data(), strides.data());
