@@ -111,6 +111,12 @@ class DesktopTest(unittest.TestCase):
         desktop.press("ctrl+w")
         desktop.wait_for(lambda: not desktop.is_focused("Tomcatto"))
         self.assertEqual(desktop.status()["phase"], "idle", "closing the window ends nothing")
+        self.assertEqual(desktop.run("videos", "preview").returncode, 0)
+        desktop.wait_for(lambda: desktop.windows("Break preview"))
+        desktop.run("start")
+        desktop.run("skip")
+        desktop.wait_for(lambda: desktop.is_focused("Short break"))
+        self.assertFalse(desktop.windows("Break preview"), "one video is heard")
         self.assertEqual(desktop.end(), 0, desktop.output())
         self.assertNotIn("TypeError", desktop.output(), "bindings never outlive what they read")
 
