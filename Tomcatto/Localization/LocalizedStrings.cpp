@@ -1,7 +1,5 @@
 #include "Localization/LocalizedStrings.h"
 
-#include "Localization/PseudoText.h"
-
 namespace tomcatto {
 
 PluralCategory pluralCategory(SelectedLanguage language, qint64 count)
@@ -30,11 +28,11 @@ LocalizedStrings::LocalizedStrings(const LanguageOverrideService &service, QStri
 QString LocalizedStrings::text(const QString &key) const
 {
     const SelectedLanguage current = language();
-    if (const auto found = table(current).value(key))
-        return m_isPseudo ? pseudoText(*found) : *found;
+    const StringsTable &texts = table(current);
+    if (const auto found = texts.constFind(key); found != texts.cend())
+        return *found;
     reportMissing(key, current);
-    const auto english = table(SelectedLanguage::en).value(key);
-    return english.value_or(key);
+    return table(SelectedLanguage::en).value(key, key);
 }
 
 QString LocalizedStrings::formatList(const QString &key, const QStringList &arguments) const
@@ -44,20 +42,12 @@ QString LocalizedStrings::formatList(const QString &key, const QStringList &argu
 
 SelectedLanguage LocalizedStrings::language() const
 {
-    return m_isPseudo ? SelectedLanguage::en : m_service.resolvedLanguage();
+    return m_service.resolvedLanguage();
 }
 
 QLocale LocalizedStrings::locale() const
 {
     return m_service.locale();
-}
-
-void LocalizedStrings::setPseudo(bool isPseudo)
-{
-    if (m_isPseudo == isPseudo)
-        return;
-    m_isPseudo = isPseudo;
-    announce();
 }
 
 void LocalizedStrings::announce()
@@ -83,16 +73,10 @@ const StringsTable &LocalizedStrings::table(SelectedLanguage language) const
     if (known != m_tables.end())
         return known->second;
     const QString path = QStringLiteral("%1/%2.lproj/Localizable.strings").arg(m_root, rawValue(language));
-    auto loaded = StringsTable::load(path);
+    const auto loaded = readStringsTable(path);
     if (!loaded)
-        m_logger.error(QStringLiteral("Could not read %1: %2").arg(path, describe(loaded.error())));
-    const StringsTable &table = m_tables.emplace(language, loaded ? *std::move(loaded) : StringsTable()).first->second;
-    for (const DuplicateKey &duplicate : table.duplicates())
-        m_logger.error(QStringLiteral("%1 has the key %2 again at line %3, column %4")
-                           .arg(path, duplicate.key)
-                           .arg(duplicate.line)
-                           .arg(duplicate.column));
-    return table;
+        m_logger.error(QStringLiteral("Could not read ") + loaded.error());
+    return m_tables.emplace(language, loaded.value_or(StringsTable())).first->second;
 }
 
 void LocalizedStrings::reportMissing(const QString &key, SelectedLanguage language) const

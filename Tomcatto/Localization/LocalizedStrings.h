@@ -55,10 +55,6 @@ public:
     /// The locale for dates and numbers between the texts.
     [[nodiscard]] QLocale locale() const;
 
-    /// Whether texts come in the made-up language that tests of layouts use, see `pseudoText`.
-    void setPseudo(bool isPseudo);
-    [[nodiscard]] bool isPseudo() const noexcept { return m_isPseudo; }
-
     /// Grows whenever texts change, so that a binding which reads it asks again.
     [[nodiscard]] int revision() const noexcept { return m_revision; }
 
@@ -77,7 +73,6 @@ private:
     Logger m_logger{QStringLiteral("LocalizedStrings")};
     mutable std::map<SelectedLanguage, StringsTable> m_tables;
     mutable QSet<QString> m_reported;
-    bool m_isPseudo = false;
     int m_revision = 0;
 };
 

@@ -1,110 +1,68 @@
 #include "Localization/StringsTable.h"
 
-#include "Localization/StringsParser.h"
-
+#include <optional>
 #include <QtCore/QFile>
-#include <QtCore/QStringConverter>
 
 namespace tomcatto {
 
 namespace {
 
-/// The encoding that the data's byte order mark tells. Without one a first character with a zero byte is UTF-16, since
-/// tables begin with ASCII; everything else is UTF-8.
-QStringConverter::Encoding encodingOf(const QByteArray &data)
+struct Entry
 {
-    if (data.startsWith("\xff\xfe"))
-        return QStringConverter::Utf16LE;
-    if (data.startsWith("\xfe\xff"))
-        return QStringConverter::Utf16BE;
-    if (data.size() >= 2 && data.at(0) != 0 && data.at(1) == 0)
-        return QStringConverter::Utf16LE;
-    if (data.size() >= 2 && data.at(0) == 0 && data.at(1) != 0)
-        return QStringConverter::Utf16BE;
-    return QStringConverter::Utf8;
+    QStringView key;
+    QStringView text;
+};
+
+std::optional<Entry> entryIn(QStringView line)
+{
+    constexpr QStringView middle = u"\" = \"";
+    constexpr QStringView end = u"\";";
+    const qsizetype split = line.indexOf(middle);
+    const qsizetype length = line.size() - split - middle.size() - end.size();
+    if (!line.startsWith(u'"') || split < 2 || length < 0 || !line.endsWith(end) || line.contains(u'\\'))
+        return std::nullopt;
+    const Entry entry{line.mid(1, split - 1), line.mid(split + middle.size(), length)};
+    return entry.key.contains(u'"') || entry.text.contains(u'"') ? std::nullopt : std::optional(entry);
 }
 
-QString explanation(StringsTableErrorKind kind)
+bool isComment(QStringView line)
 {
-    switch (kind) {
-    case StringsTableErrorKind::unreadableFile:
-        return QStringLiteral("the file cannot be read");
-    case StringsTableErrorKind::invalidEncoding:
-        return QStringLiteral("neither UTF-8 nor UTF-16");
-    case StringsTableErrorKind::unterminatedComment:
-        return QStringLiteral("a comment without an end");
-    case StringsTableErrorKind::unterminatedString:
-        return QStringLiteral("a quoted text without an end");
-    case StringsTableErrorKind::invalidEscape:
-        return QStringLiteral("an unknown escape");
-    case StringsTableErrorKind::expectedKey:
-        return QStringLiteral("expected a key");
-    case StringsTableErrorKind::expectedEqualSign:
-        return QStringLiteral("expected an equal sign or a semicolon");
-    case StringsTableErrorKind::expectedValue:
-        return QStringLiteral("expected a value");
-    case StringsTableErrorKind::expectedSemicolon:
-        return QStringLiteral("expected a semicolon");
-    }
+    return line.size() >= 4 && line.startsWith(u"/*") && line.indexOf(u"*/", 2) == line.size() - 2;
+}
+
+/// Puts what a line says into the table. The result is what is wrong with the line, empty when nothing is.
+QString readLine(QStringView line, StringsTable &table)
+{
+    if (line.contains(QChar::ReplacementCharacter))
+        return QStringLiteral("not UTF-8");
+    if (line.isEmpty() || isComment(line))
+        return {};
+    const auto entry = entryIn(line);
+    if (!entry)
+        return QStringLiteral("neither a comment nor \"key\" = \"text\"; without escapes");
+    const QString key = entry->key.toString();
+    if (table.contains(key))
+        return QStringLiteral("the key %1 for the second time").arg(key);
+    table.insert(key, entry->text.toString());
     return {};
 }
 
 }
 
-QString describe(const StringsTableError &error)
-{
-    if (error.line == 0)
-        return explanation(error.kind);
-    return QStringLiteral("line %1, column %2: %3").arg(error.line).arg(error.column).arg(explanation(error.kind));
-}
-
-StringsTable::StringsTable(const QList<StringsEntry> &entries)
-{
-    m_values.reserve(entries.size());
-    m_keys.reserve(entries.size());
-    for (const StringsEntry &entry : entries) {
-        if (m_values.contains(entry.key)) {
-            m_duplicates.append({entry.key, entry.line, entry.column});
-            continue;
-        }
-        m_values.insert(entry.key, entry.value);
-        m_keys.append(entry.key);
-    }
-}
-
-std::expected<StringsTable, StringsTableError> StringsTable::parse(const QByteArray &data)
-{
-    const auto encoding = encodingOf(data);
-    QStringDecoder decoder(encoding, QStringConverter::Flag::Stateless);
-    const QString text = decoder.decode(data);
-    StringsParser parser(text);
-    const bool isHalfUnit = encoding != QStringConverter::Utf8 && data.size() % 2 != 0;
-    if (decoder.hasError() || isHalfUnit) {
-        const qsizetype damaged = text.indexOf(QChar::ReplacementCharacter);
-        return std::unexpected(
-            parser.errorAt(StringsTableErrorKind::invalidEncoding, damaged < 0 ? text.size() : damaged));
-    }
-    auto entries = parser.parse();
-    if (!entries)
-        return std::unexpected(entries.error());
-    return StringsTable(*entries);
-}
-
-std::expected<StringsTable, StringsTableError> StringsTable::load(const QString &path)
+std::expected<StringsTable, QString> readStringsTable(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return std::unexpected(StringsTableError{});
-    const QByteArray data = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return std::unexpected(StringsTableError{});
-    return parse(data);
-}
-
-std::optional<QString> StringsTable::value(const QString &key) const
-{
-    const auto found = m_values.constFind(key);
-    return found != m_values.cend() ? std::optional(*found) : std::nullopt;
+        return std::unexpected(QStringLiteral("%1: %2").arg(path, file.errorString()));
+    const QString content = QString::fromUtf8(file.readAll());
+    StringsTable table;
+    int number = 0;
+    for (const QStringView line : QStringView(content).split(u'\n')) {
+        ++number;
+        if (const QString fault = readLine(line, table); !fault.isEmpty())
+            return std::unexpected(QStringLiteral("%1, line %2: %3").arg(path).arg(number).arg(fault));
+    }
+    return table;
 }
 
 }

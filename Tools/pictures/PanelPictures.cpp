@@ -13,7 +13,7 @@
 #include <QtQml/QQmlEngine>
 #include <QtQuick/QQuickWindow>
 
-// Writes a picture of the panel in every state, light and dark, in the language given, which may be "pseudo":
+// Writes a picture of the panel in every state, light and dark, in the language given:
 // TomcattoPanelPictures FOLDER [LANGUAGE]
 
 namespace {
@@ -68,9 +68,7 @@ void reach(ServicesFixture &services, PopoverNavigationStore &navigation, const 
 
 bool picture(const QString &state, bool dark, const QString &language, const QDir &folder)
 {
-    const bool isPseudo = language == QLatin1String("pseudo");
-    ServicesFixture services(isPseudo ? QStringLiteral("en") : language);
-    services.dependencies.strings.setPseudo(isPseudo);
+    ServicesFixture services(language);
     if (state != QLatin1String("empty"))
         fillHistory(services);
     PopoverNavigationStore navigation;

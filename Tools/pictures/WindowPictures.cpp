@@ -21,7 +21,6 @@ struct Variant
     QString name = {};
     SelectedLanguage language = SelectedLanguage::en;
     bool dark = false;
-    bool pseudo = false;
     qreal textScale = 1;
     QSize size = {};
     bool highContrast = false;
@@ -41,7 +40,6 @@ public:
         : m_variant(variant)
         , m_fixture(variant.language)
     {
-        m_fixture.strings.setPseudo(variant.pseudo);
         m_fixture.probe.current = {variant.language == SelectedLanguage::de ? NotificationPermission::denied
                                                                             : NotificationPermission::authorised,
                                    true};
@@ -153,9 +151,9 @@ int main(int argc, char **argv)
         {QStringLiteral("light")},
         {.name = QStringLiteral("dark"), .dark = true},
         {.name = QStringLiteral("german"), .language = SelectedLanguage::de},
-        {.name = QStringLiteral("pseudo"), .pseudo = true},
-        {.name = QStringLiteral("large"), .pseudo = true, .textScale = 2},
-        {.name = QStringLiteral("small"), .pseudo = true, .textScale = 2, .size = QSize(720, 520)},
+        {.name = QStringLiteral("french"), .language = SelectedLanguage::fr},
+        {.name = QStringLiteral("large"), .language = SelectedLanguage::fr, .textScale = 2},
+        {.name = QStringLiteral("small"), .language = SelectedLanguage::fr, .textScale = 2, .size = QSize(720, 520)},
         {.name = QStringLiteral("contrast"), .highContrast = true},
     };
     bool isComplete = true;
