@@ -3,9 +3,9 @@
 #include "Fakes/ManualClock.h"
 #include "Fakes/ManualPower.h"
 #include "Fakes/VideosFixture.h"
-#include "Platform/Portable/JsonFileUserDefaults.h"
-#include "Platform/Portable/QtMainRunLoop.h"
-#include "Platform/Portable/RandomIdentifierSource.h"
+#include "Platform/Qt/JsonFileUserDefaults.h"
+#include "Platform/Qt/QtMainRunLoop.h"
+#include "Platform/Qt/RandomIdentifierSource.h"
 #include "Suites.h"
 
 #include <QtCore/QCoreApplication>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "BreakOverlay/OverlayWindows.h"
-#include "Platform/Overlay/ScreenChanges.h"
 #include "Platform/Ports/KeyMonitor.h"
+#include "Platform/Qt/ScreenChanges.h"
 
 namespace tomcatto {
 

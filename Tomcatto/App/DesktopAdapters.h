@@ -1,9 +1,9 @@
 #pragma once
 
 #include "Composition/PlatformServices.h"
-#include "Platform/FreedesktopDesktop/DesktopSystemSettings.h"
-#include "Platform/FreedesktopDesktop/FreedesktopNotificationProbe.h"
-#include "Platform/Widgets/MessageBoxAlert.h"
+#include "Platform/Freedesktop/DesktopSystemSettings.h"
+#include "Platform/Freedesktop/FreedesktopNotificationProbe.h"
+#include "Platform/Qt/MessageBoxAlert.h"
 
 namespace tomcatto {
 

@@ -4,7 +4,7 @@
 #include "App/DesktopAdapters.h"
 #include "App/DesktopSurfaces.h"
 #include "App/PlatformAdapters.h"
-#include "Platform/Freedesktop/UnixProcessSignals.h"
+#include "Platform/Posix/UnixProcessSignals.h"
 #include "Platform/X11/DisplayLoss.h"
 
 #include <QtGui/QGuiApplication>

@@ -1,6 +1,6 @@
 #include "App/PlatformAdapters.h"
 
-#include "Platform/Freedesktop/ProcessMemory.h"
+#include "Platform/Linux/ProcessMemory.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>

@@ -2,16 +2,16 @@
 
 #include "Composition/PlatformServices.h"
 #include "Platform/Freedesktop/AutostartLoginItem.h"
-#include "Platform/Freedesktop/FileBookmarks.h"
 #include "Platform/Freedesktop/LogindWorkspacePower.h"
-#include "Platform/Freedesktop/SystemMonotonicClock.h"
-#include "Platform/Freedesktop/SystemWallClock.h"
-#include "Platform/Media/LoadedStillFrame.h"
-#include "Platform/Portable/ApplicationDirectories.h"
-#include "Platform/Portable/ArgumentDomain.h"
-#include "Platform/Portable/JsonFileUserDefaults.h"
-#include "Platform/Portable/QtMainRunLoop.h"
-#include "Platform/Portable/RandomIdentifierSource.h"
+#include "Platform/Linux/SystemMonotonicClock.h"
+#include "Platform/Posix/ApplicationDirectories.h"
+#include "Platform/Posix/FileBookmarks.h"
+#include "Platform/Posix/SystemWallClock.h"
+#include "Platform/Qt/ArgumentDomain.h"
+#include "Platform/Qt/JsonFileUserDefaults.h"
+#include "Platform/Qt/LoadedStillFrame.h"
+#include "Platform/Qt/QtMainRunLoop.h"
+#include "Platform/Qt/RandomIdentifierSource.h"
 
 namespace tomcatto {
 

@@ -1,7 +1,7 @@
 #include "App/ProgramStart.h"
 
 #include "Foundation/FatalError.h"
-#include "Platform/Portable/JsonFileUserDefaults.h"
+#include "Platform/Qt/JsonFileUserDefaults.h"
 
 #include <cerrno>
 #include <cstdio>

@@ -2,14 +2,14 @@
 
 #include "CommandLine/CommandRunner.h"
 #include "Platform/Freedesktop/AutostartLoginItem.h"
-#include "Platform/Freedesktop/FileBookmarks.h"
-#include "Platform/Freedesktop/FileInstanceLock.h"
-#include "Platform/Freedesktop/SystemLogSink.h"
-#include "Platform/Freedesktop/SystemWallClock.h"
-#include "Platform/Freedesktop/UnixLocalSockets.h"
-#include "Platform/Media/LoadedStillFrame.h"
-#include "Platform/Portable/ApplicationDirectories.h"
-#include "Platform/Portable/RandomIdentifierSource.h"
+#include "Platform/Posix/ApplicationDirectories.h"
+#include "Platform/Posix/FileBookmarks.h"
+#include "Platform/Posix/FileInstanceLock.h"
+#include "Platform/Posix/SystemLogSink.h"
+#include "Platform/Posix/SystemWallClock.h"
+#include "Platform/Posix/UnixLocalSockets.h"
+#include "Platform/Qt/LoadedStillFrame.h"
+#include "Platform/Qt/RandomIdentifierSource.h"
 
 namespace tomcatto {
 

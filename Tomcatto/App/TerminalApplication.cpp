@@ -3,9 +3,9 @@
 #include "App/ApplicationControl.h"
 #include "App/PlatformAdapters.h"
 #include "CommandLine/TerminalFrontEnd.h"
-#include "Platform/Freedesktop/StandardError.h"
-#include "Platform/Freedesktop/UnixProcessSignals.h"
-#include "Platform/Freedesktop/UnixTerminal.h"
+#include "Platform/Posix/StandardError.h"
+#include "Platform/Posix/UnixProcessSignals.h"
+#include "Platform/Posix/UnixTerminal.h"
 
 #include <QtCore/QCoreApplication>
 

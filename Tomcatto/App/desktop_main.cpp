@@ -2,8 +2,8 @@
 #include "App/TerminalApplication.h"
 #include "Foundation/ApplicationIdentity.h"
 #include "Platform/Freedesktop/DisplayProbe.h"
-#include "Platform/Freedesktop/ProcessMemory.h"
-#include "Platform/Freedesktop/StandardDescriptors.h"
+#include "Platform/Linux/ProcessMemory.h"
+#include "Platform/Posix/StandardDescriptors.h"
 #include "Platform/X11/DisplayAccess.h"
 
 #include <optional>

@@ -1,9 +1,9 @@
 #include "App/TerminalApplication.h"
 #include "Foundation/ApplicationIdentity.h"
 #include "Platform/Freedesktop/DisplayProbe.h"
-#include "Platform/Freedesktop/ProcessMemory.h"
-#include "Platform/Freedesktop/ProcessReplacement.h"
-#include "Platform/Freedesktop/StandardDescriptors.h"
+#include "Platform/Linux/ProcessMemory.h"
+#include "Platform/Posix/ProcessReplacement.h"
+#include "Platform/Posix/StandardDescriptors.h"
 
 #include <QtCore/QCoreApplication>
 

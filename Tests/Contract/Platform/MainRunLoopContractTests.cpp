@@ -1,5 +1,5 @@
 #include "Fakes/ManualRunLoop.h"
-#include "Platform/Portable/QtMainRunLoop.h"
+#include "Platform/Qt/QtMainRunLoop.h"
 
 #include <gmock/gmock.h>
 #include <QtTest/QTest>

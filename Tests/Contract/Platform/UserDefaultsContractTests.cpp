@@ -1,6 +1,6 @@
 #include "Fakes/FakeUserDefaults.h"
-#include "Platform/Portable/ArgumentDomain.h"
-#include "Platform/Portable/JsonFileUserDefaults.h"
+#include "Platform/Qt/ArgumentDomain.h"
+#include "Platform/Qt/JsonFileUserDefaults.h"
 
 #include <gtest/gtest.h>
 #include <limits>

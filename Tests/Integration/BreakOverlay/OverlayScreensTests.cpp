@@ -5,10 +5,10 @@
 #include "Fakes/FakeUserDefaults.h"
 #include "Fakes/ManualClock.h"
 #include "Fakes/SequentialIdentifiers.h"
-#include "Platform/Overlay/ApplicationKeyMonitor.h"
-#include "Platform/Overlay/DesktopScreens.h"
-#include "Platform/Portable/QtMainRunLoop.h"
-#include "Platform/Quick/QuickViewHost.h"
+#include "Platform/Qt/ApplicationKeyMonitor.h"
+#include "Platform/Qt/DesktopScreens.h"
+#include "Platform/Qt/QtMainRunLoop.h"
+#include "Platform/Qt/QuickViewHost.h"
 #include "PluggedScreens.h"
 
 #include <gmock/gmock.h>

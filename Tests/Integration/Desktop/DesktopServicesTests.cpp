@@ -1,11 +1,11 @@
 #include "Integration/Platform/PrivateBus.h"
 #include "Platform/Freedesktop/AutostartLoginItem.h"
+#include "Platform/Freedesktop/DesktopAppearance.h"
+#include "Platform/Freedesktop/DesktopSystemSettings.h"
 #include "Platform/Freedesktop/DisplayProbe.h"
-#include "Platform/Freedesktop/ProcessReplacement.h"
-#include "Platform/FreedesktopDesktop/DesktopAppearance.h"
-#include "Platform/FreedesktopDesktop/DesktopSystemSettings.h"
-#include "Platform/FreedesktopDesktop/FreedesktopNotificationProbe.h"
-#include "Platform/Widgets/ToolkitTheme.h"
+#include "Platform/Freedesktop/FreedesktopNotificationProbe.h"
+#include "Platform/Posix/ProcessReplacement.h"
+#include "Platform/Qt/ToolkitTheme.h"
 #include "TestScreen.h"
 
 #include <gmock/gmock.h>

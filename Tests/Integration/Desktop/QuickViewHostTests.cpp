@@ -1,5 +1,5 @@
 #include "Fakes/CapturedLog.h"
-#include "Platform/Quick/QuickViewHost.h"
+#include "Platform/Qt/QuickViewHost.h"
 
 #include <gmock/gmock.h>
 #include <QtGui/QGuiApplication>

@@ -1,6 +1,6 @@
 #include "Fakes/FakeUserDefaults.h"
 #include "Integration/Platform/PrivateBus.h"
-#include "Platform/Widgets/StatusItemSwitch.h"
+#include "Platform/Qt/StatusItemSwitch.h"
 #include "TestScreen.h"
 
 #include <gmock/gmock.h>

@@ -1,5 +1,5 @@
-#include "Platform/Freedesktop/FileBookmarks.h"
-#include "Platform/Freedesktop/MovedFileSearch.h"
+#include "Platform/Posix/FileBookmarks.h"
+#include "Platform/Posix/MovedFileSearch.h"
 
 #include <cstdlib>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "Media/VideoFileValidator.h"
-#include "Platform/Media/FfmpegStillFrame.h"
-#include "Platform/Media/LoadedStillFrame.h"
-#include "Platform/Media/TimeLimit.h"
+#include "Platform/FFmpeg/FfmpegStillFrame.h"
+#include "Platform/FFmpeg/TimeLimit.h"
+#include "Platform/Qt/LoadedStillFrame.h"
 
 #include <cstdlib>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "Integration/Media/VideoLibrary.h"
 #include "Media/UserVideoCommands.h"
-#include "Platform/Media/LoadedStillFrame.h"
 #include "Platform/Ports/IdentifierSource.h"
+#include "Platform/Qt/LoadedStillFrame.h"
 
 #include <sys/stat.h>
 #include <unistd.h>

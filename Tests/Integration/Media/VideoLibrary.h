@@ -5,7 +5,7 @@
 #include "Integration/Persistence/StoreFolder.h"
 #include "Persistence/CoreDataStack.h"
 #include "Persistence/Repositories/UserVideoRepository.h"
-#include "Platform/Freedesktop/FileBookmarks.h"
+#include "Platform/Posix/FileBookmarks.h"
 
 #include <atomic>
 #include <map>

@@ -1,5 +1,5 @@
 #include "Fakes/CapturedLog.h"
-#include "Platform/Portable/JsonFileUserDefaults.h"
+#include "Platform/Qt/JsonFileUserDefaults.h"
 
 #include <cstdlib>
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 #include "Foundation/FatalError.h"
-#include "Platform/Freedesktop/FileInstanceLock.h"
-#include "Platform/Freedesktop/UnixProcessSignals.h"
-#include "Platform/Freedesktop/UnixTerminal.h"
+#include "Platform/Posix/FileInstanceLock.h"
+#include "Platform/Posix/UnixProcessSignals.h"
+#include "Platform/Posix/UnixTerminal.h"
 
 #include <csignal>
 #include <QtCore/QCoreApplication>

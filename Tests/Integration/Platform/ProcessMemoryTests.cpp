@@ -1,4 +1,4 @@
-#include "Platform/Freedesktop/ProcessMemory.h"
+#include "Platform/Linux/ProcessMemory.h"
 
 #include <array>
 #include <fstream>

@@ -1,7 +1,7 @@
 #include "Fakes/CapturedLog.h"
 #include "Platform/Freedesktop/AutostartLoginItem.h"
-#include "Platform/Freedesktop/FileInstanceLock.h"
-#include "Platform/Portable/ApplicationDirectories.h"
+#include "Platform/Posix/ApplicationDirectories.h"
+#include "Platform/Posix/FileInstanceLock.h"
 
 #include <gtest/gtest.h>
 #include <QtCore/QProcess>

@@ -1,5 +1,5 @@
-#include "Platform/Freedesktop/KeyDecoder.h"
-#include "Platform/Freedesktop/UnixOutput.h"
+#include "Platform/Posix/KeyDecoder.h"
+#include "Platform/Posix/UnixOutput.h"
 
 #include <gtest/gtest.h>
 #include <poll.h>

@@ -1,4 +1,4 @@
-#include "Platform/Freedesktop/SystemWallClock.h"
+#include "Platform/Posix/SystemWallClock.h"
 
 #include <gtest/gtest.h>
 #include <QtCore/QFile>

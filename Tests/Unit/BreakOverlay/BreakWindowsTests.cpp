@@ -3,7 +3,7 @@
 #include "Fakes/EngineFixture.h"
 #include "Fakes/FakeOverlay.h"
 #include "Fakes/FakeViewHost.h"
-#include "Platform/Overlay/ApplicationKeyMonitor.h"
+#include "Platform/Qt/ApplicationKeyMonitor.h"
 
 #include <gtest/gtest.h>
 #include <QtCore/QPropertyAnimation>

@@ -1,6 +1,6 @@
 #include "Control/ControlClient.h"
 #include "Control/ControlServer.h"
-#include "Platform/Freedesktop/UnixLocalSockets.h"
+#include "Platform/Posix/UnixLocalSockets.h"
 
 #include <gtest/gtest.h>
 #include <QtCore/QElapsedTimer>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Foundation/HandlerList.h"
 #include "Foundation/Logger.h"
-#include "Platform/Freedesktop/HandlerList.h"
 #include "Platform/Ports/WorkspacePower.h"
 
 #include <QtCore/QObject>

@@ -1,0 +1,72 @@
+#include "Platform/Freedesktop/FreedesktopNotificationProbe.h"
+
+#include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusPendingCallWatcher>
+
+namespace tomcatto {
+
+namespace {
+
+const QString service = QStringLiteral("org.freedesktop.Notifications");
+const QString path = QStringLiteral("/org/freedesktop/Notifications");
+const QString busService = QStringLiteral("org.freedesktop.DBus");
+const QString busPath = QStringLiteral("/org/freedesktop/DBus");
+constexpr int answerLimitMilliseconds = 3000;
+constexpr NotificationProbeResult unavailable{NotificationPermission::unavailable, false};
+
+}
+
+FreedesktopNotificationProbe::FreedesktopNotificationProbe(const QDBusConnection &sessionBus)
+    : m_bus(sessionBus)
+{
+}
+
+void FreedesktopNotificationProbe::query(std::function<void(NotificationProbeResult)> onResult)
+{
+    askCapabilities(false, onResult, [this, onResult] { askStartable(onResult); });
+}
+
+void FreedesktopNotificationProbe::request(std::function<void(NotificationProbeResult)> onResult)
+{
+    askCapabilities(true, onResult, [onResult] { onResult(unavailable); });
+}
+
+void FreedesktopNotificationProbe::askCapabilities(bool startsServer, OnResult onResult,
+                                                   std::function<void()> onFailure)
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(service, path, service, QStringLiteral("GetCapabilities"));
+    message.setAutoStartService(startsServer);
+    call(message, [onResult = std::move(onResult), onFailure = std::move(onFailure)](const QDBusMessage &reply) {
+        if (reply.type() != QDBusMessage::ReplyMessage)
+            return onFailure();
+        const QStringList capabilities = reply.arguments().value(0).toStringList();
+        onResult({NotificationPermission::authorised, capabilities.contains(QLatin1String("actions"))});
+    });
+}
+
+void FreedesktopNotificationProbe::askStartable(OnResult onResult)
+{
+    const QDBusMessage message =
+        QDBusMessage::createMethodCall(busService, busPath, busService, QStringLiteral("ListActivatableNames"));
+    call(message, [onResult = std::move(onResult)](const QDBusMessage &reply) {
+        const bool isStartable = reply.arguments().value(0).toStringList().contains(service);
+        onResult(isStartable ? NotificationProbeResult{NotificationPermission::authorised, false} : unavailable);
+    });
+}
+
+void FreedesktopNotificationProbe::call(const QDBusMessage &message, OnReply onReply)
+{
+    // A call over no bus never finishes.
+    if (!m_bus.isConnected()) {
+        QMetaObject::invokeMethod(
+            this, [onReply = std::move(onReply)] { onReply(QDBusMessage()); }, Qt::QueuedConnection);
+        return;
+    }
+    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, answerLimitMilliseconds), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, onReply = std::move(onReply)] {
+        watcher->deleteLater();
+        onReply(watcher->reply());
+    });
+}
+
+}

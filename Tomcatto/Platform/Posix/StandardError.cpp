@@ -1,0 +1,12 @@
+#include "Platform/Posix/StandardError.h"
+
+#include <unistd.h>
+
+namespace tomcatto {
+
+bool standardErrorIsTerminal()
+{
+    return ::isatty(STDERR_FILENO) == 1;
+}
+
+}

@@ -1,0 +1,149 @@
+#include "Platform/Posix/UnixLocalSockets.h"
+
+#include "Foundation/Logger.h"
+#include "Platform/Posix/UnixLocalConnection.h"
+#include "Platform/Posix/UnixLocalListener.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <QtCore/QFile>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/time.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace tomcatto {
+
+namespace {
+
+/// A socket that is closed unless it is handed on.
+class OwnedSocket final
+{
+public:
+    OwnedSocket()
+        : m_descriptor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0))
+    {
+    }
+    OwnedSocket(const OwnedSocket &) = delete;
+    OwnedSocket &operator=(const OwnedSocket &) = delete;
+    ~OwnedSocket()
+    {
+        if (m_descriptor >= 0)
+            ::close(m_descriptor);
+    }
+
+    [[nodiscard]] int descriptor() const noexcept { return m_descriptor; }
+    [[nodiscard]] int release() noexcept { return std::exchange(m_descriptor, -1); }
+    /// Makes its calls return at once from now on.
+    [[nodiscard]] bool stopWaiting() const
+    {
+        const int flags = ::fcntl(m_descriptor, F_GETFL);
+        return flags >= 0 && ::fcntl(m_descriptor, F_SETFL, flags | O_NONBLOCK) == 0;
+    }
+
+private:
+    int m_descriptor;
+};
+
+/// Calls `act`, which is bind or connect, with the path as address. False where it fails, or the path is too long.
+bool withAddress(const QByteArray &path, int descriptor, int (*act)(int, const sockaddr *, socklen_t))
+{
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    if (path.size() >= static_cast<qsizetype>(sizeof address.sun_path)) {
+        errno = ENAMETOOLONG;
+        return false;
+    }
+    std::ranges::copy(path, address.sun_path);
+    return act(descriptor, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0;
+}
+
+/// What becomes of connecting without waiting: 0, or the error's number.
+int connectError(const QByteArray &path)
+{
+    const OwnedSocket probe;
+    const bool isConnected =
+        probe.descriptor() >= 0 && probe.stopWaiting() && withAddress(path, probe.descriptor(), ::connect);
+    return isConnected ? 0 : errno;
+}
+
+/// Opens a listening socket; -1 and errno where that fails.
+int listeningSocket(const QByteArray &path)
+{
+    constexpr mode_t ownerOnly = 0600;
+    constexpr int longestQueue = 256;
+    // It gets its name when it listens, so that whoever sees the file is let in. Addresses may not be long.
+    const QByteArray unready = path.left(path.lastIndexOf('/') + 1) + ".new-" + QByteArray::number(::getpid());
+    ::unlink(unready.constData());
+    OwnedSocket socket;
+    // The file gets the mode that the socket has when it is bound, so it never lies there open to others.
+    if (socket.descriptor() < 0 || ::fchmod(socket.descriptor(), ownerOnly) != 0 || !socket.stopWaiting() ||
+        !withAddress(unready, socket.descriptor(), ::bind))
+        return -1;
+    if (::listen(socket.descriptor(), longestQueue) == 0 && ::rename(unready.constData(), path.constData()) == 0)
+        return socket.release();
+    const int error = errno;
+    ::unlink(unready.constData());
+    errno = error;
+    return -1;
+}
+
+bool setSendTimeLimit(int descriptor, std::chrono::milliseconds limit)
+{
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(limit);
+    const timeval value{seconds.count(), std::chrono::microseconds(limit - seconds).count()};
+    return ::setsockopt(descriptor, SOL_SOCKET, SO_SNDTIMEO, &value, sizeof value) == 0;
+}
+
+}
+
+std::expected<Cancellable, ListenError> UnixLocalSockets::listen(const QString &address, ConnectionHandler handler)
+{
+    const QByteArray path = QFile::encodeName(address);
+    // A file says nothing about who lives behind it.
+    const int found = fileStatus(path, SymbolicLinks::keep) ? connectError(path) : ENOENT;
+    // A listener with a full queue makes others wait: it lives.
+    if (found == 0 || found == EAGAIN)
+        return std::unexpected(ListenError::taken);
+    // After any error but these it is not sure that nobody does, so the file is left alone.
+    const bool isFree = found == ECONNREFUSED || found == ENOENT;
+    const int descriptor = isFree ? listeningSocket(path) : -1;
+    if (descriptor < 0) {
+        const QString reason = QString::fromLocal8Bit(std::strerror(isFree ? errno : found));
+        Logger(QStringLiteral("UnixLocalSockets"))
+            .error(QStringLiteral("the socket %1 cannot be opened: %2").arg(address, reason));
+        return std::unexpected(ListenError::failed);
+    }
+    auto listener = std::make_shared<UnixLocalListener>(descriptor, path, std::move(handler));
+    return Cancellable([listener = std::move(listener)]() mutable { listener.reset(); });
+}
+
+std::unique_ptr<LocalConnection> UnixLocalSockets::connect(const QString &address, std::chrono::milliseconds patience)
+{
+    const QByteArray path = QFile::encodeName(address);
+    OwnedSocket socket;
+    if (socket.descriptor() < 0 || !setSendTimeLimit(socket.descriptor(), patience))
+        return nullptr;
+    bool isConnected = false;
+    do {
+        isConnected = withAddress(path, socket.descriptor(), ::connect);
+    } while (!isConnected && errno == EINTR);
+    if (!isConnected || !isPeerTrusted(socket.descriptor()) || !socket.stopWaiting())
+        return nullptr;
+    return std::make_unique<UnixLocalConnection>(socket.release());
+}
+
+bool UnixLocalSockets::isPeerTrusted(int descriptor)
+{
+    ucred peer = {};
+    socklen_t size = sizeof peer;
+    if (::getsockopt(descriptor, SOL_SOCKET, SO_PEERCRED, &peer, &size) != 0)
+        return false;
+    return peer.uid == ::geteuid() || peer.uid == 0;
+}
+
+}

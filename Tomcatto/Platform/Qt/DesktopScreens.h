@@ -1,0 +1,53 @@
+#pragma once
+
+#include "Platform/Ports/Screens.h"
+#include "Platform/Qt/ScreenChanges.h"
+
+#include <QtCore/QObject>
+#include <QtCore/QPointer>
+
+class QScreen;
+
+namespace tomcatto {
+
+/// The toolkit's screens. On an X server the window manager is asked for what the toolkit has no words for; elsewhere a
+/// window that covers a screen is an ordinary full-screen one. Window managers put whichever full-screen window has the
+/// keyboard in front, so windows that cover screens take it again when any other window gets it. Main thread only.
+class DesktopScreens final : public QObject, public Screens
+{
+    Q_OBJECT
+
+public:
+    /// How long another window keeps the keyboard before windows that cover screens take it again.
+    static constexpr std::chrono::milliseconds returnTime{50};
+
+    explicit DesktopScreens(MainRunLoop &runLoop, QObject *parent = nullptr);
+
+    [[nodiscard]] std::vector<Screen> screens() const override;
+    [[nodiscard]] Cancellable onChanged(std::function<void()> handler) override;
+    void cover(QWindow &window, const QString &screenId) override;
+    void uncover(QWindow &window) override;
+    void makeKey(QWindow &window) override;
+    [[nodiscard]] bool canFade() const override;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    [[nodiscard]] QList<QScreen *> liveScreens() const;
+    void watch(QScreen *screen);
+    void noteChange();
+    void returnToFront();
+    [[nodiscard]] bool isCovering(const QWindow *window) const;
+
+    MainRunLoop &m_runLoop;
+    ScreenChanges m_changes;
+    // Whether any screen was that of an output.
+    bool m_hasOutputs = false;
+    // Gets the keyboard once the window manager knows it.
+    QPointer<QWindow> m_keyWindow;
+    QList<QPointer<QWindow>> m_covering;
+    Cancellable m_return;
+};
+
+}

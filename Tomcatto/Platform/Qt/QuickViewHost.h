@@ -1,0 +1,51 @@
+#pragma once
+
+#include "Appearance/AppearanceSettings.h"
+#include "Foundation/Logger.h"
+#include "Platform/Ports/ViewHost.h"
+#include "Platform/Qt/AppearanceMirror.h"
+
+#include <chrono>
+#include <memory>
+#include <QtCore/QObject>
+#include <QtCore/QPointer>
+#include <QtCore/QTimer>
+
+class QQmlEngine;
+class QQuickWindow;
+
+namespace tomcatto {
+
+/// Makes windows out of QML components with one engine for all of them, whose look follows the application's. Some time
+/// after the last window is gone the engine goes too and its memory goes back to the system. Main thread only.
+class QuickViewHost final : public QObject, public ViewHost
+{
+    Q_OBJECT
+
+public:
+    /// @param appearance has the properties that views follow; it outlives this.
+    /// @param patience how long an engine without views is kept.
+    explicit QuickViewHost(QObject &appearance, std::chrono::milliseconds patience = std::chrono::seconds(10));
+    /// Views that are still there lose their windows.
+    ~QuickViewHost() override;
+
+    /// The component is the file of that name in the module's folder; its root is a `Window`.
+    [[nodiscard]] std::unique_ptr<HostedView> create(const ViewDescription &description) override;
+
+    /// Whether an engine is kept now.
+    [[nodiscard]] bool hasEngine() const noexcept { return m_engine != nullptr; }
+
+private:
+    void makeEngine();
+    void releaseEngine();
+    [[nodiscard]] std::unique_ptr<QQuickWindow> makeWindow(const ViewDescription &description);
+
+    const Logger m_logger{QStringLiteral("QuickViewHost")};
+    AppearanceSettings m_settings;
+    AppearanceMirror m_mirror;
+    std::unique_ptr<QQmlEngine> m_engine;
+    QList<QQuickWindow *> m_windows;
+    QTimer m_release;
+};
+
+}
