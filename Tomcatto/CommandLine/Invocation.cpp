@@ -33,10 +33,10 @@ std::expected<QStringList, QString> takeArgumentDomain(const QStringList &words,
                 QStringLiteral("Unknown setting \"%1\"; `tomcatto settings list` shows them all").arg(words[index]));
         if (++index >= words.size())
             return std::unexpected(QStringLiteral("-%1 needs a value").arg(key));
-        const auto value = parseSetting(*setting, words[index]);
+        const auto value = setting->parse(words[index]);
         if (!value)
             return std::unexpected(value.error());
-        invocation.argumentDomain.insert_or_assign(key, *value);
+        invocation.argumentDomain.insert_or_assign(key, setting->stored(*value));
     }
     if (index < words.size() && !invocation.argumentDomain.empty())
         return std::unexpected(
@@ -199,7 +199,7 @@ private:
         set->callback([this] {
             chooseSetting(Action::settingsSet);
             m_invocation.text = QString::fromStdString(m_value);
-            if (const auto value = parseSetting(*m_invocation.setting, m_invocation.text); !value)
+            if (const auto value = m_invocation.setting->parse(m_invocation.text); !value)
                 throw UsageError{value.error()};
         });
     }

@@ -20,19 +20,24 @@ ControlReply stored(const SettingsCommandParts &parts, const QString &name)
 ControlReply setSetting(const SettingsCommandParts &parts, const SettingDescriptor &setting, const QString &text)
 {
     const QString name = PomodoroSettings::keyText(setting.key);
-    const auto value = parseSetting(setting, text);
+    const auto value = setting.parse(text);
     if (!value)
         return controlReply(ExitStatus::usage, value.error());
-    applySetting(parts.settings, setting.key, *value);
+    parts.settings.setValue(setting.key, *value);
     // What the system refuses goes back at once.
-    if (const QString present = settingText(parts.settings, setting.key); parseSetting(setting, present) != value) {
+    if (const qint64 present = parts.settings.value(setting.key); present != *value) {
         const QString &problem = parts.launchAtLogin.problem();
         return controlReply(ExitStatus::failed, QStringLiteral("%1 stays %2: %3")
-                                                    .arg(name, present,
+                                                    .arg(name, setting.text(present),
                                                          problem.isEmpty() ? QStringLiteral("the system says so.")
                                                                            : problem + QLatin1Char('.')));
     }
     return stored(parts, name);
+}
+
+std::string settingText(const SettingsCommandParts &parts, const SettingDescriptor &setting)
+{
+    return setting.text(parts.settings.value(setting.key)).toStdString();
 }
 
 ControlReply settingsCommand(const SettingsCommandParts &parts, const Json &arguments)
@@ -45,15 +50,14 @@ ControlReply settingsCommand(const SettingsCommandParts &parts, const Json &argu
     if (key.empty()) {
         Json all = Json::object();
         for (const SettingDescriptor &each : settingDescriptors())
-            all[PomodoroSettings::keyText(each.key).toStdString()] =
-                settingText(parts.settings, each.key).toStdString();
+            all[PomodoroSettings::keyText(each.key).toStdString()] = settingText(parts, each);
         return {ExitStatus::done, {}, all};
     }
     if (!setting)
         return controlReply(ExitStatus::usage,
                             QStringLiteral("Unknown setting \"%1\"").arg(QString::fromStdString(key)));
     if (!arguments.contains("value"))
-        return {ExitStatus::done, {}, Json(settingText(parts.settings, setting->key).toStdString())};
+        return {ExitStatus::done, {}, Json(settingText(parts, *setting))};
     return setSetting(parts, *setting, QString::fromStdString(arguments.value("value", std::string())));
 }
 

@@ -60,8 +60,8 @@ int GeneralPageViewModel::menuBarStyle() const
 QStringList GeneralPageViewModel::themes() const
 {
     QStringList texts;
-    for (const ThemePreference preference : themeOrder)
-        texts.append(m_strings.text(QStringLiteral("window.general.theme.") + rawValue(preference)));
+    for (const char *const theme : {"system", "light", "dark"})
+        texts.append(m_strings.text(QStringLiteral("window.general.theme.") + QLatin1String(theme)));
     return texts;
 }
 

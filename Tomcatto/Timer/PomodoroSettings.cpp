@@ -1,6 +1,7 @@
 #include "Timer/PomodoroSettings.h"
 
-#include <cmath>
+#include "Timer/SettingsCatalog.h"
+
 #include <QtCore/QMetaEnum>
 
 namespace tomcatto {
@@ -19,30 +20,17 @@ PomodoroSettings::PomodoroSettings(UserDefaults &store, QObject *parent)
 
 void PomodoroSettings::load()
 {
-    m_workDurationSeconds = readInteger(Key::workDurationSeconds, m_workDurationSeconds);
-    m_shortBreakDurationSeconds = readInteger(Key::shortBreakDurationSeconds, m_shortBreakDurationSeconds);
-    m_longBreakDurationSeconds = readInteger(Key::longBreakDurationSeconds, m_longBreakDurationSeconds);
-    m_cyclesBeforeLongBreak = readInteger(Key::cyclesBeforeLongBreak, m_cyclesBeforeLongBreak);
-
     const auto legacy = m_store.value(keyText(Key::autoStartNextCycle));
     const bool *const legacyStart = legacy ? std::get_if<bool>(&*legacy) : nullptr;
-    m_autoStartBreaks = readBoolean(Key::autoStartBreaks, legacyStart ? *legacyStart : true);
-    m_autoStartFocus = readBoolean(Key::autoStartFocus, legacyStart ? *legacyStart : true);
-
-    m_overflowEnabled = readBoolean(Key::overflowEnabled, m_overflowEnabled);
-    m_dailyGoalPomodoros = readInteger(Key::dailyGoalPomodoros, m_dailyGoalPomodoros);
-    loadMenuBarStyle();
+    for (const SettingDescriptor &setting : settingDescriptors()) {
+        const bool isStart = setting.key == Key::autoStartBreaks || setting.key == Key::autoStartFocus;
+        const qint64 fallback = isStart && legacyStart ? *legacyStart : setting.fallback;
+        m_values.at(index(setting.key)) = setting.read(m_store.value(keyText(setting.key))).value_or(fallback);
+    }
+    // The old ring drew no digits, so its users keep an icon, while a fresh store shows the countdown.
+    if (m_store.value(keyText(Key::menuBarStyle)) == DefaultsValue(QStringLiteral("ring")))
+        setMenuBarStyle(MenuBarStyle::iconOnly);
     m_store.remove(keyText(Key::menuBarPhaseColor));
-    m_soundEnabled = readBoolean(Key::soundEnabled, m_soundEnabled);
-    m_notificationsEnabled = readBoolean(Key::notificationsEnabled, m_notificationsEnabled);
-    m_launchAtLogin = readBoolean(Key::launchAtLogin, m_launchAtLogin);
-    if (const auto text = readText(Key::themePreference))
-        m_themePreference = themePreferenceFromRawValue(*text).value_or(m_themePreference);
-    if (const auto text = readText(Key::videoSource))
-        m_videoSource = videoSourceFromRawValue(*text).value_or(m_videoSource);
-    if (const auto text = readText(Key::selectedLanguage))
-        m_selectedLanguage = languageFromRawValue(*text).value_or(m_selectedLanguage);
-    m_hasCompletedOnboarding = readBoolean(Key::hasCompletedOnboarding, m_hasCompletedOnboarding);
     migrateAutomaticStarts(legacyStart != nullptr);
 }
 
@@ -60,137 +48,11 @@ void PomodoroSettings::migrateAutomaticStarts(bool legacyWasBoolean)
     m_store.remove(keyText(Key::autoStartNextCycle));
 }
 
-void PomodoroSettings::loadMenuBarStyle()
+void PomodoroSettings::setValue(Key key, qint64 value)
 {
-    const auto text = readText(Key::menuBarStyle);
-    if (!text)
-        return;
-    // The old ring drew no digits, so its users keep an icon, while a fresh store shows the countdown.
-    if (*text == QStringLiteral("ring")) {
-        m_menuBarStyle = MenuBarStyle::iconOnly;
-        m_store.setValue(keyText(Key::menuBarStyle), rawValue(MenuBarStyle::iconOnly));
-        return;
-    }
-    m_menuBarStyle = menuBarStyleFromRawValue(*text).value_or(m_menuBarStyle);
-}
-
-qint64 PomodoroSettings::readInteger(Key key, qint64 fallback) const
-{
-    const auto value = m_store.value(keyText(key));
-    if (!value)
-        return fallback;
-    if (const auto *integer = std::get_if<qint64>(&*value))
-        return *integer;
-    if (const auto *number = std::get_if<double>(&*value)) {
-        // Fractions are dropped; what no integer can hold counts as absent.
-        constexpr double limit = 9.2e18;
-        return std::isfinite(*number) && std::abs(*number) < limit ? static_cast<qint64>(*number) : fallback;
-    }
-    return fallback;
-}
-
-bool PomodoroSettings::readBoolean(Key key, bool fallback) const
-{
-    const auto value = m_store.value(keyText(key));
-    const bool *const boolean = value ? std::get_if<bool>(&*value) : nullptr;
-    return boolean ? *boolean : fallback;
-}
-
-std::optional<QString> PomodoroSettings::readText(Key key) const
-{
-    const auto value = m_store.value(keyText(key));
-    const QString *const text = value ? std::get_if<QString>(&*value) : nullptr;
-    return text ? std::optional(*text) : std::nullopt;
-}
-
-template<typename Value>
-void PomodoroSettings::assign(Value &field, Value value, Key key, const DefaultsValue &stored)
-{
-    m_store.setValue(keyText(key), stored);
-    if (field == value)
-        return;
-    field = value;
-    Q_EMIT changed(key);
-}
-
-void PomodoroSettings::setWorkDurationSeconds(qint64 seconds)
-{
-    assign(m_workDurationSeconds, seconds, Key::workDurationSeconds, seconds);
-}
-
-void PomodoroSettings::setShortBreakDurationSeconds(qint64 seconds)
-{
-    assign(m_shortBreakDurationSeconds, seconds, Key::shortBreakDurationSeconds, seconds);
-}
-
-void PomodoroSettings::setLongBreakDurationSeconds(qint64 seconds)
-{
-    assign(m_longBreakDurationSeconds, seconds, Key::longBreakDurationSeconds, seconds);
-}
-
-void PomodoroSettings::setCyclesBeforeLongBreak(qint64 cycles)
-{
-    assign(m_cyclesBeforeLongBreak, cycles, Key::cyclesBeforeLongBreak, cycles);
-}
-
-void PomodoroSettings::setAutoStartBreaks(bool isOn)
-{
-    assign(m_autoStartBreaks, isOn, Key::autoStartBreaks, isOn);
-}
-
-void PomodoroSettings::setAutoStartFocus(bool isOn)
-{
-    assign(m_autoStartFocus, isOn, Key::autoStartFocus, isOn);
-}
-
-void PomodoroSettings::setOverflowEnabled(bool isOn)
-{
-    assign(m_overflowEnabled, isOn, Key::overflowEnabled, isOn);
-}
-
-void PomodoroSettings::setDailyGoalPomodoros(qint64 goal)
-{
-    assign(m_dailyGoalPomodoros, goal, Key::dailyGoalPomodoros, goal);
-}
-
-void PomodoroSettings::setMenuBarStyle(MenuBarStyle style)
-{
-    assign(m_menuBarStyle, style, Key::menuBarStyle, rawValue(style));
-}
-
-void PomodoroSettings::setSoundEnabled(bool isOn)
-{
-    assign(m_soundEnabled, isOn, Key::soundEnabled, isOn);
-}
-
-void PomodoroSettings::setNotificationsEnabled(bool isOn)
-{
-    assign(m_notificationsEnabled, isOn, Key::notificationsEnabled, isOn);
-}
-
-void PomodoroSettings::setLaunchAtLogin(bool isOn)
-{
-    assign(m_launchAtLogin, isOn, Key::launchAtLogin, isOn);
-}
-
-void PomodoroSettings::setThemePreference(ThemePreference preference)
-{
-    assign(m_themePreference, preference, Key::themePreference, rawValue(preference));
-}
-
-void PomodoroSettings::setVideoSource(VideoSource source)
-{
-    assign(m_videoSource, source, Key::videoSource, rawValue(source));
-}
-
-void PomodoroSettings::setSelectedLanguage(SelectedLanguage language)
-{
-    assign(m_selectedLanguage, language, Key::selectedLanguage, rawValue(language));
-}
-
-void PomodoroSettings::setHasCompletedOnboarding(bool isCompleted)
-{
-    assign(m_hasCompletedOnboarding, isCompleted, Key::hasCompletedOnboarding, isCompleted);
+    m_store.setValue(keyText(key), settingDescriptors().at(index(key)).stored(value));
+    if (std::exchange(m_values.at(index(key)), value) != value)
+        Q_EMIT changed(key);
 }
 
 qint64 PomodoroSettings::durationSeconds(PomodoroPhase phase) const noexcept
@@ -199,18 +61,18 @@ qint64 PomodoroSettings::durationSeconds(PomodoroPhase phase) const noexcept
     case PomodoroPhase::idle:
         return 0;
     case PomodoroPhase::working:
-        return m_workDurationSeconds;
+        return workDurationSeconds();
     case PomodoroPhase::shortBreak:
-        return m_shortBreakDurationSeconds;
+        return shortBreakDurationSeconds();
     case PomodoroPhase::longBreak:
-        return m_longBreakDurationSeconds;
+        return longBreakDurationSeconds();
     }
     return 0;
 }
 
 PomodoroPreset PomodoroSettings::preset() const noexcept
 {
-    const PresetDurations stored{m_workDurationSeconds, m_shortBreakDurationSeconds, m_longBreakDurationSeconds};
+    const PresetDurations stored{workDurationSeconds(), shortBreakDurationSeconds(), longBreakDurationSeconds()};
     for (const NamedPreset candidate : namedPresets) {
         if (durations(candidate) == stored)
             return candidate;

@@ -6,6 +6,7 @@
 #include "Timer/PomodoroPhase.h"
 #include "Timer/SettingsEnumerations.h"
 
+#include <array>
 #include <QtCore/QObject>
 
 namespace tomcatto {
@@ -48,40 +49,59 @@ public:
     explicit PomodoroSettings(UserDefaults &store, QObject *parent = nullptr);
 
     /// Lengths of the phases, in seconds.
-    [[nodiscard]] qint64 workDurationSeconds() const noexcept { return m_workDurationSeconds; }
-    [[nodiscard]] qint64 shortBreakDurationSeconds() const noexcept { return m_shortBreakDurationSeconds; }
-    [[nodiscard]] qint64 longBreakDurationSeconds() const noexcept { return m_longBreakDurationSeconds; }
+    [[nodiscard]] qint64 workDurationSeconds() const noexcept { return value(Key::workDurationSeconds); }
+    [[nodiscard]] qint64 shortBreakDurationSeconds() const noexcept { return value(Key::shortBreakDurationSeconds); }
+    [[nodiscard]] qint64 longBreakDurationSeconds() const noexcept { return value(Key::longBreakDurationSeconds); }
     /// Work phases before a long break. 0 is fatal when a work phase is left.
-    [[nodiscard]] qint64 cyclesBeforeLongBreak() const noexcept { return m_cyclesBeforeLongBreak; }
-    [[nodiscard]] bool autoStartBreaks() const noexcept { return m_autoStartBreaks; }
-    [[nodiscard]] bool autoStartFocus() const noexcept { return m_autoStartFocus; }
-    [[nodiscard]] bool overflowEnabled() const noexcept { return m_overflowEnabled; }
-    [[nodiscard]] qint64 dailyGoalPomodoros() const noexcept { return m_dailyGoalPomodoros; }
-    [[nodiscard]] MenuBarStyle menuBarStyle() const noexcept { return m_menuBarStyle; }
-    [[nodiscard]] bool soundEnabled() const noexcept { return m_soundEnabled; }
-    [[nodiscard]] bool notificationsEnabled() const noexcept { return m_notificationsEnabled; }
-    [[nodiscard]] bool launchAtLogin() const noexcept { return m_launchAtLogin; }
-    [[nodiscard]] ThemePreference themePreference() const noexcept { return m_themePreference; }
-    [[nodiscard]] VideoSource videoSource() const noexcept { return m_videoSource; }
-    [[nodiscard]] SelectedLanguage selectedLanguage() const noexcept { return m_selectedLanguage; }
-    [[nodiscard]] bool hasCompletedOnboarding() const noexcept { return m_hasCompletedOnboarding; }
+    [[nodiscard]] qint64 cyclesBeforeLongBreak() const noexcept { return value(Key::cyclesBeforeLongBreak); }
+    [[nodiscard]] bool autoStartBreaks() const noexcept { return value(Key::autoStartBreaks) != 0; }
+    [[nodiscard]] bool autoStartFocus() const noexcept { return value(Key::autoStartFocus) != 0; }
+    [[nodiscard]] bool overflowEnabled() const noexcept { return value(Key::overflowEnabled) != 0; }
+    [[nodiscard]] qint64 dailyGoalPomodoros() const noexcept { return value(Key::dailyGoalPomodoros); }
+    [[nodiscard]] MenuBarStyle menuBarStyle() const noexcept
+    {
+        return static_cast<MenuBarStyle>(value(Key::menuBarStyle));
+    }
+    [[nodiscard]] bool soundEnabled() const noexcept { return value(Key::soundEnabled) != 0; }
+    [[nodiscard]] bool notificationsEnabled() const noexcept { return value(Key::notificationsEnabled) != 0; }
+    [[nodiscard]] bool launchAtLogin() const noexcept { return value(Key::launchAtLogin) != 0; }
+    [[nodiscard]] ThemePreference themePreference() const noexcept
+    {
+        return static_cast<ThemePreference>(value(Key::themePreference));
+    }
+    [[nodiscard]] VideoSource videoSource() const noexcept { return static_cast<VideoSource>(value(Key::videoSource)); }
+    [[nodiscard]] SelectedLanguage selectedLanguage() const noexcept
+    {
+        return static_cast<SelectedLanguage>(value(Key::selectedLanguage));
+    }
+    [[nodiscard]] bool hasCompletedOnboarding() const noexcept { return value(Key::hasCompletedOnboarding) != 0; }
 
-    void setWorkDurationSeconds(qint64 seconds);
-    void setShortBreakDurationSeconds(qint64 seconds);
-    void setLongBreakDurationSeconds(qint64 seconds);
-    void setCyclesBeforeLongBreak(qint64 cycles);
-    void setAutoStartBreaks(bool isOn);
-    void setAutoStartFocus(bool isOn);
-    void setOverflowEnabled(bool isOn);
-    void setDailyGoalPomodoros(qint64 goal);
-    void setMenuBarStyle(MenuBarStyle style);
-    void setSoundEnabled(bool isOn);
-    void setNotificationsEnabled(bool isOn);
-    void setLaunchAtLogin(bool isOn);
-    void setThemePreference(ThemePreference preference);
-    void setVideoSource(VideoSource source);
-    void setSelectedLanguage(SelectedLanguage language);
-    void setHasCompletedOnboarding(bool isCompleted);
+    void setWorkDurationSeconds(qint64 seconds) { setValue(Key::workDurationSeconds, seconds); }
+    void setShortBreakDurationSeconds(qint64 seconds) { setValue(Key::shortBreakDurationSeconds, seconds); }
+    void setLongBreakDurationSeconds(qint64 seconds) { setValue(Key::longBreakDurationSeconds, seconds); }
+    void setCyclesBeforeLongBreak(qint64 cycles) { setValue(Key::cyclesBeforeLongBreak, cycles); }
+    void setAutoStartBreaks(bool isOn) { setValue(Key::autoStartBreaks, isOn); }
+    void setAutoStartFocus(bool isOn) { setValue(Key::autoStartFocus, isOn); }
+    void setOverflowEnabled(bool isOn) { setValue(Key::overflowEnabled, isOn); }
+    void setDailyGoalPomodoros(qint64 goal) { setValue(Key::dailyGoalPomodoros, goal); }
+    void setMenuBarStyle(MenuBarStyle style) { setValue(Key::menuBarStyle, static_cast<qint64>(style)); }
+    void setSoundEnabled(bool isOn) { setValue(Key::soundEnabled, isOn); }
+    void setNotificationsEnabled(bool isOn) { setValue(Key::notificationsEnabled, isOn); }
+    void setLaunchAtLogin(bool isOn) { setValue(Key::launchAtLogin, isOn); }
+    void setThemePreference(ThemePreference preference)
+    {
+        setValue(Key::themePreference, static_cast<qint64>(preference));
+    }
+    void setVideoSource(VideoSource source) { setValue(Key::videoSource, static_cast<qint64>(source)); }
+    void setSelectedLanguage(SelectedLanguage language)
+    {
+        setValue(Key::selectedLanguage, static_cast<qint64>(language));
+    }
+    void setHasCompletedOnboarding(bool isCompleted) { setValue(Key::hasCompletedOnboarding, isCompleted); }
+
+    /// Any value as the number that stands for it in the setting's `SettingDescriptor`.
+    [[nodiscard]] qint64 value(Key key) const noexcept { return m_values[index(key)]; }
+    void setValue(Key key, qint64 value);
 
     /// The configured length of a phase in seconds; 0 for `idle`.
     [[nodiscard]] qint64 durationSeconds(PomodoroPhase phase) const noexcept;
@@ -97,30 +117,10 @@ Q_SIGNALS:
 private:
     void load();
     void migrateAutomaticStarts(bool legacyWasBoolean);
-    void loadMenuBarStyle();
-    [[nodiscard]] qint64 readInteger(Key key, qint64 fallback) const;
-    [[nodiscard]] bool readBoolean(Key key, bool fallback) const;
-    [[nodiscard]] std::optional<QString> readText(Key key) const;
-    template<typename Value>
-    void assign(Value &field, Value value, Key key, const DefaultsValue &stored);
+    [[nodiscard]] static constexpr std::size_t index(Key key) noexcept { return static_cast<std::size_t>(key); }
 
     UserDefaults &m_store;
-    qint64 m_workDurationSeconds = 1500;
-    qint64 m_shortBreakDurationSeconds = 300;
-    qint64 m_longBreakDurationSeconds = 900;
-    qint64 m_cyclesBeforeLongBreak = 4;
-    bool m_autoStartBreaks = true;
-    bool m_autoStartFocus = true;
-    bool m_overflowEnabled = false;
-    qint64 m_dailyGoalPomodoros = 8;
-    MenuBarStyle m_menuBarStyle = MenuBarStyle::countdown;
-    bool m_soundEnabled = true;
-    bool m_notificationsEnabled = true;
-    bool m_launchAtLogin = false;
-    ThemePreference m_themePreference = ThemePreference::system;
-    VideoSource m_videoSource = VideoSource::bundled;
-    SelectedLanguage m_selectedLanguage = SelectedLanguage::system;
-    bool m_hasCompletedOnboarding = false;
+    std::array<qint64, static_cast<std::size_t>(Key::autoStartNextCycle)> m_values{};
 };
 
 }

@@ -1,35 +1,41 @@
 #include "Timer/SettingsCatalog.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace tomcatto {
 
 namespace {
 
 using Key = PomodoroSettings::Key;
+using Kind = SettingDescriptor::Kind;
 
 // The duration controls reach from 1 to 180 minutes; the command line takes seconds as well.
 constexpr qint64 longestDuration = 180LL * 60;
 
-SettingDescriptor integer(Key key, qint64 minimum, qint64 maximum)
+SettingDescriptor integer(Key key, qint64 fallback, qint64 minimum, qint64 maximum)
 {
-    return {key, SettingDescriptor::Kind::integer, minimum, maximum, {}};
+    return {key, Kind::integer, fallback, minimum, maximum, {}};
 }
 
-SettingDescriptor boolean(Key key)
+SettingDescriptor boolean(Key key, bool fallback)
 {
-    return {key, SettingDescriptor::Kind::boolean, 0, 0, {QStringLiteral("true"), QStringLiteral("false")}};
+    return {key, Kind::boolean, fallback, 0, 1, {QStringLiteral("false"), QStringLiteral("true")}};
 }
 
-template<typename... Cases>
-SettingDescriptor choice(Key key, Cases... cases)
+/// The texts stand in the order of their enumeration, whose first case is the default where no other is named.
+template<typename Case = int>
+SettingDescriptor choice(Key key, const QStringList &texts, Case fallback = {})
 {
-    return {key, SettingDescriptor::Kind::choice, 0, 0, {rawValue(cases)...}};
+    return {key, Kind::choice, static_cast<qint64>(fallback), 0, texts.size() - 1, texts};
 }
 
-QString booleanText(bool value)
+QStringList languageTexts()
 {
-    return value ? QStringLiteral("true") : QStringLiteral("false");
+    QStringList texts;
+    for (const SelectedLanguage language : allLanguages)
+        texts.append(rawValue(language));
+    return texts;
 }
 
 }
@@ -37,23 +43,22 @@ QString booleanText(bool value)
 const std::vector<SettingDescriptor> &settingDescriptors()
 {
     static const std::vector<SettingDescriptor> descriptors{
-        integer(Key::workDurationSeconds, 1, longestDuration),
-        integer(Key::shortBreakDurationSeconds, 1, longestDuration),
-        integer(Key::longBreakDurationSeconds, 1, longestDuration),
-        integer(Key::cyclesBeforeLongBreak, 1, 12),
-        boolean(Key::autoStartBreaks),
-        boolean(Key::autoStartFocus),
-        boolean(Key::overflowEnabled),
-        integer(Key::dailyGoalPomodoros, 1, 24),
-        choice(Key::menuBarStyle, MenuBarStyle::iconOnly, MenuBarStyle::countdown),
-        boolean(Key::soundEnabled),
-        boolean(Key::notificationsEnabled),
-        boolean(Key::launchAtLogin),
-        choice(Key::themePreference, ThemePreference::system, ThemePreference::light, ThemePreference::dark),
-        choice(Key::videoSource, VideoSource::bundled),
-        choice(Key::selectedLanguage, SelectedLanguage::system, SelectedLanguage::en, SelectedLanguage::tr,
-               SelectedLanguage::de, SelectedLanguage::es, SelectedLanguage::fr),
-        boolean(Key::hasCompletedOnboarding),
+        integer(Key::workDurationSeconds, 1500, 1, longestDuration),
+        integer(Key::shortBreakDurationSeconds, 300, 1, longestDuration),
+        integer(Key::longBreakDurationSeconds, 900, 1, longestDuration),
+        integer(Key::cyclesBeforeLongBreak, 4, 1, 12),
+        boolean(Key::autoStartBreaks, true),
+        boolean(Key::autoStartFocus, true),
+        boolean(Key::overflowEnabled, false),
+        integer(Key::dailyGoalPomodoros, 8, 1, 24),
+        choice(Key::menuBarStyle, {QStringLiteral("iconOnly"), QStringLiteral("countdown")}, MenuBarStyle::countdown),
+        boolean(Key::soundEnabled, true),
+        boolean(Key::notificationsEnabled, true),
+        boolean(Key::launchAtLogin, false),
+        choice(Key::themePreference, {QStringLiteral("system"), QStringLiteral("light"), QStringLiteral("dark")}),
+        choice(Key::videoSource, {QStringLiteral("bundled")}),
+        choice(Key::selectedLanguage, languageTexts()),
+        boolean(Key::hasCompletedOnboarding, false),
     };
     return descriptors;
 }
@@ -66,119 +71,49 @@ const SettingDescriptor *findSetting(QStringView keyText)
     return found != all.end() ? &*found : nullptr;
 }
 
-std::expected<DefaultsValue, QString> parseSetting(const SettingDescriptor &setting, const QString &text)
+QString SettingDescriptor::text(qint64 value) const
 {
-    const QString subject = PomodoroSettings::keyText(setting.key) + QStringLiteral(": \"") + text +
-                            QStringLiteral("\" is not allowed; use ");
-    switch (setting.kind) {
-    case SettingDescriptor::Kind::integer: {
-        bool isNumber = false;
-        const qint64 number = text.toLongLong(&isNumber);
-        if (!isNumber || number < setting.minimum || number > setting.maximum)
-            return std::unexpected(
-                subject + QStringLiteral("a whole number from %1 to %2").arg(setting.minimum).arg(setting.maximum));
-        return DefaultsValue(number);
-    }
-    case SettingDescriptor::Kind::boolean:
-        if (!setting.choices.contains(text))
-            return std::unexpected(subject + QStringLiteral("true or false"));
-        return DefaultsValue(text == booleanText(true));
-    case SettingDescriptor::Kind::choice:
-        if (!setting.choices.contains(text))
-            return std::unexpected(subject + QStringLiteral("one of: ") + setting.choices.join(QStringLiteral(", ")));
-        return DefaultsValue(text);
-    }
-    return std::unexpected(subject);
+    return kind == Kind::integer ? QString::number(value) : texts.value(value);
 }
 
-QString settingText(const PomodoroSettings &settings, Key key)
+DefaultsValue SettingDescriptor::stored(qint64 value) const
 {
-    switch (key) {
-    case Key::workDurationSeconds:
-        return QString::number(settings.workDurationSeconds());
-    case Key::shortBreakDurationSeconds:
-        return QString::number(settings.shortBreakDurationSeconds());
-    case Key::longBreakDurationSeconds:
-        return QString::number(settings.longBreakDurationSeconds());
-    case Key::cyclesBeforeLongBreak:
-        return QString::number(settings.cyclesBeforeLongBreak());
-    case Key::autoStartBreaks:
-        return booleanText(settings.autoStartBreaks());
-    case Key::autoStartFocus:
-        return booleanText(settings.autoStartFocus());
-    case Key::overflowEnabled:
-        return booleanText(settings.overflowEnabled());
-    case Key::dailyGoalPomodoros:
-        return QString::number(settings.dailyGoalPomodoros());
-    case Key::menuBarStyle:
-        return rawValue(settings.menuBarStyle());
-    case Key::soundEnabled:
-        return booleanText(settings.soundEnabled());
-    case Key::notificationsEnabled:
-        return booleanText(settings.notificationsEnabled());
-    case Key::launchAtLogin:
-        return booleanText(settings.launchAtLogin());
-    case Key::themePreference:
-        return rawValue(settings.themePreference());
-    case Key::videoSource:
-        return rawValue(settings.videoSource());
-    case Key::selectedLanguage:
-        return rawValue(settings.selectedLanguage());
-    case Key::hasCompletedOnboarding:
-        return booleanText(settings.hasCompletedOnboarding());
-    case Key::autoStartNextCycle:
-    case Key::menuBarPhaseColor:
-        break;
-    }
-    return {};
+    if (kind == Kind::choice)
+        return texts.value(value);
+    return kind == Kind::boolean ? DefaultsValue(value != 0) : DefaultsValue(value);
 }
 
-void applySetting(PomodoroSettings &settings, Key key, const DefaultsValue &value)
+std::optional<qint64> SettingDescriptor::read(const std::optional<DefaultsValue> &value) const
 {
-    const auto *const number = std::get_if<qint64>(&value);
-    const auto *const flag = std::get_if<bool>(&value);
-    const auto *const text = std::get_if<QString>(&value);
-    switch (key) {
-    case Key::workDurationSeconds:
-        return number ? settings.setWorkDurationSeconds(*number) : void();
-    case Key::shortBreakDurationSeconds:
-        return number ? settings.setShortBreakDurationSeconds(*number) : void();
-    case Key::longBreakDurationSeconds:
-        return number ? settings.setLongBreakDurationSeconds(*number) : void();
-    case Key::cyclesBeforeLongBreak:
-        return number ? settings.setCyclesBeforeLongBreak(*number) : void();
-    case Key::autoStartBreaks:
-        return flag ? settings.setAutoStartBreaks(*flag) : void();
-    case Key::autoStartFocus:
-        return flag ? settings.setAutoStartFocus(*flag) : void();
-    case Key::overflowEnabled:
-        return flag ? settings.setOverflowEnabled(*flag) : void();
-    case Key::dailyGoalPomodoros:
-        return number ? settings.setDailyGoalPomodoros(*number) : void();
-    case Key::menuBarStyle:
-        return text ? settings.setMenuBarStyle(menuBarStyleFromRawValue(*text).value_or(settings.menuBarStyle()))
-                    : void();
-    case Key::soundEnabled:
-        return flag ? settings.setSoundEnabled(*flag) : void();
-    case Key::notificationsEnabled:
-        return flag ? settings.setNotificationsEnabled(*flag) : void();
-    case Key::launchAtLogin:
-        return flag ? settings.setLaunchAtLogin(*flag) : void();
-    case Key::themePreference:
-        return text ? settings.setThemePreference(
-                          themePreferenceFromRawValue(*text).value_or(settings.themePreference()))
-                    : void();
-    case Key::videoSource:
-        return text ? settings.setVideoSource(videoSourceFromRawValue(*text).value_or(settings.videoSource())) : void();
-    case Key::selectedLanguage:
-        return text ? settings.setSelectedLanguage(languageFromRawValue(*text).value_or(settings.selectedLanguage()))
-                    : void();
-    case Key::hasCompletedOnboarding:
-        return flag ? settings.setHasCompletedOnboarding(*flag) : void();
-    case Key::autoStartNextCycle:
-    case Key::menuBarPhaseColor:
-        return;
-    }
+    const auto *const whole = value ? std::get_if<qint64>(&*value) : nullptr;
+    const auto *const number = value ? std::get_if<double>(&*value) : nullptr;
+    const auto *const flag = value ? std::get_if<bool>(&*value) : nullptr;
+    const auto *const name = value ? std::get_if<QString>(&*value) : nullptr;
+    // Fractions are dropped; what no integer can hold counts as absent.
+    constexpr double limit = 9.2e18;
+    if (kind == Kind::integer && whole)
+        return *whole;
+    if (kind == Kind::integer && number && std::abs(*number) < limit)
+        return static_cast<qint64>(*number);
+    if (kind == Kind::boolean && flag)
+        return *flag;
+    if (kind == Kind::choice && name && texts.contains(*name))
+        return texts.indexOf(*name);
+    return std::nullopt;
+}
+
+std::expected<qint64, QString> SettingDescriptor::parse(const QString &text) const
+{
+    bool isAllowed = texts.contains(text);
+    const qint64 value = kind == Kind::integer ? text.toLongLong(&isAllowed) : texts.indexOf(text);
+    if (isAllowed && value >= minimum && value <= maximum)
+        return value;
+    const QString allowed = kind == Kind::integer
+                                ? QStringLiteral("a whole number from %1 to %2").arg(minimum).arg(maximum)
+                            : kind == Kind::boolean ? QStringLiteral("true or false")
+                                                    : QStringLiteral("one of: ") + texts.join(QStringLiteral(", "));
+    return std::unexpected(PomodoroSettings::keyText(key) + QStringLiteral(": \"") + text +
+                           QStringLiteral("\" is not allowed; use ") + allowed);
 }
 
 }

@@ -21,7 +21,7 @@ TEST(PomodoroSettings, FreshStoreGivesDefaultsAndClassic)
     const PomodoroSettings settings(store);
     QStringList values;
     for (const SettingDescriptor &setting : settingDescriptors())
-        values << settingText(settings, setting.key);
+        values << setting.text(settings.value(setting.key));
     EXPECT_EQ(values.join(QLatin1Char(' ')).toStdString(),
               "1500 300 900 4 true true false 8 countdown true true false system bundled system false");
     EXPECT_EQ(settings.preset(), NamedPreset::classic);
@@ -121,11 +121,11 @@ TEST(SettingsCatalog, TakesOnlyWhatTheControlsOffer)
     for (const Case &item : cases) {
         const SettingDescriptor *const setting = findSetting(text(item.key));
         ASSERT_NE(setting, nullptr) << item.key;
-        const auto value = parseSetting(*setting, text(item.value));
+        const auto value = setting->parse(text(item.value));
         EXPECT_EQ(value.has_value(), item.isAllowed) << item.key << ' ' << item.value;
         if (value) {
-            applySetting(settings, setting->key, *value);
-            EXPECT_EQ(settingText(settings, setting->key), text(item.value));
+            settings.setValue(setting->key, *value);
+            EXPECT_EQ(setting->text(settings.value(setting->key)), text(item.value));
         }
     }
     EXPECT_EQ(findSetting(u"autoStartNextCycle"), nullptr);
