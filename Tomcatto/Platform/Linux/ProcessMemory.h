@@ -7,9 +7,8 @@ namespace tomcatto {
 /// is a second thread.
 void useOneAllocatorArena();
 
-/// Gives back what only something that is over needed, such as the start or a view: pages that the allocator keeps for
-/// itself, and the pages of programs and libraries, which stay in the system's cache of files as long as that has room.
-/// Those needed again come back by themselves, without a read from disk as a rule. Takes some milliseconds. Any thread.
+/// Gives the pages back that the allocator keeps for itself, after something large is over. Takes some milliseconds.
+/// Any thread.
 void giveBackUnusedMemory();
 
 }
