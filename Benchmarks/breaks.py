@@ -21,7 +21,7 @@ from measured_process import Places
 from screen import Display
 
 COUNT = 200
-# Megabytes of its own that all of them may leave behind, and that a single one may. How much of the libraries counts as
+# Megabytes of private memory that all of them may leave behind, and that a single one may. How much of the libraries counts as
 # the program's changes with the other programs that use them, so that part is only told.
 ALL_MAY_KEEP = 2
 ONE_MAY_KEEP = 5
@@ -31,7 +31,7 @@ ARGUMENTS = ["-workDurationSeconds", 1, "-shortBreakDurationSeconds", 1, "-longB
 class Level(NamedTuple):
     """What a program at rest has."""
 
-    megabytes: float
+    private: float
     proportional: float
     resident: float
     threads: int
@@ -41,11 +41,10 @@ class Level(NamedTuple):
     def of(running):
         """Once what its windows took is given back."""
         time.sleep(RELEASE_SECONDS)
-        return Level(running.own_megabytes(), running.megabytes(), running.megabytes("Rss"), running.threads(),
-                     running.descriptors())
+        return Level(*running.memory(), running.megabytes("Rss"), running.threads(), running.descriptors())
 
     def __str__(self):
-        return (f"{self.megabytes:.2f} MB of its own, {self.proportional:.2f} MB proportional, {self.resident:.2f} MB resident,"
+        return (f"{self.private:.2f} MB private, {self.proportional:.2f} MB proportional, {self.resident:.2f} MB resident,"
                 f" {self.threads} threads, {self.descriptors} open files")
 
 
@@ -83,12 +82,12 @@ def kept(session, count=COUNT):
         for _ in range(3):
             see_breaks(session, 1)
             levels.append(Level.of(running))
-        yield row("memory after a break, above the level after the first", max(level.megabytes for level in levels[1:])
-                  - levels[0].megabytes, "MB", ONE_MAY_KEEP)
+        yield row("memory after a break, above the level after the first", max(level.private for level in levels[1:])
+                  - levels[0].private, "MB", ONE_MAY_KEEP)
         videos = see_breaks(session, count)
         last = Level.of(running)
     print(f"{videos} of {count} breaks showed their video; before: {levels[-1]}; after: {last}", file=sys.stderr)
-    yield row(f"growth over {count} breaks with their videos: memory", last.megabytes - levels[-1].megabytes, "MB", ALL_MAY_KEEP)
+    yield row(f"growth over {count} breaks with their videos: memory", last.private - levels[-1].private, "MB", ALL_MAY_KEEP)
     yield row(f"growth over {count} breaks: threads", last.threads - levels[-1].threads, "threads", 0)
     yield row(f"growth over {count} breaks: open files", last.descriptors - levels[-1].descriptors, "files", 0)
 
@@ -120,7 +119,7 @@ def main():
     print(f"after {count} more, {videos} of them with a video: {last}")
     if videos < count * 0.9:
         sys.exit("Error: too few of them showed their video")
-    if last.megabytes > first.megabytes + ALL_MAY_KEEP:
+    if last.private > first.private + ALL_MAY_KEEP:
         sys.exit(f"Error: the memory grew by more than {ALL_MAY_KEEP} MB")
     if last.threads > first.threads or last.descriptors > first.descriptors:
         sys.exit("Error: threads or files are left over")

@@ -10,7 +10,7 @@ import time
 from breaks import kept
 from desktop_session import COUNTDOWN, LAUNCH, Session, ask, film
 from endings import ending
-from figures import resting, row, starts
+from figures import memory_rows, resting, row, starts
 from measured_process import Places, Running
 from screen import HEIGHT, LOOK_SECONDS, WIDTH, Display, bright_pixels, differing, wait_until
 
@@ -98,12 +98,32 @@ def beside_player(build, display, film, rounds=1):
     return [[statistics.median(column) for column in zip(*taken[name])] for name in taken]
 
 
+def show_everything(session):
+    """A panel and a break with its video, seen and gone again."""
+    keys = ["xdotool", "key", "Escape"]
+    everything = (0, 0, WIDTH, HEIGHT, 8)
+    before = session.display.pixels(*everything)
+    ask(session.places, "panel")
+    if wait_until(lambda: differing(before, session.display.pixels(*everything)) > 0.02, time.perf_counter()) is None:
+        raise SystemExit("Error: the panel does not show")
+    time.sleep(1)
+    subprocess.run(keys, env=session.places.environment, check=True)
+    time.sleep(1)
+    ask(session.places, "skip")
+    if wait_until(lambda: film(session.display) is not None, time.perf_counter()) is None:
+        raise SystemExit("Error: the break or its video does not show")
+    time.sleep(5)
+    subprocess.run(keys, env=session.places.environment, check=True)
+    if wait_until(lambda: film(session.display) is None, time.perf_counter()) is None:
+        raise SystemExit("Error: Esc does not end the break")
+
+
 def hidden(session):
     """Rows of the program without a window: its start, its memory and its wake-ups."""
     tray = str(session.build / "bare-tray")
     environment = session.display.environment
     with Running(session.places, [tray]) as running:
-        megabytes, wakeups = resting(running)
+        memory, wakeups = resting(running, HIDDEN_SECONDS)
     plain_start = starts([tray], environment=environment)
     start = starts([session.command, *LAUNCH], waits_for_socket=True, environment=environment)
     yield row("start of the desktop program to its status item, processor time", start, "ms", 60,
@@ -113,9 +133,12 @@ def hidden(session):
             if state == "running":
                 ask(session.places, "start")
             measured, woken = resting(running, settle)
-            yield row(f"hidden desktop program, {state}: memory", measured, "MB", 28, ("bare tray program", megabytes))
+            yield from memory_rows(f"hidden desktop program, {state}", measured, (5, 20), "bare tray program", memory)
             yield row(f"hidden desktop program, {state}: wake-ups", woken, "a second", limit,
                       ("bare tray program", wakeups))
+        show_everything(session)
+        again, _ = resting(running, HIDDEN_SECONDS)
+        yield from memory_rows("the same after a panel and a break", again, (12, 36), "before them", measured)
 
 
 def shown(session):

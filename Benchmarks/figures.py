@@ -36,7 +36,13 @@ def starts(command, has_terminal=False, waits_for_socket=False, environment=None
 
 
 def resting(running, settle_seconds=5):
-    """Megabytes and wake-ups a second once everything that a start or a change brings has passed."""
+    """Memory and wake-ups a second once everything that a start or a change brings has passed."""
     time.sleep(settle_seconds)
     wakeups = running.wakeups_a_second(WATCH_SECONDS)
-    return running.megabytes(), wakeups
+    return running.memory(), wakeups
+
+
+def memory_rows(what, memory, limits, name, yardstick):
+    """Both kinds of memory beside those of the yardstick, measured the same way."""
+    for kind, value, limit, other in zip(("private memory", "PSS"), memory, limits, yardstick):
+        yield row(f"{what}: {kind}", value, "MB", limit, (name, other))

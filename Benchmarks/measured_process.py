@@ -8,6 +8,7 @@ import subprocess
 import tempfile
 import threading
 import time
+from typing import NamedTuple
 
 BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
@@ -15,6 +16,15 @@ BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus
 <policy context="default"><allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/><allow own="*"/></policy>
 </busconfig>
 """
+
+
+class Memory(NamedTuple):
+    """Megabytes (10⁶ bytes) of a process."""
+
+    # Pages that no file on disk holds and no other process has, in memory or in the swap: gone for everybody else.
+    private: float
+    # Those, and of the pages that it shares, such as code in the system's cache of files, its share.
+    proportional: float
 
 
 class Places:
@@ -129,14 +139,13 @@ class Running:
         return sum(count - before.get(task, 0) for task, count in self.sleeps().items()) / seconds
 
     def megabytes(self, *kinds):
-        """In units of 10⁶ bytes. The proportional set size is memory of its own and its share of what it shares."""
-        wanted = kinds or ("Pss",)
+        """In units of 10⁶ bytes, by the kernel's names."""
         with open(f"/proc/{self.process.pid}/smaps_rollup", encoding="ascii") as file:
-            return sum(int(line.split()[1]) for line in file if line.split(":")[0] in wanted) * 1024 / 1e6
+            return sum(int(line.split()[1]) for line in file if line.split(":")[0] in kinds) * 1024 / 1e6
 
-    def own_megabytes(self):
-        """That part which no other process has a share in, so that no other process changes it."""
-        return self.megabytes("Pss_Anon", "Pss_Shmem")
+    def memory(self):
+        """What it costs the machine, and how it is usually told."""
+        return Memory(self.megabytes("Private_Dirty", "Swap"), self.megabytes("Pss"))
 
     def threads(self):
         return len(os.listdir(f"/proc/{self.process.pid}/task"))

@@ -14,7 +14,7 @@ import pathlib
 import sys
 
 import desktop
-from figures import resting, row, starts
+from figures import memory_rows, resting, row, starts
 from measured_process import Places, Running
 
 COMMANDS = 50
@@ -24,15 +24,15 @@ STAMPS = ("SELECT startedAt, actualDurationSeconds FROM PomodoroSessionRecord"
 
 
 def bare(build):
-    """The yardstick: milliseconds of a start, megabytes and wake-ups of a process with Qt's core library alone."""
+    """The yardstick: milliseconds of a start, memory and wake-ups of a process with Qt's core library alone."""
     command = [str(build / "bare-qtcore")]
     with Places() as places, Running(places, command) as running:
-        megabytes, wakeups = resting(running)
-    return starts(command), megabytes, wakeups
+        memory, wakeups = resting(running)
+    return starts(command), memory, wakeups
 
 
 def terminal(build, yardstick):
-    start, megabytes, wakeups = yardstick
+    start, memory, wakeups = yardstick
     program = str(build / "tomcatto")
     for has_terminal, surroundings in ((False, "without a terminal"), (True, "in a terminal")):
         yield row(f"start of the front end {surroundings}, processor time", starts([program], has_terminal, True), "ms",
@@ -42,7 +42,7 @@ def terminal(build, yardstick):
                 if state == "running":
                     places.run(program, "start")
                 measured, woken = resting(running)
-                yield row(f"front end {surroundings}, {state}: memory", measured, "MB", 12, ("bare Qt process", megabytes))
+                yield from memory_rows(f"front end {surroundings}, {state}", measured, (2, 14), "bare Qt process", memory)
                 yield row(f"front end {surroundings}, {state}: wake-ups", woken, "a second", limit,
                           ("bare Qt process", wakeups))
 
