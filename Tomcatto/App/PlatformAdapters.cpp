@@ -1,7 +1,5 @@
 #include "App/PlatformAdapters.h"
 
-#include "Platform/Linux/ProcessMemory.h"
-
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -9,9 +7,6 @@
 namespace tomcatto {
 
 namespace {
-
-/// After which a start is over, with the answers of buses and trays.
-constexpr std::chrono::seconds startTime{3};
 
 /// Beside the program as it is built, else where an installation keeps shared files.
 QString bundledVideosDirectory()
@@ -37,7 +32,6 @@ PlatformAdapters::PlatformAdapters(const ApplicationDirectories &directories,
     , m_bookmarks(std::make_shared<const FileBookmarks>(QDir::homePath()))
     , m_stillFrame(LoadedStillFrame::pluginPath(QCoreApplication::applicationDirPath()))
     , m_loginItem(AutostartLoginItem::programAtLogin())
-    , m_startOver(m_runLoop.after(startTime, giveBackUnusedMemory))
 {
 }
 

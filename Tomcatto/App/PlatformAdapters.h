@@ -39,7 +39,6 @@ private:
     std::shared_ptr<const FileBookmarks> m_bookmarks;
     LoadedStillFrame m_stillFrame;
     AutostartLoginItem m_loginItem;
-    Cancellable m_startOver;
 };
 
 }
