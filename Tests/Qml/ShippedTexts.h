@@ -1,23 +1,20 @@
 #pragma once
 
+#include "Appearance/Texts.h"
 #include "Fakes/FakeUserDefaults.h"
 #include "Localization/LocalizedStrings.h"
 
-#include <QtQml/QQmlContext>
 #include <QtQml/QQmlEngine>
 
 namespace tomcatto {
 
-/// Gives the cases of a program the English texts that people read, as `texts`.
+/// Gives the views the English texts that people read.
 class ShippedTexts : public QObject
 {
     Q_OBJECT
 
 public Q_SLOTS:
-    void qmlEngineAvailable(QQmlEngine *engine)
-    {
-        engine->rootContext()->setContextProperty(QStringLiteral("texts"), &m_strings);
-    }
+    void qmlEngineAvailable(QQmlEngine *engine) { Texts::install(*engine, m_strings); }
 
 private:
     FakeUserDefaults m_defaults;

@@ -28,7 +28,7 @@ DesktopSurfaces::DesktopSurfaces(AppDependencies &dependencies, std::function<vo
     , m_quit(std::move(quit))
     , m_appearance(QDBusConnection::sessionBus())
     , m_screens(dependencies.platform.runLoop)
-    , m_viewHost(m_appearance)
+    , m_viewHost(m_appearance, dependencies.strings)
     , m_statusItem(QDBusConnection::sessionBus(), m_appearance, dependencies.platform.defaults)
     , m_activationPolicy(m_taskbarPresence)
     , m_menuCommands(dependencies.mainWindowRouter, menuActions())
@@ -48,7 +48,7 @@ DesktopSurfaces::DesktopSurfaces(AppDependencies &dependencies, std::function<vo
                         dependencies.platform.desktop->systemSettings, dependencies.strings,
                         dependencies.platform.wallClock)
     , m_overlayWindows({dependencies.stateMachine, dependencies.timer, dependencies.settings, dependencies.strings},
-                       dependencies.strings, m_viewHost, m_screens, dependencies.platform.runLoop, overlayVideos())
+                       m_viewHost, m_screens, dependencies.platform.runLoop, overlayVideos())
     , m_breakPreviewController(dependencies.settings, dependencies.strings, dependencies.platform.runLoop, m_viewHost,
                                m_activationPolicy)
 {
@@ -91,10 +91,10 @@ void DesktopSurfaces::install()
             menu->close();
     });
     m_statusItemController->setOnDidClose([this] { m_logger.debug(QStringLiteral("the panel is closed")); });
-    m_mainWindowController = std::make_unique<MainWindowController>(
-        m_viewHost, m_dependencies.mainWindowRouter, m_activationPolicy, m_mainWindowModel, m_dependencies.strings);
-    m_onboardingController = std::make_unique<OnboardingController>(
-        m_viewHost, m_dependencies.settings, m_dependencies.stateMachine, m_onboardingModel, m_dependencies.strings);
+    m_mainWindowController = std::make_unique<MainWindowController>(m_viewHost, m_dependencies.mainWindowRouter,
+                                                                    m_activationPolicy, m_mainWindowModel);
+    m_onboardingController = std::make_unique<OnboardingController>(m_viewHost, m_dependencies.settings,
+                                                                    m_dependencies.stateMachine, m_onboardingModel);
     connectPages();
     updateCapabilities();
     connect(&m_statusItem, &StatusItemSwitch::formsChanged, this, &DesktopSurfaces::updateCapabilities);

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tomcatto.Appearance
 
@@ -55,7 +57,6 @@ Item {
         Repeater {
             model: chart.ticks
 
-            // qmllint disable unqualified
             ThemedText {
                 required property var modelData
 
@@ -65,7 +66,6 @@ Item {
                 wrapMode: Text.NoWrap
                 Accessible.ignored: true
             }
-            // qmllint enable unqualified
         }
     }
     Item {
@@ -79,7 +79,6 @@ Item {
         Repeater {
             model: chart.ticks
 
-            // qmllint disable unqualified
             Item {
                 id: tick
 
@@ -106,12 +105,10 @@ Item {
                     Accessible.ignored: true
                 }
             }
-            // qmllint enable unqualified
         }
         Repeater {
             model: chart.bars
 
-            // qmllint disable unqualified
             Item {
                 id: slot
 
@@ -159,7 +156,6 @@ Item {
                     Accessible.ignored: true
                 }
             }
-            // qmllint enable unqualified
         }
         Rectangle {
             y: plot.height

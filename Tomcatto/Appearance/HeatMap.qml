@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tomcatto.Appearance
 
@@ -64,7 +66,6 @@ Item {
         Repeater {
             model: map.dayLabels
 
-            // qmllint disable unqualified
             ThemedText {
                 required property string modelData
 
@@ -78,13 +79,11 @@ Item {
                 wrapMode: Text.NoWrap
                 Accessible.ignored: true
             }
-            // qmllint enable unqualified
         }
     }
     Repeater {
         model: map.monthLabels
 
-        // qmllint disable unqualified
         ThemedText {
             required property var modelData
 
@@ -96,7 +95,6 @@ Item {
             wrapMode: Text.NoWrap
             Accessible.ignored: true
         }
-        // qmllint enable unqualified
     }
     Item {
         id: grid
@@ -109,7 +107,6 @@ Item {
         Repeater {
             model: map.cells
 
-            // qmllint disable unqualified
             Rectangle {
                 required property var modelData
                 required property int index
@@ -127,7 +124,6 @@ Item {
                 Accessible.name: modelData.name
                 Accessible.ignored: toCome
             }
-            // qmllint enable unqualified
         }
         Rectangle {
             readonly property int day: map.cells.findIndex(cell => cell.today ?? false)

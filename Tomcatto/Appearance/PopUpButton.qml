@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Templates as T
 import Tomcatto.Appearance
@@ -55,7 +57,6 @@ T.ComboBox {
         size: 16
         color: Theme.ink2
     }
-    // qmllint disable unqualified
     delegate: T.ItemDelegate {
         id: choice
 
@@ -73,7 +74,7 @@ T.ComboBox {
         contentItem: ThemedText {
             leftPadding: 10
             rightPadding: 28
-            text: control.textAt(index)
+            text: choice.text
             role: choice.chosen ? "section" : "control"
             textScale: control.textScale
             Accessible.ignored: true
@@ -87,7 +88,6 @@ T.ComboBox {
             color: Theme.work.text
         }
     }
-    // qmllint enable unqualified
     popup: T.Popup {
         y: control.height + 4
         width: control.width

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tomcatto.Appearance
 
@@ -32,7 +34,6 @@ Item {
         Repeater {
             model: markers.compact ? 0 : markers.total
 
-            // qmllint disable unqualified
             CatMarker {
                 required property int index
                 readonly property bool isDone: index < markers.done
@@ -43,7 +44,6 @@ Item {
                 fill: isDone ? markers.colours.solid : isNow ? markers.colours.wash : "transparent"
                 outline: isDone ? "transparent" : isNow ? markers.colours.solid : Theme.controlLine
             }
-            // qmllint enable unqualified
         }
     }
     ThemedText {

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tomcatto.Appearance
 
@@ -13,12 +15,8 @@ Item {
     property bool equal: false
     property bool showFocus: activeFocus && byKey
     readonly property int inset: 3
-    readonly property real widest: {
-        let width = 0
-        for (let index = 0; index < labels.count; ++index)
-            width = Math.max(width, labels.widths[index] ?? 0)
-        return width
-    }
+    /// Of the labels in their widest, selected form.
+    readonly property list<real> widths: Array.from({length: labels.count}, (_, index) => (labels.itemAt(index) as Segment)?.naturalWidth ?? 0)
     property bool byKey: false
 
     /// The user chose another segment; `currentIndex` is set already.
@@ -34,7 +32,7 @@ Item {
     function segmentWidth(index: int): real {
         if (equal)
             return (width - 2 * inset) / Math.max(1, texts.length)
-        const natural = labels.widths[index] ?? 0
+        const natural = widths[index] ?? 0
         // Too narrow a place: every segment gives its share.
         return width >= implicitWidth ? natural : natural * (width - 2 * inset) / Math.max(1, implicitWidth - 2 * inset)
     }
@@ -46,7 +44,7 @@ Item {
         return x
     }
 
-    implicitWidth: 2 * inset + (equal ? widest * texts.length : labels.widths.reduce((sum, each) => sum + each, 0))
+    implicitWidth: 2 * inset + (equal ? Math.max(0, ...widths) * texts.length : widths.reduce((sum, each) => sum + each, 0))
     implicitHeight: Math.max(34, Theme.lineHeight("control", textScale) + 16)
     activeFocusOnTab: true
     Accessible.role: Accessible.Grouping
@@ -108,20 +106,7 @@ Item {
     Repeater {
         id: labels
 
-        /// Of the labels in their widest, selected form.
-        property var widths: []
-
-        function measure() {
-            const measured = []
-            for (let index = 0; index < count; ++index)
-                measured.push((itemAt(index) as Segment)?.naturalWidth ?? 0)
-            widths = measured
-        }
-
         model: control.texts
-        onCountChanged: measure()
-
-        // qmllint disable unqualified
         Segment {
             required property int index
 
@@ -132,13 +117,11 @@ Item {
             text: control.texts[index] ?? ""
             textScale: control.textScale
             selected: index === control.currentIndex
-            onNaturalWidthChanged: labels.measure()
             onPressed: {
                 control.byKey = false
                 control.forceActiveFocus(Qt.MouseFocusReason)
                 control.choose(index)
             }
         }
-        // qmllint enable unqualified
     }
 }

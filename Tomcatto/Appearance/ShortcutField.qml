@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tomcatto.Appearance
 
@@ -34,14 +36,12 @@ ListRow {
         Repeater {
             model: row.keys
 
-            // qmllint disable unqualified
             KeyCap {
                 required property string modelData
 
                 text: modelData
                 textScale: row.textScale
             }
-            // qmllint enable unqualified
         }
     }
     PushButton {

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tomcatto.Appearance
 
@@ -55,7 +57,6 @@ Item {
         Repeater {
             model: ticking.text.length
 
-            // qmllint disable unqualified
             Text {
                 required property int index
 
@@ -69,7 +70,6 @@ Item {
                 renderType: Text.NativeRendering
                 Accessible.ignored: true
             }
-            // qmllint enable unqualified
         }
     }
 }

@@ -6,8 +6,7 @@ import Tomcatto.BreakOverlay
 Item {
     id: content
 
-    required property var strings
-    required property var viewModel
+    required property BreakContentModel viewModel
     property bool isWarmUp: false
     /// Whether the window is shown: the hint's time and the guard begin then.
     property bool isShown: false
@@ -19,10 +18,6 @@ Item {
     /// In the first half second typed words press nothing.
     property bool isGuarded: true
     property bool skipHintVisible: true
-
-    function text(key: string): string {
-        return content.strings.revision, content.strings.text(key)
-    }
 
     BreakBackground {
         anchors.fill: parent
@@ -74,9 +69,9 @@ Item {
             anchors.horizontalCenter: parent.horizontalCenter
             y: Math.round(40 * content.unit)
             unit: content.unit
-            pressText: content.text("breakoverlay.esc_hint_press")
-            keyText: content.text("breakoverlay.esc_key")
-            skipText: content.text("breakoverlay.esc_hint_skip")
+            pressText: Texts.text("breakoverlay.esc_hint_press")
+            keyText: Texts.text("breakoverlay.esc_key")
+            skipText: Texts.text("breakoverlay.esc_hint_skip")
         }
     }
     BreakTitle {
@@ -111,7 +106,7 @@ Item {
         visible: !content.viewModel.canStart
         progress: content.viewModel.progress
         solid: OverlayStyle.solid(content.viewModel.phase)
-        name: content.text("breakoverlay.progress.accessibility")
+        name: Texts.text("breakoverlay.progress.accessibility")
     }
     StartBreakButton {
         anchors.horizontalCenter: chip.horizontalCenter
@@ -120,14 +115,13 @@ Item {
         unit: content.unit
         isGuarded: content.isGuarded
         fill: OverlayStyle.solid(content.viewModel.phase)
-        text: content.text("breakoverlay.start_button")
+        text: Texts.text("breakoverlay.start_button")
         onClicked: content.viewModel.start()
     }
     IconBar {
         x: content.isNarrow ? Math.round((content.width - width) / 2) : Math.round(content.width - content.edge - width)
         y: content.height - Math.round((content.isNarrow ? 24 : 102) * content.unit) - height
         unit: content.unit
-        strings: content.strings
         viewModel: content.viewModel
         isGuarded: content.isGuarded
     }

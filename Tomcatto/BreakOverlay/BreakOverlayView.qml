@@ -6,8 +6,7 @@ import Tomcatto.BreakOverlay
 Window {
     id: window
 
-    required property var strings
-    required property var viewModel
+    required property BreakContentModel viewModel
     property bool isWarmUp: false
     /// The window closes, and takes nothing any more.
     property bool isLeaving: false
@@ -22,7 +21,6 @@ Window {
     BreakOverlayContent {
         anchors.fill: parent
         enabled: !window.isLeaving
-        strings: window.strings
         viewModel: window.viewModel
         isWarmUp: window.isWarmUp
         isShown: window.visible

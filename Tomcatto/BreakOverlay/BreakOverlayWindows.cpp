@@ -6,12 +6,10 @@
 
 namespace tomcatto {
 
-BreakOverlayWindows::BreakOverlayWindows(const BreakOverlayServices &services, LocalizedStrings &strings,
-                                         ViewHost &viewHost, Screens &screens, MainRunLoop &runLoop,
-                                         BreakVideoSource videos, QObject *parent)
+BreakOverlayWindows::BreakOverlayWindows(const BreakOverlayServices &services, ViewHost &viewHost, Screens &screens,
+                                         MainRunLoop &runLoop, BreakVideoSource videos, QObject *parent)
     : QObject(parent)
     , m_services(services)
-    , m_strings(strings)
     , m_viewHost(viewHost)
     , m_screens(screens)
     , m_runLoop(runLoop)
@@ -31,8 +29,7 @@ OverlayView BreakOverlayWindows::makeView(const QString &component, bool isMuted
     contents.view =
         m_viewHost.create({QStringLiteral("Tomcatto.BreakOverlay"),
                            component,
-                           {{QStringLiteral("strings"), QVariant::fromValue<QObject *>(&m_strings)},
-                            {QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(contents.model.get())}}});
+                           {{QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(contents.model.get())}}});
     return contents;
 }
 

@@ -18,9 +18,9 @@ class BreakOverlayWindows final : public QObject, public OverlayWindows
     Q_OBJECT
 
 public:
-    /// @param strings and what else is referred to outlive this object
-    BreakOverlayWindows(const BreakOverlayServices &services, LocalizedStrings &strings, ViewHost &viewHost,
-                        Screens &screens, MainRunLoop &runLoop, BreakVideoSource videos, QObject *parent = nullptr);
+    /// @param services and what else is referred to outlive this object
+    BreakOverlayWindows(const BreakOverlayServices &services, ViewHost &viewHost, Screens &screens,
+                        MainRunLoop &runLoop, BreakVideoSource videos, QObject *parent = nullptr);
 
     [[nodiscard]] std::unique_ptr<OverlayWindow> make(const Screen &screen, std::function<void()> onClosed) override;
     [[nodiscard]] Cancellable warm() override;
@@ -36,7 +36,6 @@ private:
     [[nodiscard]] bool startsMuted(const Screen &screen) const;
 
     BreakOverlayServices m_services;
-    LocalizedStrings &m_strings;
     ViewHost &m_viewHost;
     Screens &m_screens;
     MainRunLoop &m_runLoop;

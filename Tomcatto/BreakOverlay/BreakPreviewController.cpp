@@ -5,7 +5,7 @@
 
 namespace tomcatto {
 
-BreakPreviewController::BreakPreviewController(const PomodoroSettings &settings, LocalizedStrings &strings,
+BreakPreviewController::BreakPreviewController(const PomodoroSettings &settings, const LocalizedStrings &strings,
                                                MainRunLoop &runLoop, ViewHost &viewHost,
                                                ActivationPolicy &activationPolicy, QObject *parent)
     : QObject(parent)
@@ -30,8 +30,7 @@ void BreakPreviewController::open(BreakVideoSource videos)
     auto viewModel = std::make_unique<BreakPreviewModel>(m_settings, m_strings, m_runLoop, *m_preview.videos);
     auto view = m_viewHost.create({QStringLiteral("Tomcatto.BreakOverlay"),
                                    QStringLiteral("BreakPreviewView"),
-                                   {{QStringLiteral("strings"), QVariant::fromValue<QObject *>(&m_strings)},
-                                    {QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(viewModel.get())}}});
+                                   {{QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(viewModel.get())}}});
     if (!view) {
         windowClosed();
         return;

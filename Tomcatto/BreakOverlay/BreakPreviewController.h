@@ -11,7 +11,7 @@ class BreakPreviewController final : public QObject
     Q_OBJECT
 
 public:
-    BreakPreviewController(const PomodoroSettings &settings, LocalizedStrings &strings, MainRunLoop &runLoop,
+    BreakPreviewController(const PomodoroSettings &settings, const LocalizedStrings &strings, MainRunLoop &runLoop,
                            ViewHost &viewHost, ActivationPolicy &activationPolicy, QObject *parent = nullptr);
     ~BreakPreviewController() override;
 
@@ -34,7 +34,7 @@ private:
     void letGo();
 
     const PomodoroSettings &m_settings;
-    LocalizedStrings &m_strings;
+    const LocalizedStrings &m_strings;
     MainRunLoop &m_runLoop;
     ViewHost &m_viewHost;
     ActivationPolicy &m_activationPolicy;

@@ -1,15 +1,15 @@
 import QtQuick
+import Tomcatto.Appearance
 import Tomcatto.BreakOverlay
 
 /// A break in an ordinary window, to try a video.
 Window {
     id: window
 
-    required property var strings
-    required property var viewModel
+    required property BreakContentModel viewModel
     property bool escClosesWindow: true
 
-    title: (window.strings.revision, window.strings.text("breakPreview.window.title"))
+    title: Texts.text("breakPreview.window.title")
     width: 1280
     height: 720
     minimumWidth: 720
@@ -20,7 +20,6 @@ Window {
     BreakOverlayContent {
         anchors.fill: parent
         focus: true
-        strings: window.strings
         viewModel: window.viewModel
         isShown: window.visible
         Keys.onEscapePressed: event => {

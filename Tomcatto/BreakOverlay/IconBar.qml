@@ -1,4 +1,5 @@
 import QtQuick
+import Tomcatto.Appearance
 import Tomcatto.BreakOverlay
 
 /// Longer, and with or without sound.
@@ -6,13 +7,8 @@ Row {
     id: bar
 
     required property real unit
-    required property var strings
-    required property var viewModel
+    required property BreakContentModel viewModel
     property bool isGuarded: false
-
-    function text(key: string): string {
-        return bar.strings.revision, bar.strings.text(key)
-    }
 
     spacing: Math.round(12 * unit)
 
@@ -20,8 +16,8 @@ Row {
         unit: bar.unit
         isGuarded: bar.isGuarded
         visible: bar.viewModel.canExtend
-        text: bar.text("breakoverlay.extend")
-        help: bar.text("breakoverlay.extend.help")
+        text: Texts.text("breakoverlay.extend")
+        help: Texts.text("breakoverlay.extend.help")
         onClicked: bar.viewModel.extend()
     }
     OverlayButton {
@@ -30,8 +26,8 @@ Row {
         isGuarded: bar.isGuarded
         showsText: false
         symbol: bar.viewModel.isMuted ? "speaker.slash.fill" : "speaker.wave.2.fill"
-        text: bar.text(bar.viewModel.isMuted ? "breakoverlay.unmute" : "breakoverlay.mute")
-        help: bar.viewModel.soundEnabled ? "" : bar.text("breakoverlay.sound_off_in_settings")
+        text: Texts.text(bar.viewModel.isMuted ? "breakoverlay.unmute" : "breakoverlay.mute")
+        help: bar.viewModel.soundEnabled ? "" : Texts.text("breakoverlay.sound_off_in_settings")
         onClicked: bar.viewModel.toggleMute()
     }
 }

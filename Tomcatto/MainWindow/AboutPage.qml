@@ -1,19 +1,17 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tomcatto.Appearance
+import Tomcatto.MainWindow
 
 /// Name, version and what it is made with.
 ScrollPage {
     id: page
 
-    required property var strings
-    required property var viewModel
+    required property AboutPageViewModel viewModel
     property bool showsNews: false
 
-    function words(key: string): string {
-        return strings.revision >= 0 ? strings.text(key) : ""
-    }
-
-    Accessible.name: words("window.page.about")
+    Accessible.name: Texts.text("window.page.about")
 
     Column {
         width: page.columnWidth
@@ -30,7 +28,7 @@ ScrollPage {
         }
         ThemedText {
             width: parent.width
-            text: page.words("app.name")
+            text: Texts.text("app.name")
             role: "pageTitle"
             horizontalAlignment: Text.AlignHCenter
             Accessible.role: Accessible.Heading
@@ -45,7 +43,7 @@ ScrollPage {
             anchors.horizontalCenter: parent.horizontalCenter
             width: Math.min(parent.width, Math.round(360 * Theme.textScale))
             topPadding: 8
-            text: page.words("window.about.sentence")
+            text: Texts.text("window.about.sentence")
             lineHeight: Math.round(22 * Theme.textScale)
             horizontalAlignment: Text.AlignHCenter
         }
@@ -66,7 +64,7 @@ ScrollPage {
                 id: news
 
                 width: Math.min(implicitWidth, page.columnWidth)
-                text: page.words("window.about.whats_new")
+                text: Texts.text("window.about.whats_new")
                 visible: page.viewModel.whatsNew.length > 0
                 Accessible.checkable: true
                 Accessible.checked: page.showsNews
@@ -77,7 +75,7 @@ ScrollPage {
 
                 width: Math.min(implicitWidth, page.columnWidth)
                 symbol: page.viewModel.isCopied ? "checkmark" : ""
-                text: page.words(page.viewModel.isCopied ? "window.about.copied" : "window.about.copy_details")
+                text: Texts.text(page.viewModel.isCopied ? "window.about.copied" : "window.about.copy_details")
                 onClicked: page.viewModel.copyDetails()
             }
         }
@@ -103,7 +101,7 @@ ScrollPage {
 
     SectionHeading {
         above: 28
-        text: page.words("window.about.made_with")
+        text: Texts.text("window.about.made_with")
     }
     Card {
         width: page.columnWidth
@@ -111,7 +109,6 @@ ScrollPage {
         Repeater {
             model: page.viewModel.components.length
 
-            // qmllint disable unqualified
             ListRow {
                 required property int index
                 readonly property var component: page.viewModel.components[index] ?? ({})
@@ -122,7 +119,6 @@ ScrollPage {
                 Accessible.name: component.name ?? ""
                 onClicked: page.viewModel.openLicense(index)
             }
-            // qmllint enable unqualified
         }
     }
 }

@@ -1,19 +1,17 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tomcatto.Appearance
+import Tomcatto.MainWindow
 
 /// How the application looks and speaks up.
 ScrollPage {
     id: page
 
-    required property var strings
-    required property var viewModel
+    required property GeneralPageViewModel viewModel
 
-    function words(key: string): string {
-        return strings.revision >= 0 ? strings.text(key) : ""
-    }
-
-    title: words("window.page.general")
-    subtitle: words("window.general.subtitle")
+    title: Texts.text("window.page.general")
+    subtitle: Texts.text("window.general.subtitle")
 
     Card {
         width: page.columnWidth
@@ -21,8 +19,8 @@ ScrollPage {
         ControlRow {
             id: styleRow
 
-            title: page.words("window.general.menu_bar_style.title")
-            help: page.words("window.general.menu_bar_style.help")
+            title: Texts.text("window.general.menu_bar_style.title")
+            help: Texts.text("window.general.menu_bar_style.help")
 
             PillSample {
                 id: sample
@@ -45,8 +43,8 @@ ScrollPage {
         }
         ListRow {
             visible: page.viewModel.offersFloatingPill
-            title: page.words("window.general.floating_pill.title")
-            help: page.words("window.general.floating_pill.help")
+            title: Texts.text("window.general.floating_pill.title")
+            help: Texts.text("window.general.floating_pill.help")
             switchable: true
             checked: page.viewModel.floatingPill
             onToggled: page.viewModel.requestFloatingPill(checked)
@@ -54,8 +52,8 @@ ScrollPage {
         ControlRow {
             id: themeRow
 
-            title: page.words("window.general.theme.title")
-            help: page.words("window.general.theme.help")
+            title: Texts.text("window.general.theme.title")
+            help: Texts.text("window.general.theme.help")
 
             Segmented {
                 anchors.verticalCenter: parent.verticalCenter
@@ -72,8 +70,8 @@ ScrollPage {
         ControlRow {
             id: languageRow
 
-            title: page.words("window.general.language.title")
-            help: page.words("window.general.language.help")
+            title: Texts.text("window.general.language.title")
+            help: Texts.text("window.general.language.help")
 
             PopUpButton {
                 anchors.verticalCenter: parent.verticalCenter
@@ -87,20 +85,20 @@ ScrollPage {
     }
 
     SectionHeading {
-        text: page.words("window.general.alerts.title")
+        text: Texts.text("window.general.alerts.title")
     }
     Card {
         width: page.columnWidth
 
         ListRow {
-            title: page.words("window.general.sound.title")
-            help: page.words("window.general.sound.help")
+            title: Texts.text("window.general.sound.title")
+            help: Texts.text("window.general.sound.help")
             switchable: true
             checked: page.viewModel.sound
             onToggled: page.viewModel.setSound(checked)
         }
         ListRow {
-            title: page.words("window.general.notifications.title")
+            title: Texts.text("window.general.notifications.title")
             help: page.viewModel.notificationsHelp
             helpIsError: page.viewModel.notificationsBlocked
             switchable: true
@@ -109,13 +107,13 @@ ScrollPage {
 
             PushButton {
                 visible: page.viewModel.notificationsDenied
-                text: page.words("button.open_settings")
-                Accessible.description: page.words("window.general.notifications.title")
+                text: Texts.text("button.open_settings")
+                Accessible.description: Texts.text("window.general.notifications.title")
                 onClicked: page.viewModel.openNotificationSettings()
             }
         }
         ListRow {
-            title: page.words("window.general.launch_at_login.title")
+            title: Texts.text("window.general.launch_at_login.title")
             help: page.viewModel.launchAtLoginHelp
             switchable: true
             checked: page.viewModel.launchAtLogin
@@ -124,11 +122,11 @@ ScrollPage {
     }
 
     SectionHeading {
-        text: page.words("window.general.shortcuts.title")
+        text: Texts.text("window.general.shortcuts.title")
 
         ThemedText {
             width: Math.min(implicitWidth, 0.7 * page.columnWidth)
-            text: page.words("window.general.shortcuts.later")
+            text: Texts.text("window.general.shortcuts.later")
             role: "caption"
             color: Theme.ink2
             horizontalAlignment: Text.AlignRight
@@ -140,14 +138,12 @@ ScrollPage {
         Repeater {
             model: ["toggle_timer", "skip", "extend"]
 
-            // qmllint disable unqualified
             ListRow {
                 required property string modelData
 
-                title: page.words("main.general.shortcuts." + modelData)
-                value: page.words("settings.shortcuts.none")
+                title: Texts.text("main.general.shortcuts." + modelData)
+                value: Texts.text("settings.shortcuts.none")
             }
-            // qmllint enable unqualified
         }
     }
 
@@ -161,13 +157,13 @@ ScrollPage {
             x: -14
             y: 20
             width: parent.width + 28
-            title: page.words("window.general.tour.title")
-            help: page.words("window.general.tour.help")
+            title: Texts.text("window.general.tour.title")
+            help: Texts.text("window.general.tour.help")
             separated: false
 
             PushButton {
                 anchors.verticalCenter: parent.verticalCenter
-                text: page.words("window.general.tour.button")
+                text: Texts.text("window.general.tour.button")
                 Accessible.description: tour.title
                 onClicked: page.viewModel.showTour()
             }

@@ -14,11 +14,11 @@ namespace tomcatto {
 class GeneralPageViewModel final : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(QStringList menuBarStyles READ menuBarStyles NOTIFY changed FINAL)
+    Q_PROPERTY(QList<QString> menuBarStyles READ menuBarStyles NOTIFY changed FINAL)
     Q_PROPERTY(int menuBarStyle READ menuBarStyle NOTIFY changed FINAL)
-    Q_PROPERTY(QStringList themes READ themes NOTIFY changed FINAL)
+    Q_PROPERTY(QList<QString> themes READ themes NOTIFY changed FINAL)
     Q_PROPERTY(int theme READ theme NOTIFY changed FINAL)
-    Q_PROPERTY(QStringList languages READ languages NOTIFY changed FINAL)
+    Q_PROPERTY(QList<QString> languages READ languages NOTIFY changed FINAL)
     Q_PROPERTY(int language READ language NOTIFY changed FINAL)
     Q_PROPERTY(bool sound READ sound NOTIFY changed FINAL)
     /// On as well as allowed.

@@ -1,39 +1,20 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tomcatto.Appearance
+import Tomcatto.MainWindow
 
 /// The main window: the pages beside a sidebar that shrinks to icons in narrow windows.
 Window {
     id: window
 
-    required property var strings
-    required property var viewModel
-
-    function words(key: string): string {
-        return strings.revision >= 0 ? strings.text(key) : ""
-    }
-
-    function pageFor(id: string): Component {
-        switch (id) {
-        case "general":
-            return generalPage
-        case "videos":
-            return videosPage
-        case "statistics":
-            return statisticsPage
-        case "permissions":
-            return permissionsPage
-        case "about":
-            return aboutPage
-        default:
-            return timerPage
-        }
-    }
+    required property MainWindowViewModel viewModel
 
     width: 920
     height: 820
     minimumWidth: 720
     minimumHeight: 520
-    title: words("window.title")
+    title: Texts.text("window.title")
     color: Theme.paper
 
     Shortcut {
@@ -60,69 +41,70 @@ Window {
         compact: window.width < 840
         pages: window.viewModel.pages
         page: window.viewModel.page
-        name: window.words("window.sidebar.accessibility")
+        name: Texts.text("window.sidebar.accessibility")
         onChosen: id => window.viewModel.showPage(id)
         // The page keys scroll the page from here too.
-        Keys.forwardTo: [content.item]
+        Keys.forwardTo: Array.from(place.children)
     }
-    Loader {
-        id: content
+    FocusScope {
+        id: place
+
+        component Page: Wanted {
+            required property string name
+
+            when: window.viewModel.page === name
+        }
 
         x: sidebar.width
         width: window.width - x
         height: window.height
-        sourceComponent: window.pageFor(window.viewModel.page)
-    }
 
-    // qmllint disable unqualified
-    Component {
-        id: timerPage
+        Page {
+            name: "timer"
 
-        TimerPage {
-            strings: window.strings
-            viewModel: window.viewModel.timer
+            TimerPage {
+                anchors.fill: place
+                viewModel: window.viewModel.timer
+            }
+        }
+        Page {
+            name: "general"
+
+            GeneralPage {
+                anchors.fill: place
+                viewModel: window.viewModel.general
+            }
+        }
+        Page {
+            name: "videos"
+
+            VideosPage {
+                anchors.fill: place
+                viewModel: window.viewModel.videos
+            }
+        }
+        Page {
+            name: "statistics"
+
+            StatisticsPage {
+                anchors.fill: place
+            }
+        }
+        Page {
+            name: "permissions"
+
+            PermissionsPage {
+                anchors.fill: place
+                viewModel: window.viewModel.permissions
+            }
+        }
+        Page {
+            name: "about"
+
+            AboutPage {
+                anchors.fill: place
+                viewModel: window.viewModel.about
+            }
         }
     }
-    Component {
-        id: generalPage
-
-        GeneralPage {
-            strings: window.strings
-            viewModel: window.viewModel.general
-        }
-    }
-    Component {
-        id: videosPage
-
-        VideosPage {
-            strings: window.strings
-            viewModel: window.viewModel.videos
-        }
-    }
-    Component {
-        id: statisticsPage
-
-        LaterPage {
-            title: window.words("window.page.statistics")
-            emptyTitle: window.words("window.later.title")
-            emptyText: window.words("window.statistics.later")
-        }
-    }
-    Component {
-        id: permissionsPage
-
-        PermissionsPage {
-            strings: window.strings
-            viewModel: window.viewModel.permissions
-        }
-    }
-    Component {
-        id: aboutPage
-
-        AboutPage {
-            strings: window.strings
-            viewModel: window.viewModel.about
-        }
-    }
-    // qmllint enable unqualified
 }

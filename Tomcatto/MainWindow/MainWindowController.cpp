@@ -23,13 +23,12 @@ void fitScreen(QWindow &window)
 
 MainWindowController::MainWindowController(ViewHost &viewHost, MainWindowRouter &router,
                                            ActivationPolicy &activationPolicy, MainWindowViewModel &viewModel,
-                                           LocalizedStrings &strings, QObject *parent)
+                                           QObject *parent)
     : QObject(parent)
     , m_viewHost(viewHost)
     , m_router(router)
     , m_activationPolicy(activationPolicy)
     , m_viewModel(viewModel)
-    , m_strings(strings)
 {
     connect(&router, &MainWindowRouter::pageRequested, this, [this](MainWindowPage page) {
         m_viewModel.show(page);
@@ -57,8 +56,7 @@ bool MainWindowController::makeView()
 {
     m_view = m_viewHost.create({QStringLiteral("Tomcatto.MainWindow"),
                                 QStringLiteral("MainWindow"),
-                                {{QStringLiteral("strings"), QVariant::fromValue<QObject *>(&m_strings)},
-                                 {QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(&m_viewModel)}}});
+                                {{QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(&m_viewModel)}}});
     if (!m_view)
         return false;
     fitScreen(m_view->window());

@@ -15,7 +15,7 @@ class MainWindowController final : public QObject
 
 public:
     MainWindowController(ViewHost &viewHost, MainWindowRouter &router, ActivationPolicy &activationPolicy,
-                         MainWindowViewModel &viewModel, LocalizedStrings &strings, QObject *parent = nullptr);
+                         MainWindowViewModel &viewModel, QObject *parent = nullptr);
     ~MainWindowController() override;
 
     /// Opens the window on the page it showed last, or brings it to the front.
@@ -36,7 +36,6 @@ private:
     MainWindowRouter &m_router;
     ActivationPolicy &m_activationPolicy;
     MainWindowViewModel &m_viewModel;
-    LocalizedStrings &m_strings;
     std::unique_ptr<HostedView> m_view;
     Cancellable m_dockHold;
 };

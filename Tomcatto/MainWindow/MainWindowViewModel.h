@@ -21,11 +21,11 @@ class MainWindowViewModel final : public QObject
     Q_PROPERTY(QVariantList pages READ pages NOTIFY changed FINAL)
     /// The id of the page shown.
     Q_PROPERTY(QString page READ page NOTIFY pageChanged FINAL)
-    Q_PROPERTY(QObject *timer READ timer CONSTANT FINAL)
-    Q_PROPERTY(QObject *general READ general CONSTANT FINAL)
-    Q_PROPERTY(QObject *videos READ videos CONSTANT FINAL)
-    Q_PROPERTY(QObject *permissions READ permissions CONSTANT FINAL)
-    Q_PROPERTY(QObject *about READ about CONSTANT FINAL)
+    Q_PROPERTY(tomcatto::TimerPageViewModel *timer READ timer CONSTANT FINAL)
+    Q_PROPERTY(tomcatto::GeneralPageViewModel *general READ general CONSTANT FINAL)
+    Q_PROPERTY(tomcatto::VideosPageViewModel *videos READ videos CONSTANT FINAL)
+    Q_PROPERTY(tomcatto::PermissionsPageViewModel *permissions READ permissions CONSTANT FINAL)
+    Q_PROPERTY(tomcatto::AboutPageViewModel *about READ about CONSTANT FINAL)
 
 public:
     struct Pages
@@ -44,11 +44,11 @@ public:
     [[nodiscard]] QVariantList pages() const;
     [[nodiscard]] QString page() const { return rawValue(m_page); }
     [[nodiscard]] MainWindowPage currentPage() const noexcept { return m_page; }
-    [[nodiscard]] QObject *timer() const { return &m_models.timer; }
-    [[nodiscard]] QObject *general() const { return &m_models.general; }
-    [[nodiscard]] QObject *videos() const { return &m_models.videos; }
-    [[nodiscard]] QObject *permissions() const { return &m_models.permissions; }
-    [[nodiscard]] QObject *about() const { return &m_models.about; }
+    [[nodiscard]] TimerPageViewModel *timer() const { return &m_models.timer; }
+    [[nodiscard]] GeneralPageViewModel *general() const { return &m_models.general; }
+    [[nodiscard]] VideosPageViewModel *videos() const { return &m_models.videos; }
+    [[nodiscard]] PermissionsPageViewModel *permissions() const { return &m_models.permissions; }
+    [[nodiscard]] AboutPageViewModel *about() const { return &m_models.about; }
 
     /// Shows a page; it reads anew what others may have changed.
     void show(MainWindowPage page);

@@ -1,16 +1,12 @@
 import QtQuick
 import Tomcatto.Appearance
+import Tomcatto.MainWindow
 
 /// The third step: notifications, sounds and opening at login.
 Item {
     id: step
 
-    required property var strings
-    required property var viewModel
-
-    function words(key: string): string {
-        return strings.revision >= 0 ? strings.text(key) : ""
-    }
+    required property OnboardingViewModel viewModel
 
     implicitHeight: card.y + card.implicitHeight + 16
 
@@ -20,8 +16,8 @@ Item {
         x: 40
         y: 43
         width: step.width - 80
-        title: step.words("onboarding.alerts.title")
-        text: step.words("onboarding.alerts.body")
+        title: Texts.text("onboarding.alerts.title")
+        text: Texts.text("onboarding.alerts.body")
     }
     Card {
         id: card
@@ -37,15 +33,15 @@ Item {
 
             height: Math.max(66, implicitHeight)
             symbol: "bell"
-            title: step.words("onboarding.alerts.notifications.title")
-            help: isBlocked ? step.viewModel.notificationsText : step.words("onboarding.alerts.notifications.help")
+            title: Texts.text("onboarding.alerts.notifications.title")
+            help: isBlocked ? step.viewModel.notificationsText : Texts.text("onboarding.alerts.notifications.help")
             helpIsError: isBlocked
 
             PushButton {
                 visible: card.state === "ask" || card.state === "denied"
-                text: step.words(card.state === "denied" ? "button.open_settings" : "onboarding.alerts.allow")
+                text: Texts.text(card.state === "denied" ? "button.open_settings" : "onboarding.alerts.allow")
                 ink: Theme.work.text
-                Accessible.description: step.words("onboarding.alerts.notifications.title")
+                Accessible.description: Texts.text("onboarding.alerts.notifications.title")
                 onClicked: step.viewModel.allowNotifications()
             }
             Symbol {
@@ -64,8 +60,8 @@ Item {
         ListRow {
             height: Math.max(66, implicitHeight)
             symbol: "speaker.wave.2.fill"
-            title: step.words("onboarding.alerts.sound.title")
-            help: step.words("onboarding.alerts.sound.help")
+            title: Texts.text("onboarding.alerts.sound.title")
+            help: Texts.text("onboarding.alerts.sound.help")
             switchable: true
             checked: step.viewModel.sound
             onToggled: step.viewModel.setSound(checked)
@@ -73,8 +69,8 @@ Item {
         ListRow {
             height: Math.max(66, implicitHeight)
             symbol: "power"
-            title: step.words("onboarding.alerts.launch_at_login.title")
-            help: step.words("onboarding.alerts.launch_at_login.help")
+            title: Texts.text("onboarding.alerts.launch_at_login.title")
+            help: Texts.text("onboarding.alerts.launch_at_login.help")
             switchable: true
             checked: step.viewModel.launchAtLogin
             onToggled: step.viewModel.setLaunchAtLogin(checked)

@@ -6,13 +6,12 @@ namespace tomcatto {
 
 OnboardingController::OnboardingController(ViewHost &viewHost, PomodoroSettings &settings,
                                            PomodoroStateMachine &stateMachine, OnboardingViewModel &viewModel,
-                                           LocalizedStrings &strings, QObject *parent)
+                                           QObject *parent)
     : QObject(parent)
     , m_viewHost(viewHost)
     , m_settings(settings)
     , m_stateMachine(stateMachine)
     , m_viewModel(viewModel)
-    , m_strings(strings)
 {
     connect(&viewModel, &OnboardingViewModel::finished, this, &OnboardingController::finish);
 }
@@ -39,8 +38,7 @@ void OnboardingController::show()
     if (!m_view) {
         m_view = m_viewHost.create({QStringLiteral("Tomcatto.MainWindow"),
                                     QStringLiteral("OnboardingWindow"),
-                                    {{QStringLiteral("strings"), QVariant::fromValue<QObject *>(&m_strings)},
-                                     {QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(&m_viewModel)}}});
+                                    {{QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(&m_viewModel)}}});
         if (!m_view)
             return;
         // The window is let go after its signal has been delivered.

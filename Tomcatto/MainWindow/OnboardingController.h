@@ -18,7 +18,7 @@ class OnboardingController final : public QObject
 
 public:
     OnboardingController(ViewHost &viewHost, PomodoroSettings &settings, PomodoroStateMachine &stateMachine,
-                         OnboardingViewModel &viewModel, LocalizedStrings &strings, QObject *parent = nullptr);
+                         OnboardingViewModel &viewModel, QObject *parent = nullptr);
     ~OnboardingController() override;
 
     /// Shows the window unless onboarding was completed.
@@ -42,7 +42,6 @@ private:
     PomodoroSettings &m_settings;
     PomodoroStateMachine &m_stateMachine;
     OnboardingViewModel &m_viewModel;
-    LocalizedStrings &m_strings;
     Logger m_logger{QStringLiteral("OnboardingController")};
     std::unique_ptr<HostedView> m_view;
 };

@@ -1,16 +1,14 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tomcatto.Appearance
+import Tomcatto.MainWindow
 
 /// The fourth step: where the application is found, as a picture of the bar with its pill or icon.
 Item {
     id: step
 
-    required property var strings
-    required property var viewModel
-
-    function words(key: string): string {
-        return strings.revision >= 0 ? strings.text(key) : ""
-    }
+    required property OnboardingViewModel viewModel
 
     implicitHeight: heading.y + heading.implicitHeight + 16
 
@@ -104,7 +102,6 @@ Item {
             model: 22
 
             // Dots along a curve from the dial to the bar.
-            // qmllint disable unqualified
             Rectangle {
                 required property int index
                 readonly property real part: index / 21
@@ -123,13 +120,11 @@ Item {
                 radius: 2
                 color: Theme.work.solid
             }
-            // qmllint enable unqualified
         }
         Repeater {
             model: [-1, 1]
 
             // The arrow's head.
-            // qmllint disable unqualified
             Rectangle {
                 required property int modelData
 
@@ -143,7 +138,6 @@ Item {
                 antialiasing: true
                 color: Theme.work.solid
             }
-            // qmllint enable unqualified
         }
     }
     OnboardingHeading {
@@ -152,7 +146,7 @@ Item {
         x: 40
         y: 294
         width: step.width - 80
-        title: step.words(step.viewModel.showsPill ? "onboarding.place.title" : "onboarding.place.title_tray")
-        text: step.words(step.viewModel.showsPill ? "onboarding.place.body" : "onboarding.place.body_tray")
+        title: Texts.text(step.viewModel.showsPill ? "onboarding.place.title" : "onboarding.place.title_tray")
+        text: Texts.text(step.viewModel.showsPill ? "onboarding.place.body" : "onboarding.place.body_tray")
     }
 }

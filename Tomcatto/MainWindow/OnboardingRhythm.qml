@@ -1,14 +1,14 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tomcatto.Appearance
+import Tomcatto.MainWindow
 
 /// The second step: choose a preset. Arrow keys move, Space chooses.
 Item {
     id: step
 
-    required property string title
-    required property string text
-    required property string footer
-    required property var viewModel
+    required property OnboardingViewModel viewModel
 
     implicitHeight: column.y + column.implicitHeight + 12
 
@@ -18,8 +18,8 @@ Item {
         x: 40
         y: 43
         width: step.width - 80
-        title: step.title
-        text: step.text
+        title: Texts.text("onboarding.rhythm.title")
+        text: Texts.text("onboarding.rhythm.body")
     }
     Column {
         id: column
@@ -32,14 +32,8 @@ Item {
         Repeater {
             id: rows
 
-            property real figureWidth: 0
-
-            function lineUp() {
-                let width = 0
-                for (let index = 0; index < count; ++index)
-                    width = Math.max(width, itemAt(index)?.naturalFigureWidth ?? 0)
-                figureWidth = width
-            }
+            readonly property real figureWidth: Math.max(0, ...Array.from({length: count},
+                (_, index) => (itemAt(index) as PresetRow)?.naturalFigureWidth ?? 0))
 
             function move(index: int) {
                 const target = itemAt(index)
@@ -48,9 +42,7 @@ Item {
             }
 
             model: step.viewModel.presets.length
-            onItemAdded: lineUp()
 
-            // qmllint disable unqualified
             PresetRow {
                 required property int index
                 readonly property var preset: step.viewModel.presets[index] ?? ({})
@@ -63,17 +55,15 @@ Item {
                 segments: preset.set ?? []
                 selected: step.viewModel.preset === preset.id
                 figureWidth: rows.figureWidth
-                onNaturalFigureWidthChanged: rows.lineUp()
                 onClicked: step.viewModel.choosePreset(preset.id)
                 Keys.onUpPressed: rows.move(index - 1)
                 Keys.onDownPressed: rows.move(index + 1)
             }
-            // qmllint enable unqualified
         }
         ThemedText {
             width: parent.width
             topPadding: 4
-            text: step.footer
+            text: Texts.text("onboarding.rhythm.footer")
             role: "caption"
             color: Theme.ink2
             horizontalAlignment: Text.AlignHCenter

@@ -5,9 +5,6 @@ import Tomcatto.Appearance
 Item {
     id: step
 
-    required property string title
-    required property string text
-
     implicitHeight: heading.y + heading.implicitHeight + 16
 
     Image {
@@ -38,7 +35,7 @@ Item {
         x: 40
         y: 313
         width: step.width - 80
-        title: step.title
-        text: step.text
+        title: Texts.text("onboarding.welcome.title")
+        text: Texts.text("onboarding.welcome.body")
     }
 }

@@ -1,31 +1,16 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tomcatto.Appearance
+import Tomcatto.MainWindow
 
 /// The first start in four steps. The primary button has the keyboard at every step.
 Window {
     id: window
 
-    required property var strings
-    required property var viewModel
+    required property OnboardingViewModel viewModel
     readonly property bool isFirst: viewModel.step === 0
     readonly property bool isLast: viewModel.step === viewModel.stepCount - 1
-
-    function words(key: string): string {
-        return strings.revision >= 0 ? strings.text(key) : ""
-    }
-
-    function stepFor(index: int): Component {
-        switch (index) {
-        case 0:
-            return welcome
-        case 1:
-            return rhythm
-        case 2:
-            return alerts
-        default:
-            return place
-        }
-    }
 
     /// Scrolls so far that an item of the step can be seen; only large texts need it.
     function reveal(item: Item) {
@@ -49,7 +34,7 @@ Window {
     maximumWidth: width
     minimumHeight: height
     maximumHeight: height
-    title: words("onboarding.window.title")
+    title: Texts.text("onboarding.window.title")
     color: Theme.paper
     onVisibleChanged: if (visible) primary.forceActiveFocus()
     onActiveFocusItemChanged: if (activeFocusItem) reveal(activeFocusItem)
@@ -89,12 +74,52 @@ Window {
         boundsBehavior: Flickable.StopAtBounds
         clip: true
 
-        Loader {
+        Column {
             id: content
 
+            component Step: Wanted {
+                required property int number
+
+                when: window.viewModel.step === number
+            }
+
             width: window.width
-            height: Math.max(scroll.height, (item as Item)?.implicitHeight ?? 0)
-            sourceComponent: window.stepFor(window.viewModel.step)
+
+            Step {
+                number: 0
+
+                OnboardingWelcome {
+                    width: content.width
+                    height: Math.max(scroll.height, implicitHeight)
+                }
+            }
+            Step {
+                number: 1
+
+                OnboardingRhythm {
+                    width: content.width
+                    height: Math.max(scroll.height, implicitHeight)
+                    viewModel: window.viewModel
+                }
+            }
+            Step {
+                number: 2
+
+                OnboardingAlerts {
+                    width: content.width
+                    height: Math.max(scroll.height, implicitHeight)
+                    viewModel: window.viewModel
+                }
+            }
+            Step {
+                number: 3
+
+                OnboardingPlace {
+                    width: content.width
+                    height: Math.max(scroll.height, implicitHeight)
+                    viewModel: window.viewModel
+                }
+            }
         }
     }
     Item {
@@ -112,7 +137,7 @@ Window {
             x: 16
             anchors.verticalCenter: parent.verticalCenter
             width: Math.min(implicitWidth, footer.side)
-            text: window.words(window.isFirst ? "onboarding.button.start_now" : "onboarding.button.back")
+            text: Texts.text(window.isFirst ? "onboarding.button.start_now" : "onboarding.button.back")
             onClicked: window.isFirst ? window.viewModel.startFocus() : window.viewModel.back()
         }
         StepMarkers {
@@ -131,45 +156,8 @@ Window {
             width: Math.min(implicitWidth, footer.side)
             compact: true
             symbol: window.isLast ? "play.fill" : ""
-            text: window.words(window.isLast ? "onboarding.button.start_first_focus" : "onboarding.button.continue")
+            text: Texts.text(window.isLast ? "onboarding.button.start_first_focus" : "onboarding.button.continue")
             onClicked: window.isLast ? window.viewModel.startFocus() : window.viewModel.next()
         }
     }
-
-    // qmllint disable unqualified
-    Component {
-        id: welcome
-
-        OnboardingWelcome {
-            title: window.words("onboarding.welcome.title")
-            text: window.words("onboarding.welcome.body")
-        }
-    }
-    Component {
-        id: rhythm
-
-        OnboardingRhythm {
-            title: window.words("onboarding.rhythm.title")
-            text: window.words("onboarding.rhythm.body")
-            footer: window.words("onboarding.rhythm.footer")
-            viewModel: window.viewModel
-        }
-    }
-    Component {
-        id: alerts
-
-        OnboardingAlerts {
-            strings: window.strings
-            viewModel: window.viewModel
-        }
-    }
-    Component {
-        id: place
-
-        OnboardingPlace {
-            strings: window.strings
-            viewModel: window.viewModel
-        }
-    }
-    // qmllint enable unqualified
 }

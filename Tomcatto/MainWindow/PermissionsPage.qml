@@ -1,19 +1,17 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tomcatto.Appearance
+import Tomcatto.MainWindow
 
 /// What the system allows and what this desktop can do.
 ScrollPage {
     id: page
 
-    required property var strings
-    required property var viewModel
+    required property PermissionsPageViewModel viewModel
 
-    function words(key: string): string {
-        return strings.revision >= 0 ? strings.text(key) : ""
-    }
-
-    title: words("window.page.permissions")
-    subtitle: words("window.permissions.subtitle")
+    title: Texts.text("window.page.permissions")
+    subtitle: Texts.text("window.permissions.subtitle")
     spacing: 12
 
     Card {
@@ -22,7 +20,6 @@ ScrollPage {
         Repeater {
             model: page.viewModel.rows.length
 
-            // qmllint disable unqualified
             ControlRow {
                 id: line
 
@@ -63,13 +60,12 @@ ScrollPage {
                     onClicked: page.viewModel.act(line.permission.id)
                 }
             }
-            // qmllint enable unqualified
         }
     }
     ThemedText {
         width: page.columnWidth
         leftPadding: 4
-        text: page.words("window.permissions.footer")
+        text: Texts.text("window.permissions.footer")
         role: "caption"
         color: Theme.ink2
     }

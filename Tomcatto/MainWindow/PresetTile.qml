@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tomcatto.Appearance
 
@@ -71,7 +73,6 @@ PressButton {
             Repeater {
                 model: ["work", "shortBreak", "longBreak"]
 
-                // qmllint disable unqualified
                 Row {
                     required property int index
                     required property string modelData
@@ -92,7 +93,6 @@ PressButton {
                         Accessible.ignored: true
                     }
                 }
-                // qmllint enable unqualified
             }
         }
         ThemedText {

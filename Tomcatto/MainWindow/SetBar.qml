@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tomcatto.Appearance
 
@@ -21,7 +23,6 @@ Item {
         Repeater {
             model: bar.segments.length
 
-            // qmllint disable unqualified
             Rectangle {
                 required property int index
                 readonly property var segment: bar.segments[index] ?? ({ "phase": "work", "seconds": 0 })
@@ -31,7 +32,6 @@ Item {
                 radius: Math.min(bar.radius, width / 2)
                 color: Theme.phase(segment.phase).solid
             }
-            // qmllint enable unqualified
         }
     }
 }

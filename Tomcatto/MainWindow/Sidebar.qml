@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tomcatto.Appearance
 
@@ -60,7 +62,6 @@ Rectangle {
 
                 model: sidebar.pages.length
 
-                // qmllint disable unqualified
                 SidebarRow {
                     required property int index
                     readonly property var page: sidebar.pages[index] ?? ({})
@@ -80,7 +81,6 @@ Rectangle {
                             sidebar.go(event.key === Qt.Key_Home ? 0 : sidebar.pages.length - 1)
                     }
                 }
-                // qmllint enable unqualified
             }
         }
     }

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tomcatto.Appearance
 
@@ -14,7 +16,6 @@ Row {
     Repeater {
         model: markers.stepCount
 
-        // qmllint disable unqualified
         CatMarker {
             required property int index
             readonly property bool isNow: index === markers.step
@@ -26,6 +27,5 @@ Row {
             fill: isAhead ? "transparent" : Theme.work.solid
             outline: isAhead ? Theme.controlLine : "transparent"
         }
-        // qmllint enable unqualified
     }
 }

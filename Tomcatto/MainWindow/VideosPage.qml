@@ -1,16 +1,14 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tomcatto.Appearance
+import Tomcatto.MainWindow
 
 /// The videos for the breaks: the user's own, which are added here, and those that came along.
 Item {
     id: root
 
-    required property var strings
-    required property var viewModel
-
-    function words(key: string): string {
-        return strings.revision >= 0 ? strings.text(key) : ""
-    }
+    required property VideosPageViewModel viewModel
 
     /// Every tile of the user's is as high as the one with the longest caption, so a row's place is known without it.
     readonly property real tileHeight: ownGrid.stillHeight + 8 + Theme.lineHeight("control", Theme.textScale) + longestCaption.implicitHeight
@@ -38,28 +36,27 @@ Item {
         id: page
 
         anchors.fill: parent
-        title: root.words("window.page.videos")
-        subtitle: root.words("window.videos.subtitle")
+        title: Texts.text("window.page.videos")
+        subtitle: Texts.text("window.videos.subtitle")
         header: PushButton {
             symbol: "eye"
-            text: root.words("window.videos.preview_break")
+            text: Texts.text("window.videos.preview_break")
             onClicked: root.viewModel.previewBreak()
         }
 
         SectionHeading {
             above: 0
-            text: root.words("window.videos.yours.title")
+            text: Texts.text("window.videos.yours.title")
         }
         VideoGrid {
             id: ownGrid
 
             width: page.columnWidth
 
-            // qmllint disable unqualified
             Repeater {
                 model: root.viewModel.own
 
-                Loader {
+                Item {
                     id: place
 
                     required property int index
@@ -71,48 +68,51 @@ Item {
 
                     width: ownGrid.tileWidth
                     height: root.tileHeight
-                    active: (row >= root.firstRow && row <= root.lastRow) || index === root.focusedTile
-                    sourceComponent: VideoTile {
-                        id: tile
 
-                        function showStill() {
-                            thumbnail = root.viewModel.still(place.videoId, root.stillScale)
-                        }
+                    Wanted {
+                        when: (place.row >= root.firstRow && place.row <= root.lastRow) || place.index === root.focusedTile
 
-                        width: place.width
-                        height: place.height
-                        title: place.title
-                        caption: place.caption
-                        status: place.status
-                        previewText: present ? root.words("window.videos.preview") : ""
-                        deleteText: root.words("window.videos.delete")
-                        deletable: true
-                        onClicked: root.viewModel.toggle(place.videoId)
-                        onPreviewRequested: root.viewModel.preview(place.videoId)
-                        onDeleteRequested: root.viewModel.remove(place.videoId)
-                        onActiveFocusChanged: if (activeFocus)
-                            root.focusedTile = place.index
-                        Component.onCompleted: showStill()
+                        VideoTile {
+                            id: tile
 
-                        Connections {
-                            target: root
-                            function onStillScaleChanged() { tile.showStill() }
-                        }
-                        Connections {
-                            // The still of a video that was just added comes after it.
-                            target: root.viewModel
-                            enabled: String(tile.thumbnail).length === 0
-                            function onChanged() { tile.showStill() }
+                            function showStill() {
+                                thumbnail = root.viewModel.still(place.videoId, root.stillScale)
+                            }
+
+                            width: place.width
+                            height: place.height
+                            title: place.title
+                            caption: place.caption
+                            status: place.status
+                            previewText: present ? Texts.text("window.videos.preview") : ""
+                            deleteText: Texts.text("window.videos.delete")
+                            deletable: true
+                            onClicked: root.viewModel.toggle(place.videoId)
+                            onPreviewRequested: root.viewModel.preview(place.videoId)
+                            onDeleteRequested: root.viewModel.remove(place.videoId)
+                            onActiveFocusChanged: if (activeFocus)
+                                root.focusedTile = place.index
+                            Component.onCompleted: showStill()
+
+                            Connections {
+                                target: root
+                                function onStillScaleChanged() { tile.showStill() }
+                            }
+                            Connections {
+                                // The still of a video that was just added comes after it.
+                                target: root.viewModel
+                                enabled: String(tile.thumbnail).length === 0
+                                function onChanged() { tile.showStill() }
+                            }
                         }
                     }
                 }
             }
-            // qmllint enable unqualified
             AddTile {
                 width: ownGrid.tileWidth
                 height: Math.max(ownGrid.stillHeight, implicitContentHeight)
-                text: root.words("window.videos.add.title")
-                hint: root.words("window.videos.add.help")
+                text: Texts.text("window.videos.add.title")
+                hint: Texts.text("window.videos.add.help")
                 dropping: drop.containsDrag
                 onClicked: root.viewModel.chooseFiles()
             }
@@ -144,11 +144,11 @@ Item {
 
         SectionHeading {
             visible: root.viewModel.included.length > 0
-            text: root.words("window.videos.included.title")
+            text: Texts.text("window.videos.included.title")
 
             ThemedText {
                 width: Math.min(implicitWidth, 0.7 * page.columnWidth)
-                text: root.words("window.videos.included.help")
+                text: Texts.text("window.videos.included.help")
                 role: "caption"
                 color: Theme.ink2
                 horizontalAlignment: Text.AlignRight
@@ -159,7 +159,6 @@ Item {
 
             width: page.columnWidth
 
-            // qmllint disable unqualified
             Repeater {
                 model: root.viewModel.included.length
 
@@ -174,12 +173,11 @@ Item {
                     title: video.title ?? ""
                     // Cannot be ticked: pressing it shows it.
                     status: "included"
-                    previewText: root.words("window.videos.preview")
+                    previewText: Texts.text("window.videos.preview")
                     onClicked: root.viewModel.preview(video.id)
                     onPreviewRequested: root.viewModel.preview(video.id)
                 }
             }
-            // qmllint enable unqualified
         }
     }
 
@@ -201,7 +199,7 @@ Item {
         anchors.bottom: parent.bottom
         anchors.bottomMargin: 20
         width: Math.min(implicitWidth, page.columnWidth)
-        actionText: root.words("window.videos.undo")
+        actionText: Texts.text("window.videos.undo")
         onUndone: root.viewModel.undoRemoval()
         onExpired: root.viewModel.forgetRemoval()
     }

@@ -1,18 +1,17 @@
 import QtQuick
 import Tomcatto.Appearance
+import Tomcatto.MenuBar
 
 /// Quit, a line about the phase, statistics and settings.
 Item {
     id: header
 
-    required property var strings
-    required property var viewModel
+    required property MenubarPanelViewModel viewModel
 
     implicitHeight: 32
 
     QuitChromeButton {
         x: 8
-        strings: header.strings
         viewModel: header.viewModel
     }
     ThemedText {
@@ -31,16 +30,16 @@ Item {
         x: 208
         objectName: "statistics"
         symbol: "chart.bar.fill"
-        text: header.strings.revision, header.strings.text("menubar.open_stats")
-        help: header.strings.revision, header.strings.text("menubar.header.stats")
+        text: Texts.text("menubar.open_stats")
+        help: Texts.text("menubar.header.stats")
         onClicked: header.viewModel.openStatistics()
     }
     IconButton {
         x: 240
         objectName: "settings"
         symbol: "gearshape.fill"
-        text: header.strings.revision, header.strings.text("menubar.open_settings")
-        help: header.strings.revision, header.strings.text("menubar.header.settings")
+        text: Texts.text("menubar.open_settings")
+        help: Texts.text("menubar.header.settings")
         onClicked: header.viewModel.openSettings()
     }
 }

@@ -1,17 +1,16 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Window
 import Tomcatto.Appearance
+import Tomcatto.MenuBar
 
 /// The popover's window: the timer panel, or the statistics over it. The controller sets its size, place and flags.
 Window {
     id: root
 
-    /// LocalizedStrings.
-    required property var strings
-    /// MenubarPanelViewModel.
-    required property var viewModel
-    /// StatisticsViewModel.
-    required property var statistics
+    required property MenubarPanelViewModel viewModel
+    required property StatisticsViewModel statistics
 
     /// Milliseconds that the controller takes to change the window's size.
     readonly property int routeTime: Theme.routeTime
@@ -21,7 +20,7 @@ Window {
     /// their smooth edges leave out would be black.
     property bool isComposited: true
 
-    title: strings.revision, strings.text("app.name")
+    title: Texts.text("app.name")
     color: isComposited ? "transparent" : Theme.line
     width: 280
     height: 460
@@ -42,7 +41,6 @@ Window {
         width: 280
         height: 460
         radius: root.radius
-        strings: root.strings
         viewModel: root.viewModel
         opacity: root.showsStatistics ? 0 : 1
         visible: opacity > 0
@@ -54,27 +52,26 @@ Window {
             RouteFade {}
         }
     }
-    Loader {
-        function takeFocus() {
-            (item as PanelStatisticsView)?.takeFocus()
-        }
+    FocusScope {
+        id: statisticsRoute
 
         anchors.horizontalCenter: parent.horizontalCenter
         width: 400
         height: 560
-        active: root.showsStatistics || opacity > 0
         opacity: root.showsStatistics ? 1 : 0
         enabled: root.showsStatistics
-        onLoaded: takeFocus()
-        onEnabledChanged: if (enabled) takeFocus()
 
-        // qmllint disable unqualified
-        sourceComponent: PanelStatisticsView {
-            strings: root.strings
-            viewModel: root.viewModel
-            statistics: root.statistics
+        Wanted {
+            when: root.showsStatistics || statisticsRoute.opacity > 0
+
+            PanelStatisticsView {
+                anchors.fill: statisticsRoute
+                viewModel: root.viewModel
+                statistics: root.statistics
+                Component.onCompleted: takeFocus()
+                onEnabledChanged: if (enabled) takeFocus()
+            }
         }
-        // qmllint enable unqualified
 
         Behavior on opacity {
             RouteFade {}

@@ -1,18 +1,17 @@
 import QtQuick
 import Tomcatto.Appearance
+import Tomcatto.MenuBar
 
 /// The dial with the phase's name, the time, and the extend chip or a caption.
 Dial {
     id: label
 
-    required property var strings
-    required property var viewModel
-    readonly property var shown: viewModel.phase
+    required property MenubarPanelViewModel viewModel
     /// Inside the ring at the height of the name. A longer name gets smaller, down to 11 pixels; where that does not do,
     /// its symbol goes.
     readonly property real nameRoom: 144
     readonly property real symbolRoom: 20
-    readonly property bool showsSymbol: shown.symbol.length > 0 && fullName.advanceWidth * 11 / 13 <= nameRoom - symbolRoom
+    readonly property bool showsSymbol: viewModel.phase.symbol.length > 0 && fullName.advanceWidth * 11 / 13 <= nameRoom - symbolRoom
 
     /// Whether the name will say another thing, not only other figures.
     property bool saysOther: false
@@ -20,13 +19,11 @@ Dial {
     /// The chip went while it had the keyboard.
     signal focusLeft(int reason)
 
-    phase: shown.theme
+    phase: viewModel.phase.theme
     progress: viewModel.clock.progress
-    paused: shown.isPaused
-    pending: shown.isPending
+    paused: viewModel.phase.isPaused
+    pending: viewModel.phase.isPending
     name: viewModel.clock.name
-    // The name follows the phase.
-    onShownChanged: saysOther = true
     onNameChanged: {
         if (!saysOther)
             return
@@ -34,11 +31,19 @@ Dial {
         tellName()
     }
 
+    Connections {
+        // The name follows the phase.
+        function onPhaseChanged() {
+            label.saysOther = true
+        }
+
+        target: label.viewModel
+    }
     TextMetrics {
         id: fullName
 
         font: Theme.font("section", 1)
-        text: label.shown.name
+        text: label.viewModel.phase.name
     }
     Row {
         anchors.horizontalCenter: parent.horizontalCenter
@@ -49,21 +54,21 @@ Dial {
         Symbol {
             anchors.verticalCenter: parent.verticalCenter
             visible: label.showsSymbol
-            name: label.shown.symbol
-            size: label.shown.isPaused ? 11 : 14
+            name: label.viewModel.phase.symbol
+            size: label.viewModel.phase.isPaused ? 11 : 14
             color: phaseName.color
         }
         ThemedText {
             id: phaseName
 
             width: Math.min(Math.ceil(fullName.advanceWidth) + 1, label.nameRoom - (label.showsSymbol ? label.symbolRoom : 0))
-            text: label.shown.name
+            text: label.viewModel.phase.name
             role: "section"
             fontSizeMode: Text.HorizontalFit
             minimumPixelSize: 11
             horizontalAlignment: Text.AlignHCenter
             textScale: 1
-            color: label.shown.isPaused ? Theme.ink2 : label.colours.text
+            color: label.viewModel.phase.isPaused ? Theme.ink2 : label.colours.text
             wrapMode: Text.NoWrap
             Accessible.ignored: true
         }
@@ -75,17 +80,17 @@ Dial {
         text: label.viewModel.clock.text
         font: Theme.font(text.length >= 6 ? "dialTimeLong" : "dialTime", 1)
         lineHeight: 58
-        opacity: label.shown.isPaused ? 0.6 : 1
+        opacity: label.viewModel.phase.isPaused ? 0.6 : 1
         name: ""
     }
     Chip {
         objectName: "extend"
         anchors.horizontalCenter: parent.horizontalCenter
         y: 126
-        visible: label.shown.showsExtend
+        visible: label.viewModel.phase.showsExtend
         phase: label.phase
-        text: label.strings.revision, label.strings.text("menubar.extend_five")
-        Accessible.name: label.strings.revision, label.strings.text("menubar.extend")
+        text: Texts.text("menubar.extend_five")
+        Accessible.name: Texts.text("menubar.extend")
         Accessible.description: extendTip.text
         onClicked: label.viewModel.extend()
         onVisibleChanged: if (!visible && focus) label.focusLeft(focusReason)
@@ -93,7 +98,7 @@ Dial {
         ToolTip {
             id: extendTip
 
-            text: label.strings.revision, label.strings.text("menubar.extend_five.help")
+            text: Texts.text("menubar.extend_five.help")
             wanted: parent.hovered && !parent.down
             // Above is the time.
             standsBelow: true
@@ -104,8 +109,8 @@ Dial {
         anchors.horizontalCenter: parent.horizontalCenter
         y: 134
         width: 132
-        visible: !label.shown.showsExtend
-        text: label.shown.caption
+        visible: !label.viewModel.phase.showsExtend
+        text: label.viewModel.phase.caption
         role: "caption"
         textScale: 1
         color: Theme.ink2

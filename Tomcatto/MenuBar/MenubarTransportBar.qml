@@ -1,13 +1,12 @@
 import QtQuick
 import Tomcatto.Appearance
+import Tomcatto.MenuBar
 
 /// The filled button over two tiles.
 Item {
     id: bar
 
-    required property var strings
-    required property var viewModel
-    readonly property var phase: viewModel.phase
+    required property MenubarPanelViewModel viewModel
 
     function takeFocus(reason = Qt.OtherFocusReason) {
         primary.forceActiveFocus(reason)
@@ -26,18 +25,18 @@ Item {
         objectName: "primary"
         width: parent.width
         textScale: 1
-        phase: bar.phase.theme
-        symbol: bar.phase.primarySymbol
-        text: bar.phase.primaryText
+        phase: bar.viewModel.phase.theme
+        symbol: bar.viewModel.phase.primarySymbol
+        text: bar.viewModel.phase.primaryText
         onClicked: bar.viewModel.primary()
     }
     TransportTile {
         objectName: "reset"
         y: 56
-        enabled: bar.phase.canReset
+        enabled: bar.viewModel.phase.canReset
         symbol: "arrow.counterclockwise"
-        text: bar.strings.revision, bar.strings.text("menubar.transport_reset")
-        Accessible.description: bar.strings.revision, bar.strings.text("menubar.transport_reset.help")
+        text: Texts.text("menubar.transport_reset")
+        Accessible.description: Texts.text("menubar.transport_reset.help")
         onClicked: bar.viewModel.reset()
         onEnabledChanged: if (!enabled && focus) bar.takeFocus(focusReason)
     }
@@ -47,11 +46,11 @@ Item {
         objectName: "skip"
         x: bar.width - width
         y: 56
-        visible: !bar.phase.showsTakeBreak
-        enabled: bar.phase.canSkip
+        visible: !bar.viewModel.phase.showsTakeBreak
+        enabled: bar.viewModel.phase.canSkip
         symbol: "forward.fill"
-        text: bar.strings.revision, bar.strings.text("menubar.transport_skip")
-        Accessible.description: bar.strings.revision, bar.strings.text("menubar.transport_skip.help")
+        text: Texts.text("menubar.transport_skip")
+        Accessible.description: Texts.text("menubar.transport_skip.help")
         onClicked: bar.viewModel.skip()
         onEnabledChanged: if (!enabled && focus) bar.takeFocus(focusReason)
         onVisibleChanged: if (visible) bar.replace(takeBreak, skip)
@@ -62,11 +61,11 @@ Item {
         objectName: "takeBreak"
         x: bar.width - width
         y: 56
-        visible: bar.phase.showsTakeBreak
+        visible: bar.viewModel.phase.showsTakeBreak
         wanted: true
-        phase: bar.phase.theme
+        phase: bar.viewModel.phase.theme
         symbol: "cup.and.saucer.fill"
-        text: bar.strings.revision, bar.strings.text("menubar.transport_take_break")
+        text: Texts.text("menubar.transport_take_break")
         onClicked: bar.viewModel.takeBreak()
         onVisibleChanged: if (visible) bar.replace(skip, takeBreak)
     }

@@ -1,15 +1,14 @@
 import QtQuick
 import Tomcatto.Appearance
+import Tomcatto.MenuBar
 
 /// The timer panel: header, dial with time, transport controls, progress strip.
 Item {
     id: body
 
-    required property var strings
-    required property var viewModel
+    required property MenubarPanelViewModel viewModel
     property real radius: 0
-    readonly property var phase: viewModel.phase
-    readonly property var colours: Theme.phase(phase.theme)
+    readonly property var colours: Theme.phase(viewModel.phase.theme)
 
     /// Gives the keyboard to the one filled button.
     function takeFocus() {
@@ -41,13 +40,11 @@ Item {
     MenubarHeader {
         y: 8
         width: body.width
-        strings: body.strings
         viewModel: body.viewModel
     }
     MenubarTimerLabel {
         x: 40
         y: 50
-        strings: body.strings
         viewModel: body.viewModel
         onFocusLeft: reason => transport.takeFocus(reason)
     }
@@ -57,7 +54,6 @@ Item {
         x: 16
         y: 264
         width: body.width - 32
-        strings: body.strings
         viewModel: body.viewModel
     }
     PanelProgressStrip {
@@ -65,7 +61,6 @@ Item {
         width: body.width
         height: 84
         radius: body.radius
-        strings: body.strings
         viewModel: body.viewModel
     }
     SpokenText {

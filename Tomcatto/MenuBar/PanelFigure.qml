@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tomcatto.Appearance
 
@@ -9,7 +11,7 @@ Rectangle {
     property string label
     // Many hours in a language with long units: the whole figure gets smaller, nothing is cut.
     readonly property real natural: parts.reduce((sum, part) => sum + (part.isUnit ? unit : number).advanceWidth(part.text) + row.spacing, 0)
-    readonly property real fit: Math.min(1, (width - row.x - 9) / Math.max(1, natural))
+    readonly property real fit: Math.max(0.1, Math.min(1, (width - row.x - 9) / Math.max(1, natural)))
 
     radius: Theme.cardRadius
     color: Theme.card
@@ -36,7 +38,6 @@ Rectangle {
         Repeater {
             model: figure.parts
 
-            // qmllint disable unqualified
             Text {
                 required property var modelData
 
@@ -49,7 +50,6 @@ Rectangle {
                 renderType: Text.NativeRendering
                 Accessible.ignored: true
             }
-            // qmllint enable unqualified
         }
     }
     ThemedText {

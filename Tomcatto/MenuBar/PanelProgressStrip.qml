@@ -1,14 +1,13 @@
 import QtQuick
 import Tomcatto.Appearance
+import Tomcatto.MenuBar
 
 /// Rounds, goal and streak in three equal columns.
 Item {
     id: strip
 
-    required property var strings
-    required property var viewModel
+    required property MenubarPanelViewModel viewModel
     property real radius: 0
-    readonly property var figures: viewModel.strip
 
     component Column: Item {
         id: column
@@ -71,40 +70,40 @@ Item {
     }
     Column {
         place: 0
-        label: strip.figures.roundLabel
-        help: strip.strings.revision, strip.strings.text("menubar.cycle.help")
+        label: strip.viewModel.strip.roundLabel
+        help: Texts.text("menubar.cycle.help")
         name: label
 
         RoundMarkers {
             anchors.centerIn: parent
-            total: strip.figures.rounds
-            done: strip.figures.roundsDone
-            current: strip.figures.isRoundCurrent
+            total: strip.viewModel.strip.rounds
+            done: strip.viewModel.strip.roundsDone
+            current: strip.viewModel.strip.isRoundCurrent
             phase: "work"
             // Six of them are wider than the column.
             markerSize: Math.min(15, Math.floor(((parent?.width ?? 0) + gap) / total) - gap)
-            compactText: strip.figures.roundCompact
+            compactText: strip.viewModel.strip.roundCompact
             Accessible.ignored: true
         }
     }
     Column {
         place: 1
-        label: strip.strings.revision, strip.strings.text("menubar.strip.goal_today")
-        help: strip.strings.revision, strip.strings.text("menubar.goal.help")
-        name: strip.figures.goalName
+        label: Texts.text("menubar.strip.goal_today")
+        help: Texts.text("menubar.goal.help")
+        name: strip.viewModel.strip.goalName
 
         Row {
             anchors.centerIn: parent
 
             TickingText {
-                text: strip.figures.goalCount
+                text: strip.viewModel.strip.goalCount
                 font: Theme.font("primary", 1)
                 lineHeight: 22
                 name: ""
             }
             ThemedText {
                 height: 22
-                text: strip.figures.goalRest
+                text: strip.viewModel.strip.goalRest
                 font: Theme.sizedFont(15, Font.Normal, 0)
                 lineHeight: 22
                 color: Theme.ink2
@@ -115,9 +114,9 @@ Item {
     }
     Column {
         place: 2
-        label: strip.strings.revision, strip.strings.text("menubar.strip.streak_days")
-        help: strip.strings.revision, strip.strings.text("menubar.streak.help")
-        name: strip.figures.streakName
+        label: Texts.text("menubar.strip.streak_days")
+        help: Texts.text("menubar.streak.help")
+        name: strip.viewModel.strip.streakName
 
         Row {
             anchors.centerIn: parent
@@ -130,7 +129,7 @@ Item {
                 color: Theme.work.solid
             }
             TickingText {
-                text: strip.figures.streak
+                text: strip.viewModel.strip.streak
                 font: Theme.font("primary", 1)
                 lineHeight: 22
                 name: ""

@@ -1,13 +1,15 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tomcatto.Appearance
+import Tomcatto.MenuBar
 
 /// The statistics route: range, three figures, chart and heat map.
 Item {
     id: view
 
-    required property var strings
-    required property var viewModel
-    required property var statistics
+    required property MenubarPanelViewModel viewModel
+    required property StatisticsViewModel statistics
 
     function takeFocus() {
         ranges.forceActiveFocus(Qt.OtherFocusReason)
@@ -19,13 +21,13 @@ Item {
         objectName: "back"
         textScale: 1
         symbol: "chevron.left"
-        text: view.strings.revision, view.strings.text("menubar.stats.back")
+        text: Texts.text("menubar.stats.back")
         onClicked: view.viewModel.back()
     }
     ThemedText {
         anchors.horizontalCenter: parent.horizontalCenter
         y: 14
-        text: view.strings.revision, view.strings.text("stats.title")
+        text: Texts.text("stats.title")
         role: "bodyStrong"
         textScale: 1
         wrapMode: Text.NoWrap
@@ -41,7 +43,7 @@ Item {
         textScale: 1
         texts: view.statistics.rangeTexts
         currentIndex: view.statistics.rangeIndex
-        name: view.strings.revision, view.strings.text("stats.range.accessibility")
+        name: Texts.text("stats.range.accessibility")
         onActivated: index => view.statistics.selectRange(index)
     }
     Row {
@@ -51,22 +53,20 @@ Item {
 
         Repeater {
             // The panel has room for three.
-            model: view.statistics.figures.slice(0, 3)
+            model: Math.min(3, view.statistics.figures.length)
 
-            // qmllint disable unqualified
             PanelFigure {
-                required property var modelData
                 required property int index
+                readonly property var shown: view.statistics.figures[index] ?? ({})
                 readonly property real column: (view.width - 32 - 16) / 3
 
                 // The three and their gaps end with the cards below, whose width is no multiple of three.
                 width: Math.round((index + 1) * column) - Math.round(index * column)
                 height: 64
-                parts: modelData.parts
-                label: modelData.label
-                Accessible.name: modelData.name
+                parts: shown.parts ?? []
+                label: shown.label ?? ""
+                Accessible.name: shown.name ?? ""
             }
-            // qmllint enable unqualified
         }
     }
     Rectangle {
@@ -129,8 +129,8 @@ Item {
             x: parent.width - width - 15
             y: 14
             textScale: 1
-            lessText: view.strings.revision, view.strings.text("stats.heatmap.less")
-            moreText: view.strings.revision, view.strings.text("stats.heatmap.more")
+            lessText: Texts.text("stats.heatmap.less")
+            moreText: Texts.text("stats.heatmap.more")
         }
         HeatMap {
             x: 15

@@ -1,14 +1,14 @@
 import QtQuick
 import Tomcatto.Appearance
+import Tomcatto.MenuBar
 
 /// Ends the application.
 IconButton {
-    required property var strings
-    required property var viewModel
+    required property MenubarPanelViewModel viewModel
 
     objectName: "quit"
     symbol: "power"
-    text: strings.revision, strings.text("menubar.quit_app")
-    help: strings.revision, strings.text("menubar.header.quit")
+    text: Texts.text("menubar.quit_app")
+    help: Texts.text("menubar.header.quit")
     onClicked: viewModel.quit()
 }

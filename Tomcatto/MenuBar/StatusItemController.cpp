@@ -88,8 +88,7 @@ QVariantMap StatusItemController::makeModels(QObject &owner)
     auto *statistics = new StatisticsViewModel({m_dependencies.statsAggregator, m_dependencies.settings,
                                                 m_dependencies.strings, m_dependencies.platform.wallClock},
                                                &owner);
-    return {{QStringLiteral("strings"), QVariant::fromValue<QObject *>(&m_dependencies.strings)},
-            {QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(panel)},
+    return {{QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(panel)},
             {QStringLiteral("statistics"), QVariant::fromValue<QObject *>(statistics)}};
 }
 

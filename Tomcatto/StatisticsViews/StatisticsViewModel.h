@@ -14,7 +14,7 @@ namespace tomcatto {
 class StatisticsViewModel final : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(QStringList rangeTexts READ rangeTexts NOTIFY changed FINAL)
+    Q_PROPERTY(QList<QString> rangeTexts READ rangeTexts NOTIFY changed FINAL)
     Q_PROPERTY(int rangeIndex READ rangeIndex NOTIFY changed FINAL)
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY changed FINAL)
     Q_PROPERTY(QString emptyTitle READ emptyTitle NOTIFY changed FINAL)
@@ -26,7 +26,7 @@ class StatisticsViewModel final : public QObject
     Q_PROPERTY(qreal chartMaximum READ chartMaximum NOTIFY changed FINAL)
     Q_PROPERTY(QString heatTitle READ heatTitle NOTIFY changed FINAL)
     Q_PROPERTY(QVariantList heatCells READ heatCells NOTIFY changed FINAL)
-    Q_PROPERTY(QStringList heatDayLabels READ heatDayLabels NOTIFY changed FINAL)
+    Q_PROPERTY(QList<QString> heatDayLabels READ heatDayLabels NOTIFY changed FINAL)
 
 public:
     /// What the figures come from; everything outlives the model.

@@ -1,4 +1,5 @@
 #include "Appearance/AppearanceSettings.h"
+#include "Appearance/Texts.h"
 #include "Fakes/ServicesFixture.h"
 #include "MenuBar/MenubarPanelViewModel.h"
 #include "MenuBar/StatusPillRenderer.h"
@@ -85,11 +86,11 @@ bool picture(const QString &state, bool dark, const QString &language, const QDi
     appearance.setDark(dark);
     appearance.setReducedMotion(true);
     appearance.install(engine);
+    Texts::install(engine, dependencies.strings);
     QQmlComponent component(&engine,
                             QUrl(QStringLiteral("qrc:/qt-project.org/imports/Tomcatto/MenuBar/MenubarPanelView.qml")));
     const std::unique_ptr<QObject> root(component.createWithInitialProperties(
-        {{QStringLiteral("strings"), QVariant::fromValue<QObject *>(&dependencies.strings)},
-         {QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(&panel)},
+        {{QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(&panel)},
          {QStringLiteral("statistics"), QVariant::fromValue<QObject *>(&statistics)}}));
     auto *window = qobject_cast<QQuickWindow *>(root.get());
     if (!window) {

@@ -1,4 +1,5 @@
 #include "Appearance/AppearanceSettings.h"
+#include "Appearance/Texts.h"
 #include "Fakes/MainWindowFixture.h"
 #include "Media/BundledVideoProvider.h"
 
@@ -50,6 +51,7 @@ public:
         m_appearance.setTextScale(variant.textScale);
         m_appearance.setHighContrast(variant.highContrast);
         m_appearance.install(m_engine);
+        Texts::install(m_engine, m_fixture.strings);
     }
 
     bool grab(const QString &component, QObject &viewModel, const QString &name, const QDir &folder)
@@ -57,8 +59,7 @@ public:
         QQmlComponent maker(
             &m_engine, QUrl(QStringLiteral("qrc:/qt-project.org/imports/Tomcatto/MainWindow/%1.qml").arg(component)));
         const std::unique_ptr<QObject> object(maker.createWithInitialProperties(
-            {{QStringLiteral("strings"), QVariant::fromValue<QObject *>(&m_fixture.strings)},
-             {QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(&viewModel)}}));
+            {{QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(&viewModel)}}));
         auto *const window = qobject_cast<QQuickWindow *>(object.get());
         if (window == nullptr) {
             qCritical() << maker.errorString();

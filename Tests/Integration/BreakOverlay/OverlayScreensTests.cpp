@@ -61,10 +61,10 @@ struct RealOverlay
     LanguageOverrideService language{defaults, {u"en"_s}};
     LocalizedStrings strings{language};
     QObject looks;
-    QuickViewHost host{looks};
+    QuickViewHost host{looks, strings};
     DesktopScreens screens{runLoop};
     ApplicationKeyMonitor keys;
-    BreakOverlayWindows overlayWindows{{machine, timer, settings, strings}, strings, host, screens, runLoop, {}};
+    BreakOverlayWindows overlayWindows{{machine, timer, settings, strings}, host, screens, runLoop, {}};
     BreakOverlayController controller{machine, timer, settings, runLoop, screens, keys, overlayWindows};
 };
 

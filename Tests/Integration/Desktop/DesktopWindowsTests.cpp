@@ -142,13 +142,13 @@ TEST(PluginViewHostTests, LoadsThePluginWithTheFirstViewAndFollowsTheLooks)
 {
     CapturedLog log;
     TestLooks looks;
-    PluginViewHost missing(looks, {QStringLiteral("/nonexistent")});
+    PluginViewHost missing(looks, looks, {QStringLiteral("/nonexistent")});
     const ViewDescription description{
-        QStringLiteral("TestViews"), QStringLiteral("Sample"), {{QStringLiteral("strings"), QStringLiteral("text")}}};
+        QStringLiteral("TestViews"), QStringLiteral("Sample"), {{QStringLiteral("shownText"), QStringLiteral("text")}}};
     EXPECT_EQ(missing.create(description), nullptr);
     EXPECT_EQ(log.count(LogLevel::error), 1);
 
-    PluginViewHost host(looks, {QStringLiteral("/nonexistent"), QStringLiteral(VIEW_PLUGIN_FOLDER)});
+    PluginViewHost host(looks, looks, {QStringLiteral("/nonexistent"), QStringLiteral(VIEW_PLUGIN_FOLDER)});
     EXPECT_FALSE(host.isLoaded());
     const std::unique_ptr<HostedView> view = host.create(description);
     ASSERT_NE(view, nullptr);

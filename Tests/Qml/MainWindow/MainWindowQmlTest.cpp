@@ -1,4 +1,5 @@
 #include "Appearance/AppearanceSettings.h"
+#include "Appearance/Texts.h"
 #include "Fakes/MainWindowFixture.h"
 
 #include <QtQml/QQmlContext>
@@ -15,14 +16,13 @@ using namespace tomcatto;
 class World final : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(QObject *strings READ strings CONSTANT FINAL)
     Q_PROPERTY(QObject *window READ window CONSTANT FINAL)
     Q_PROPERTY(QObject *onboarding READ onboarding CONSTANT FINAL)
 
 public:
     using QObject::QObject;
 
-    [[nodiscard]] QObject *strings() { return &m_fixture->strings; }
+    [[nodiscard]] QObject &strings() { return m_fixture->strings; }
     [[nodiscard]] QObject *window() { return &m_fixture->window; }
     [[nodiscard]] QObject *onboarding() { return &m_fixture->onboarding; }
 
@@ -51,10 +51,12 @@ public Q_SLOTS:
     void qmlEngineAvailable(QQmlEngine *engine)
     {
         // Both end with the engine; each file of cases has its own.
+        auto *const world = new World(engine);
         auto *const appearance = new AppearanceSettings(engine);
         appearance->setReducedMotion(true);
         appearance->install(*engine);
-        engine->rootContext()->setContextProperty(QStringLiteral("world"), new World(engine));
+        Texts::install(*engine, world->strings());
+        engine->rootContext()->setContextProperty(QStringLiteral("world"), world);
     }
 };
 

@@ -36,8 +36,8 @@ struct Windows : EngineFixture
 TEST(BreakOverlayWindows, LetViewsGoInALaterTurnAndTheFilesWithTheLast)
 {
     Windows fixture;
-    BreakOverlayWindows windows({fixture.machine, fixture.timer, fixture.settings, fixture.strings}, fixture.strings,
-                                fixture.host, fixture.screens, fixture.runLoop, fixture.videos);
+    BreakOverlayWindows windows({fixture.machine, fixture.timer, fixture.settings, fixture.strings}, fixture.host,
+                                fixture.screens, fixture.runLoop, fixture.videos);
     int closed = 0;
     auto first = windows.make({u"a"_s, {}, 1, true}, [&closed] { ++closed; });
     QCloseEvent closing;
@@ -65,8 +65,8 @@ TEST(BreakOverlayWindows, FadeInAndOutWhereTheDesktopCan)
     Windows fixture;
     fixture.screens.fades = true;
     fixture.host.properties = {{"inTime", 400}, {"outTime", 250}};
-    BreakOverlayWindows windows({fixture.machine, fixture.timer, fixture.settings, fixture.strings}, fixture.strings,
-                                fixture.host, fixture.screens, fixture.runLoop, fixture.videos);
+    BreakOverlayWindows windows({fixture.machine, fixture.timer, fixture.settings, fixture.strings}, fixture.host,
+                                fixture.screens, fixture.runLoop, fixture.videos);
     auto overlay = windows.make({u"a"_s, {}, 1, true}, {});
     QWindow &window = *fixture.host.current;
     window.show();
@@ -94,8 +94,8 @@ TEST(BreakOverlayWindows, FadeInAndOutWhereTheDesktopCan)
 TEST(BreakOverlayWindows, KeepWhatTheUserMutedForTheRestOfTheBreak)
 {
     Windows fixture;
-    BreakOverlayWindows windows({fixture.machine, fixture.timer, fixture.settings, fixture.strings}, fixture.strings,
-                                fixture.host, fixture.screens, fixture.runLoop, fixture.videos);
+    BreakOverlayWindows windows({fixture.machine, fixture.timer, fixture.settings, fixture.strings}, fixture.host,
+                                fixture.screens, fixture.runLoop, fixture.videos);
     std::vector<std::unique_ptr<OverlayWindow>> open;
     const auto model = [&](const QString &screen, bool isMain) {
         open.push_back(windows.make({screen, {}, 1, isMain}, {}));

@@ -20,8 +20,7 @@ protected:
 
     MainWindowFixture fixture;
     FakeViewHost viewHost;
-    OnboardingController controller{viewHost, fixture.engine.settings, fixture.engine.machine, fixture.onboarding,
-                                    fixture.strings};
+    OnboardingController controller{viewHost, fixture.engine.settings, fixture.engine.machine, fixture.onboarding};
     int completed = 0;
     int resets = 0;
 };

@@ -21,7 +21,7 @@ protected:
     FakeActivationPolicyPort port;
     ActivationPolicy policy{port};
     MainWindowRouter router;
-    MainWindowController controller{viewHost, router, policy, fixture.window, fixture.strings};
+    MainWindowController controller{viewHost, router, policy, fixture.window};
 };
 
 }

@@ -15,8 +15,9 @@ const QString fileName = QStringLiteral("tomcatto-views.so");
 
 }
 
-PluginViewHost::PluginViewHost(QObject &appearance, QStringList folders)
+PluginViewHost::PluginViewHost(QObject &appearance, QObject &texts, QStringList folders)
     : m_appearance(appearance)
+    , m_texts(texts)
     , m_folders(std::move(folders))
 {
 }
@@ -59,20 +60,20 @@ void PluginViewHost::load()
             return;
         }
         // The plugin has a log of its own, whose lines belong into this one.
-        m_host =
-            plugin->makeViewHost(m_appearance, [](LogLevel level, const QString &category, const QString &message) {
-                const Logger logger(category);
-                switch (level) {
-                case LogLevel::debug:
-                    return logger.debug(message);
-                case LogLevel::info:
-                    return logger.info(message);
-                case LogLevel::error:
-                    return logger.error(message);
-                case LogLevel::fault:
-                    return logger.fault(message);
-                }
-            });
+        m_host = plugin->makeViewHost(m_appearance, m_texts,
+                                      [](LogLevel level, const QString &category, const QString &message) {
+                                          const Logger logger(category);
+                                          switch (level) {
+                                          case LogLevel::debug:
+                                              return logger.debug(message);
+                                          case LogLevel::info:
+                                              return logger.info(message);
+                                          case LogLevel::error:
+                                              return logger.error(message);
+                                          case LogLevel::fault:
+                                              return logger.fault(message);
+                                          }
+                                      });
         return;
     }
     m_problem = QStringLiteral("%1 is not in %2; is Tomcatto installed completely?")

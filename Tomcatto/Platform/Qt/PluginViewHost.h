@@ -15,9 +15,10 @@ class PluginViewHost final : public ViewHost
 {
 public:
     /// @param appearance has the properties `dark`, `reducedMotion`, `highContrast` and `textScale`, which views
-    /// follow; it outlives this.
+    /// follow.
+    /// @param texts the `LocalizedStrings` that views take their texts from; both outlive this.
     /// @param folders where the plugin may be, in the order of looking.
-    explicit PluginViewHost(QObject &appearance, QStringList folders = pluginFolders());
+    PluginViewHost(QObject &appearance, QObject &texts, QStringList folders = pluginFolders());
     ~PluginViewHost() override;
 
     /// Beside the program as it is built, and where an installation keeps plugins.
@@ -33,6 +34,7 @@ private:
     void load();
 
     QObject &m_appearance;
+    QObject &m_texts;
     QStringList m_folders;
     X11Display m_display;
     const Logger m_logger{QStringLiteral("PluginViewHost")};

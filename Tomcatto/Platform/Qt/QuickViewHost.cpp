@@ -39,8 +39,9 @@ private:
 
 }
 
-QuickViewHost::QuickViewHost(QObject &appearance, std::chrono::milliseconds patience)
+QuickViewHost::QuickViewHost(QObject &appearance, QObject &texts, std::chrono::milliseconds patience)
     : m_settings(nullptr)
+    , m_texts(texts)
     , m_mirror(appearance, m_settings, {"dark", "reducedMotion", "highContrast", "textScale"})
 {
     m_release.setSingleShot(true);
@@ -86,6 +87,7 @@ void QuickViewHost::makeEngine()
             m_logger.error(warning.toString());
     });
     m_settings.install(*m_engine);
+    Texts::install(*m_engine, m_texts);
 }
 
 std::unique_ptr<QQuickWindow> QuickViewHost::makeWindow(const ViewDescription &description)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Appearance/AppearanceSettings.h"
+#include "Appearance/Texts.h"
 #include "Foundation/Logger.h"
 #include "Platform/Ports/ViewHost.h"
 #include "Platform/Qt/AppearanceMirror.h"
@@ -23,9 +24,10 @@ class QuickViewHost final : public QObject, public ViewHost
     Q_OBJECT
 
 public:
-    /// @param appearance has the properties that views follow; it outlives this.
+    /// @param appearance has the properties that views follow.
+    /// @param texts the `LocalizedStrings`; both outlive this.
     /// @param patience how long an engine without views is kept.
-    explicit QuickViewHost(QObject &appearance, std::chrono::milliseconds patience = std::chrono::seconds(10));
+    QuickViewHost(QObject &appearance, QObject &texts, std::chrono::milliseconds patience = std::chrono::seconds(10));
     /// Views that are still there lose their windows.
     ~QuickViewHost() override;
 
@@ -42,6 +44,7 @@ private:
 
     const Logger m_logger{QStringLiteral("QuickViewHost")};
     AppearanceSettings m_settings;
+    QObject &m_texts;
     AppearanceMirror m_mirror;
     std::unique_ptr<QQmlEngine> m_engine;
     QList<QQuickWindow *> m_windows;

@@ -5,11 +5,11 @@
 
 namespace tomcatto {
 
-std::unique_ptr<ViewHost> QuickViewPlugin::makeViewHost(QObject &appearance, LogSink log)
+std::unique_ptr<ViewHost> QuickViewPlugin::makeViewHost(QObject &appearance, QObject &texts, LogSink log)
 {
     setLogSink(std::move(log));
     chooseGraphics();
-    return std::make_unique<QuickViewHost>(appearance);
+    return std::make_unique<QuickViewHost>(appearance, texts);
 }
 
 }

@@ -12,7 +12,7 @@ class QuickViewPlugin final : public QObject, public ViewPlugin
     Q_INTERFACES(tomcatto::ViewPlugin)
 
 public:
-    [[nodiscard]] std::unique_ptr<ViewHost> makeViewHost(QObject &appearance, LogSink log) override;
+    [[nodiscard]] std::unique_ptr<ViewHost> makeViewHost(QObject &appearance, QObject &texts, LogSink log) override;
 };
 
 }

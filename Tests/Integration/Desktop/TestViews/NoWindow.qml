@@ -1,5 +1,5 @@
 import QtQuick
 
 Item {
-    required property var strings
+    required property string shownText
 }

@@ -2,8 +2,7 @@ import QtQuick
 import Tomcatto.Appearance
 
 Window {
-    required property var strings
-    readonly property string shownText: strings
+    required property string shownText
     readonly property bool isDark: Theme.dark
 
     width: 100

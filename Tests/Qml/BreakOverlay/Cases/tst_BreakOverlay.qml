@@ -40,7 +40,6 @@ TestCase {
 
         BreakOverlayContent {
             anchors.fill: parent
-            strings: texts
             viewModel: model
             isShown: true
         }
@@ -57,7 +56,6 @@ TestCase {
         id: overlays
 
         BreakOverlayView {
-            strings: texts
             viewModel: model
             width: 800
             height: 600

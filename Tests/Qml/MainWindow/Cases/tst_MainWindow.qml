@@ -14,7 +14,6 @@ TestCase {
         id: maker
 
         MainWindow {
-            strings: world.strings
             viewModel: world.window
         }
     }
@@ -51,6 +50,7 @@ TestCase {
     function show(page) {
         world.window.showPage(page)
         tryVerify(() => all(window.contentItem, item => item.columnWidth > 0).length === 1)
+        waitForRendering(window.contentItem)
     }
 
     function press(item, key) {

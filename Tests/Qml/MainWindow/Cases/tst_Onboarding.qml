@@ -12,7 +12,6 @@ TestCase {
         id: maker
 
         OnboardingWindow {
-            strings: world.strings
             viewModel: world.onboarding
         }
     }

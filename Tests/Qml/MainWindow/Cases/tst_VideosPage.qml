@@ -36,7 +36,6 @@ TestCase {
         id: page
 
         anchors.fill: parent
-        strings: world.strings
         viewModel: model
     }
 

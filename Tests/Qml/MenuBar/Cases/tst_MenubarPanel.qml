@@ -47,7 +47,6 @@ TestCase {
 
         width: 280
         height: 460
-        strings: texts
         viewModel: model
     }
 

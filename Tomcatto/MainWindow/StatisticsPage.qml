@@ -5,8 +5,7 @@ import Tomcatto.Appearance
 ScrollPage {
     id: page
 
-    required property string emptyTitle
-    required property string emptyText
+    title: Texts.text("window.page.statistics")
 
     Card {
         width: page.columnWidth
@@ -14,8 +13,8 @@ ScrollPage {
         EmptyState {
             width: parent.width
             height: Math.max(200, implicitHeight)
-            title: page.emptyTitle
-            text: page.emptyText
+            title: Texts.text("window.later.title")
+            text: Texts.text("window.statistics.later")
         }
     }
 }
