@@ -9,8 +9,10 @@ import pty
 import select
 import shutil
 import signal
+import socket
 import sqlite3
 import subprocess
+import threading
 import time
 import unittest
 import uuid
@@ -214,6 +216,40 @@ class CommandLineTest(unittest.TestCase):
             tomcatto.start(wait=False)
             time.sleep(0.5)
         tomcatto.wait_for(lambda: tomcatto.run("status").returncode == 0)
+
+    def test_a_video_is_added_once_though_the_application_ends(self):
+        video = os.path.join(os.path.dirname(PROGRAM), "BundledVideos", "2-the-fish.mp4")
+        identifier = self.expect(0, "videos", "add", video).stdout.strip()
+
+        def end_after(work):
+            """An application that reads one request, does the work and hangs up; then it is gone."""
+            with open(os.path.join(os.path.dirname(self.tomcatto.defaults_path), "lock"), "wb") as lock, \
+                    socket.socket(socket.AF_UNIX) as listener:
+                fcntl.flock(lock, fcntl.LOCK_EX)
+                listener.bind(self.tomcatto.socket_path)
+                listener.listen()
+                ready.set()
+                connection = listener.accept()[0]
+                connection.recv(65536)
+                with sqlite3.connect(self.tomcatto.store_path) as store:
+                    work(store)
+                os.remove(self.tomcatto.socket_path)
+                connection.close()
+                time.sleep(0.3)
+
+        def add(store):
+            store.execute("update UserVideo set addedAt = ?", (time.time(),))
+
+        for work, command, count in ((add, ("add", video), 1), (lambda _: None, ("add", video), 2),
+                                     (lambda store: store.execute("delete from UserVideo where id = ?", (identifier,)),
+                                      ("remove", identifier), 1)):
+            ready = threading.Event()
+            ending = threading.Thread(target=end_after, args=(work,))
+            ending.start()
+            self.assertTrue(ready.wait(60))
+            self.expect(0, "videos", *command)
+            ending.join()
+            self.assertEqual(len(self.expect(0, "videos", "list").stdout.splitlines()), count, command)
 
     def test_two_starts_at_one_moment_recover_one_marker(self):
         self.tomcatto.start()

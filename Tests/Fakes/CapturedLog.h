@@ -28,6 +28,11 @@ public:
         const std::scoped_lock lock(m_mutex);
         return std::count_if(m_lines.begin(), m_lines.end(), [level](const auto &line) { return line.first == level; });
     }
+    [[nodiscard]] QString lastMessage() const
+    {
+        const std::scoped_lock lock(m_mutex);
+        return m_lines.empty() ? QString() : m_lines.back().second;
+    }
 
 private:
     mutable std::mutex m_mutex;

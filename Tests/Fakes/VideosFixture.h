@@ -41,20 +41,15 @@ public:
 class TextStillFrame final : public StillFrame
 {
 public:
-    [[nodiscard]] std::expected<double, StillFrameFailure> durationSeconds(const QString &path,
-                                                                           std::stop_token) const override
+    [[nodiscard]] std::expected<VideoLook, StillFrameFailure> look(const QString &path, StillFrameRequest,
+                                                                   std::stop_token) const override
     {
         const QByteArray content = read(path);
         if (content == "sound")
             return std::unexpected(StillFrameFailure::noPicture);
         if (content == "text")
             return std::unexpected(StillFrameFailure::noContainer);
-        return 12.5;
-    }
-    [[nodiscard]] std::expected<QByteArray, StillFrameFailure> jpeg(const QString &path, StillFrameRequest,
-                                                                    std::stop_token) const override
-    {
-        return read(path);
+        return VideoLook{12.5, content};
     }
 
 private:

@@ -44,13 +44,6 @@ Json absolutePaths(Json arguments)
     return arguments;
 }
 
-/// Whether doing it twice is doing it once.
-bool isRepeatable(const ControlRequest &request)
-{
-    const std::string action = request.arguments.value("action", std::string());
-    return action != "add" && action != "remove";
-}
-
 /// A name may hold line breaks and what steers a terminal.
 QString onOneLine(QString name)
 {
@@ -208,17 +201,7 @@ ExitStatus CommandRunner::listVideos() const
 
 ExitStatus CommandRunner::changeVideos(const Invocation &invocation) const
 {
-    const ControlRequest request{invocation.command, absolutePaths(invocation.arguments), false};
-    const auto path = request.arguments.find("path");
-    if (path == request.arguments.end())
-        return report(change(request, longestOperation));
-    ControlReply reply = m_client.send(request, longestOperation);
-    if (reply.status == ExitStatus::notRunning) {
-        // A file that takes long to look into would keep the lock from an application that starts.
-        const auto refusal = m_files.refusal(QString::fromStdString(path->get<std::string>()));
-        reply = refusal ? *refusal : change(request, longestOperation);
-    }
-    return report(reply);
+    return report(change({invocation.command, absolutePaths(invocation.arguments), false}, longestOperation));
 }
 
 ExitStatus CommandRunner::listSettings() const
@@ -259,15 +242,21 @@ ControlReply CommandRunner::readSettings(const Json &arguments) const
 ControlReply CommandRunner::change(const ControlRequest &request, std::chrono::milliseconds patience) const
 {
     const QDeadlineTimer until(patience);
+    const Date asked = m_surroundings.wallClock.now();
+    std::optional<Date> askedSince;
     do {
         const auto answer = m_client.ask(request, until);
+        const bool isEnding = answer == std::unexpected(NoAnswer::hungUp);
         ControlReply reply = answer ? *answer : controlReply(answer.error());
-        // One that ends may have done it before it hung up.
-        const bool mayRepeat = isRepeatable(request) && answer == std::unexpected(NoAnswer::hungUp);
-        if (reply.status != ExitStatus::notRunning && !mayRepeat)
+        if (reply.status != ExitStatus::notRunning && !isEnding)
             return reply;
+        if (isEnding)
+            askedSince = asked;
+        // A file that takes long to look into would keep the lock from an application that starts.
+        if (const auto refusal = m_files.refusal(request))
+            return *refusal;
         if (m_surroundings.instanceLock.tryTake() != InstanceLockResult::held) {
-            ControlReply done = m_files.run(request);
+            ControlReply done = m_files.run(request, askedSince);
             m_surroundings.instanceLock.release();
             return done;
         }

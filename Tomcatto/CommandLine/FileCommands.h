@@ -5,6 +5,25 @@
 
 namespace tomcatto {
 
+/// Remembers the last look into a video.
+class RememberedLook final : public StillFrame
+{
+public:
+    /// @param stillFrame outlives this
+    explicit RememberedLook(const StillFrame &stillFrame)
+        : m_stillFrame(stillFrame)
+    {
+    }
+
+    [[nodiscard]] std::expected<VideoLook, StillFrameFailure> look(const QString &path, StillFrameRequest request,
+                                                                   std::stop_token stop) const override;
+
+private:
+    const StillFrame &m_stillFrame;
+    mutable QString m_path;
+    mutable std::expected<VideoLook, StillFrameFailure> m_look;
+};
+
 /// Carries out on the files, while no application runs, the commands that need none: those on the settings and on the
 /// user's own videos. The answers are the application's. Whoever changes something holds the instance lock. Blocking.
 class FileCommands final
@@ -14,17 +33,21 @@ public:
     explicit FileCommands(const CommandSurroundings &surroundings);
 
     /// Carries out a request that changes something, as the application's command of that name does.
-    [[nodiscard]] ControlReply run(const ControlRequest &request) const;
+    /// @param askedSince when an application got the request that ended without an answer: what it has done by then is
+    /// not done twice
+    [[nodiscard]] ControlReply run(const ControlRequest &request, std::optional<Date> askedSince = {}) const;
     /// Lists the settings or gets one; their file is left alone.
     [[nodiscard]] ControlReply readSettings(const nlohmann::ordered_json &arguments) const;
-    /// Looks into a file that is to be added, which may take seconds and needs no lock. @return why it is no video
-    [[nodiscard]] std::optional<ControlReply> refusal(const QString &videoPath) const;
+    /// Looks into the file of a video that is to be added, once, which may take seconds and needs no lock.
+    /// @return why the request cannot be carried out; nothing as a rule
+    [[nodiscard]] std::optional<ControlReply> refusal(const ControlRequest &request) const;
 
 private:
     [[nodiscard]] ControlReply settings(const nlohmann::ordered_json &arguments, bool isReadOnly) const;
-    [[nodiscard]] ControlReply videos(const nlohmann::ordered_json &arguments) const;
+    [[nodiscard]] ControlReply videos(const nlohmann::ordered_json &arguments, std::optional<Date> askedSince) const;
 
     const CommandSurroundings &m_surroundings;
+    RememberedLook m_look;
 };
 
 }

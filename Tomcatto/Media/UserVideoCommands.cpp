@@ -95,7 +95,7 @@ void UserVideoCommands::validate(const QString &path, const std::function<void(c
             this,
             [this, path, valid, done] {
                 if (valid)
-                    store(path, done);
+                    store(path, *valid, done);
                 else
                     done(std::unexpected(refusal(valid.error(), path)));
             },
@@ -103,21 +103,22 @@ void UserVideoCommands::validate(const QString &path, const std::function<void(c
     });
 }
 
-void UserVideoCommands::store(const QString &path, const std::function<void(const AddResult &)> &done)
+void UserVideoCommands::store(const QString &path, const VideoLook &look,
+                              const std::function<void(const AddResult &)> &done)
 {
     const auto id = std::make_shared<QUuid>();
-    const auto added = m_repository.addVideo(
-        QUrl::fromLocalFile(path), [id, done](const std::expected<UserVideoSave, UserVideoRepositoryError> &written) {
+    *id = m_repository.addVideo(
+        QUrl::fromLocalFile(path),
+        [id, path, done](const std::expected<UserVideoSave, UserVideoRepositoryError> &written) {
             // A record that is gone again was added all the same.
             if (written == UserVideoSave::failed)
                 done(std::unexpected(storeError()));
+            else if (written == std::unexpected(UserVideoRepositoryError::bookmarkResolutionFailed))
+                done(std::unexpected(refusal(VideoFileError::notFound, path)));
             else
                 done(*id);
-        });
-    if (added)
-        *id = *added;
-    else
-        done(std::unexpected(refusal(VideoFileError::notFound, path)));
+        },
+        look);
 }
 
 void UserVideoCommands::remove(const QString &id, const std::function<void(const Result &)> &done)

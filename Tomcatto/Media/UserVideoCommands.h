@@ -81,7 +81,7 @@ private:
         std::function<void(const QUuid &, std::function<void(std::expected<UserVideoSave, UserVideoRepositoryError>)>)>;
     void change(const QString &id, const std::function<void(const Result &)> &done, const Operation &operation);
     void validate(const QString &path, const std::function<void(const AddResult &)> &done);
-    void store(const QString &path, const std::function<void(const AddResult &)> &done);
+    void store(const QString &path, const VideoLook &look, const std::function<void(const AddResult &)> &done);
 
     UserVideoRepository &m_repository;
     VideoFileValidator m_validator;

@@ -1,5 +1,7 @@
 #include "Media/VideoFileValidator.h"
 
+#include "Persistence/Repositories/UserVideoThumbnailRenderer.h"
+
 #include <array>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
@@ -81,18 +83,19 @@ std::optional<VideoFileError> VideoFileValidator::problemAtFirstSight(const QStr
     return start ? std::nullopt : std::optional(start.error());
 }
 
-std::expected<void, VideoFileError> VideoFileValidator::validate(const QString &path, const std::stop_token &stop) const
+std::expected<VideoLook, VideoFileError> VideoFileValidator::validate(const QString &path,
+                                                                      const std::stop_token &stop) const
 {
     const auto start = readableStart(path);
     if (!start)
         return std::unexpected(start.error());
-    const auto length = m_stillFrame.durationSeconds(path, stop);
-    if (length)
-        return {};
-    switch (length.error()) {
+    auto look = m_stillFrame.look(path, UserVideoThumbnailRenderer::request, stop);
+    if (look)
+        return *std::move(look);
+    switch (look.error()) {
     case StillFrameFailure::unavailable:
         if (beginsLikeVideo(*start))
-            return {};
+            return VideoLook{0, std::unexpected(look.error())};
         return std::unexpected(VideoFileError::noContainer);
     case StillFrameFailure::unreadable:
         return std::unexpected(VideoFileError::unreadable);
@@ -104,7 +107,7 @@ std::expected<void, VideoFileError> VideoFileValidator::validate(const QString &
     case StillFrameFailure::timedOut:
         return std::unexpected(VideoFileError::timedOut);
     }
-    return {};
+    return std::unexpected(VideoFileError::unreadable);
 }
 
 }

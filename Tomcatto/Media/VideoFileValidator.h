@@ -31,9 +31,10 @@ public:
     {
     }
 
-    /// Nothing where the file is a video. Where this installation cannot read videos, a file that begins like one will
+    /// What a look into the video gave. Where this installation cannot read videos, a file that begins like one will
     /// do.
-    [[nodiscard]] std::expected<void, VideoFileError> validate(const QString &path, const std::stop_token &stop) const;
+    [[nodiscard]] std::expected<VideoLook, VideoFileError> validate(const QString &path,
+                                                                    const std::stop_token &stop) const;
 
     /// What is wrong with a file before anything reads into it; nothing as a rule. Waits for as long as its disk does.
     [[nodiscard]] static std::optional<VideoFileError> problemAtFirstSight(const QString &path);

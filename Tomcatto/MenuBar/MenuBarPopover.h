@@ -29,7 +29,6 @@ public:
     [[nodiscard]] QWindow *window() const;
     /// The size of the next showing; a shown window glides to it.
     void setContentSize(QSize size);
-    [[nodiscard]] QSize contentSize() const noexcept { return m_contentSize; }
 
     /// Shows the window beside the item's rectangle and gives it the keyboard. @return whether it is shown now.
     bool show(std::optional<QRect> item);

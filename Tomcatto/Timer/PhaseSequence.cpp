@@ -26,9 +26,4 @@ PhaseStep phaseAfter(PhaseStep current, qint64 cycles)
     return {};
 }
 
-bool isLongBreakNext(qint64 cycleIndex, qint64 cycles)
-{
-    return checkedAdd<qint64>(cycleIndex, 1) % std::max<qint64>(cycles, 1) == 0;
-}
-
 }

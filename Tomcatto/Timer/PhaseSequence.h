@@ -24,7 +24,4 @@ struct PhaseStep
 /// later.
 [[nodiscard]] PhaseStep phaseAfter(PhaseStep current, qint64 cycles);
 
-/// Whether the phase after a work phase with this index is the long break. Cycles below 1 count as 1.
-[[nodiscard]] bool isLongBreakNext(qint64 cycleIndex, qint64 cycles);
-
 }

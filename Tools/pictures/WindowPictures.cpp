@@ -118,10 +118,10 @@ private:
             const QString path = library.folder.filePath(QString::fromLatin1(name));
             const LocalVideoCandidate &model = library.bundled.videos.at(static_cast<std::size_t>(++number));
             QFile::copy(included + QStringLiteral("/posters/%1.jpg").arg(model.identifier), path);
-            const auto id = library.repository.addVideo(QUrl::fromLocalFile(path));
+            const QUuid id = library.repository.addVideo(QUrl::fromLocalFile(path));
             settle(150);
-            if (id && number == 1)
-                library.repository.setSelected(*id, true);
+            if (number == 1)
+                library.repository.setSelected(id, true);
             if (number == 3)
                 QFile::remove(path);
         }

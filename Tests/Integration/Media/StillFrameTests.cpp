@@ -42,7 +42,8 @@ protected:
     }
     [[nodiscard]] QImage picture(const char *name) const
     {
-        return QImage::fromData(m_frames.jpeg(path(name), thumbnail, {}).value_or(QByteArray()), "JPEG");
+        const auto look = m_frames.look(path(name), thumbnail, {});
+        return look && look->picture ? QImage::fromData(*look->picture, "JPEG") : QImage();
     }
 
     QTemporaryDir m_folder;
@@ -98,8 +99,9 @@ TEST_F(StillFrameTest, ThePictureIsTheOneShownAtHalfASecond)
         EXPECT_LT(colour.red() + colour.blue(), 100) << name;
     }
     ffmpeg("-f lavfi -i color=lime:size=64x64:rate=10:duration=0.4 short.mp4");
-    EXPECT_EQ(m_frames.jpeg(path("short.mp4"), thumbnail, {}), std::unexpected(StillFrameFailure::noFrame));
-    EXPECT_NEAR(m_frames.durationSeconds(path("short.mp4"), {}).value_or(0), 0.4, 0.01);
+    const auto shortLook = m_frames.look(path("short.mp4"), thumbnail, {}).value();
+    EXPECT_EQ(shortLook.picture, std::unexpected(StillFrameFailure::noFrame));
+    EXPECT_NEAR(shortLook.durationSeconds, 0.4, 0.01);
 }
 
 TEST_F(StillFrameTest, WhatIsNoVideoIsToldApart)
@@ -128,7 +130,7 @@ TEST_F(StillFrameTest, WhatIsNoVideoIsToldApart)
     // Its beginning is all there.
     EXPECT_TRUE(validator.validate(path("start.mp4"), {}));
     EXPECT_FALSE(picture("start.mp4").isNull());
-    EXPECT_EQ(m_frames.jpeg(path("pipe.mp4"), thumbnail, {}), std::unexpected(StillFrameFailure::unreadable));
+    EXPECT_EQ(m_frames.look(path("pipe.mp4"), thumbnail, {}), std::unexpected(StillFrameFailure::unreadable));
 }
 
 TEST_F(StillFrameTest, DamagedFilesEndInAnAnswer)
@@ -144,8 +146,8 @@ TEST_F(StillFrameTest, DamagedFilesEndInAnAnswer)
                 static_cast<char>(state >> 24);
         }
         write("damaged.mp4", damaged);
-        const auto frame = m_frames.jpeg(path("damaged.mp4"), thumbnail, {});
-        EXPECT_TRUE(!frame || frame->startsWith("\xFF\xD8")) << round;
+        const auto look = m_frames.look(path("damaged.mp4"), thumbnail, {});
+        EXPECT_TRUE(!look || !look->picture || look->picture->startsWith("\xFF\xD8")) << round;
     }
 }
 
@@ -169,8 +171,8 @@ TEST_F(StillFrameTest, ThePluginGivesTheSameAsTheLibraries)
 {
     ffmpeg("-f lavfi -i testsrc=size=320x240:rate=10:duration=1 -pix_fmt yuv420p clip.mp4");
     const LoadedStillFrame loaded(LoadedStillFrame::pluginPath(QStringLiteral(TOMCATTO_PROGRAM_FOLDER)));
-    EXPECT_EQ(loaded.durationSeconds(path("clip.mp4"), {}), 1.0);
-    EXPECT_EQ(loaded.jpeg(path("clip.mp4"), thumbnail, {}), m_frames.jpeg(path("clip.mp4"), thumbnail, {}));
+    EXPECT_EQ(loaded.look(path("clip.mp4"), thumbnail, {}).value().durationSeconds, 1.0);
+    EXPECT_EQ(loaded.look(path("clip.mp4"), thumbnail, {}), m_frames.look(path("clip.mp4"), thumbnail, {}));
 }
 
 }

@@ -48,6 +48,8 @@ TEST_F(UserVideoCommandsTest, AddListSelectDeselectRemove)
     ASSERT_EQ(m_commands.list().size(), 1U);
     EXPECT_EQ(m_commands.list().front().path, path("a.mp4"));
     EXPECT_EQ(m_repository.video(*id)->thumbnailData, "picture");
+    EXPECT_EQ(m_repository.video(*id)->durationSeconds, 12.5);
+    EXPECT_EQ(m_stillFrame.m_looks, 1);
 
     EXPECT_EQ(change(&UserVideoCommands::select, text.toLower()), std::nullopt);
     EXPECT_TRUE(m_commands.list().front().video.userSelected);
@@ -68,7 +70,7 @@ TEST_F(UserVideoCommandsTest, WhatIsNoVideoIsRefused)
     makeFile("text.mp4", "hello");
     makeFile("secret.mp4");
     ASSERT_EQ(mkfifo(QFile::encodeName(path("pipe.mp4")).constData(), 0600), 0);
-    m_stillFrame.m_duration = std::unexpected(StillFrameFailure::noContainer);
+    m_stillFrame.m_look = std::unexpected(StillFrameFailure::noContainer);
     const std::map<QString, VideoFileError> refusals{
         {path("missing.mp4"), VideoFileError::notFound}, {m_home.path(), VideoFileError::isDirectory},
         {path("pipe.mp4"), VideoFileError::notAFile},    {QStringLiteral("/dev/zero"), VideoFileError::notAFile},
@@ -80,7 +82,7 @@ TEST_F(UserVideoCommandsTest, WhatIsNoVideoIsRefused)
         EXPECT_EQ(added.error().fileError, error) << file.toStdString();
         EXPECT_TRUE(added.error().text.contains(file));
     }
-    m_stillFrame.m_duration = std::unexpected(StillFrameFailure::noPicture);
+    m_stillFrame.m_look = std::unexpected(StillFrameFailure::noPicture);
     EXPECT_EQ(add(path("text.mp4")).error().fileError, VideoFileError::noPicture);
     EXPECT_EQ(add(QStringLiteral("text.mp4")).error().kind, Kind::usage);
 

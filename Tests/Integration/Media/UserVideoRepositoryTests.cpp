@@ -8,13 +8,12 @@ using UserVideoRepositoryTest = VideoLibrary;
 TEST_F(UserVideoRepositoryTest, AddingStoresTheWholeVideoAtOnce)
 {
     executeRaw("CREATE TRIGGER a BEFORE UPDATE ON UserVideo BEGIN SELECT raise(ABORT, 'half a video'); END;");
-    const auto id = m_repository.addVideo(makeFile("Videos/cats.mp4"), keep());
-    ASSERT_TRUE(id);
+    const QUuid id = m_repository.addVideo(makeFile("Videos/cats.mp4"), keep());
     ASSERT_EQ(result(), Write(UserVideoSave::saved));
-    const auto video = m_repository.video(*id);
+    const auto video = m_repository.video(id);
     ASSERT_TRUE(video);
     const UserVideo expected{
-        .id = *id,
+        .id = id,
         .displayName = QStringLiteral("cats.mp4"),
         .bookmarkData = m_bookmarks.bookmarkData(QUrl::fromLocalFile(path("Videos/cats.mp4"))).value_or(QByteArray()),
         .localCopyPath = {},
@@ -31,8 +30,7 @@ TEST_F(UserVideoRepositoryTest, AddingStoresTheWholeVideoAtOnce)
 
 TEST_F(UserVideoRepositoryTest, WhatHasNoPictureIsStoredWithout)
 {
-    m_stillFrame.m_duration = std::unexpected(StillFrameFailure::noContainer);
-    m_stillFrame.m_jpeg = std::unexpected(StillFrameFailure::noContainer);
+    m_stillFrame.m_look = std::unexpected(StillFrameFailure::noContainer);
     const QUuid id = addFile("notes.txt");
     const auto video = m_repository.video(id);
     ASSERT_TRUE(video);
@@ -41,8 +39,8 @@ TEST_F(UserVideoRepositoryTest, WhatHasNoPictureIsStoredWithout)
     EXPECT_EQ(takeErrors(), QStringList(QStringLiteral("UserVideoThumbnailRenderer: thumbnail extraction failed: "
                                                        "the file is in no known video format")));
 
-    EXPECT_EQ(m_repository.addVideo(QUrl::fromLocalFile(path("missing.mp4"))),
-              std::unexpected(UserVideoRepositoryError::bookmarkResolutionFailed));
+    m_repository.addVideo(QUrl::fromLocalFile(path("missing.mp4")), keep());
+    EXPECT_EQ(result(), Write(std::unexpected(UserVideoRepositoryError::bookmarkResolutionFailed)));
     EXPECT_EQ(m_repository.allVideos().size(), 1U);
 }
 
@@ -51,8 +49,8 @@ TEST_F(UserVideoRepositoryTest, TheEndWaitsForNoPictureButLosesNoVideo)
     m_stillFrame.m_takesUntilStopped = true;
     {
         UserVideoRepository ending{m_stack, m_clock, m_identifiers, m_bookmarks, m_stillFrame};
-        EXPECT_TRUE(ending.addVideo(makeFile("a.mp4")));
-        EXPECT_TRUE(ending.addVideo(makeFile("b.mp4")));
+        ending.addVideo(makeFile("a.mp4"));
+        ending.addVideo(makeFile("b.mp4"));
     }
     EXPECT_EQ(m_repository.allVideos().size(), 2U);
 }
@@ -124,7 +122,7 @@ TEST_F(UserVideoRepositoryTest, AMissingRecordAndAFailedSaveAreReported)
             errors.front().startsWith(QStringLiteral("UserVideoRepository: ") + QString::fromLatin1(operation.message)))
             << errors.front().toStdString();
     }
-    EXPECT_TRUE(m_repository.addVideo(makeFile("b.mp4"), keep()));
+    m_repository.addVideo(makeFile("b.mp4"), keep());
     EXPECT_EQ(result(), Write(UserVideoSave::failed));
     EXPECT_TRUE(takeErrors().join(QString()).startsWith(QStringLiteral("UserVideoRepository: addVideo save failed: ")));
     EXPECT_EQ(m_repository.video(id), before);

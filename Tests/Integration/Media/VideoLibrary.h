@@ -66,22 +66,18 @@ private:
 class FixedStillFrame final : public StillFrame
 {
 public:
-    [[nodiscard]] std::expected<double, StillFrameFailure> durationSeconds(const QString &,
-                                                                           std::stop_token stop) const override
+    [[nodiscard]] std::expected<VideoLook, StillFrameFailure> look(const QString &, StillFrameRequest request,
+                                                                   std::stop_token stop) const override
     {
         while (m_takesUntilStopped && !stop.stop_requested())
             std::this_thread::yield();
-        return m_duration;
-    }
-    [[nodiscard]] std::expected<QByteArray, StillFrameFailure> jpeg(const QString &, StillFrameRequest request,
-                                                                    std::stop_token) const override
-    {
         m_request = request;
-        return m_jpeg;
+        ++m_looks;
+        return m_look;
     }
 
-    std::expected<double, StillFrameFailure> m_duration = 12.5;
-    std::expected<QByteArray, StillFrameFailure> m_jpeg = QByteArray("picture");
+    std::expected<VideoLook, StillFrameFailure> m_look = VideoLook{12.5, QByteArray("picture")};
+    mutable std::atomic<int> m_looks = 0;
     mutable StillFrameRequest m_request;
     std::atomic<bool> m_takesUntilStopped = false;
 };
@@ -114,9 +110,9 @@ protected:
     }
     QUuid addFile(const char *name)
     {
-        const auto id = m_repository.addVideo(makeFile(name), keep());
+        const QUuid id = m_repository.addVideo(makeFile(name), keep());
         EXPECT_EQ(result(), Write(UserVideoSave::saved));
-        return id.value_or(QUuid());
+        return id;
     }
 
     QTemporaryDir m_home;

@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace tomcatto;
 
@@ -53,5 +55,11 @@ TEST(InstanceLockTests, IsHeldByOneProcessUntilThatEndsHoweverItEnds)
     const QString impossible = QStringLiteral("/dev/null/lock");
     EXPECT_EQ(FileInstanceLock(impossible, path).tryTake(), InstanceLockResult::held);
     EXPECT_EQ(log.count(LogLevel::error), 1);
-    EXPECT_EQ(FileInstanceLock(impossible, impossible).tryTake(), InstanceLockResult::unavailable);
+    const QString closed = folder.filePath(QStringLiteral("closed/lock"));
+    ASSERT_EQ(chmod(QFile::encodeName(folder.path()).constData(), 0555), 0);
+    ASSERT_TRUE(geteuid() != 0 || seteuid(65'534) == 0);
+    EXPECT_EQ(FileInstanceLock(closed, closed).tryTake(), InstanceLockResult::unavailable);
+    ASSERT_TRUE(getuid() != 0 || seteuid(0) == 0);
+    ASSERT_EQ(chmod(QFile::encodeName(folder.path()).constData(), 0700), 0);
+    EXPECT_TRUE(log.lastMessage().endsWith(QStringLiteral(": Permission denied")));
 }

@@ -56,7 +56,6 @@ UserVideoRepository::UserVideoRepository(CoreDataStack &stack, const WallClock &
     , m_clock(clock)
     , m_identifiers(identifiers)
     , m_bookmarks(bookmarks)
-    , m_stillFrame(stillFrame)
     , m_thumbnailRenderer(stillFrame)
     , m_logger(QStringLiteral("UserVideoRepository"))
     , m_context(stack.newBackgroundContext())
@@ -71,35 +70,42 @@ UserVideoRepository::~UserVideoRepository()
     m_context.performAndWait([](const ManagedObjectContext &) {});
 }
 
-std::expected<QUuid, UserVideoRepositoryError> UserVideoRepository::addVideo(const QUrl &fileUrl, Completion completion)
+QUuid UserVideoRepository::addVideo(const QUrl &fileUrl, Completion completion, std::optional<VideoLook> look)
 {
-    // Held until the file has been looked into.
-    std::shared_ptr<Cancellable> access;
-    if (m_bookmarks.startAccess(fileUrl))
-        access = std::make_shared<Cancellable>([this, fileUrl] { m_bookmarks.stopAccess(fileUrl); });
-    auto bookmark = m_bookmarks.bookmarkData(fileUrl);
-    if (!bookmark)
-        return std::unexpected(UserVideoRepositoryError::bookmarkResolutionFailed);
     UserVideo video;
     video.id = m_identifiers.next();
     video.displayName = fileUrl.fileName();
-    video.bookmarkData = *std::move(bookmark);
     video.addedAt = m_clock.now();
     const QUuid id = video.id;
     // Looking into the file may take seconds, so it has a thread of its own and holds up no other write.
-    m_pictureQueue.async([this, video = std::move(video), fileUrl, access = std::move(access),
+    m_pictureQueue.async([this, video = std::move(video), fileUrl, look = std::move(look),
                           completion = std::move(completion)]() mutable {
-        const std::stop_token stop = m_stop.get_token();
-        // What is still waiting when the program ends goes without, rather than not being added.
-        if (!stop.stop_requested()) {
-            video.durationSeconds = m_stillFrame.durationSeconds(fileUrl.toLocalFile(), stop).value_or(0.0);
-            video.thumbnailData = m_thumbnailRenderer.thumbnail(fileUrl, stop).value_or(QByteArray());
-        }
-        if (access)
-            access->cancel();
+        if (!describe(video, fileUrl, std::move(look)))
+            return finish(std::unexpected(UserVideoRepositoryError::bookmarkResolutionFailed), completion);
         insert(video, std::move(completion));
     });
     return id;
+}
+
+// On the queue for pictures.
+bool UserVideoRepository::describe(UserVideo &video, const QUrl &fileUrl, std::optional<VideoLook> look) const
+{
+    Cancellable access;
+    if (m_bookmarks.startAccess(fileUrl))
+        access = Cancellable([this, fileUrl] { m_bookmarks.stopAccess(fileUrl); });
+    auto bookmark = m_bookmarks.bookmarkData(fileUrl);
+    if (!bookmark)
+        return false;
+    video.bookmarkData = *std::move(bookmark);
+    const std::stop_token stop = m_stop.get_token();
+    // What is still waiting when the program ends goes without, rather than not being added.
+    if (!look && !stop.stop_requested())
+        look = m_thumbnailRenderer.look(fileUrl.toLocalFile(), stop);
+    if (look) {
+        video.durationSeconds = look->durationSeconds;
+        video.thumbnailData = m_thumbnailRenderer.thumbnail(*look);
+    }
+    return true;
 }
 
 void UserVideoRepository::restoreVideo(const UserVideo &video, Completion completion)

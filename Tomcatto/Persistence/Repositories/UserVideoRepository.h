@@ -33,9 +33,11 @@ public:
     ~UserVideoRepository() override;
 
     /// Adds a video, unselected and named as its file, once its length and thumbnail are made, which may take seconds;
-    /// where they cannot be made it goes without. The completion comes when it is written and listed.
-    /// @return the id that the record will have, or `bookmarkResolutionFailed` where there is no file at the URL
-    std::expected<QUuid, UserVideoRepositoryError> addVideo(const QUrl &fileUrl, Completion completion = {});
+    /// where they cannot be made it goes without. The completion comes when it is written and listed, or with
+    /// `bookmarkResolutionFailed` where there is no file at the URL.
+    /// @param look what a look into the file gave already
+    /// @return the id that the record will have
+    QUuid addVideo(const QUrl &fileUrl, Completion completion = {}, std::optional<VideoLook> look = {});
     /// Stores a record as it is, for example one that was just deleted.
     void restoreVideo(const UserVideo &video, Completion completion = {});
     // The following complete with `videoNotFound` where the id has no record.
@@ -86,6 +88,8 @@ private:
     void write(Write write);
     [[nodiscard]] WriteResult perform(ManagedObjectContext &context, const Write &write) const;
     void finish(const WriteResult &result, const Completion &completion);
+    /// Makes the bookmark, length and thumbnail. @return whether there is a file
+    [[nodiscard]] bool describe(UserVideo &video, const QUrl &fileUrl, std::optional<VideoLook> look) const;
     void insert(const UserVideo &video, Completion completion);
     [[nodiscard]] std::vector<UserVideo> fetch(const char *sql, const std::vector<StoreValue> &values,
                                                const std::function<UserVideo(const StoreRow &)> &read) const;
@@ -93,7 +97,6 @@ private:
     const WallClock &m_clock;
     IdentifierSource &m_identifiers;
     const Bookmarks &m_bookmarks;
-    const StillFrame &m_stillFrame;
     UserVideoThumbnailRenderer m_thumbnailRenderer;
     Logger m_logger;
     /// Kept, so that reads follow writes.

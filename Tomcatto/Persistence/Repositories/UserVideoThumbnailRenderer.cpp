@@ -8,13 +8,17 @@ UserVideoThumbnailRenderer::UserVideoThumbnailRenderer(const StillFrame &stillFr
 {
 }
 
-std::optional<QByteArray> UserVideoThumbnailRenderer::thumbnail(const QUrl &fileUrl, const std::stop_token &stop) const
+VideoLook UserVideoThumbnailRenderer::look(const QString &path, const std::stop_token &stop) const
 {
-    auto picture = m_stillFrame.jpeg(fileUrl.toLocalFile(), {atSeconds, maximumSide}, stop);
-    if (picture)
-        return *std::move(picture);
-    m_logger.error(QStringLiteral("thumbnail extraction failed: ") + description(picture.error()));
-    return std::nullopt;
+    auto look = m_stillFrame.look(path, request, stop);
+    return look ? *std::move(look) : VideoLook{0, std::unexpected(look.error())};
+}
+
+QByteArray UserVideoThumbnailRenderer::thumbnail(const VideoLook &look) const
+{
+    if (!look.picture)
+        m_logger.error(QStringLiteral("thumbnail extraction failed: ") + description(look.picture.error()));
+    return look.picture.value_or(QByteArray());
 }
 
 }

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "Platform/FFmpeg/PictureOrientation.h"
-
 #include <optional>
 #include <QtCore/QByteArray>
+#include <QtGui/QTransform>
 
 struct AVFrame;
 
@@ -13,7 +12,7 @@ namespace tomcatto {
 /// @param pixelAspect width of a stored pixel over its height
 /// @param maximumSide the larger of width and height in pixels, at most; at least 2
 /// @return nothing where the picture's format cannot be converted
-[[nodiscard]] std::optional<QByteArray> jpegPicture(const AVFrame &frame, PictureOrientation orientation,
+[[nodiscard]] std::optional<QByteArray> jpegPicture(const AVFrame &frame, const QTransform &orientation,
                                                     double pixelAspect, int maximumSide);
 
 }

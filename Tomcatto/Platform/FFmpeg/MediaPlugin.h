@@ -8,19 +8,11 @@ namespace tomcatto {
 
 /// What the plugin "tomcatto-media" hands out. It keeps the video libraries out of processes that never look into a
 /// video.
-class MediaPlugin final : public QObject, public StillFrame
+class MediaPlugin final : public QObject, public FfmpegStillFrame
 {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID "studio.quillbay.Tomcatto.StillFrame/1")
     Q_INTERFACES(tomcatto::StillFrame)
-public:
-    [[nodiscard]] std::expected<double, StillFrameFailure> durationSeconds(const QString &path,
-                                                                           std::stop_token stop) const override;
-    [[nodiscard]] std::expected<QByteArray, StillFrameFailure> jpeg(const QString &path, StillFrameRequest request,
-                                                                    std::stop_token stop) const override;
-
-private:
-    FfmpegStillFrame m_frames;
 };
 
 }

@@ -31,13 +31,15 @@ private:
     std::atomic<bool> m_isAbandoned = false;
 };
 
-/// Runs `work` on a thread of its own and waits for it until the limit or `stop`. Work that is stuck, for example on a
-/// disk that does not answer, is left behind; it must own all that it uses.
+/// Runs `work` on a thread of its own and waits for it until the limit or `stop`, and a moment longer for what it has
+/// by then. Work that is stuck, for example on a disk that does not answer, is left behind; it must own all that it
+/// uses.
 template<typename T>
 [[nodiscard]] std::expected<T, StillFrameFailure>
 withinTimeLimit(std::chrono::milliseconds limit, const std::stop_token &stop,
                 std::function<std::expected<T, StillFrameFailure>(const TimeLimit &)> work)
 {
+    constexpr std::chrono::milliseconds moment{200};
     struct Shared
     {
         explicit Shared(std::chrono::milliseconds time)
@@ -60,7 +62,7 @@ withinTimeLimit(std::chrono::milliseconds limit, const std::stop_token &stop,
     std::unique_lock lock(shared->mutex);
     // The wall clock will do, a jump only moves the limit; GCC's thread sanitizer does not know the wait on the steady
     // clock.
-    shared->changed.wait_until(lock, stop, std::chrono::system_clock::now() + limit,
+    shared->changed.wait_until(lock, stop, std::chrono::system_clock::now() + limit + moment,
                                [&shared] { return shared->result.has_value(); });
     if (!shared->result)
         shared->timeLimit.abandon();

@@ -2,6 +2,9 @@
 
 #include "Platform/FFmpeg/TimeLimit.h"
 
+#include <array>
+#include <cmath>
+#include <cstring>
 #include <QtCore/QFile>
 
 namespace tomcatto {
@@ -151,10 +154,19 @@ double VideoFile::secondsOf(qint64 timestamp) const
     return static_cast<double>(timestamp - start) * av_q2d(m_stream->time_base);
 }
 
-PictureOrientation VideoFile::orientation() const
+QTransform VideoFile::orientation() const
 {
     const auto *const matrix = av_stream_get_side_data(m_stream, AV_PKT_DATA_DISPLAYMATRIX, nullptr);
-    return matrix ? PictureOrientation::fromDisplayMatrix(matrix) : PictureOrientation{};
+    std::array<std::int32_t, 9> values{};
+    if (!matrix)
+        return {};
+    std::memcpy(values.data(), matrix, sizeof values);
+    // A stored point (x, y) is shown at (a x + c y, b x + d y).
+    const auto [a, b, c, d] = std::array<double, 4>{1.0 * values[0], 1.0 * values[1], 1.0 * values[3], 1.0 * values[4]};
+    const auto sign = [](double value) { return value < 0 ? -1.0 : 1.0; };
+    if (std::abs(a) + std::abs(d) >= std::abs(b) + std::abs(c))
+        return {sign(a), 0, 0, sign(d), 0, 0};
+    return {0, sign(b), sign(c), 0, 0, 0};
 }
 
 double VideoFile::pixelAspect(AVFrame &frame) const

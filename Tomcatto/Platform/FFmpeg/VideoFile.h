@@ -1,8 +1,9 @@
 #pragma once
 
 #include "Platform/FFmpeg/FfmpegPointers.h"
-#include "Platform/FFmpeg/PictureOrientation.h"
 #include "Platform/Ports/StillFrame.h"
+
+#include <QtGui/QTransform>
 
 namespace tomcatto {
 
@@ -22,8 +23,8 @@ public:
     [[nodiscard]] double durationSeconds() const;
     /// The picture that is shown at that many seconds from the start. Once: it reads from the start of the file.
     [[nodiscard]] std::expected<FramePointer, StillFrameFailure> frameAt(double seconds);
-    /// How the picture is turned for display.
-    [[nodiscard]] PictureOrientation orientation() const;
+    /// How the picture is turned for display, to the nearest right angle.
+    [[nodiscard]] QTransform orientation() const;
     /// Width of a pixel over its height; 1 for most videos.
     [[nodiscard]] double pixelAspect(AVFrame &frame) const;
 

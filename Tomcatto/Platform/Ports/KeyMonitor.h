@@ -11,8 +11,6 @@ struct KeyPress
 {
     Qt::Key key = Qt::Key_unknown;
     Qt::KeyboardModifiers modifiers;
-    /// Whether a held key repeats.
-    bool isRepeat = false;
 
     bool operator==(const KeyPress &) const = default;
 };

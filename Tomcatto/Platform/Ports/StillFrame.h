@@ -34,19 +34,27 @@ struct StillFrameRequest
     bool operator==(const StillFrameRequest &) const = default;
 };
 
-/// Reads single pictures and the length of video files. Any thread but the main one: a call takes milliseconds as a
-/// rule and, with a broken file or a slow disk, a few seconds at most.
+/// What a look into a video gave.
+struct VideoLook
+{
+    /// The length in seconds; 0 where the file does not tell.
+    double durationSeconds = 0;
+    /// One picture, upright, as a JPEG of quality 70 of 100.
+    std::expected<QByteArray, StillFrameFailure> picture;
+
+    bool operator==(const VideoLook &) const = default;
+};
+
+/// Looks into video files. Any thread but the main one: a look takes milliseconds as a rule and, with a broken file or
+/// a slow disk, a few seconds at most.
 class StillFrame
 {
 public:
     virtual ~StillFrame() = default;
 
-    /// The length of a video in seconds; 0 where the file does not tell.
-    [[nodiscard]] virtual std::expected<double, StillFrameFailure> durationSeconds(const QString &path,
-                                                                                   std::stop_token stop) const = 0;
-    /// One picture, upright, as a JPEG of quality 70 of 100.
-    [[nodiscard]] virtual std::expected<QByteArray, StillFrameFailure>
-    jpeg(const QString &path, StillFrameRequest request, std::stop_token stop) const = 0;
+    /// Opens a video once for its length and one picture. Without a picture at that time it still has its length.
+    [[nodiscard]] virtual std::expected<VideoLook, StillFrameFailure>
+    look(const QString &path, StillFrameRequest request, std::stop_token stop) const = 0;
 };
 
 /// The failure in words for the log.

@@ -114,23 +114,4 @@ QStringList ApplicationDirectories::reachableControlSockets(const QString &annou
     return places;
 }
 
-QString ApplicationDirectories::urlCache() const
-{
-    return inFolder(folderAt(QStandardPaths::GenericCacheLocation, "XDG_CACHE_HOME"), applicationIdentifier);
-}
-
-QString ApplicationDirectories::widgetSnapshotFile() const
-{
-    return inFolder(folderAt(QStandardPaths::GenericDataLocation, "XDG_DATA_HOME"),
-                    QStringLiteral("group.") + applicationIdentifier + QStringLiteral("/widget-snapshot.json"));
-}
-
-QStringList ApplicationDirectories::infoDictionaryFiles() const
-{
-    QStringList files;
-    for (const QString &folder : QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation))
-        files << folder + QLatin1Char('/') + applicationIdentifier + QStringLiteral("/Info.json");
-    return files;
-}
-
 }

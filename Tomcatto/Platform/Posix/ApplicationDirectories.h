@@ -27,12 +27,6 @@ public:
     /// that it has announced, which differs where it was started with another environment. A socket of another user is
     /// left out, and an announced one that others could put theirs in the place of.
     [[nodiscard]] QStringList reachableControlSockets(const QString &announced) const;
-    /// The folder of the HTTP cache.
-    [[nodiscard]] QString urlCache() const;
-    /// The snapshot that the desktop widget reads.
-    [[nodiscard]] QString widgetSnapshotFile() const;
-    /// Files that override the built-in information dictionary, the most important first; they need not exist.
-    [[nodiscard]] QStringList infoDictionaryFiles() const;
 };
 
 }

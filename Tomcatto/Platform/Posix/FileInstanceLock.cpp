@@ -5,7 +5,6 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
-#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <sys/file.h>
@@ -16,12 +15,12 @@ namespace tomcatto {
 
 namespace {
 
-void makeFolderOf(const QString &path)
+/// Makes a folder and those above it; where it cannot, errno tells why.
+bool makeFolder(const QString &path, mode_t mode)
 {
-    constexpr mode_t ownerOnly = 0700;
-    const QString folder = QFileInfo(path).absolutePath();
-    QDir().mkpath(QFileInfo(folder).path());
-    ::mkdir(QFile::encodeName(folder).constData(), ownerOnly);
+    constexpr mode_t byMask = 0777;
+    const auto make = [&] { return ::mkdir(QFile::encodeName(path).constData(), mode) == 0 || errno == EEXIST; };
+    return make() || (errno == ENOENT && makeFolder(QFileInfo(path).path(), byMask) && make());
 }
 
 }
@@ -58,7 +57,9 @@ InstanceLockResult FileInstanceLock::tryTake()
 InstanceLockResult FileInstanceLock::tryTakeAt(const QString &path)
 {
     constexpr mode_t ownerOnly = 0600;
-    makeFolderOf(path);
+    constexpr mode_t ownerOnlyFolder = 0700;
+    if (!makeFolder(QFileInfo(path).absolutePath(), ownerOnlyFolder))
+        return InstanceLockResult::unavailable;
     const int descriptor =
         ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, ownerOnly);
     if (descriptor < 0)

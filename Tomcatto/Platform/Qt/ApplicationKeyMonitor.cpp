@@ -37,7 +37,7 @@ bool ApplicationKeyMonitor::eventFilter(QObject *watched, QEvent *event)
     if ((!isAnnounced && event->type() != QEvent::KeyPress) || !watched->isWindowType())
         return QObject::eventFilter(watched, event);
     const auto *keyEvent = static_cast<QKeyEvent *>(event);
-    const KeyPress press{static_cast<Qt::Key>(keyEvent->key()), keyEvent->modifiers(), keyEvent->isAutoRepeat()};
+    const KeyPress press{static_cast<Qt::Key>(keyEvent->key()), keyEvent->modifiers()};
     const auto taken = std::exchange(m_taken, std::nullopt);
     if (!isAnnounced && taken) {
         rest();

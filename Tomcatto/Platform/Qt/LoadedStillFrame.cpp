@@ -30,22 +30,13 @@ const StillFrame *LoadedStillFrame::loaded() const
     return m_loaded;
 }
 
-std::expected<double, StillFrameFailure> LoadedStillFrame::durationSeconds(const QString &path,
-                                                                           std::stop_token stop) const
+std::expected<VideoLook, StillFrameFailure> LoadedStillFrame::look(const QString &path, StillFrameRequest request,
+                                                                   std::stop_token stop) const
 {
     const StillFrame *const frames = loaded();
     if (!frames)
         return std::unexpected(StillFrameFailure::unavailable);
-    return frames->durationSeconds(path, std::move(stop));
-}
-
-std::expected<QByteArray, StillFrameFailure> LoadedStillFrame::jpeg(const QString &path, StillFrameRequest request,
-                                                                    std::stop_token stop) const
-{
-    const StillFrame *const frames = loaded();
-    if (!frames)
-        return std::unexpected(StillFrameFailure::unavailable);
-    return frames->jpeg(path, request, std::move(stop));
+    return frames->look(path, request, std::move(stop));
 }
 
 }

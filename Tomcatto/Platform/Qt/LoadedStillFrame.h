@@ -14,10 +14,8 @@ public:
     /// @param pluginPath the plugin's file, which may be missing
     explicit LoadedStillFrame(QString pluginPath);
 
-    [[nodiscard]] std::expected<double, StillFrameFailure> durationSeconds(const QString &path,
-                                                                           std::stop_token stop) const override;
-    [[nodiscard]] std::expected<QByteArray, StillFrameFailure> jpeg(const QString &path, StillFrameRequest request,
-                                                                    std::stop_token stop) const override;
+    [[nodiscard]] std::expected<VideoLook, StillFrameFailure> look(const QString &path, StillFrameRequest request,
+                                                                   std::stop_token stop) const override;
 
     /// Where the plugin lies when the program's file is in `programFolder`.
     [[nodiscard]] static QString pluginPath(const QString &programFolder);
