@@ -1,5 +1,5 @@
 # A room is a static library with an explicit list of the rooms and libraries it may use. What is not listed does not
-# link. All rooms share one include folder, so a header alone would compile: whoever includes one lists its room.
+# link. All rooms share one include folder, so a header alone would compile: a room that includes one lists its room.
 
 # One precompiled header for all targets, and one for the tests: at some 150 MB each, one per target would fill a disk.
 set(TOMCATTO_PRECOMPILED_HEADERS <QtCore/QObject> <QtCore/QString> <QtCore/QDateTime> <functional> <memory> <optional> <vector>)

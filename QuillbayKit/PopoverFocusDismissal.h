@@ -8,7 +8,7 @@
 namespace quillbay {
 
 /// Asks for a popover to be closed when the user turns elsewhere: the popover, once it had the keyboard, loses it, or
-/// the mouse is pressed outside of it. Asks once, in a later turn of the event loop, so that whoever is asked may
+/// the mouse is pressed outside of it. Asks once, in a later turn of the event loop, so that the one who is asked may
 /// destroy the popover and this object. Main thread only.
 class PopoverFocusDismissal final : public QObject
 {

@@ -192,7 +192,7 @@ class CommandLineTest(unittest.TestCase):
             self.assertFalse(os.path.exists(self.tomcatto.socket_path))
         self.assertEqual(self.tomcatto.records("phase, wasCompleted, wasSkipped"), [("work", 0, 0)] * 3)
 
-    def test_a_start_takes_the_place_of_whoever_ends(self):
+    def test_a_start_takes_the_place_of_one_that_ends(self):
         tomcatto = self.tomcatto
         tomcatto.start()
         for _ in range(4):

@@ -46,7 +46,7 @@ public:
     std::function<void(std::optional<QRect>)> activate;
     std::function<void(const TrayMenuCommand &)> choose;
 
-    /// The command of the entry that reads like this; one that does nothing where there is none.
+    /// The command of the entry that reads like this; one that does nothing if there is none.
     [[nodiscard]] TrayMenuCommand command(const QString &text) const
     {
         const auto found = std::ranges::find(menu.entries, text, &TrayMenuEntry::text);

@@ -37,7 +37,8 @@ public:
     QString movedTo;
 };
 
-/// Reads what a test puts in the file: "sound" has no picture, "text" is no container, the rest is itself the picture.
+/// Reads what a test puts in the file: "sound" has no picture, "text" is not a container, the rest is itself the
+/// picture.
 class TextStillFrame final : public StillFrame
 {
 public:

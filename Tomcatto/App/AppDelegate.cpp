@@ -7,7 +7,7 @@ namespace {
 // Old enough that nothing a person did goes, but a clock once set wrong by centuries does not stay for good.
 constexpr qint64 pruneDays = 36'500;
 
-// A key of its own: it is no setting.
+// A key of its own: it is not a setting.
 const QString popoverRevealedKey = QStringLiteral("didRevealPopover");
 
 }
@@ -53,7 +53,7 @@ void AppDelegate::applicationWillTerminate()
 
 void AppDelegate::connectLanguage()
 {
-    // Settings and language service keep one choice; whoever sets it, the change is announced once.
+    // Settings and language service keep one choice; either may set it, and the change is announced once.
     PomodoroSettings &settings = m_dependencies.settings;
     LanguageOverrideService &service = m_dependencies.languageOverrideService;
     connect(&settings, &PomodoroSettings::changed, this, [&settings, &service](PomodoroSettings::Key key) {

@@ -20,7 +20,7 @@ ApplicationControl::ApplicationControl(AppDependencies &dependencies, AppDelegat
     addVideoCommands(m_commands, dependencies.userVideoCommands);
     m_commands.add(QStringLiteral("quit"), [this, &dependencies, &delegate](const auto &) {
         m_isEnding = true;
-        // The record is on disk before the answer, so whoever asked may read it.
+        // The record is on disk before the answer, so the one who asked may read it.
         delegate.applicationWillTerminate();
         dependencies.platform.runLoop.async(m_quit);
         return ControlReply{};

@@ -21,7 +21,7 @@ public:
     /// The table; front ends add their own commands.
     [[nodiscard]] CommandTable &commands() noexcept { return m_commands; }
     [[nodiscard]] const StatusSource &status() const noexcept { return m_status; }
-    /// Answers whoever starts the application again with `message`, unless this one is ending: then with `notRunning`,
+    /// Answers a second start of the application with `message`, unless this one is ending: then with `notRunning`,
     /// and the other one waits to take its place. The signals outlive this object.
     void answerActivation(const ProcessSignals &signals, const QString &message);
     /// Opens the socket. @return the status to end with where another application serves it; else nothing

@@ -76,7 +76,7 @@ void DesktopSurfaces::install()
         m_screens, m_keyMonitor, m_overlayWindows);
     connect(m_breakOverlayController.get(), &BreakOverlayController::willShow, this,
             &DesktopSurfaces::makeRoomForBreak);
-    // Whoever hides may be about to change the phase.
+    // The hiding call may be about to change the phase.
     connect(
         m_breakOverlayController.get(), &BreakOverlayController::didHide, this,
         [this] {
@@ -86,7 +86,7 @@ void DesktopSurfaces::install()
         Qt::QueuedConnection);
     m_statusItemController->setOnWillShow([this] {
         m_logger.debug(QStringLiteral("the panel opens"));
-        // An open menu holds the keyboard, which the panel shall have at once.
+        // An open menu holds the keyboard, which the panel needs at once.
         if (QWidget *menu = QApplication::activePopupWidget())
             menu->close();
     });

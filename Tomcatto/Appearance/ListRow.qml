@@ -50,7 +50,7 @@ T.AbstractButton {
     checkable: switchable
     hoverEnabled: interactive
     focusPolicy: interactive ? Qt.StrongFocus : Qt.NoFocus
-    // A row that does nothing is no element of its own: its texts are.
+    // A row that does nothing is not an element of its own: its texts are.
     Accessible.ignored: !interactive
     Accessible.role: switchable ? Accessible.CheckBox : Accessible.Button
     Accessible.name: title

@@ -4,9 +4,9 @@
 
 namespace tomcatto {
 
-/// Words for a screen reader about something that is only drawn. Another name is no event by itself, so that nobody
+/// Words for a screen reader about something that is only drawn. Another name is not an event by itself, so that nobody
 /// hears a clock tick. Readers keep the name that they were told last; what they read as the item's text is that of
-/// now. What shall be said by itself is announced, by an item that is a notice. Views give the item a role as well,
+/// now. What is to be said by itself is announced, by an item that is a notice. Views give the item a role as well,
 /// since only then it is one of those that readers find.
 class SpokenText : public QQuickItem
 {

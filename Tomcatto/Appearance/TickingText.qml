@@ -42,7 +42,7 @@ Item {
         id: metrics
 
         function advance(character: string): real {
-            // Naming the font makes whoever asks follow its changes.
+            // Naming the font makes those who ask follow its changes.
             return metrics.font.pixelSize > 0 ? metrics.advanceWidth(character) : 0
         }
 

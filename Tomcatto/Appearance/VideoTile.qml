@@ -39,7 +39,7 @@ T.AbstractButton {
     implicitHeight: 115 + 8 + texts.implicitHeight
     text: title
     hoverEnabled: true
-    // Only says what the status is; whoever set that decides whether it changes.
+    // Only says what the status is; the one who set it decides whether it changes.
     checkable: present
     checked: status === "active"
     onToggled: checked = Qt.binding(() => status === "active")

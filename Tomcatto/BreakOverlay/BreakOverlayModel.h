@@ -5,7 +5,7 @@
 
 namespace tomcatto {
 
-/// What the overlay reads and drives. Everything outlives whoever holds this.
+/// What the overlay reads and drives. Everything outlives the holder of this.
 struct BreakOverlayServices
 {
     PomodoroStateMachine &stateMachine;

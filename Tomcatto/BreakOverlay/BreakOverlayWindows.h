@@ -10,7 +10,7 @@
 namespace tomcatto {
 
 /// Makes the overlay's windows out of views, and lets them go again: a closed one fades away where the desktop can do
-/// that, and is destroyed in a later turn of the run loop in any case, as whoever closes may be inside its view. What
+/// that, and is destroyed in a later turn of the run loop in any case, as the closing call may come from its view. What
 /// the user mutes or turns on holds for the rest of the break, also when screens change. Main thread only; outlives its
 /// windows.
 class BreakOverlayWindows final : public QObject, public OverlayWindows

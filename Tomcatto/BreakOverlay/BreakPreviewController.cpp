@@ -50,7 +50,7 @@ void BreakPreviewController::windowClosed()
     if (isOpen())
         m_preview.windowController->end();
     m_leaving.push_back(std::exchange(m_preview, {}));
-    // Whoever closes may be inside the window.
+    // The closing call may come from inside the window.
     m_runLoop.async([self = QPointer(this)] {
         if (self)
             self->letGo();

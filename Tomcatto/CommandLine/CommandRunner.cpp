@@ -110,7 +110,7 @@ ExitStatus CommandRunner::runRemote(const Invocation &invocation) const
     const auto answer =
         m_client.ask({invocation.command, invocation.arguments, false}, QDeadlineTimer(longestOperation));
     const bool isQuit = invocation.command == QStringLiteral("quit");
-    // Whoever asks one that is ending to quit gets what was asked for.
+    // One that is ending already quits as it was asked to.
     const bool wasEnding = isQuit && answer == std::unexpected(NoAnswer::hungUp);
     const ExitStatus status = wasEnding ? ExitStatus::done : report(answer ? *answer : controlReply(answer.error()));
     if (isQuit && status == ExitStatus::done)

@@ -17,7 +17,7 @@ namespace tomcatto {
 /// What became of a line on standard output.
 enum class PrintOutcome {
     printed,
-    /// Its reader is gone, which is no fault.
+    /// Its reader is gone, which is not a fault.
     nobodyReads,
     failed,
 };
@@ -28,7 +28,7 @@ struct CommandSurroundings
     LocalSockets &localSockets;
     /// Where the application may listen now, the likeliest place first.
     std::function<QStringList()> controlSockets;
-    /// The user's application-support folder; nothing where there is none.
+    /// The user's application-support folder; empty if there is none.
     std::optional<QString> applicationSupportDirectory;
     InstanceLock &instanceLock;
     WallClock &wallClock;

@@ -25,7 +25,7 @@ private:
 };
 
 /// Carries out on the files, while no application runs, the commands that need none: those on the settings and on the
-/// user's own videos. The answers are the application's. Whoever changes something holds the instance lock. Blocking.
+/// user's own videos. The answers are the application's. The caller holds the instance lock for a change. Blocking.
 class FileCommands final
 {
 public:

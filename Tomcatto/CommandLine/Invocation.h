@@ -55,7 +55,7 @@ struct Invocation
     QString text;
 };
 
-/// Reads the words after the program's name. The error is what to tell the user, who used the words wrong.
+/// Reads the words after the program's name. The error is what to tell the user.
 [[nodiscard]] std::expected<Invocation, QString> parseCommandLine(const QStringList &words);
 
 }

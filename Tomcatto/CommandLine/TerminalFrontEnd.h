@@ -9,8 +9,8 @@
 namespace tomcatto {
 
 /// The application in a terminal: one line with the pill, the phase, the round and today's goal, and single keys. Where
-/// input or output is no terminal, and in the background of one until it is first brought to the foreground, it prints
-/// a line for each transition and takes no keys. Main thread only.
+/// input or output is not a terminal, and in the background of one until it is first brought to the foreground, it
+/// prints a line for each transition and takes no keys. Main thread only.
 class TerminalFrontEnd final : public QObject
 {
     Q_OBJECT

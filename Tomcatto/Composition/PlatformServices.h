@@ -38,11 +38,11 @@ struct PlatformServices
     std::shared_ptr<const Bookmarks> bookmarks;
     const StillFrame &stillFrame;
     LoginItem &loginItem;
-    /// The user's application-support folder; nothing where there is none.
+    /// The user's application-support folder; empty if there is none.
     std::optional<QString> applicationSupportDirectory;
     /// The folder with the videos that ship with the application; it may be missing.
     QString bundledVideosDirectory;
-    /// Nothing where the application runs without a desktop.
+    /// Missing without a desktop.
     const DesktopServices *desktop = nullptr;
 };
 

@@ -16,7 +16,7 @@ public:
     {
     }
 
-    /// The next line; nothing where it does not come in time or the other end hangs up.
+    /// The next line; nothing if it does not come in time or the other end hangs up.
     [[nodiscard]] std::optional<QByteArray> next(QDeadlineTimer until)
     {
         constexpr qsizetype piece = qsizetype{64} * 1024;

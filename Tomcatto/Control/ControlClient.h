@@ -13,7 +13,7 @@ namespace tomcatto {
 /// Why a request has no answer.
 enum class NoAnswer {
     nobodyListens,
-    /// Whoever listened hung up: it is ending.
+    /// The listener hung up: it is ending.
     hungUp,
     /// It did not come in time.
     silent,

@@ -11,7 +11,7 @@ QByteArray line(const Json &object)
     return QByteArray::fromStdString(object.dump(-1, ' ', false, Json::error_handler_t::replace)) + '\n';
 }
 
-// Copying a document recurses once a level, so whoever sends one may not choose the depth.
+// Copying a document recurses once a level, so a sender may not choose the depth.
 constexpr int deepestNesting = 16;
 
 /// The document, or a discarded value.

@@ -19,7 +19,7 @@ struct ControlRequest
     nlohmann::ordered_json arguments = nlohmann::ordered_json::object();
     /// Whether the connection stays open and gets a line for each change.
     bool isFollowing = false;
-    /// Whether who follows gets a line for each tick as well.
+    /// Whether a follower gets a line for each tick as well.
     bool wantsTicks = false;
 };
 

@@ -67,7 +67,7 @@ void ControlServer::publishTick(const nlohmann::ordered_json &result)
 {
     const QByteArray line = encoded(ControlReply{ExitStatus::done, {}, result});
     for (const auto &[id, client] : m_clients) {
-        // Whoever is behind waits for no second that has passed.
+        // Those who are behind skip seconds that have passed.
         if (client.stage == Stage::following && client.wantsTicks && client.connection->unsentBytes() == 0)
             client.connection->write(line);
     }
@@ -159,7 +159,7 @@ void ControlServer::answer(quint64 id, const QByteArray &line)
 void ControlServer::deliver(quint64 id, const ControlReply &reply, bool isFollowing)
 {
     const auto found = m_clients.find(id);
-    // Whoever asked may be gone by now.
+    // The one who asked may be gone by now.
     if (found == m_clients.end())
         return;
     if (!isFollowing || reply.status != ExitStatus::done)

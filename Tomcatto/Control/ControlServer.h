@@ -13,8 +13,8 @@ namespace tomcatto {
 /// Answers requests on the control socket: one line in, one line out, then the connection ends. A request has 64 KiB
 /// and 5 seconds; anything malformed gets one line that says why. The line may lack its end where the request is
 /// whole without or the client stops writing. A request that follows keeps its connection until the client stops
-/// writing and gets a line for each change, and a last one without a result when the server goes; who wants ticks and
-/// has read what came before gets those too. Main thread only.
+/// writing and gets a line for each change, and a last one without a result when the server goes; one that wants ticks
+/// and has read what came before gets those too. Main thread only.
 class ControlServer final : public QObject
 {
     Q_OBJECT
@@ -37,7 +37,7 @@ public:
     [[nodiscard]] ListenResult listen();
     /// Whether anybody follows.
     [[nodiscard]] bool hasFollowers() const { return count(Stage::following) > 0; }
-    /// Whether anybody follows who wants ticks.
+    /// Whether a follower wants ticks.
     [[nodiscard]] bool hasTickFollowers() const;
     /// Sends a line to everyone who follows.
     void publish(const nlohmann::ordered_json &result);

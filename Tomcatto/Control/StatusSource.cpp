@@ -49,7 +49,7 @@ TimerStatus StatusSource::status() const
 
 void StatusSource::connectNotify(const QMetaMethod &signal)
 {
-    // The first who listens hears of what changes from now on.
+    // The first listener hears of what changes from now on.
     if (signal == QMetaMethod::fromSignal(&StatusSource::changed) && !m_last)
         m_last = status();
 }

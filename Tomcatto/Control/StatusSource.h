@@ -30,7 +30,7 @@ public:
 
     /// The status of this moment.
     [[nodiscard]] TimerStatus status() const;
-    /// Whether ticks are told, each second while a phase runs. Whoever wants them is connected to `changed` too.
+    /// Whether ticks are told, each second while a phase runs. Their receivers are connected to `changed` too.
     void setTicking(bool isTicking);
 
 Q_SIGNALS:

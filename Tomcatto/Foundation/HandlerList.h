@@ -9,7 +9,7 @@
 namespace tomcatto {
 
 /// The subscribers of one event, called in the order they subscribed. They may subscribe and cancel while they are
-/// called: a cancelled one is not called any more, a new one is called from the next time on. One thread.
+/// called: a cancelled one is no longer called, a new one is called from the next time on. One thread.
 class HandlerList final
 {
 public:

@@ -40,7 +40,7 @@ public:
     [[nodiscard]] static QStringList systemUiLanguages();
 
 Q_SIGNALS:
-    /// Another language was chosen. Who keeps texts builds them anew.
+    /// Another language was chosen. Those who keep texts build them anew.
     void languageDidChange();
 
 private:

@@ -40,9 +40,9 @@ public:
 
 Q_SIGNALS:
     void changed();
-    /// The text shall go to the clipboard.
+    /// The text is for the clipboard.
     void copyRequested(const QString &text);
-    /// The address shall be opened in the user's browser.
+    /// The address is for the user's browser.
     void linkRequested(const QUrl &address);
 
 private:

@@ -56,7 +56,7 @@ public:
     [[nodiscard]] bool offersFloatingPill() const { return m_floatingPill.has_value(); }
     [[nodiscard]] bool floatingPill() const { return m_floatingPill.value_or(false); }
 
-    /// Whether the floating pill is shown; nothing where it is not the user's choice. Set by whoever owns the pill.
+    /// Whether the floating pill is shown; nothing if it is not the user's choice. Set by the pill's owner.
     void setFloatingPill(std::optional<bool> isShown);
 
     Q_INVOKABLE void chooseMenuBarStyle(int index);

@@ -74,7 +74,7 @@ void UserVideoCommands::add(const QString &path, std::function<void(const AddRes
             UserVideoCommandError{Kind::usage, QStringLiteral("\"%1\" is no absolute path.").arg(path), {}}));
         return;
     }
-    // A disk that hangs shall not hold up the queue, and with it the end.
+    // A disk that hangs must not hold up the queue, and with it the end.
     using Problem = std::optional<VideoFileError>;
     m_disks.ask<Problem>({{path.toUtf8(), [path] { return VideoFileValidator::problemAtFirstSight(path); }}},
                          diskPatience,

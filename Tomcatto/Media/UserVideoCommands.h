@@ -21,7 +21,7 @@ struct UserVideoCommandError
         usage,
         /// No video has the id.
         videoNotFound,
-        /// The file is no video or cannot be read.
+        /// The file is not a video or cannot be read.
         file,
         /// The store failed.
         store,

@@ -25,7 +25,7 @@ public:
     void markPlayed(const QUuid &id) override;
     /// Lets go of the candidates' files, once nothing plays any more. Lists that are still on their way come to nobody.
     void endAccess();
-    /// Which of the candidates lies there; nothing where none does.
+    /// Which of the candidates lies there; nothing if none does.
     [[nodiscard]] std::optional<QUuid> candidateAt(const QUrl &file) const;
 
     /// Opens one video by itself, selected or not; the access lasts as long as the result. A video that has no record

@@ -16,7 +16,7 @@ public:
     VideoCatalog(const BundledVideoProviding &bundledProvider, UserVideoProviding &userProvider,
                  RemoteVideoProviding *remoteProvider, QRandomGenerator &random);
 
-    /// Gives the next file to play, once for each window that plays one; nothing where there is no video at all. `done`
+    /// Gives the next file to play, once for each window that plays one; nothing if there is no video at all. `done`
     /// is called at once or, where files of the user's are looked for, later.
     void nextVideoUrl(std::function<void(const std::optional<QUrl> &)> done);
 

@@ -39,7 +39,7 @@ class RemoteVideoProviding
 public:
     virtual ~RemoteVideoProviding() = default;
 
-    /// The file to play next; nothing where none is there.
+    /// The file to play next; nothing if there is none.
     [[nodiscard]] virtual std::optional<QUrl> nextVideoUrl() = 0;
 };
 

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int cornerRadius = 14;
 constexpr std::chrono::milliseconds settlingTime(100);
-/// A window manager that has a place of its own in mind shall keep it.
+/// A window manager may insist on a place of its own.
 constexpr int mostCorrections = 3;
 
 /// Without a compositor the corners would be black, so the window then has no corners. With one the view's own are
@@ -148,7 +148,7 @@ void MenuBarPopover::performClose()
     disconnect(&shown, nullptr, this, nullptr);
     disconnect(&shown, nullptr, &m_settling, nullptr);
     shown.hide();
-    // Whoever closes may be inside the view, which therefore goes with the posted action, or with this object before.
+    // The closing call may come from the view, which therefore goes with the posted action, or with this object before.
     QMetaObject::invokeMethod(
         this, [leaving = std::make_shared<Shown>(std::exchange(m_shown, {}))] {}, Qt::QueuedConnection);
     Q_EMIT didClose();

@@ -32,7 +32,7 @@ public:
 
     /// Shows the window beside the item's rectangle and gives it the keyboard. @return whether it is shown now.
     bool show(std::optional<QRect> item);
-    /// Closes the window; nothing where none is shown.
+    /// Closes the window, if one is shown.
     void performClose();
 
 Q_SIGNALS:

@@ -27,7 +27,7 @@ public:
     [[nodiscard]] const PanelStrip &strip() const noexcept { return m_strip; }
     /// Whether the statistics route is shown in place of the timer.
     [[nodiscard]] bool showsStatistics() const { return m_navigationStore.showsStatistics(); }
-    /// What a screen reader shall say by itself: each new phase, and one minute left.
+    /// What a screen reader says by itself: each new phase, and one minute left.
     [[nodiscard]] const QString &announcement() const noexcept { return m_announcement; }
 
 public Q_SLOTS:
@@ -50,7 +50,7 @@ Q_SIGNALS:
     void stripChanged();
     void routeChanged();
     void announcementChanged();
-    /// The panel shall close.
+    /// Asks for the panel to be closed.
     void dismissRequested();
     void quitRequested();
 

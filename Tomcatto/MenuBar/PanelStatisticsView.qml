@@ -60,7 +60,7 @@ Item {
                 readonly property var shown: view.statistics.figures[index] ?? ({})
                 readonly property real column: (view.width - 32 - 16) / 3
 
-                // The three and their gaps end with the cards below, whose width is no multiple of three.
+                // The three and their gaps end with the cards below, whose width is not a multiple of three.
                 width: Math.round((index + 1) * column) - Math.round(index * column)
                 height: 64
                 parts: shown.parts ?? []

@@ -43,7 +43,7 @@ public:
     void showStatistics();
     [[nodiscard]] bool isPopoverShown() const noexcept { return m_popover.isShown(); }
 
-    /// Whether the user wants the whole pill beside the tray's icon; nothing where there is no icon and the pill shows
+    /// Whether the user wants the whole pill beside the tray's icon; nothing if there is no icon and the pill shows
     /// in any case.
     [[nodiscard]] std::optional<bool> pillChoice() const;
     /// Shows the pill beside the icon, or does not, now and at every start from now on.

@@ -17,7 +17,7 @@ public:
     explicit StatusPillRenderer(const StatusArt &art);
 
     /// The pill at its own size, its device pixel ratio set. @param scale device pixels to a logical pixel, above 0.
-    /// @return nothing where the logo is missing; the caller then shows the title as plain text.
+    /// @return nothing if the logo is missing; the caller then shows the title as plain text.
     [[nodiscard]] std::optional<QImage> render(const StatusPillContent &content, double scale = 1) const;
 
     /// The colour of text, symbol and bars; text and bars fade by `inkFactor`.

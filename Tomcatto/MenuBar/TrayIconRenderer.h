@@ -12,7 +12,7 @@ public:
     /// @param art outlives the renderer.
     explicit TrayIconRenderer(const StatusArt &art);
 
-    /// @param edge of the square in device pixels, above 0. @return nothing where the logo is missing.
+    /// @param edge of the square in device pixels, above 0. @return nothing if the logo is missing.
     [[nodiscard]] std::optional<QImage> render(const StatusPillContent &content, int edge) const;
 
 private:

@@ -6,7 +6,7 @@
 
 namespace tomcatto {
 
-/// Opens the main window on a page. Surfaces ask here, without knowing the window; whoever owns it listens. Main thread
+/// Opens the main window on a page. Surfaces ask here, without knowing the window; its owner listens. Main thread
 /// only.
 class MainWindowRouter final : public QObject
 {
@@ -28,7 +28,7 @@ public:
     void setCurrentPage(MainWindowPage page) noexcept { m_page = page; }
 
 Q_SIGNALS:
-    /// The window shall show this page, in front.
+    /// Asks the window to show this page, in front.
     void pageRequested(tomcatto::MainWindowPage page);
 
 private:

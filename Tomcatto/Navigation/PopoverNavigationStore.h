@@ -24,7 +24,7 @@ public:
     }
     /// Replaces the path; announces it only when it is another one.
     void setPath(std::vector<PopoverRoute> path);
-    /// Goes one step on; nothing where the path ends there already.
+    /// Goes one step on, unless the path ends there already.
     void append(PopoverRoute route);
     /// Goes one step back; nothing at the panel.
     void back();

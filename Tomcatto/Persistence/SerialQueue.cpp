@@ -7,7 +7,7 @@ namespace tomcatto {
 namespace {
 
 constexpr std::chrono::seconds idleLifetime{1};
-// Whoever hands over faster than the disk takes it waits at this many jobs, so memory and the end stay bounded.
+// A caller that is faster than the disk waits at this many jobs, so memory and the end stay bounded.
 constexpr std::size_t longestBacklog = 256;
 
 }

@@ -26,7 +26,7 @@ struct StoreError
 
     /// One line for people: the file, what happened, what to do.
     [[nodiscard]] QString description() const;
-    /// The particulars for whoever looks into it, as a dictionary text.
+    /// The particulars for a closer look, as a dictionary text.
     [[nodiscard]] QString userInfo() const;
 };
 

@@ -41,7 +41,7 @@ public:
     [[nodiscard]] QByteArray data(int column) const;
     /// The identifier; null for a missing value or another text.
     [[nodiscard]] QUuid identifier(int column) const;
-    /// The date; nothing for a missing value, one that is no number, and one beyond what a calendar can reach.
+    /// The date; nothing for a missing value, one that is not a number, and one beyond what a calendar can reach.
     [[nodiscard]] std::optional<Date> date(int column) const;
 
 private:

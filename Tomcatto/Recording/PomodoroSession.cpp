@@ -81,12 +81,12 @@ void PomodoroSession::handleTransition(const PhaseTransition &transition)
 
 void PomodoroSession::recordWritten(quint64 record)
 {
-    // The last one of the process overtakes those whose turn of the main loop does not come any more.
+    // The last one of the process overtakes those whose turn of the main loop no longer comes.
     m_lastWrittenRecord = std::max(m_lastWrittenRecord, record);
     saveMarker();
 }
 
-/// The main loop may not come any more to tell of records that are still under way.
+/// The main loop may no longer tell of records that are still under way.
 void PomodoroSession::settleRecords()
 {
     m_sessionRepository.waitForWrites();

@@ -20,7 +20,7 @@ struct EndedPhase
     bool operator==(const EndedPhase &) const = default;
 };
 
-/// The record as an ended phase; nothing when its text is no phase that can end ("work", "shortBreak", "longBreak").
+/// The record as an ended phase; nothing when its text is not a phase that can end ("work", "shortBreak", "longBreak").
 [[nodiscard]] std::optional<EndedPhase> endedPhase(const PomodoroSessionRecord &record);
 
 }

@@ -16,7 +16,7 @@ public:
 
     /// Every completed work phase, earliest first.
     [[nodiscard]] virtual CompletedWorkReading completedWork() = 0;
-    /// The completed work phases that were added after a reading; nothing where they are not all that has changed.
+    /// The completed work phases that were added after a reading; nothing if they are not all that has changed.
     [[nodiscard]] virtual std::optional<CompletedWorkReading> completedWorkAfter(const HistoryPosition &position) = 0;
     /// When the first stored phase of any kind started; nothing for an empty history.
     [[nodiscard]] virtual std::optional<Date> earliestSessionDate() = 0;

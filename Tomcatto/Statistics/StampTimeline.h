@@ -16,7 +16,7 @@ public:
 
     /// Adds a phase after those that started no later: at once where it is the latest, else in proportion to those that
     /// come after it.
-    /// @return its position; nothing where the calendar does not reach its start, so that it is left out
+    /// @return its position; nothing if the calendar does not reach its start, so that it is left out
     std::optional<std::size_t> add(const CompletedWorkStamp &stamp);
     [[nodiscard]] std::size_t size() const noexcept { return m_stamps.size(); }
     [[nodiscard]] Date startedAt(std::size_t position) const { return m_stamps[position].startedAt; }

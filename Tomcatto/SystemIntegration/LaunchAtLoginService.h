@@ -26,7 +26,7 @@ public:
         const LocalizedStrings &strings;
     };
 
-    /// @param failureAlert nothing without a desktop, where whoever changes the setting asks for the problem.
+    /// @param failureAlert null without a desktop, where the one who changes the setting asks for the problem.
     LaunchAtLoginService(PomodoroSettings &settings, LoginItem &loginItem,
                          std::optional<FailureAlert> failureAlert = {}, QObject *parent = nullptr);
 
@@ -57,7 +57,7 @@ private:
     Logger m_logger{QStringLiteral("LaunchAtLoginService")};
     LoginItemStatus m_status = LoginItemStatus::notRegistered;
     QString m_problem;
-    // The setting follows the system; that is no wish of the user's.
+    // The setting follows the system; that is not a wish of the user's.
     bool m_isFollowing = false;
 };
 

@@ -112,7 +112,7 @@ void PomodoroTimer::publish(qint64 remainder)
     m_overflowSeconds = overflow;
     if (remainingDiffers)
         Q_EMIT remainingSecondsChanged(remaining);
-    // Whoever heard of the one may have acted, and the other is announced already.
+    // Those who heard of the one may have acted, and the other is announced already.
     if (overflowDiffers && overflow == m_overflowSeconds)
         Q_EMIT overflowSecondsChanged(overflow);
 }

@@ -68,7 +68,7 @@ private:
     MainRunLoop &m_runLoop;
     Cancellable m_tickCancellable;
     std::optional<quint64> m_deadlineNanoseconds;
-    // By which a tick notices that whoever heard of it acted.
+    // By which a tick notices that a receiver acted on it.
     quint64 m_operations = 0;
     quint64 m_runningSinceNanoseconds = 0;
     std::optional<qint64> m_pausedRemainingSeconds;

@@ -26,7 +26,7 @@ struct SettingDescriptor
     /// The value as text, and as it stands in user defaults.
     [[nodiscard]] QString text(qint64 value) const;
     [[nodiscard]] DefaultsValue stored(qint64 value) const;
-    /// The value that stands in user defaults, within the bounds or not; nothing where it is of another type or text.
+    /// The value that stands in user defaults, within the bounds or not; nothing if it is of another type or text.
     [[nodiscard]] std::optional<qint64> read(const std::optional<DefaultsValue> &value) const;
     /// The value that a text stands for. The error names the key, the text and what is allowed.
     [[nodiscard]] std::expected<qint64, QString> parse(const QString &text) const;

@@ -88,7 +88,7 @@ TEST(OverlayScreensTests, CoversTheScreensThatAreThere)
         QTest::qWait(2 * static_cast<int>(ScreenChanges::quietTime.count()));
         EXPECT_EQ(QGuiApplication::screens().size(), 1);
         EXPECT_TRUE(overlay.screens.screens().empty());
-        EXPECT_EQ(reports, 0) << "the stand-in is no screen";
+        EXPECT_EQ(reports, 0) << "the stand-in is not a screen";
 
         overlay.expectAfter(three, overThree);
         EXPECT_EQ(reports, 1);

@@ -107,7 +107,7 @@ TEST_F(StatusItemTests, FollowsTraysOfBothKindsAndFloatsThePillWhereThereIsNone)
     m_item.setPillWanted(false);
     windowTray->stop();
     EXPECT_TRUE(becomes(true, false));
-    // A watcher that nobody draws for is no tray.
+    // A watcher that nobody draws for is not a tray.
     EXPECT_EQ(busTray->ask("host no"), "\"done\"");
     EXPECT_TRUE(becomes(false, true));
     EXPECT_EQ(busTray->ask("host yes"), "\"done\"");
@@ -232,7 +232,7 @@ TEST_F(StatusItemTests, FloatsAboveEverythingIsDraggedAlongTheEdgeAndComesBackTh
     usePointer(QStringLiteral("mousemove 940 16 mousedown 1 mousemove 1270 20 mousemove 1279 20 mouseup 1"));
     EXPECT_TRUE(QTest::qWaitFor([&] { return window.geometry().right() == 1279; })) << "it stays on the screen";
     EXPECT_TRUE(QTest::qWaitFor([&] { return m_defaults.stored != middle; }));
-    EXPECT_THAT(m_places, testing::ElementsAre(QRect(640 - 44, 0, 88, 32))) << "a drag is no click";
+    EXPECT_THAT(m_places, testing::ElementsAre(QRect(640 - 44, 0, 88, 32))) << "a drag is not a click";
 
     FloatingPillWindow next(m_defaults);
     next.setShown(true);

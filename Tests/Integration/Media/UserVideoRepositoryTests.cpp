@@ -128,7 +128,7 @@ TEST_F(UserVideoRepositoryTest, AMissingRecordAndAFailedSaveAreReported)
     EXPECT_EQ(m_repository.video(id), before);
     EXPECT_EQ(m_repository.allVideos().size(), 1U);
 
-    // Whoever shows nothing must be able to tell why.
+    // An empty page must be able to tell why.
     bool hasFailed = false;
     QObject::connect(&m_repository, &UserVideoRepository::fetchFailed, &m_repository,
                      [&hasFailed] { hasFailed = true; });

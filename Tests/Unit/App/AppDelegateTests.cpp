@@ -98,7 +98,7 @@ TEST(AppDelegate, WhatEndsOrSleepsIsOnDiskInOrder)
     EXPECT_EQ(written[2], (std::pair<std::size_t, QByteArray>(3, ""))) << "records first, then no marker";
 }
 
-TEST(AppDelegate, ALanguageIsAnnouncedOnceWhoeverChoosesIt)
+TEST(AppDelegate, ALanguageIsAnnouncedOnceFromEitherSide)
 {
     Application application;
     PomodoroSettings &settings = application.dependencies.settings;

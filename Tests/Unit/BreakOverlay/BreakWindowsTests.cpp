@@ -51,7 +51,7 @@ TEST(BreakOverlayWindows, LetViewsGoInALaterTurnAndTheFilesWithTheLast)
     EXPECT_EQ(fixture.finished, 0);
     second.reset();
     EXPECT_EQ(fixture.finished, 1);
-    EXPECT_EQ(fixture.host.alive, 2) << "whoever closes may be inside a view";
+    EXPECT_EQ(fixture.host.alive, 2) << "the closing call may come from a view";
     fixture.runLoop.drain();
     EXPECT_EQ(fixture.host.alive, 0);
 

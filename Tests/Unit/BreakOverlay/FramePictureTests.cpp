@@ -65,7 +65,7 @@ TEST(FramePicture, FillsAndCropsInTheRightColours)
     const FilmFrame frame = stripes({320, 180});
     const QImage same = painted(picture, frame, {320, 180});
     const QImage large = painted(picture, frame, {640, 360});
-    // The sides are cut away on a narrow screen, whose width is no whole number of blocks.
+    // The sides are cut away on a narrow screen, whose width is not a whole number of blocks.
     const QImage narrow = painted(picture, frame, {150, 180});
     for (const QImage *image : {&same, &large}) {
         EXPECT_EQ(nameAt(*image, 4), u"100");

@@ -89,7 +89,7 @@ TEST_F(ControlServerTest, AnswersAndRefusesInOneLine)
     }
 }
 
-TEST_F(ControlServerTest, AnswersWhoeverHasStoppedWriting)
+TEST_F(ControlServerTest, AnswersThoseWhoHaveStoppedWriting)
 {
     ASSERT_EQ(server.listen(), ControlServer::ListenResult::listening);
     commands.addLater(QStringLiteral("later"), [this](const auto &, const CommandTable::Answer &answer) {

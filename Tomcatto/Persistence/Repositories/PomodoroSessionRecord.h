@@ -59,7 +59,7 @@ struct HistoryPosition
     qint64 lastRow = 0;
 };
 
-/// Completed work phases and how far the history was read for them; nothing where the reading failed.
+/// Completed work phases and how far the history was read for them; nothing if the reading failed.
 struct CompletedWorkReading
 {
     std::vector<CompletedWorkStamp> stamps;

@@ -43,7 +43,7 @@ public:
     [[nodiscard]] std::vector<CompletedWorkStamp> completedWorkStamps() const;
     /// The same, and how far the history was read for it.
     [[nodiscard]] CompletedWorkReading readCompletedWork() const;
-    /// The completed work phases that were added after a reading, in the order they were added. Nothing where that is
+    /// The completed work phases that were added after a reading, in the order they were added. Nothing if that is
     /// not all that has happened since, or where the reading fails.
     [[nodiscard]] std::optional<CompletedWorkReading> readCompletedWorkAfter(const HistoryPosition &position) const;
     /// How many work phases were completed.

@@ -22,7 +22,7 @@ public:
     {
     }
 
-    /// Whether nobody waits for the work any more.
+    /// Whether nobody waits for the work any longer.
     [[nodiscard]] bool isOver() const { return m_isAbandoned || m_deadline.hasExpired(); }
     void abandon() { m_isAbandoned = true; }
 

@@ -77,7 +77,7 @@ std::expected<void, StillFrameFailure> VideoFile::openDecoder()
     if (index < 0 || !codec)
         return std::unexpected(failure(StillFrameFailure::noPicture));
     m_stream = m_format->streams[index];
-    // The cover of a piece of music is no video.
+    // The cover of a piece of music is not a video.
     const bool isCover = (m_stream->disposition & AV_DISPOSITION_ATTACHED_PIC) != 0;
     if (isCover || m_stream->codecpar->width <= 0 || m_stream->codecpar->height <= 0)
         return std::unexpected(failure(StillFrameFailure::noPicture));

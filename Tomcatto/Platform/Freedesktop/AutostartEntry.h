@@ -6,7 +6,7 @@
 
 namespace tomcatto {
 
-/// What stands in an autostart entry, whoever wrote it. A plain value.
+/// What stands in an autostart entry, its own or another's. A plain value.
 struct AutostartEntry
 {
     bool isApplication = false;

@@ -122,7 +122,7 @@ void DesktopAppearance::refresh()
     const auto setting = [this](const QString &space, const char *key) {
         return m_settings.value(settingName(space, QLatin1String(key)));
     };
-    // 0 is no preference, 1 dark, 2 light.
+    // 0 means no preference, 1 dark, 2 light.
     const uint scheme = setting(commonSpace, "color-scheme").toUInt();
     const bool isDesktopDark = scheme == 0 ? isPaletteDark() : scheme == 1;
     const QVariant animations = setting(gnomeSpace, "enable-animations");

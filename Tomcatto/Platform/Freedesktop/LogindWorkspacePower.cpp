@@ -106,7 +106,7 @@ void LogindWorkspacePower::keepInhibitor(QDBusPendingCallWatcher &call)
 
 void LogindWorkspacePower::followOwner(const QString &newOwner)
 {
-    // What the former logind granted ended with it, and it will not announce the wake any more.
+    // What the former logind granted ended with it, and it will no longer announce the wake.
     m_inhibitor = {};
     m_call.reset();
     endSleep();

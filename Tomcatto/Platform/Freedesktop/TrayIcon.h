@@ -18,7 +18,7 @@ public:
     [[nodiscard]] virtual bool isHosted() const = 0;
     /// Edges of the images that the tray wants, in device pixels.
     [[nodiscard]] virtual std::vector<int> iconSizes() const = 0;
-    /// Where the icon is, in logical pixels; nothing where the tray does not tell.
+    /// Where the icon is, in logical pixels; nothing if the tray does not tell.
     [[nodiscard]] virtual std::optional<QRect> geometry() const = 0;
 
     /// Whether the icon is to show when there is a tray.

@@ -22,7 +22,7 @@ class TrayMenuService final : public QObject
     Q_PROPERTY(QStringList IconThemePath READ iconThemePath CONSTANT FINAL)
 
 public:
-    /// @param onChosen is called with the command of an entry that was clicked. It is no signal, because the bus's
+    /// @param onChosen is called with the command of an entry that was clicked. It is not a signal, because the bus's
     /// library looks at every signal of an object that it shows and complains of types that it does not know.
     explicit TrayMenuService(std::function<void(const TrayMenuCommand &)> onChosen);
 

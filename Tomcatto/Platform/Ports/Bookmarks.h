@@ -24,7 +24,7 @@ class Bookmarks
 public:
     virtual ~Bookmarks() = default;
 
-    /// Makes a bookmark of whatever lies at the URL; nothing where there is nothing or the URL is no local one.
+    /// Makes a bookmark of whatever lies at the URL; nothing if there is nothing or the URL is not a local one.
     [[nodiscard]] virtual std::optional<QByteArray> bookmarkData(const QUrl &fileUrl) const = 0;
     /// Finds a bookmark's file. At its last place any regular file counts, elsewhere only the very same one.
     /// @param searchUntil when to give up looking elsewhere; an expired deadline looks at the last place alone

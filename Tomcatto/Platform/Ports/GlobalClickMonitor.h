@@ -7,7 +7,7 @@
 namespace tomcatto {
 
 /// Presses of the mouse anywhere, as far as the system shows them: at least those in the application's own windows. It
-/// takes nothing away from whoever was clicked. Main thread only.
+/// takes nothing away from what was clicked. Main thread only.
 class GlobalClickMonitor
 {
 public:

@@ -42,7 +42,7 @@ public:
     /// first one's place.
     virtual void onChange(std::function<void()> handler) = 0;
     /// Blocks until there is something to read or the other end has no more to send, and sends meanwhile what is kept;
-    /// false where the time is up before. For whoever has no main loop running.
+    /// false where the time is up before. For callers without a running main loop.
     [[nodiscard]] virtual bool waitForInput(QDeadlineTimer until) = 0;
 };
 

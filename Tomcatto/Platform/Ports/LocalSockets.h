@@ -32,7 +32,7 @@ public:
     /// address is taken over. Connections wait where the process has no means for more at the time.
     [[nodiscard]] virtual std::expected<Cancellable, ListenError> listen(const QString &address,
                                                                          ConnectionHandler handler) = 0;
-    /// Connects to whoever of this user listens at the address; null where nobody does, or does not take the connection
+    /// Connects to this user's process that listens at the address; null if none does, or does not take the connection
     /// in time. Blocking.
     [[nodiscard]] virtual std::unique_ptr<LocalConnection> connect(const QString &address,
                                                                    std::chrono::milliseconds patience) = 0;

@@ -33,7 +33,7 @@ public:
     /// Asks the system to start the application at login, in the background.
     /// @return on failure the system's message, for the log.
     [[nodiscard]] virtual std::expected<void, QString> registerItem() = 0;
-    /// Asks the system to start it no longer. An item that is not registered is no failure.
+    /// Asks the system to start it no longer. An item that is not registered is not a failure.
     [[nodiscard]] virtual std::expected<void, QString> unregisterItem() = 0;
 };
 

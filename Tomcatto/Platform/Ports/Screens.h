@@ -38,7 +38,7 @@ public:
     [[nodiscard]] virtual Cancellable onChanged(std::function<void()> handler) = 0;
 
     /// Shows a hidden window over the whole frame of a screen, in front of panels, docks and full-screen windows and on
-    /// every workspace, as far as the desktop lets it, until `uncover`. Nothing where the screen has gone.
+    /// every workspace, as far as the desktop lets it, until `uncover`. Does nothing once the screen has gone.
     virtual void cover(QWindow &window, const QString &screenId) = 0;
     /// The window closes: it may stay in sight for a moment, but asks for neither place nor keyboard any more.
     virtual void uncover(QWindow &window) = 0;

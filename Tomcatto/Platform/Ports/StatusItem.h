@@ -45,7 +45,7 @@ struct TrayMenuEntry
     std::optional<TrayMenuCommand> command;
     QString text;
     bool isEnabled = true;
-    /// Whether it is ticked; nothing for an entry that is no toggle.
+    /// Whether it is ticked; nothing for an entry that is not a toggle.
     std::optional<bool> isChecked;
 
     bool operator==(const TrayMenuEntry &) const = default;
@@ -64,7 +64,7 @@ struct StatusItemForms
 {
     /// Edges of the square icons that the bar wants, in device pixels; empty where no square icon is shown.
     std::vector<int> squareSizes;
-    /// Device pixels to a logical pixel of the pill; nothing where no pill is shown.
+    /// Device pixels to a logical pixel of the pill; nothing while no pill is shown.
     std::optional<double> pillScale;
     /// Whether the bar, or the strip behind the pill, is dark.
     bool isDark = false;
@@ -104,7 +104,7 @@ public:
     /// Whether the user wants the pill although a tray shows the square icon. It always shows where there is no tray.
     virtual void setPillWanted(bool isWanted) = 0;
 
-    /// Where the item is on the screen, in logical pixels; nothing where the system does not tell.
+    /// Where the item is on the screen, in logical pixels; nothing if the system does not tell.
     [[nodiscard]] virtual std::optional<QRect> geometry() const = 0;
     /// Calls `handler` on a click with the item's rectangle, or with an empty rectangle at the click's place where only
     /// that is known, or with nothing.

@@ -12,7 +12,7 @@ class Terminal
 public:
     virtual ~Terminal() = default;
 
-    /// Whether both input and output are a terminal, whoever holds it.
+    /// Whether both input and output are a terminal, held by this process or not.
     [[nodiscard]] virtual bool isTerminal() const = 0;
     /// Whether they are a terminal and this process is in its foreground.
     [[nodiscard]] virtual bool isInteractive() const = 0;
@@ -20,9 +20,9 @@ public:
     [[nodiscard]] virtual int columns() const = 0;
     /// Takes single keys without echo from now until the result is destroyed, which restores the terminal's settings.
     [[nodiscard]] virtual Cancellable readKeys(std::function<void(QChar)> handler) = 0;
-    /// Writes text to standard output and flushes it. Never waits for who reads it: what is not taken now follows when
+    /// Writes text to standard output and flushes it. Never waits for its reader: what is not taken now follows when
     /// it is, but for an unwritten rest of a line that text with a carriage return in front draws anew. A closed output
-    /// is no error.
+    /// is not an error.
     virtual void write(const QString &text) = 0;
 };
 

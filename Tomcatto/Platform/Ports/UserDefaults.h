@@ -18,14 +18,14 @@ class UserDefaults
 public:
     virtual ~UserDefaults() = default;
 
-    /// The value under `key`, as laid over by values given for this run only; nothing where the key is absent or holds
+    /// The value under `key`, as laid over by values given for this run only; nothing if the key is absent or holds
     /// what no value can hold.
     [[nodiscard]] virtual std::optional<DefaultsValue> value(const QString &key) const = 0;
     /// The value under `key` as it is stored, without what was given for this run only.
     [[nodiscard]] virtual std::optional<DefaultsValue> storedValue(const QString &key) const = 0;
     /// Stores a value; the other keys stay as they are.
     virtual void setValue(const QString &key, const DefaultsValue &value) = 0;
-    /// Removes a key; an absent one is no error.
+    /// Removes a key; an absent one is not an error.
     virtual void remove(const QString &key) = 0;
     /// Waits until everything set before is on disk, or has failed to get there (which is logged). Any thread.
     /// @return whether it is on disk.

@@ -12,7 +12,7 @@ namespace tomcatto {
 class ApplicationDirectories final
 {
 public:
-    /// The user's application-support folder, which holds the application's own folder "Tomcatto"; nothing where the
+    /// The user's application-support folder, which holds the application's own folder "Tomcatto"; nothing if the
     /// user has none.
     [[nodiscard]] std::optional<QString> applicationSupport() const;
     /// The JSON file of the user defaults.

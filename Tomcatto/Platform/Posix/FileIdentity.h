@@ -12,7 +12,7 @@ struct FileIdentity
     quint64 device = 0;
     quint64 inode = 0;
     /// When the file was made, in nanoseconds since 1970; it tells a file from a later one that got the same inode.
-    /// Nothing where the file system does not keep it.
+    /// Missing if the file system does not keep it.
     std::optional<qint64> birthNanoseconds;
 
     bool operator==(const FileIdentity &) const = default;
@@ -29,7 +29,7 @@ struct FileStatus
 /// Whether a symbolic link stands for what it points to.
 enum class SymbolicLinks { follow, keep };
 
-/// Looks at a path, never opens it, and asks no server for what is known already; nothing where there is nothing. Any
+/// Looks at a path, never opens it, and asks no server for what is known already; nothing if there is none. Any
 /// thread.
 [[nodiscard]] std::optional<FileStatus> fileStatus(const QByteArray &nativePath, SymbolicLinks links);
 

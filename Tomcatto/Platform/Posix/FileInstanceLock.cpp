@@ -45,7 +45,7 @@ InstanceLockResult FileInstanceLock::tryTake()
         if (const auto result = tryTakeAt(path); result != InstanceLockResult::unavailable)
             return result;
         const QString reason = QString::fromLocal8Bit(std::strerror(errno));
-        // Whoever waits for the lock tries often.
+        // Those who wait for the lock try often.
         if (m_reported.contains(path))
             continue;
         m_reported.append(path);

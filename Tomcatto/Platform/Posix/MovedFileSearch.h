@@ -22,7 +22,7 @@ public:
     MovedFileSearch(FileIdentity identity, QByteArray homeFolder, QDeadlineTimer deadline);
 
     /// @param lastPath the native, absolute path where the file used to be
-    /// @return where it is now; nothing where it was not found within the deadline and the entry limit
+    /// @return where it is now; nothing if it was not found within the deadline and the entry limit
     [[nodiscard]] std::optional<QByteArray> find(const QByteArray &lastPath);
 
 private:

@@ -9,7 +9,7 @@ namespace tomcatto {
 /// What of the log goes to standard error as well.
 enum class StandardErrorCopy {
     nothing,
-    /// Lines of the level error. A fault is left out: whoever logs one ends the process and says why there.
+    /// Lines of the level error. A fault is left out: the one who logs it ends the process and says why there.
     errors,
     everything,
 };

@@ -110,7 +110,7 @@ void UnixLocalConnection::sendUnsent()
             break;
         } else if (errno != EINTR) {
             endInput(LocalPeer::gone);
-            // Whoever writes is not called back from within.
+            // A writer is not called back from within.
             QMetaObject::invokeMethod(this, &UnixLocalConnection::tell, Qt::QueuedConnection);
             return;
         }

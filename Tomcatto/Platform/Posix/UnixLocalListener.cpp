@@ -32,7 +32,7 @@ UnixLocalListener::~UnixLocalListener()
 
 void UnixLocalListener::acceptOne()
 {
-    // One at a time, so that whoever is connected already is heard between a crowd of others.
+    // One at a time, so that those already connected are heard between a crowd of others.
     const int descriptor = ::accept4(m_descriptor, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
     if (descriptor < 0) {
         if (errno != EAGAIN && errno != EINTR && errno != ECONNABORTED)

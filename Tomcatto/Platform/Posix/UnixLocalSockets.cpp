@@ -76,7 +76,7 @@ int listeningSocket(const QByteArray &path)
 {
     constexpr mode_t ownerOnly = 0600;
     constexpr int longestQueue = 256;
-    // It gets its name when it listens, so that whoever sees the file is let in. Addresses may not be long.
+    // It gets its name when it listens, so that all who see the file are let in. Addresses may not be long.
     const QByteArray unready = path.left(path.lastIndexOf('/') + 1) + ".new-" + QByteArray::number(::getpid());
     ::unlink(unready.constData());
     OwnedSocket socket;

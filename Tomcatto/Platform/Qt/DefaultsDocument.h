@@ -22,7 +22,7 @@ public:
     [[nodiscard]] static std::optional<DefaultsDocument> parse(const QByteArray &text);
 
     [[nodiscard]] std::optional<DefaultsValue> value(const QString &key) const;
-    /// Stores a value in the key's place, or at the end. Data that is no JSON object or array is stored as text. A
+    /// Stores a value in the key's place, or at the end. Data that is not a JSON object or array is stored as text. A
     /// number that is not finite has no JSON form and removes the key.
     /// @return whether anything changed.
     bool setValue(const QString &key, const DefaultsValue &value);

@@ -15,7 +15,7 @@ public:
         sound,
         /// There, but it could not be read; it must not be replaced.
         unreadable,
-        /// It holds no JSON object, or something that is no file stands in its place.
+        /// It holds no JSON object, or something that is not a file stands in its place.
         corrupt,
     };
     struct Content
@@ -31,7 +31,7 @@ public:
 
     [[nodiscard]] Content read() const;
     /// Moves what stands in the file's place to a free name beside it, made of the file's name and the time in UTC.
-    /// @return the new path; nothing where it cannot be moved.
+    /// @return the new path; nothing if it cannot be moved.
     [[nodiscard]] std::optional<QString> setAside() const;
     /// Replaces the file's content in one step: either the old or the new content is there, whenever the process or the
     /// machine stops. Returns once the new one is on disk. A missing folder is made for this user alone.

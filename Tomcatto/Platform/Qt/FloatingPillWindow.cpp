@@ -25,7 +25,7 @@ constexpr int stripPadding = 4;
 constexpr int titlePadding = 14;
 constexpr int titlePixels = 13;
 constexpr std::chrono::milliseconds settlingTime(100);
-/// A window manager that has a place of its own in mind shall keep it.
+/// A window manager may insist on a place of its own.
 constexpr int mostCorrections = 3;
 constexpr QRgb lightStrip = 0xFFECE9E7;
 constexpr QRgb darkStrip = 0xFF2A2729;

@@ -82,7 +82,7 @@ private:
     QTimer m_settling;
     int m_corrections = 0;
     bool m_isDragged = false;
-    /// Whether the ring shows while it has the keyboard: not for who came with the mouse.
+    /// Whether the ring shows while it has the keyboard: not after a press of the mouse.
     bool m_showsFocus = false;
     bool m_isDark = false;
 };

@@ -13,7 +13,7 @@ public:
     /// How long the screens must be quiet before a burst counts as over.
     static constexpr std::chrono::milliseconds quietTime{50};
 
-    /// @param hasLiveScreens whether there is a screen that is no stand-in
+    /// @param hasLiveScreens whether there is a screen that is not a stand-in
     ScreenChanges(MainRunLoop &runLoop, std::function<bool()> hasLiveScreens);
 
     /// Something about the screens changed.

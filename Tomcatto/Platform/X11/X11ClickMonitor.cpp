@@ -13,8 +13,8 @@ namespace tomcatto {
 
 namespace {
 
-// The input extension's own library is no part of what the application is built with: the one request and the one event
-// that are needed here are written out, as the X Input 2 protocol has them.
+// The input extension's own library is not part of what the application is built with: the one request and the one
+// event that are needed here are written out, as the X Input 2 protocol has them.
 constexpr uint8_t selectEventsOpcode = 46;
 constexpr uint16_t rawButtonPress = 15;
 constexpr uint16_t allMasterDevices = 1;

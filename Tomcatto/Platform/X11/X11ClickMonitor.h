@@ -10,7 +10,7 @@ namespace tomcatto {
 
 /// Presses of the mouse anywhere on the screens. On X11 the server tells of every one, whichever window it is for,
 /// while somebody is subscribed and not otherwise; elsewhere, or with an old server, only those in the application's
-/// own windows are known. The wheel is no press.
+/// own windows are known. The wheel is not a press.
 class X11ClickMonitor final : public QObject, public GlobalClickMonitor, private QAbstractNativeEventFilter
 {
     Q_OBJECT

@@ -20,7 +20,7 @@ using X11Reply = std::unique_ptr<T, X11Free>;
 class X11Display final
 {
 public:
-    /// The display in use; `isValid` is false where it is no X server.
+    /// The display in use; `isValid` is false where it is not an X server.
     X11Display();
 
     [[nodiscard]] bool isValid() const noexcept { return m_connection != nullptr; }
