@@ -87,21 +87,14 @@ FilmPlayer::FilmPlayer(QObject *parent)
 {
 }
 
-FilmPlayer::~FilmPlayer()
-{
-    if (m_playback)
-        m_playback->end();
-}
+FilmPlayer::~FilmPlayer() = default;
 
 void FilmPlayer::componentComplete()
 {
-    // What the film's threads say is said again on this one, and dropped once this is gone.
-    const auto say = [this](auto what) { QMetaObject::invokeMethod(this, std::move(what), Qt::QueuedConnection); };
-    FilmPlayback::Listener listener;
-    listener.frameCame = [this, say] { say([this] { takeFrame(); }); };
-    listener.failed = [this, say](const QString &reason) { say([this, reason] { Q_EMIT failed(reason); }); };
-    listener.soundMissing = [this, say] { say([this] { Q_EMIT soundMissing(); }); };
-    m_playback = FilmPlayback::start(m_source, m_wish, std::move(listener));
+    m_film = std::make_unique<RunningFilm>(m_source, m_wish);
+    connect(m_film.get(), &RunningFilm::frameCame, this, &FilmPlayer::takeFrame);
+    connect(m_film.get(), &RunningFilm::failed, this, &FilmPlayer::failed);
+    connect(m_film.get(), &RunningFilm::soundMissing, this, &FilmPlayer::soundMissing);
 }
 
 void FilmPlayer::setMuted(bool isMuted)
@@ -126,18 +119,15 @@ void FilmPlayer::setSink(QVideoSink *sink)
 
 void FilmPlayer::follow()
 {
-    if (m_playback)
-        m_playback->setWish(m_wish);
+    if (m_film)
+        m_film->setWish(m_wish);
     Q_EMIT wishChanged();
 }
 
-void FilmPlayer::takeFrame()
+void FilmPlayer::takeFrame(const FilmFrame &frame)
 {
-    FilmFrame frame = m_playback->takeFrame();
-    if (!frame.isValid())
-        return;
     const bool isFirst = !hasFrame();
-    m_frame = std::move(frame);
+    m_frame = frame;
     if (m_sink)
         m_sink->setVideoFrame(copied(plain(m_frame)));
     Q_EMIT frameChanged();

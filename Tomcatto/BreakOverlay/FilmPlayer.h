@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FilmPlayback.h"
+#include "Platform/Film/RunningFilm.h"
 
 #include <QtCore/QPointer>
 #include <QtMultimedia/QVideoSink>
@@ -8,8 +8,7 @@
 
 namespace tomcatto {
 
-/// A film for views: begins when it is made, plays without an end, and goes on ending by itself once this is gone. Main
-/// thread only.
+/// A film for views: begins when it is made, plays without an end, and ends with this. Main thread only.
 class FilmPlayer : public QObject, public QQmlParserStatus
 {
     Q_OBJECT
@@ -52,11 +51,11 @@ Q_SIGNALS:
 
 private:
     void follow();
-    void takeFrame();
+    void takeFrame(const FilmFrame &frame);
 
     QUrl m_source;
-    FilmPlayback::Wish m_wish;
-    std::shared_ptr<FilmPlayback> m_playback;
+    FilmWish m_wish;
+    std::unique_ptr<RunningFilm> m_film;
     FilmFrame m_frame;
     QPointer<QVideoSink> m_sink;
 };

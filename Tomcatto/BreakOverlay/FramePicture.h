@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FilmFrame.h"
+#include "Platform/Film/FilmFrame.h"
 
 #include <map>
 #include <QtCore/QRect>

@@ -1,4 +1,4 @@
-#include "FilmPipeline.h"
+#include "Platform/Film/FilmPipeline.h"
 
 #include <algorithm>
 #include <gst/video/video.h>
@@ -123,16 +123,12 @@ std::pair<int, bool> orientation(const QByteArray &text)
 
 void FilmPipeline::load()
 {
-    static const bool isLoaded = [] {
-        gst_init(nullptr, nullptr);
-        for (const char *name : {"uridecodebin", "decodebin", "qtdemux", "multiqueue", "avdec_h264", "appsink"})
-            make(name);
-        return true;
-    }();
-    Q_UNUSED(isLoaded)
+    gst_init(nullptr, nullptr);
+    for (const char *name : {"uridecodebin", "decodebin", "qtdemux", "multiqueue", "avdec_h264", "appsink"})
+        make(name);
 }
 
-FilmPipeline::FilmPipeline(FilmPlayback &film, const QUrl &source)
+FilmPipeline::FilmPipeline(FilmPlayback &film, const std::string &source)
     : m_film(film)
     , m_pipeline(static_cast<GstElement *>(gst_object_ref_sink(gst_pipeline_new(nullptr))))
     , m_sink(makeSink())
@@ -143,7 +139,7 @@ FilmPipeline::FilmPipeline(FilmPlayback &film, const QUrl &source)
         return;
     }
     openSound();
-    g_object_set(decoder.get(), "uri", source.toEncoded().constData(), nullptr);
+    g_object_set(decoder.get(), "uri", source.c_str(), nullptr);
     g_signal_connect(decoder.get(), "autoplug-continue", G_CALLBACK(isDecoded), this);
     g_signal_connect(decoder.get(), "pad-added", G_CALLBACK(connectPad), this);
     g_signal_connect(m_pipeline.get(), "deep-element-added", G_CALLBACK(prepareDecoder), nullptr);
@@ -293,7 +289,7 @@ void FilmPipeline::connectSound(GstPad *pad)
         gst_element_sync_state_with_parent(element);
 }
 
-void FilmPipeline::follow(const FilmPlayback::Wish &wish, bool isReady)
+void FilmPipeline::follow(const FilmWish &wish, bool isReady)
 {
     if (m_volume)
         g_object_set(m_volume.get(), "mute", wish.isMuted ? TRUE : FALSE, nullptr);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FilmPlayback.h"
+#include "Platform/Film/FilmPlayback.h"
 
 #include <atomic>
 #include <gst/app/gstappsink.h>
@@ -23,14 +23,14 @@ public:
     static void load();
 
     /// @param film gets the frames, and outlives this
-    FilmPipeline(FilmPlayback &film, const QUrl &source);
+    FilmPipeline(FilmPlayback &film, const std::string &source);
     FilmPipeline(const FilmPipeline &) = delete;
     FilmPipeline &operator=(const FilmPipeline &) = delete;
     ~FilmPipeline();
 
     /// Plays or stands still, is heard or not. A film that is not ready stands still: what it is shown and heard with
     /// joins it while it is being read, and would not agree on when it began.
-    void follow(const FilmPlayback::Wish &wish, bool isReady);
+    void follow(const FilmWish &wish, bool isReady);
     void rewind();
 
 private:
