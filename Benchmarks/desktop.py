@@ -2,6 +2,7 @@
 
 import os
 import shutil
+import sqlite3
 import statistics
 import subprocess
 import tempfile
@@ -15,7 +16,7 @@ from measured_process import Places, Running
 from screen import HEIGHT, LOOK_SECONDS, WIDTH, Display, bright_pixels, differing, wait_until
 
 HIDDEN_SECONDS = 60
-PANELS = 5
+WINDOWS = 5
 BREAKS = 5
 PLAY_SECONDS = 10
 PLAY_ROUNDS = 3
@@ -24,14 +25,14 @@ COUNTED_SECONDS = 3
 WARMED_SECONDS = 4
 
 
-def seconds_to_panel(session):
-    """From the request until most of what the panel shows half a second later stands on the screen."""
+def seconds_to_paint(session, command, **arguments):
+    """From the request until most of what a window shows half a second later stands on the screen."""
     with session.run():
         time.sleep(1)
         everything = (0, 0, WIDTH, HEIGHT, 8)
         before, seen = session.display.pixels(*everything), []
         begin = time.perf_counter()
-        ask(session.places, "panel")
+        ask(session.places, command, **arguments)
         while time.perf_counter() - begin < 1.5:
             picture = session.display.pixels(*everything)
             if not seen or picture != seen[-1][1]:
@@ -39,7 +40,7 @@ def seconds_to_panel(session):
             time.sleep(LOOK_SECONDS)
     change = differing(before, seen[-1][1])
     if change < 0.02:
-        raise SystemExit("Error: the panel does not show")
+        raise SystemExit(f"Error: {command} does not show")
     return next(seconds for seconds, picture in seen if differing(picture, seen[-1][1]) < change / 10)
 
 
@@ -143,7 +144,7 @@ def hidden(session):
 
 def shown(session):
     """Rows of what shows on the screen, and how soon."""
-    panels = [seconds_to_panel(session) * 1e3 for _ in range(PANELS)]
+    panels = [seconds_to_paint(session, "panel") * 1e3 for _ in range(WINDOWS)]
     yield row("the panel's first paint, from the request", statistics.median(panels), "ms", 200)
     session.play_own_clip()
     for warmed, words, limits in ((True, "the end of a focus phase", (150, 500)),
@@ -151,6 +152,30 @@ def shown(session):
         taken = [seconds_to_break(session, warmed) for _ in range(BREAKS)]
         for what, column, limit in zip(("a break's countdown", "a break's first video frame"), zip(*taken), limits):
             yield row(f"{what}, after {words}", statistics.median(column) * 1e3, "ms", limit)
+
+
+def cut_to_ten_years(store):
+    """Leaves a history its newest ten years."""
+    with sqlite3.connect(store) as history:
+        history.execute("DELETE FROM PomodoroSessionRecord WHERE startedAt < (SELECT max(startedAt) FROM PomodoroSessionRecord)"
+                        " - 3652 * 86400")
+    history.close()
+
+
+def statistics_page(build, _):
+    """How soon the page of statistics stands there, with a history and without one."""
+    taken = []
+    with Display() as display:
+        for has_history in (True, False):
+            with Places() as places:
+                session = Session(build, display, places)
+                if has_history:
+                    data = shutil.copytree(build / "histories" / "1000000", places.environment["XDG_DATA_HOME"])
+                    cut_to_ten_years(os.path.join(data, "Tomcatto", "Tomcatto.sqlite"))
+                paints = [seconds_to_paint(session, "window", page="statistics") * 1e3 for _ in range(WINDOWS)]
+                taken.append(statistics.median(paints))
+    yield row("the statistics page's first paint over ten years, from the request", taken[0], "ms", 200,
+              ("without a history", taken[1]))
 
 
 def moving_film(folder):
@@ -185,4 +210,4 @@ def on_display(rows):
     return measure
 
 
-MEASUREMENTS = (*map(on_display, (hidden, kept, shown, ending)), playing)
+MEASUREMENTS = (*map(on_display, (hidden, kept, shown, ending)), statistics_page, playing)

@@ -119,8 +119,18 @@ class Running:
             pass
 
     def processor_seconds(self):
-        """Of all its threads, those that have ended as well: the kernel's clock of a process, by its number."""
-        return time.clock_gettime(~self.process.pid << 3 | 2)
+        """Of all its threads, those that have ended as well: the kernel's clock of a process, by its number; and of the
+        programs that it has started and that run now."""
+        return sum(time.clock_gettime(~process << 3 | 2) for process in [self.process.pid, *self.children()])
+
+    def children(self):
+        for process in filter(str.isdigit, os.listdir("/proc")):
+            try:
+                with open(f"/proc/{process}/stat", encoding="utf-8", errors="replace") as file:
+                    if int(file.read().rpartition(")")[2].split()[1]) == self.process.pid:
+                        yield int(process)
+            except (FileNotFoundError, ProcessLookupError):
+                pass  # One that has just ended.
 
     def sleeps(self):
         """For each thread how often it has gone to sleep by itself."""

@@ -10,6 +10,7 @@ MEASUREMENTS. The exit status is 1 where one failed; its lines are missing then.
 
 import argparse
 import json
+import os
 import pathlib
 import sys
 
@@ -72,6 +73,8 @@ def main():
     parser.add_argument("--build", type=pathlib.Path, required=True)
     parser.add_argument("--output", type=pathlib.Path, required=True)
     options = parser.parse_args()
+    # Pages of a program that was built a moment ago would count as its own until they are on disk.
+    os.sync()
     yardstick = bare(options.build)
     rows, has_failed = [], False
     for measurement in MEASUREMENTS:
