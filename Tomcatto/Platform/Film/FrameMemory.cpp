@@ -7,7 +7,7 @@
 namespace tomcatto {
 namespace {
 
-/// What is smaller is no frame of a film that is worth it, and is copied where it is one after all.
+/// What is smaller is hardly the frame of a film, and is copied if it is one after all.
 constexpr std::size_t smallestPiece = 256UL * 1024;
 constexpr std::size_t pageSize = 4096;
 

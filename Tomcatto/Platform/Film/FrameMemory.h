@@ -17,7 +17,7 @@ public:
     /// Lets everything in this process that asks GStreamer for memory of a frame's size have it from here. Once.
     void serve();
 
-    /// @return nothing where it is full
+    /// @return nothing if it is full
     [[nodiscard]] std::byte *take(std::size_t size);
     void giveBack(const std::byte *piece);
     /// Where a place lies in it; nothing for one that is elsewhere.
