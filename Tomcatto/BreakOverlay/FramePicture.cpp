@@ -1,5 +1,7 @@
 #include "FramePicture.h"
 
+#include <algorithm>
+#include <bit>
 #include <cstring>
 #include <QtGui/QTransform>
 
@@ -10,6 +12,12 @@ extern "C" {
 
 namespace tomcatto {
 namespace {
+
+/// Pixels of an area that is compared by itself: small enough that most of them stand still in a quiet film, but not so
+/// small that what differs falls to pieces, each of which costs something.
+constexpr QSize comparedSize{32, 36};
+/// The same of a picture that is not painted pixel by pixel, as each area is made of more than what it covers.
+constexpr QSize comparedScaledSize{128, 72};
 
 /// The middle part of `from` in the shape of `to`; even edges, as colours are stored for pairs of pixels.
 QRect filledPart(QSize from, QSize to)
@@ -98,27 +106,56 @@ void fetch(const FilmFrame &frame, const QRect &part)
     }
 }
 
-/// Marks which of some areas side by side differ, row by row, for memory is read fastest in its own order.
-void compare(const FilmFrame &before, const FilmFrame &after, const std::vector<QRect> &areas,
-             std::vector<bool> &differ)
+template<size_t size>
+bool isOther(const uint8_t *before, const uint8_t *after)
 {
+    uint64_t bits = 0;
+    for (size_t at = 0; at < size; at += sizeof bits) {
+        uint64_t old = 0;
+        uint64_t recent = 0;
+        std::memcpy(&old, before + at, sizeof old);
+        std::memcpy(&recent, after + at, sizeof recent);
+        bits |= old ^ recent;
+    }
+    return bits != 0;
+}
+
+/// Whether some bytes differ; fastest for the sizes that there are most of.
+bool isOther(const uint8_t *before, const uint8_t *after, size_t size)
+{
+    constexpr size_t most = comparedSize.width();
+    if (size == most)
+        return isOther<most>(before, after);
+    if (size == most / 2)
+        return isOther<most / 2>(before, after);
+    return std::memcmp(before, after, size) != 0;
+}
+
+/// Which of some areas side by side differ, compared row by row, for memory is read fastest in its own order.
+std::vector<bool> compare(const FilmFrame &before, const FilmFrame &after, const std::vector<QRect> &areas)
+{
+    std::vector<bool> differ(areas.size());
+    std::vector<std::pair<int, size_t>> spans(areas.size());
     const auto planes = layoutOf(after.format);
-    const QRect &first = areas.front();
     for (size_t plane = 0; plane < planes.size(); ++plane) {
         const PlaneLayout &layout = planes.at(plane);
-        for (int row = first.top() >> layout.rowShift; layout.bytes > 0 && row <= first.bottom() >> layout.rowShift;
-             ++row) {
+        std::ranges::transform(areas, spans.begin(), [&](const QRect &area) {
+            const int from = area.left() >> layout.columnShift;
+            const int size = (area.right() >> layout.columnShift) + 1 - from;
+            return std::pair{from * layout.bytes, static_cast<size_t>(size) * layout.bytes};
+        });
+        const int end = layout.bytes > 0 ? (areas.front().bottom() >> layout.rowShift) + 1 : 0;
+        for (int row = areas.front().top() >> layout.rowShift; row < end; ++row) {
             const uint8_t *old = before.planes.at(plane) + qsizetype{row} * before.strides.at(plane);
             const uint8_t *recent = after.planes.at(plane) + qsizetype{row} * after.strides.at(plane);
-            for (size_t index = 0; index < areas.size(); ++index) {
-                if (differ[index])
-                    continue;
-                const int from = (areas[index].left() >> layout.columnShift) * layout.bytes;
-                const int to = ((areas[index].right() >> layout.columnShift) + 1) * layout.bytes;
-                differ[index] = std::memcmp(old + from, recent + from, static_cast<size_t>(to - from)) != 0;
+            for (size_t index = 0; index < spans.size(); ++index) {
+                const auto &[from, size] = spans[index];
+                if (!differ[index] && isOther(old + from, recent + from, size))
+                    differ[index] = true;
             }
         }
     }
+    return differ;
 }
 
 /// What of the stored part a seen area is made of, with all that its colours come from.
@@ -142,11 +179,19 @@ void copyPixels(const QImage &from, QPoint corner, const QRect &area, QImage &on
     }
 }
 
-/// A picture whose rows have room for whole blocks of pixels: the scaler leaves out a block that does not fit.
+/// An area and the pixels beside its edges that share a colour with one of its own.
+QRect wholePairs(const QRect &area)
+{
+    return {QPoint(area.left() & ~1, area.top() & ~1), QPoint(area.right() | 1, area.bottom() | 1)};
+}
+
+/// Pixels that the scaler writes at once; it does not ask whether all of them are wanted.
+constexpr int block = 32;
+
+/// A picture whose rows have room for whole blocks of pixels.
 QImage roomyPicture(QSize size)
 {
-    constexpr qsizetype block = 16;
-    const qsizetype stride = (size.width() + block - 1) / block * block * 4;
+    const qsizetype stride = qsizetype{size.width() + block - 1} / block * block * 4;
     auto memory = std::make_unique<uchar[]>(static_cast<size_t>(stride * size.height()));
     uchar *pixels = memory.release();
     return {pixels, size.width(),         size.height(),
@@ -175,38 +220,78 @@ void FramePicture::setFrame(const FilmFrame &frame, QSize size)
     m_whole = {};
 }
 
-std::vector<bool> FramePicture::changes(const std::vector<QRect> &row) const
+std::vector<QRect> FramePicture::changes() const
 {
-    std::vector<bool> differ(row.size(), !m_before.isValid());
+    const QRect whole(QPoint(), m_size);
     if (!m_before.isValid())
-        return differ;
+        return {whole};
+    const QSize step = m_isDirect ? comparedSize : comparedScaledSize;
+    std::vector<QRect> areas;
+    for (int top = 0; top < m_size.height(); top += step.height()) {
+        const QRect band = QRect(0, top, m_size.width(), step.height()) & whole;
+        const std::vector<bool> differ = changes(band, step.width());
+        // What is to both sides of a single area that stands still goes together with it.
+        constexpr int gap = 2;
+        int last = -gap - 1;
+        for (int index = 0; index < std::ssize(differ); ++index) {
+            if (!differ[static_cast<size_t>(index)])
+                continue;
+            const QRect area(index * step.width(), top, step.width(), band.height());
+            if (index - last <= gap)
+                areas.back().setRight(area.right());
+            else
+                areas.push_back(area);
+            last = index;
+        }
+        if (!areas.empty())
+            areas.back() &= whole;
+    }
+    return areas;
+}
+
+std::vector<bool> FramePicture::changes(const QRect &band, int width) const
+{
     std::vector<QRect> sources;
     const bool isUpright = m_frame.angle == 0 && !m_frame.isMirrored;
-    for (const QRect &area : row) {
-        const QRect source = isUpright ? sourceOf(area, m_part, m_size) : m_part;
-        sources.push_back(m_isDirect ? area.translated(m_part.topLeft()) : source);
+    for (int left = 0; left < band.width(); left += width) {
+        const QRect area = QRect(left, band.top(), width, band.height()) & band;
+        if (m_isDirect)
+            sources.push_back(area.translated(m_part.topLeft()));
+        else
+            sources.push_back(isUpright ? sourceOf(area, m_part, m_size) : m_part);
     }
-    compare(m_before, m_frame, sources, differ);
-    return differ;
+    return compare(m_before, m_frame, sources);
 }
 
 void FramePicture::paint(const QRect &area, QImage &onto, QPoint origin)
 {
-    constexpr int block = 8;
-    if (!m_isDirect) {
-        if (m_whole.isNull())
-            drawWhole();
-        copyPixels(m_whole, area.topLeft(), area, onto, origin);
-    } else if (area.width() % block == 0) {
-        const QPoint corner = origin + area.topLeft();
-        draw(area.translated(m_part.topLeft()), area.size(), onto.scanLine(corner.y()) + corner.x() * qsizetype{4},
-             onto.bytesPerLine());
-    } else {
-        // The scaler would write beyond the edge.
-        QImage piece = roomyPicture(area.size());
-        draw(area.translated(m_part.topLeft()), area.size(), piece.bits(), piece.bytesPerLine());
-        copyPixels(piece, {}, area, onto, origin);
+    if (m_isDirect)
+        return paintDirect(area, onto, origin);
+    if (m_whole.isNull())
+        drawWhole();
+    copyPixels(m_whole, area.topLeft(), area, onto, origin);
+}
+
+void FramePicture::paintDirect(const QRect &area, QImage &onto, QPoint origin)
+{
+    constexpr int widest = 1024;
+    const QRect whole = wholePairs(area);
+    QImage piece;
+    if (whole != area || whole.width() % block != 0)
+        piece = roomyPicture(whole.size());
+    const QPoint corner = piece.isNull() ? origin + whole.topLeft() : QPoint();
+    QImage &target = piece.isNull() ? onto : piece;
+    // In few widths, as there is a scaler for each.
+    for (int left = whole.left(); left <= whole.right();) {
+        const int rest = whole.right() + 1 - left;
+        const int width = rest < block ? rest : std::min<int>(std::bit_floor(unsigned(rest)), widest);
+        const QRect part(left, whole.top(), width, whole.height());
+        draw(part.translated(m_part.topLeft()), part.size(),
+             target.scanLine(corner.y()) + (corner.x() + left - whole.left()) * qsizetype{4}, target.bytesPerLine());
+        left += width;
     }
+    if (!piece.isNull())
+        copyPixels(piece, area.topLeft() - whole.topLeft(), area, onto, origin);
 }
 
 void FramePicture::drawWhole()
@@ -222,10 +307,13 @@ void FramePicture::draw(const QRect &part, QSize size, uchar *pixels, qsizetype 
     constexpr size_t mostScalers = 16;
     if (m_scalers.size() > mostScalers)
         m_scalers.clear();
-    auto &scaler = m_scalers[{part.width(), part.height(), size.width(), size.height()}];
+    // Where nothing is scaled, one serves for all heights.
+    const int from = m_isDirect ? m_part.height() : part.height();
+    const int to = m_isDirect ? m_part.height() : size.height();
+    auto &scaler = m_scalers[{part.width(), from, size.width(), to}];
     if (!scaler) {
-        scaler.reset(sws_getContext(part.width(), part.height(), m_frame.format, size.width(), size.height(),
-                                    AV_PIX_FMT_BGR0, SWS_FAST_BILINEAR, nullptr, nullptr, nullptr));
+        scaler.reset(sws_getContext(part.width(), from, m_frame.format, size.width(), to, AV_PIX_FMT_BGR0,
+                                    SWS_FAST_BILINEAR, nullptr, nullptr, nullptr));
         if (!scaler)
             return;
         setColours(scaler.get(), m_frame);

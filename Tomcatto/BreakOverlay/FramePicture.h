@@ -12,7 +12,7 @@ struct SwsContext;
 namespace tomcatto {
 
 /// The picture of a film: fills a size, cropped to it. A frame can be compared with the one before, for most of a quiet
-/// film stands still, and what changed is painted by itself, straight from the decoder's memory to where it is shown.
+/// film stands still, and any area is painted by itself, straight from the decoder's memory to where it is shown.
 /// One thread at a time.
 class FramePicture final
 {
@@ -21,9 +21,10 @@ public:
     void setFrame(const FilmFrame &frame, QSize size);
     [[nodiscard]] const FilmFrame &frame() const noexcept { return m_frame; }
     [[nodiscard]] QSize size() const noexcept { return m_size; }
-    /// Whether areas look otherwise than they did with the frame before. @param row side by side, equally high
-    [[nodiscard]] std::vector<bool> changes(const std::vector<QRect> &row) const;
-    /// Paints an area, a few sizes of which are best. @param onto pixels of 32 bits @param origin of the picture there
+    /// The areas that look otherwise than they did with the frame before; the whole picture when that was of another
+    /// kind.
+    [[nodiscard]] std::vector<QRect> changes() const;
+    /// Paints an area of the picture. @param onto pixels of 32 bits @param origin of the picture there
     void paint(const QRect &area, QImage &onto, QPoint origin);
 
 private:
@@ -32,6 +33,8 @@ private:
         void operator()(SwsContext *context) const;
     };
 
+    [[nodiscard]] std::vector<bool> changes(const QRect &band, int width) const;
+    void paintDirect(const QRect &area, QImage &onto, QPoint origin);
     void draw(const QRect &part, QSize size, uchar *pixels, qsizetype stride);
     void drawWhole();
 

@@ -1,5 +1,6 @@
 #include "SoftwareVideoItem.h"
 
+#include <cmath>
 #include <QtGui/QPainter>
 #include <QtQuick/QQuickWindow>
 #include <QtQuick/QSGRendererInterface>
@@ -8,25 +9,19 @@
 namespace tomcatto {
 namespace {
 
-/// Device pixels of a tile: few tiles, for each costs something, but small enough that most of them stand still in a
-/// quiet film. Whole blocks of what draws them.
-constexpr QSize tileSize{240, 60};
-
-/// One part of a picture, painted straight into the window's memory.
+/// Part of a picture, painted straight into the window's memory wherever the window asks for it.
 class Tile final : public QSGRenderNode
 {
 public:
-    /// @param scale device pixels of one of the window's
-    Tile(FramePicture &picture, QQuickWindow &window, const QRect &pixels, qreal scale)
+    /// @param area of the item, in the window's units @param scale device pixels of one of them
+    Tile(FramePicture &picture, QQuickWindow &window, const QRectF &area, qreal scale)
         : m_picture(picture)
         , m_window(window)
-        , m_pixels(pixels)
+        , m_area(area)
         , m_scale(scale)
     {
         setFlag(OwnedByParent);
     }
-
-    [[nodiscard]] const QRect &pixels() const noexcept { return m_pixels; }
 
     void render(const RenderState *state) override
     {
@@ -38,9 +33,10 @@ public:
         if (!target)
             return;
         const QPoint origin = (matrix()->map(QPointF()) * m_scale).toPoint();
-        for (const QRect &asked : *state->clipRegion()) {
-            const QRect pixels = QRectF(asked.topLeft() * m_scale, asked.size() * m_scale).toAlignedRect();
-            const QRect area = pixels.translated(-origin) & m_pixels & target->rect().translated(-origin);
+        const QRect mine = QRect(pixelAt(m_area.topLeft()), pixelAt(m_area.bottomRight()) - QPoint(1, 1)) &
+                           QRect(QPoint(), m_picture.size());
+        for (const QRect &asked : pixelsOf(*state->clipRegion())) {
+            const QRect area = asked.translated(-origin) & mine & target->rect().translated(-origin);
             if (!area.isEmpty())
                 m_picture.paint(area, *target, origin);
         }
@@ -48,56 +44,75 @@ public:
 
     [[nodiscard]] StateFlags changedStates() const override { return {}; }
     [[nodiscard]] RenderingFlags flags() const override { return BoundedRectRendering | OpaqueRendering; }
-    [[nodiscard]] QRectF rect() const override
-    {
-        return {QPointF(m_pixels.topLeft()) / m_scale, QSizeF(m_pixels.size()) / m_scale};
-    }
+    [[nodiscard]] QRectF rect() const override { return m_area; }
 
 private:
+    /// Those that what lies above is painted to as well, by the painter's own way to round.
+    [[nodiscard]] QRegion pixelsOf(const QRegion &region) const
+    {
+        const QTransform scaling = QTransform::fromScale(m_scale, m_scale);
+        return region.rectCount() == 1 ? QRegion(scaling.mapRect(region.boundingRect())) : scaling.map(region);
+    }
+    [[nodiscard]] QPoint pixelAt(QPointF place) const { return (place * m_scale).toPoint(); }
+
     FramePicture &m_picture;
     QQuickWindow &m_window;
-    QRect m_pixels;
+    QRectF m_area;
     qreal m_scale;
 };
 
-/// All tiles of a picture.
-class Tiles final : public QSGNode
+/// Paints nothing. A node that goes leaves its place to be painted by what is below and above, and by nothing else, so
+/// this asks for an area of a tile, which by itself would be painted whole.
+class Mark final : public QSGRenderNode
 {
 public:
-    Tiles(FramePicture &picture, QQuickWindow &window, qreal scale)
+    explicit Mark(const QRectF &area)
+        : m_area(area)
+    {
+    }
+    void render(const RenderState *) override {}
+    [[nodiscard]] RenderingFlags flags() const override { return BoundedRectRendering; }
+    [[nodiscard]] QRectF rect() const override { return m_area; }
+
+private:
+    QRectF m_area;
+};
+
+/// All tiles of a picture. It moves nothing, but only what joins a node of this kind later on is told where it lies.
+class Tiles final : public QSGTransformNode
+{
+public:
+    Tiles(FramePicture &picture, QQuickWindow &window, QSizeF size, qreal scale)
         : m_scale(scale)
     {
-        const QRect whole(QPoint(), picture.size());
+        // Large, for each costs something with every frame; what of them changed is handed on to the display whole.
+        constexpr QSize tileSize{640, 360};
+        const QRectF whole(QPointF(), size);
         for (int top = 0; top < whole.height(); top += tileSize.height()) {
-            std::vector<Tile *> row;
-            for (int left = 0; left < whole.width(); left += tileSize.width()) {
-                row.push_back(new Tile(picture, window, QRect(QPoint(left, top), tileSize) & whole, scale));
-                appendChildNode(row.back());
-            }
-            m_rows.push_back(std::move(row));
+            for (int left = 0; left < whole.width(); left += tileSize.width())
+                appendChildNode(new Tile(picture, window, QRectF(QPoint(left, top), tileSize) & whole, scale));
         }
     }
 
-    void repaintChanges(const FramePicture &picture)
+    /// @param place of the item in its window
+    void repaintChanges(const FramePicture &picture, QPointF place)
     {
-        for (const std::vector<Tile *> &row : m_rows) {
-            std::vector<QRect> areas;
-            areas.reserve(row.size());
-            for (const Tile *tile : row)
-                areas.push_back(tile->pixels());
-            const std::vector<bool> changes = picture.changes(areas);
-            for (size_t index = 0; index < row.size(); ++index) {
-                if (changes[index])
-                    row[index]->markDirty(DirtyMaterial);
-            }
+        // Edges that are whole in the window's units and in pixels, at each scale in quarters: nothing is painted in
+        // part. At others the edges of what is painted again would be seen, but for those of the whole.
+        constexpr qreal grid = 4;
+        const bool isWhole = std::floor(m_scale * grid) == m_scale * grid;
+        for (const QRect &change : isWhole ? picture.changes() : std::vector{QRect(QPoint(), picture.size())}) {
+            const QPointF corner = place + QPointF(change.topLeft()) / m_scale;
+            const QRect cells = QRectF(corner / grid, QSizeF(change.size()) / m_scale / grid).toAlignedRect();
+            Mark mark(QRectF(cells.topLeft() * grid - place, cells.size() * grid));
+            appendChildNode(&mark);
+            removeChildNode(&mark);
         }
     }
 
     [[nodiscard]] qreal scale() const noexcept { return m_scale; }
 
 private:
-    // This node's children.
-    std::vector<std::vector<Tile *>> m_rows;
     qreal m_scale;
 };
 
@@ -139,9 +154,9 @@ QSGNode *SoftwareVideoItem::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeDat
     m_picture.setFrame(m_film->frame(), pixels);
     if (isResized) {
         delete tiles;
-        return new Tiles(m_picture, *window(), scale);
+        return new Tiles(m_picture, *window(), size(), scale);
     }
-    tiles->repaintChanges(m_picture);
+    tiles->repaintChanges(m_picture, mapToScene({}));
     return tiles;
 }
 

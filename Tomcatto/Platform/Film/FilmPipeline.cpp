@@ -58,16 +58,17 @@ QByteArray factoryName(GstElement *element)
     return factory ? gst_plugin_feature_get_name(reinterpret_cast<GstPluginFeature *>(factory)) : "";
 }
 
-/// A mapped frame and the sample that it is of.
+/// The mapped frame of a sample.
 struct MappedSample
 {
     explicit MappedSample(GstSample *taken)
-        : sample(taken)
     {
         GstVideoInfo info;
         const GstCaps *caps = gst_sample_get_caps(taken);
         isMapped = caps && gst_video_info_from_caps(&info, caps) &&
                    gst_video_frame_map(&frame, &info, gst_sample_get_buffer(taken), GST_MAP_READ);
+        // The sink uses it again for the next frame.
+        gst_sample_unref(taken);
     }
     MappedSample(const MappedSample &) = delete;
     MappedSample &operator=(const MappedSample &) = delete;
@@ -75,10 +76,8 @@ struct MappedSample
     {
         if (isMapped)
             gst_video_frame_unmap(&frame);
-        gst_sample_unref(sample);
     }
 
-    GstSample *sample;
     GstVideoFrame frame{};
     bool isMapped = false;
 };

@@ -25,6 +25,30 @@ TestCase {
         }
     }
 
+    Component {
+        id: playersBelow
+
+        // Under words and glass, as in a break.
+        Item {
+            VideoPlayerView {
+                anchors.fill: parent
+                videoUrl: Film.moving
+                isMuted: false
+                isStill: Theme.reducedMotion
+            }
+            Rectangle {
+                anchors.fill: parent
+                anchors.topMargin: 31
+                color: "#80302010"
+            }
+            Text {
+                anchors.centerIn: parent
+                text: "25:00"
+                color: "white"
+            }
+        }
+    }
+
     function cleanup() {
         AppearanceSettings.reducedMotion = false
     }
@@ -57,6 +81,33 @@ TestCase {
         view.isMuted = false
         for (const next of ["red", "lime", "blue", "red"])
             waitFor(view, next, ["ground", "still"])
+    }
+
+    function test_leavesNothingOfTheFramesBeforeBehind_data() {
+        // As large as the film but beyond the window's edge, and scaled.
+        return [[320, 180, -21], [250, 150, 0]].map(([width, height, y]) => ({tag: `${width} x ${height}`, width, height, y}))
+    }
+    function test_leavesNothingOfTheFramesBeforeBehind(data: var) {
+        const view = createTemporaryObject(playersBelow, test, {"width": data.width, "height": data.height, "y": data.y})
+        let painted = grabImage(test)
+        let frames = 0
+        for (let tries = 0; frames < 20 && tries < 400; ++tries) {
+            wait(10)
+            const next = grabImage(test)
+            frames += next.equals(painted) ? 0 : 1
+            painted = next
+        }
+        compare(frames, 20)
+        AppearanceSettings.reducedMotion = true
+        // It stands still once the frame that was on its way is painted.
+        wait(300)
+        painted = grabImage(test)
+        // All of it is painted at once.
+        view.visible = false
+        waitForRendering(test)
+        view.visible = true
+        waitForRendering(test)
+        verify(painted.equals(grabImage(test)))
     }
 
     function test_keepsStillWithReducedMotion() {
