@@ -55,7 +55,7 @@ public:
     bool press(Qt::Key key)
     {
         const auto current = handler;
-        return current && current({key, Qt::NoModifier, false});
+        return current && current({key, Qt::NoModifier});
     }
 
     std::function<bool(const KeyPress &)> handler;
