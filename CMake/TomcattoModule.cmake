@@ -47,20 +47,31 @@ if(NOT CMAKE_BUILD_TYPE STREQUAL "Release")
     set(TOMCATTO_QML_CACHE NO_CACHEGEN)
 endif()
 
-# tomcatto_view_models(VIEWS HEADER…): qmllint knows the classes of these headers, whose places are below Tomcatto/, where
-# the views name them by TOMCATTO_VIEW_MODEL. It reads what moc tells of them; nothing of their rooms is linked.
+# tomcatto_view_models(VIEWS HEADER… [VALUES names]): the views may name the classes that these headers, below Tomcatto/,
+# are named as, and use the classes of values there. qmllint reads what moc tells of them; nothing of their rooms is linked.
 function(tomcatto_view_models views)
-    set_property(TARGET ${views} APPEND PROPERTY AUTOMOC_MACRO_NAMES TOMCATTO_VIEW_MODEL TOMCATTO_VIEW_VALUE)
+    cmake_parse_arguments(ARG "" "" "VALUES" ${ARGN})
     set(folder "${CMAKE_CURRENT_BINARY_DIR}/view_models")
-    foreach(header ${ARGN})
+    foreach(header ${ARG_UNPARSED_ARGUMENTS})
         get_filename_component(name "${header}" NAME_WE)
         add_custom_command(OUTPUT "${folder}/${name}.cpp.json"
             COMMAND "${CMAKE_COMMAND}" -E make_directory "${folder}"
             COMMAND Qt6::moc --output-json -o "${folder}/${name}.cpp" "${PROJECT_SOURCE_DIR}/Tomcatto/${header}"
             DEPENDS "${PROJECT_SOURCE_DIR}/Tomcatto/${header}" VERBATIM)
         list(APPEND documents "${folder}/${name}.cpp.json")
+        if(name MATCHES "Model$")
+            string(APPEND names "TOMCATTO_VIEW_MODEL(${name})\n")
+        endif()
     endforeach()
+    foreach(name ${ARG_VALUES})
+        string(APPEND names "TOMCATTO_VIEW_VALUE(${name})\n")
+    endforeach()
+    file(CONFIGURE OUTPUT "${folder}/${views}Models.h" CONTENT
+        "#include \"Appearance/ViewModelName.h\"\n\nnamespace tomcatto {\n\n${names}\n}\n")
     add_custom_command(OUTPUT "${folder}/metatypes.json"
         COMMAND Qt6::moc --collect-json -o "${folder}/metatypes.json" ${documents} DEPENDS ${documents} VERBATIM)
-    target_sources(${views} PRIVATE "${folder}/metatypes.json")
+    target_sources(${views} PRIVATE "${folder}/${views}Models.h" "${folder}/metatypes.json")
+    # The generated registration includes headers by their base names.
+    target_include_directories(${views} PRIVATE "${folder}")
+    set_property(TARGET ${views} APPEND PROPERTY AUTOMOC_MACRO_NAMES TOMCATTO_VIEW_MODEL TOMCATTO_VIEW_VALUE)
 endfunction()

@@ -34,23 +34,19 @@ PressButton {
                 size: 22
                 color: Theme.work.text
             }
-            ThemedText {
+            QuietText {
                 width: parent.width
                 text: control.text
                 role: "section"
-                textScale: control.textScale
                 color: Theme.work.text
                 horizontalAlignment: Text.AlignHCenter
-                Accessible.ignored: true
             }
-            ThemedText {
+            QuietText {
                 width: parent.width
                 text: control.hint
                 role: "caption"
-                textScale: control.textScale
                 color: Theme.ink2
                 horizontalAlignment: Text.AlignHCenter
-                Accessible.ignored: true
             }
         }
     }

@@ -57,14 +57,13 @@ Item {
         Repeater {
             model: chart.ticks
 
-            ThemedText {
+            QuietText {
                 required property var modelData
 
                 text: modelData.label
                 role: "micro"
                 textScale: chart.textScale
                 wrapMode: Text.NoWrap
-                Accessible.ignored: true
             }
         }
     }
@@ -94,7 +93,7 @@ Item {
                     color: Theme.line
                     visible: tick.index > 0
                 }
-                ThemedText {
+                QuietText {
                     x: -8 - implicitWidth
                     y: -height / 2
                     text: tick.modelData.label
@@ -102,7 +101,6 @@ Item {
                     textScale: chart.textScale
                     color: Theme.ink2
                     wrapMode: Text.NoWrap
-                    Accessible.ignored: true
                 }
             }
         }
@@ -145,7 +143,7 @@ Item {
                         color: Theme.heat[slot.index === chart.shownIndex ? 3 : 2]
                     }
                 }
-                ThemedText {
+                QuietText {
                     anchors.horizontalCenter: parent.horizontalCenter
                     y: plot.height + 7
                     text: slot.modelData.label ?? ""
@@ -153,7 +151,6 @@ Item {
                     lineHeight: chart.labelHeight
                     color: slot.isToday ? Theme.ink : Theme.ink2
                     wrapMode: Text.NoWrap
-                    Accessible.ignored: true
                 }
             }
         }

@@ -5,9 +5,6 @@ import Tomcatto.Appearance
 PressButton {
     id: control
 
-    property string phase: "work"
-    readonly property var colours: Theme.phase(phase)
-
     implicitHeight: 32
     topInset: 2
     bottomInset: 2
@@ -15,16 +12,10 @@ PressButton {
     rightPadding: 12
     radius: (height - topInset - bottomInset) / 2
     textScale: 1
+    role: "chip"
+    symbolSize: 14
+    gap: 5
     fill: enabled ? colours.wash : "transparent"
     lineColor: Theme.trackEdge
     ink: enabled ? colours.text : Theme.disabled
-
-    contentItem: ButtonLabel {
-        symbol: control.symbol
-        text: control.text
-        color: control.ink
-        font: Theme.font("chip", control.textScale)
-        symbolSize: 14
-        gap: 5
-    }
 }

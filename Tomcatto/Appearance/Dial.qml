@@ -63,15 +63,6 @@ Item {
         easing.type: Easing.OutCubic
     }
 
-    component PhaseColour: ColorAnimation {
-        duration: Theme.phaseTime
-        easing.type: Easing.OutCubic
-    }
-    component PhaseMotion: NumberAnimation {
-        duration: Theme.phaseTime
-        easing.type: Easing.OutCubic
-    }
-
     DialPainter {
         id: painter
 
@@ -86,20 +77,10 @@ Item {
         leftEar: dial.leftEarLit ? 1 : 0
         rest: dial.atRest ? 1 : 0
 
-        Behavior on track {
-            PhaseColour {}
-        }
-        Behavior on arc {
-            PhaseColour {}
-        }
-        Behavior on rightEar {
-            PhaseMotion {}
-        }
-        Behavior on leftEar {
-            PhaseMotion {}
-        }
-        Behavior on rest {
-            PhaseMotion {}
-        }
+        Behavior on track { Tint { duration: Theme.phaseTime } }
+        Behavior on arc { Tint { duration: Theme.phaseTime } }
+        Behavior on rightEar { Glide { duration: Theme.phaseTime } }
+        Behavior on leftEar { Glide { duration: Theme.phaseTime } }
+        Behavior on rest { Glide { duration: Theme.phaseTime } }
     }
 }

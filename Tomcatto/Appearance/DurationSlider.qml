@@ -18,8 +18,8 @@ Item {
     readonly property var colours: Theme.phase(phase)
     readonly property real thumbX: width * positionOf(value)
 
-    /// The user moved it; `value` is set already.
-    signal moved
+    /// The user wants another value, which is the caller's to set.
+    signal moved(int wanted)
 
     /// 0 to 1 from the left.
     function positionOf(minutes: int): real {
@@ -34,10 +34,8 @@ Item {
 
     function change(minutes: int) {
         const bounded = Math.max(minimumValue, Math.min(maximumValue, minutes))
-        if (bounded !== value) {
-            value = bounded
-            moved()
-        }
+        if (bounded !== value)
+            moved(bounded)
     }
 
     function take(key: int): bool {

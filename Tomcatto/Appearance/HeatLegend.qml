@@ -5,14 +5,12 @@ import Tomcatto.Appearance
 Row {
     id: legend
 
-    property string lessText
-    property string moreText
     property real textScale: Theme.textScale
 
     spacing: 6
 
     ThemedText {
-        text: legend.lessText
+        text: Texts.text("stats.heatmap.less")
         role: "micro"
         textScale: legend.textScale
         color: Theme.ink2
@@ -36,7 +34,7 @@ Row {
         }
     }
     ThemedText {
-        text: legend.moreText
+        text: Texts.text("stats.heatmap.more")
         role: "micro"
         textScale: legend.textScale
         color: Theme.ink2

@@ -66,7 +66,7 @@ Item {
         Repeater {
             model: map.dayLabels
 
-            ThemedText {
+            QuietText {
                 required property string modelData
 
                 // A column leaves out children without a width; an unnamed day keeps its place.
@@ -77,14 +77,13 @@ Item {
                 textScale: map.textScale
                 color: Theme.ink2
                 wrapMode: Text.NoWrap
-                Accessible.ignored: true
             }
         }
     }
     Repeater {
         model: map.monthLabels
 
-        ThemedText {
+        QuietText {
             required property var modelData
 
             x: grid.x + modelData.column * (map.cellWidth + map.gap)
@@ -93,7 +92,6 @@ Item {
             textScale: map.textScale
             color: Theme.ink2
             wrapMode: Text.NoWrap
-            Accessible.ignored: true
         }
     }
     Item {

@@ -5,7 +5,6 @@ import Tomcatto.Appearance
 PressButton {
     id: control
 
-    property real symbolSize: 17
     property bool hasTooltip: true
     /// The tooltip: what a press does. The name where that says it already.
     property string help: text
@@ -13,6 +12,7 @@ PressButton {
     implicitWidth: 32
     implicitHeight: 32
     padding: 0
+    symbolSize: 17
     ink: enabled ? Theme.ink2 : Theme.disabled
     Accessible.description: help === text ? "" : help
 

@@ -6,7 +6,6 @@ Rectangle {
     id: cap
 
     property string text
-    property real textScale: Theme.textScale
 
     implicitWidth: Math.max(implicitHeight, label.implicitWidth + 14)
     implicitHeight: Math.max(26, label.implicitHeight + 8)
@@ -20,7 +19,6 @@ Rectangle {
         anchors.centerIn: parent
         text: cap.text
         role: "section"
-        textScale: cap.textScale
         wrapMode: Text.NoWrap
     }
 }

@@ -17,7 +17,6 @@ T.AbstractButton {
     property bool switchable: false
     property bool navigates: false
     property string value
-    property real textScale: Theme.textScale
     property bool showHover: hovered
     property bool showFocus: visualFocus
     readonly property bool interactive: switchable || navigates
@@ -95,6 +94,9 @@ T.AbstractButton {
         }
     }
 
+    Notice {
+        text: row.notice
+    }
     Item {
         anchors.fill: parent
 
@@ -130,7 +132,6 @@ T.AbstractButton {
                         width: parent.width
                         text: row.title
                         role: "rowTitle"
-                        textScale: row.textScale
                         color: row.enabled ? Theme.ink : Theme.disabled
                         Accessible.ignored: row.interactive
                     }
@@ -138,11 +139,7 @@ T.AbstractButton {
                         width: parent.width
                         visible: row.help.length > 0
                         text: row.help
-                        role: "caption"
                         isError: row.helpIsError
-                        textScale: row.textScale
-                        Accessible.role: Accessible.StaticText
-                        Accessible.name: row.help
                         Accessible.ignored: row.interactive
                     }
                 }
@@ -169,8 +166,7 @@ T.AbstractButton {
                         anchors.verticalCenter: parent.verticalCenter
                         visible: row.value.length > 0
                         text: row.value
-                        font: Theme.sizedFont(Math.round(13 * row.textScale), Font.Normal, 0)
-                        textScale: row.textScale
+                        font: Theme.sizedFont(Math.round(13 * Theme.textScale), Font.Normal, 0)
                         color: Theme.ink2
                         wrapMode: Text.NoWrap
                         Accessible.ignored: row.interactive
@@ -197,9 +193,6 @@ T.AbstractButton {
                 text: row.notice
                 role: "captionMedium"
                 isError: true
-                textScale: row.textScale
-                Accessible.role: Accessible.AlertMessage
-                Accessible.name: row.notice
             }
         }
     }

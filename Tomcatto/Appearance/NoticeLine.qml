@@ -8,30 +8,29 @@ Item {
     property string text
     property string role: "caption"
     property bool isError: false
-    property real textScale: Theme.textScale
     readonly property real textX: isError ? mark.width + 8 : 0
 
     implicitWidth: textX + Math.ceil(label.implicitWidth)
     implicitHeight: label.implicitHeight
+    Accessible.role: Accessible.StaticText
+    Accessible.name: text
 
     Symbol {
         id: mark
 
-        y: (Theme.lineHeight(line.role, line.textScale) - height) / 2
+        y: (Theme.lineHeight(line.role, Theme.textScale) - height) / 2
         visible: line.isError
         name: "exclamationmark.triangle"
-        size: Math.round(14 * line.textScale)
+        size: Math.round(14 * Theme.textScale)
         color: Theme.danger
     }
-    ThemedText {
+    QuietText {
         id: label
 
         x: line.textX
         width: line.width - line.textX
         text: line.text
         role: line.role
-        textScale: line.textScale
         color: line.isError ? Theme.danger : Theme.ink2
-        Accessible.ignored: true
     }
 }

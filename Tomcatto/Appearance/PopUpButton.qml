@@ -9,7 +9,6 @@ T.ComboBox {
     id: control
 
     property string name
-    property real textScale: Theme.textScale
     property bool showFocus: visualFocus
 
     // At the release, since that of an open list takes the choice.
@@ -38,7 +37,7 @@ T.ComboBox {
         down: control.enabled && control.down
         focused: control.showFocus
     }
-    ThemedText {
+    QuietText {
         id: label
 
         x: control.leftPadding
@@ -46,9 +45,7 @@ T.ComboBox {
         anchors.verticalCenter: parent.verticalCenter
         text: control.displayText
         role: "control"
-        textScale: control.textScale
         color: control.enabled ? Theme.ink : Theme.disabled
-        Accessible.ignored: true
     }
     indicator: Symbol {
         x: control.width - width - 12
@@ -71,13 +68,11 @@ T.ComboBox {
             radius: Theme.keyCapRadius
             color: choice.highlighted ? Theme.hover : "transparent"
         }
-        contentItem: ThemedText {
+        contentItem: QuietText {
             leftPadding: 10
             rightPadding: 28
             text: choice.text
             role: choice.chosen ? "section" : "control"
-            textScale: control.textScale
-            Accessible.ignored: true
         }
         Symbol {
             visible: choice.chosen

@@ -8,7 +8,15 @@ T.Button {
 
     /// Name of a symbol; empty for none.
     property string symbol
+    /// What is read; the symbol stands before it.
+    property string label: text
+    property string role: "control"
     property real textScale: Theme.textScale
+    property font labelFont: Theme.font(role, textScale)
+    property real symbolSize: Math.round(16 * textScale)
+    property real gap: 7
+    property string phase: "work"
+    readonly property var colours: Theme.phase(phase)
     property real radius: Theme.buttonRadius
     property color fill: "transparent"
     property color lineColor: "transparent"
@@ -35,6 +43,14 @@ T.Button {
     Keys.onReturnPressed: event => pressedByKey(event)
     Keys.onEnterPressed: event => pressedByKey(event)
 
+    contentItem: ButtonLabel {
+        symbol: control.symbol
+        text: control.label
+        color: control.ink
+        font: control.labelFont
+        symbolSize: control.symbolSize
+        gap: control.gap
+    }
     background: PressSurface {
         radius: control.radius
         color: control.fill

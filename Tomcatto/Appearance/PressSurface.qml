@@ -23,12 +23,7 @@ Rectangle {
         color: surface.hoverTint
         visible: opacity > 0
         opacity: surface.hovered && !surface.down ? 1 : 0
-        Behavior on opacity {
-            NumberAnimation {
-                duration: Theme.hoverTime
-                easing.type: Easing.OutCubic
-            }
-        }
+        Behavior on opacity { Glide { duration: Theme.hoverTime } }
     }
     Rectangle {
         anchors.fill: parent
@@ -37,12 +32,7 @@ Rectangle {
         color: surface.pressedTint
         visible: opacity > 0
         opacity: surface.down ? 1 : 0
-        Behavior on opacity {
-            NumberAnimation {
-                duration: Theme.pressTime
-                easing.type: Easing.OutCubic
-            }
-        }
+        Behavior on opacity { Glide { duration: Theme.pressTime } }
     }
     FocusRing {
         shown: surface.focused

@@ -46,7 +46,7 @@ Item {
             }
         }
     }
-    ThemedText {
+    QuietText {
         id: figure
 
         visible: markers.compact
@@ -54,6 +54,5 @@ Item {
         role: "primary"
         textScale: 1
         wrapMode: Text.NoWrap
-        Accessible.ignored: true
     }
 }

@@ -8,7 +8,6 @@ Rectangle {
 
     property string title
     property string subtitle
-    property real textScale: Theme.textScale
     readonly property real columnWidth: Math.min(648, width - 2 * Theme.pageMargin)
     /// Stands at the right end of the title.
     property alias header: trailing.data
@@ -73,14 +72,12 @@ Rectangle {
                 visible: text.length > 0
                 text: page.title
                 role: "pageTitle"
-                textScale: page.textScale
                 Accessible.role: Accessible.Heading
             }
             ThemedText {
                 width: parent.width
                 visible: text.length > 0
                 text: page.subtitle
-                textScale: page.textScale
                 color: Theme.ink2
             }
         }

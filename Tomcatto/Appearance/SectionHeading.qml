@@ -6,7 +6,6 @@ Item {
     id: heading
 
     property string text
-    property real textScale: Theme.textScale
     property real above: Theme.headingAbove
     default property alias trailing: row.data
 
@@ -21,7 +20,6 @@ Item {
         width: heading.width - row.width - 16
         text: heading.text
         role: "section"
-        textScale: heading.textScale
         color: Theme.ink2
         Accessible.role: Accessible.Heading
     }

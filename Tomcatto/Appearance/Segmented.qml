@@ -19,14 +19,12 @@ Item {
     readonly property list<real> widths: Array.from({length: labels.count}, (_, index) => (labels.itemAt(index) as Segment)?.naturalWidth ?? 0)
     property bool byKey: false
 
-    /// The user chose another segment; `currentIndex` is set already.
+    /// The user wants another segment, which is the caller's to set.
     signal activated(int index)
 
     function choose(index: int) {
-        if (index < 0 || index >= texts.length || index === currentIndex)
-            return
-        currentIndex = index
-        activated(index)
+        if (index >= 0 && index < texts.length && index !== currentIndex)
+            activated(index)
     }
 
     function segmentWidth(index: int): real {
@@ -95,12 +93,7 @@ Item {
         color: Theme.raised
         border.color: Theme.line
 
-        Behavior on x {
-            NumberAnimation {
-                duration: Theme.switchTime
-                easing.type: Easing.OutCubic
-            }
-        }
+        Behavior on x { Glide { duration: Theme.switchTime } }
     }
 
     Repeater {

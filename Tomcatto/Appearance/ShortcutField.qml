@@ -25,7 +25,6 @@ ListRow {
     ThemedText {
         visible: !row.recording && row.keys.length === 0
         text: row.notSetText
-        textScale: row.textScale
         color: Theme.ink2
         wrapMode: Text.NoWrap
     }
@@ -40,14 +39,12 @@ ListRow {
                 required property string modelData
 
                 text: modelData
-                textScale: row.textScale
             }
         }
     }
     PushButton {
         visible: !row.recording
         text: row.keys.length > 0 ? row.changeText : row.recordText
-        textScale: row.textScale
         Accessible.description: row.title
         onClicked: row.changeRequested()
     }
@@ -81,14 +78,12 @@ ListRow {
                 anchors.verticalCenter: parent.verticalCenter
                 text: row.pressText
                 role: "control"
-                textScale: row.textScale
                 wrapMode: Text.NoWrap
             }
             ThemedText {
                 anchors.verticalCenter: parent.verticalCenter
                 text: row.cancelText
                 role: "caption"
-                textScale: row.textScale
                 color: Theme.ink2
                 wrapMode: Text.NoWrap
             }

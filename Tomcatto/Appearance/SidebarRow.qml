@@ -18,6 +18,8 @@ PressButton {
     Accessible.checkable: true
     Accessible.checked: selected
 
+    contentItem: null
+
     Item {
         anchors.fill: parent
         anchors.leftMargin: control.leftPadding
@@ -30,7 +32,7 @@ PressButton {
             size: 18
             color: control.ink
         }
-        ThemedText {
+        QuietText {
             id: label
 
             visible: !control.compact
@@ -39,9 +41,7 @@ PressButton {
             anchors.verticalCenter: parent.verticalCenter
             text: control.text
             role: control.selected ? "bodyStrong" : "rowTitle"
-            textScale: control.textScale
             color: control.ink
-            Accessible.ignored: true
         }
     }
 

@@ -13,9 +13,6 @@ Item {
     /// The value as the caller writes it, for example "25 min".
     property string text: value
     property string name
-    property string decreaseName
-    property string increaseName
-    property real textScale: Theme.textScale
     property bool showFocus: activeFocus && byKey
     property bool byKey: false
     property string typed
@@ -23,15 +20,13 @@ Item {
     readonly property int minimumValue: from
     readonly property int maximumValue: to
 
-    /// The user changed the value; `value` is set already.
-    signal modified
+    /// The user wants another value, which is the caller's to set.
+    signal modified(int wanted)
 
     function change(wanted: int) {
         const bounded = Math.max(from, Math.min(to, wanted))
-        if (bounded !== value) {
-            value = bounded
-            modified()
-        }
+        if (bounded !== value)
+            modified(bounded)
     }
 
     function takeTyped() {
@@ -86,7 +81,7 @@ Item {
     }
 
     implicitWidth: 64 + Math.max(64, Math.ceil(label.implicitWidth) + 16)
-    implicitHeight: Math.max(32, Theme.lineHeight("section", textScale) + 14)
+    implicitHeight: Math.max(32, Theme.lineHeight("section", Theme.textScale) + 14)
     activeFocusOnTab: true
     Accessible.role: Accessible.SpinBox
     Accessible.name: name
@@ -135,22 +130,20 @@ Item {
         shown: control.showFocus
         parentRadius: Theme.buttonRadius
     }
-    ThemedText {
+    QuietText {
         id: label
 
         anchors.centerIn: parent
         text: control.typed.length > 0 ? control.typed : control.text
         role: "section"
-        textScale: control.textScale
         wrapMode: Text.NoWrap
         color: control.enabled ? Theme.ink : Theme.disabled
-        Accessible.ignored: true
     }
 
     StepperButton {
         height: control.height
         symbol: "minus"
-        text: control.decreaseName
+        text: Texts.format("window.timer.stepper.less", control.name)
         available: control.value > control.from
         onStepped: control.change(control.value - control.stepSize)
     }
@@ -158,7 +151,7 @@ Item {
         x: control.width - width
         height: control.height
         symbol: "plus"
-        text: control.increaseName
+        text: Texts.format("window.timer.stepper.more", control.name)
         available: control.value < control.to
         onStepped: control.change(control.value + control.stepSize)
     }

@@ -17,17 +17,12 @@ PressButton {
     leftPadding: symbolOnly ? 0 : 11
     rightPadding: leftPadding
     textScale: 1
+    label: symbolOnly ? "" : text
+    role: "chip"
+    symbolSize: 15
+    gap: 6
     ink: "#FFFFFF"
     hoverTint: Qt.rgba(1, 1, 1, 0.12)
     pressedTint: Qt.rgba(1, 1, 1, 0.2)
     focusColor: "#F5F5F7"
-
-    contentItem: ButtonLabel {
-        symbol: control.symbol
-        symbolSize: 15
-        gap: 6
-        text: control.symbolOnly ? "" : control.text
-        font: Theme.font("chip", 1)
-        color: control.ink
-    }
 }

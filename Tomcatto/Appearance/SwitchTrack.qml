@@ -17,12 +17,7 @@ Rectangle {
     border.color: Theme.trackEdge
     border.width: Theme.highContrast ? 1 : 0
 
-    Behavior on color {
-        ColorAnimation {
-            duration: Theme.switchTime
-            easing.type: Easing.OutCubic
-        }
-    }
+    Behavior on color { Tint { duration: Theme.switchTime } }
 
     Rectangle {
         x: track.checked ? track.width - width - 3 : 3
@@ -32,12 +27,7 @@ Rectangle {
         radius: 9
         color: !Theme.dark ? "#FFFFFF" : track.checked ? "#221B18" : "#F5F5F7"
 
-        Behavior on x {
-            NumberAnimation {
-                duration: Theme.switchTime
-                easing.type: Easing.OutCubic
-            }
-        }
+        Behavior on x { Glide { duration: Theme.switchTime } }
     }
     FocusRing {
         shown: track.focused

@@ -41,6 +41,8 @@ QString Texts::format(const QString &key, const QString &value) const
 
 QString Texts::call(const QString &method, const QJSValueList &arguments) const
 {
+    if (m_strings.isNull())
+        return arguments.first().toString();
     // Read as a script reads it, which makes the binding that is evaluated now follow it.
     static_cast<void>(m_strings.property(QStringLiteral("revision")));
     return m_strings.property(method).callWithInstance(m_strings, arguments).toString();

@@ -25,6 +25,7 @@ public:
     /// Called by the QML engine.
     static Texts *create(QQmlEngine *engine, QJSEngine *);
 
+    /// The key itself where no texts are installed.
     Q_INVOKABLE QString text(const QString &key) const;
     /// The text with a value in the place of its placeholder.
     Q_INVOKABLE QString format(const QString &key, const QString &value) const;

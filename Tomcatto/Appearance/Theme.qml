@@ -103,17 +103,12 @@ QtObject {
 
     // Role: size, line height, weight, letter spacing; all in pixels at scale 1.
     readonly property var typeRoles: ({
-            "overlayTime": [46, 56, Font.DemiBold, 0],
             "dialTime": [50, 58, Font.DemiBold, -1],
             "dialTimeLong": [44, 58, Font.DemiBold, -1],
-            "overlayTitle": [34, 42, Font.DemiBold, -0.4],
-            "figure": [26, 32, Font.DemiBold, -0.4],
             "figureSmall": [20, 24, Font.DemiBold, -0.2],
-            "figureUnit": [14, 32, Font.Medium, 0],
             "figureUnitSmall": [12, 24, Font.Medium, 0],
             "onboardingTitle": [26, 32, Font.Bold, -0.4],
             "pageTitle": [24, 30, Font.Bold, -0.4],
-            "overlayText": [18, 26, Font.Normal, 0],
             "primary": [15, 20, Font.DemiBold, 0],
             "body": [14, 20, Font.Normal, 0],
             "rowTitle": [14, 20, Font.Medium, 0],
@@ -149,13 +144,11 @@ QtObject {
     }
 
     // Measures.
-    readonly property int panelMargin: 16
     readonly property int pageMargin: 32
     readonly property int cardPadding: 16
     readonly property int cardGap: 16
     readonly property int headingAbove: 20
     readonly property int headingBelow: 8
-    readonly property int minimumHit: 32
     readonly property int keyCapRadius: 7
     readonly property int tooltipRadius: 8
     readonly property int buttonRadius: 9

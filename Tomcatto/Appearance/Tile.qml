@@ -6,12 +6,8 @@ import Tomcatto.Appearance
 PressButton {
     id: control
 
-    property string phase: "overtime"
     /// The action that is asked for now, in the colours of the phase.
     property bool wanted: false
-    readonly property var colours: Theme.phase(phase)
-    readonly property real gap: 7
-    readonly property real symbolSize: 16
     readonly property real plainRoom: availableWidth
     readonly property real symbolRoom: symbol.length > 0 ? plainRoom - symbolSize - gap : plainRoom
     readonly property int weight: wanted ? Font.DemiBold : Font.Medium
@@ -21,6 +17,8 @@ PressButton {
 
     implicitWidth: Math.ceil(width13.advanceWidth) + (symbol.length > 0 ? symbolSize + gap : 0) + 24
     implicitHeight: 40
+    phase: "overtime"
+    symbolSize: 16
     leftPadding: 8
     rightPadding: 8
     radius: Theme.tileRadius

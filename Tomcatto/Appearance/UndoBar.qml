@@ -6,9 +6,7 @@ Rectangle {
     id: bar
 
     property string text
-    property string actionText
     property bool open: false
-    property real textScale: Theme.textScale
 
     signal undone
     /// The time ran out: what was done stays done.
@@ -22,15 +20,8 @@ Rectangle {
     radius: Theme.cardRadius
     color: Theme.dark ? Theme.raised : Theme.card
     border.color: Theme.controlLine
-    Accessible.role: Accessible.AlertMessage
-    Accessible.name: text
 
-    Behavior on opacity {
-        NumberAnimation {
-            duration: Theme.hoverTime
-            easing.type: Easing.OutCubic
-        }
-    }
+    Behavior on opacity { Glide { duration: Theme.hoverTime } }
 
     Timer {
         interval: Theme.undoTime
@@ -51,8 +42,9 @@ Rectangle {
         anchors.verticalCenter: parent.verticalCenter
         text: bar.text
         role: "control"
-        textScale: bar.textScale
-        Accessible.ignored: true
+    }
+    Notice {
+        text: bar.open ? bar.text : ""
     }
     TextButton {
         id: action
@@ -60,8 +52,7 @@ Rectangle {
         anchors.right: parent.right
         anchors.rightMargin: 8
         anchors.verticalCenter: parent.verticalCenter
-        text: bar.actionText
-        textScale: bar.textScale
+        text: Texts.text("window.videos.undo")
         onClicked: {
             bar.open = false
             bar.undone()

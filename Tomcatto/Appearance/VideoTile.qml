@@ -1,10 +1,9 @@
 import QtQuick
-import QtQuick.Templates as T
 import Tomcatto.Appearance
 
 /// One video with its still. Pressing it ticks it, or starts its download; what that means is the caller's. The
 /// thumbnail's corners are rounded in the picture itself.
-T.AbstractButton {
+PressButton {
     id: tile
 
     property url thumbnail
@@ -18,39 +17,27 @@ T.AbstractButton {
     /// On the chip of a missing video.
     property string sizeText
     property string previewText
-    property string deleteText
     property bool deletable: false
-    property real textScale: Theme.textScale
     property bool showActions: hover.hovered || showFocus || preview.visualFocus || remove.visualFocus
-    property bool showFocus: visualFocus
     readonly property bool present: status === "active" || status === "resting"
     readonly property color shade: Qt.rgba(0x22 / 255, 0x1B / 255, 0x18 / 255, 0.8)
 
     signal previewRequested
     signal deleteRequested
 
-    function pressedByKey(event: KeyEvent) {
-        event.accepted = true
-        if (!event.isAutoRepeat)
-            clicked()
-    }
-
+    background: null
+    contentItem: null
     implicitWidth: 205
     implicitHeight: 115 + 8 + texts.implicitHeight
     text: title
-    hoverEnabled: true
     // Only says what the status is; the one who set it decides whether it changes.
     checkable: present
     checked: status === "active"
     onToggled: checked = Qt.binding(() => status === "active")
-    focusPolicy: Qt.StrongFocus
     Accessible.role: present ? Accessible.CheckBox : Accessible.Button
-    Accessible.name: title
     Accessible.description: caption
     Accessible.checkable: present
     Accessible.checked: checked
-    Keys.onReturnPressed: event => pressedByKey(event)
-    Keys.onEnterPressed: event => pressedByKey(event)
     Keys.onDeletePressed: if (deletable) deleteRequested()
 
     HoverHandler {
@@ -154,13 +141,12 @@ T.AbstractButton {
                     color: "#FFB780"
                     track: Qt.rgba(1, 1, 1, 0.35)
                 }
-                ThemedText {
+                QuietText {
                     anchors.horizontalCenter: parent.horizontalCenter
                     text: tile.progressText
                     role: "chip"
                     textScale: 1
                     color: "#FFFFFF"
-                    Accessible.ignored: true
                 }
             }
             StillButton {
@@ -184,7 +170,7 @@ T.AbstractButton {
                 visible: tile.showActions && tile.deletable
                 symbolOnly: true
                 symbol: "trash"
-                text: tile.deleteText
+                text: Texts.text("window.videos.delete")
                 fill: tile.shade
                 onClicked: tile.deleteRequested()
             }
@@ -195,25 +181,21 @@ T.AbstractButton {
             y: still.height + 8
             width: parent.width
 
-            ThemedText {
+            QuietText {
                 width: parent.width
                 text: tile.title
                 role: "control"
-                textScale: tile.textScale
                 // A file name: its end tells as much as its beginning.
                 elide: Text.ElideMiddle
                 // Above its caption, whichever way the name is written.
                 horizontalAlignment: Text.AlignLeft
                 wrapMode: Text.NoWrap
-                Accessible.ignored: true
             }
-            ThemedText {
+            QuietText {
                 width: parent.width
                 text: tile.caption
                 role: "caption"
-                textScale: tile.textScale
                 color: Theme.ink2
-                Accessible.ignored: true
             }
         }
     }

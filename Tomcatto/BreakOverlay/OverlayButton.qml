@@ -9,8 +9,6 @@ PressButton {
     required property real unit
     property bool isGuarded: false
     property bool showsText: true
-    property real symbolSize: 24
-    property real textSize: 18
     property string help
 
     implicitHeight: Math.max(44, Math.round(56 * unit))
@@ -21,18 +19,13 @@ PressButton {
     fill: OverlayStyle.plate(0.8)
     lineColor: OverlayStyle.line
     ink: OverlayStyle.ink
+    label: showsText ? text : ""
+    labelFont: OverlayStyle.font(18 * unit, Font.DemiBold)
+    symbolSize: Math.round(24 * unit)
+    gap: Math.round(12 * unit)
     hoverTint: OverlayStyle.hover
     pressedTint: OverlayStyle.pressed
     focusColor: OverlayStyle.ink
     focusPolicy: isGuarded ? Qt.NoFocus : Qt.StrongFocus
     Accessible.description: help
-
-    contentItem: ButtonLabel {
-        symbol: button.symbol
-        text: button.showsText ? button.text : ""
-        color: button.ink
-        symbolSize: Math.round(button.symbolSize * button.unit)
-        gap: Math.round(12 * button.unit)
-        font: OverlayStyle.font(button.textSize * button.unit, Font.DemiBold)
-    }
 }

@@ -11,5 +11,5 @@ OverlayButton {
     hoverTint: Qt.rgba(1, 1, 1, 0.22)
     pressedTint: Qt.rgba(0, 0, 0, 0.12)
     symbol: "play.fill"
-    symbolSize: 20
+    symbolSize: Math.round(20 * unit)
 }

@@ -59,8 +59,6 @@ Item {
             visible: row.help.length > 0
             text: row.help
             isError: row.helpIsError
-            Accessible.role: Accessible.StaticText
-            Accessible.name: row.help
         }
     }
     Row {

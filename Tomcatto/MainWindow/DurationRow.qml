@@ -8,8 +8,6 @@ ControlRow {
 
     property int minutes: 1
     property string valueText
-    property string lessText
-    property string moreText
     /// As wide as the text of this row needs, and as wide as the row is told, so that rows stand in line.
     readonly property real naturalStepperWidth: 64 + Math.max(Math.round(66 * Theme.textScale), textMetrics.advanceWidth + 20)
     property real stepperWidth: 0
@@ -31,10 +29,7 @@ ControlRow {
         phase: row.dot
         name: row.title
         valueText: row.valueText
-        onMoved: {
-            row.chosen(value)
-            value = Qt.binding(() => row.minutes)
-        }
+        onMoved: wanted => row.chosen(wanted)
     }
     Item {
         width: 8
@@ -50,12 +45,7 @@ ControlRow {
         value: row.minutes
         text: row.valueText
         name: row.title
-        decreaseName: row.lessText
-        increaseName: row.moreText
-        onModified: {
-            row.chosen(value)
-            value = Qt.binding(() => row.minutes)
-        }
+        onModified: wanted => row.chosen(wanted)
 
         TextMetrics {
             id: textMetrics

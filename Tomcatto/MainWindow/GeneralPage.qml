@@ -35,10 +35,7 @@ ScrollPage {
                 texts: page.viewModel.menuBarStyles
                 currentIndex: page.viewModel.menuBarStyle
                 name: styleRow.title
-                onActivated: index => {
-                    page.viewModel.chooseMenuBarStyle(index)
-                    currentIndex = Qt.binding(() => page.viewModel.menuBarStyle)
-                }
+                onActivated: index => page.viewModel.chooseMenuBarStyle(index)
             }
         }
         ListRow {
@@ -61,10 +58,7 @@ ScrollPage {
                 texts: page.viewModel.themes
                 currentIndex: page.viewModel.theme
                 name: themeRow.title
-                onActivated: index => {
-                    page.viewModel.chooseTheme(index)
-                    currentIndex = Qt.binding(() => page.viewModel.theme)
-                }
+                onActivated: index => page.viewModel.chooseTheme(index)
             }
         }
         ControlRow {

@@ -12,8 +12,9 @@ Window {
 
     width: 920
     height: 820
-    minimumWidth: 720
-    minimumHeight: 520
+    // A Wayland compositor that tiles windows cuts what would not shrink to their tile.
+    minimumWidth: Qt.platform.pluginName.startsWith("wayland") ? 420 : 720
+    minimumHeight: Qt.platform.pluginName.startsWith("wayland") ? 320 : 520
     title: Texts.text("window.title")
     color: Theme.paper
 

@@ -13,9 +13,7 @@ Item {
     OnboardingHeading {
         id: heading
 
-        x: 40
         y: 43
-        width: step.width - 80
         title: Texts.text("onboarding.alerts.title")
         text: Texts.text("onboarding.alerts.body")
     }

@@ -8,6 +8,8 @@ Column {
     required property string title
     required property string text
 
+    x: 40
+    width: parent.width - 2 * x
     spacing: 8
 
     ThemedText {

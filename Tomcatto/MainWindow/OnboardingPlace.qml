@@ -143,9 +143,7 @@ Item {
     OnboardingHeading {
         id: heading
 
-        x: 40
         y: 294
-        width: step.width - 80
         title: Texts.text(step.viewModel.showsPill ? "onboarding.place.title" : "onboarding.place.title_tray")
         text: Texts.text(step.viewModel.showsPill ? "onboarding.place.body" : "onboarding.place.body_tray")
     }

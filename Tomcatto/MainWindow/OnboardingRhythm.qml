@@ -15,9 +15,7 @@ Item {
     OnboardingHeading {
         id: heading
 
-        x: 40
         y: 43
-        width: step.width - 80
         title: Texts.text("onboarding.rhythm.title")
         text: Texts.text("onboarding.rhythm.body")
     }

@@ -32,9 +32,7 @@ Item {
     OnboardingHeading {
         id: heading
 
-        x: 40
         y: 313
-        width: step.width - 80
         title: Texts.text("onboarding.welcome.title")
         text: Texts.text("onboarding.welcome.body")
     }

@@ -43,12 +43,11 @@ ScrollPage {
                         size: 16
                         color: Theme.longBreak.text
                     }
-                    ThemedText {
+                    QuietText {
                         text: line.permission.state ?? ""
                         font: Theme.sizedFont(Math.round(13 * Theme.textScale), Font.Normal, 0)
                         color: line.permission.isGood ? Theme.longBreak.text : Theme.ink2
                         wrapMode: Text.NoWrap
-                        Accessible.ignored: true
                     }
                 }
                 PushButton {

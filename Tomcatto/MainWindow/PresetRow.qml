@@ -1,36 +1,19 @@
 import QtQuick
 import Tomcatto.Appearance
 
-/// One rhythm to choose, with its set drawn to scale. Its text is the spoken name.
-PressButton {
+/// One rhythm to choose, with its set drawn to scale.
+PresetChoice {
     id: row
 
-    property string title
-    property string help
     property string durations
     property var segments: []
-    property bool selected: false
     /// As wide as this row's figure is, and as wide as that of the widest row, so that all rows look alike.
     readonly property alias naturalFigureWidth: figure.implicitWidth
     property real figureWidth: naturalFigureWidth
     readonly property bool hasRoom: width - 56 - figureWidth - 40 - 198 > 150 * Theme.textScale
 
     implicitHeight: Math.max(69, texts.implicitHeight + 24)
-    radius: Theme.cardRadius
-    fill: selected ? Theme.work.wash : Theme.card
-    lineColor: selected ? "transparent" : Theme.line
-    Accessible.checkable: true
-    Accessible.checked: selected
-    Accessible.description: help
 
-    Rectangle {
-        anchors.fill: parent
-        visible: row.selected
-        radius: row.radius
-        color: "transparent"
-        border.width: 2
-        border.color: Theme.work.solid
-    }
     Rectangle {
         x: 20
         anchors.verticalCenter: parent.verticalCenter
@@ -57,18 +40,16 @@ PressButton {
         anchors.verticalCenter: parent.verticalCenter
         width: (bar.visible ? bar.x : figure.x) - x - 12
 
-        ThemedText {
+        QuietText {
             width: parent.width
             text: row.title
             role: "bodyStrong"
-            Accessible.ignored: true
         }
-        ThemedText {
+        QuietText {
             width: parent.width
             text: row.help
             role: "caption"
             color: Theme.ink2
-            Accessible.ignored: true
         }
     }
     SetBar {
@@ -82,7 +63,7 @@ PressButton {
         height: 9
         segments: row.segments
     }
-    ThemedText {
+    QuietText {
         id: figure
 
         x: row.width - width - 20
@@ -90,6 +71,5 @@ PressButton {
         text: row.durations
         color: Theme.ink2
         wrapMode: Text.NoWrap
-        Accessible.ignored: true
     }
 }

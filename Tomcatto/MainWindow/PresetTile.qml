@@ -3,34 +3,17 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tomcatto.Appearance
 
-/// One preset of the timer page, or the mix of one's own. Its text is the spoken name.
-PressButton {
+/// One preset of the timer page, or the mix of one's own.
+PresetChoice {
     id: tile
 
-    property string title
-    property string help
     /// Minutes of focus, short and long break; empty: the help stands in their place.
     property var durations: []
-    property bool selected: false
     readonly property int inset: 14
 
     implicitHeight: Math.max(76, inset + texts.implicitHeight + inset)
     implicitWidth: Math.max(titleText.implicitWidth + 24, figures.implicitWidth) + 2 * inset
-    radius: Theme.cardRadius
-    fill: selected ? Theme.work.wash : Theme.card
-    lineColor: selected ? "transparent" : Theme.line
-    Accessible.checkable: true
-    Accessible.checked: selected
-    Accessible.description: help
 
-    Rectangle {
-        anchors.fill: parent
-        visible: tile.selected
-        radius: tile.radius
-        color: "transparent"
-        border.width: 2
-        border.color: Theme.work.solid
-    }
     Rectangle {
         anchors.right: parent.right
         anchors.top: parent.top
@@ -56,13 +39,12 @@ PressButton {
         width: tile.width - 2 * tile.inset
         spacing: 8
 
-        ThemedText {
+        QuietText {
             id: titleText
 
             width: Math.min(implicitWidth, parent.width - 24)
             text: tile.title
             role: "bodyStrong"
-            Accessible.ignored: true
         }
         Row {
             id: figures
@@ -86,22 +68,20 @@ PressButton {
                         radius: 4
                         color: Theme.phase(parent.modelData).solid
                     }
-                    ThemedText {
+                    QuietText {
                         text: tile.durations[parent.index] ?? ""
                         color: Theme.ink2
                         wrapMode: Text.NoWrap
-                        Accessible.ignored: true
                     }
                 }
             }
         }
-        ThemedText {
+        QuietText {
             visible: tile.durations.length === 0
             width: parent.width
             text: tile.help
             font: Theme.sizedFont(Math.round(13 * Theme.textScale), Font.Normal, 0)
             color: Theme.ink2
-            Accessible.ignored: true
         }
     }
     ToolTip {

@@ -73,7 +73,7 @@ ScrollPage {
             Accessible.role: Accessible.StaticText
             Accessible.name: Texts.format("window.timer.set.accessibility", page.viewModel.setText)
 
-            ThemedText {
+            QuietText {
                 x: Theme.cardPadding
                 y: 14
                 width: parent.width - 2 * Theme.cardPadding - total.implicitWidth - 16
@@ -81,9 +81,8 @@ ScrollPage {
                 role: "section"
                 color: Theme.ink2
                 wrapMode: Text.NoWrap
-                Accessible.ignored: true
             }
-            ThemedText {
+            QuietText {
                 id: total
 
                 x: parent.width - width - Theme.cardPadding
@@ -92,7 +91,6 @@ ScrollPage {
                 role: "control"
                 color: Theme.ink2
                 wrapMode: Text.NoWrap
-                Accessible.ignored: true
             }
             SetBar {
                 x: Theme.cardPadding
@@ -115,8 +113,6 @@ ScrollPage {
                 minutes: duration.minutes ?? 1
                 valueText: duration.text ?? ""
                 stepperWidth: page.stepperWidth
-                lessText: Texts.format("window.timer.stepper.less", title)
-                moreText: Texts.format("window.timer.stepper.more", title)
                 onChosen: minutes => page.viewModel.setMinutes(duration.id, minutes)
             }
         }
@@ -158,12 +154,7 @@ ScrollPage {
                 to: 12
                 value: page.viewModel.rounds
                 name: Texts.text("window.timer.rounds.title")
-                decreaseName: Texts.format("window.timer.stepper.less", name)
-                increaseName: Texts.format("window.timer.stepper.more", name)
-                onModified: {
-                    page.viewModel.setRounds(value)
-                    value = Qt.binding(() => page.viewModel.rounds)
-                }
+                onModified: wanted => page.viewModel.setRounds(wanted)
             }
         }
         ControlRow {
@@ -177,12 +168,7 @@ ScrollPage {
                 to: 24
                 value: page.viewModel.goal
                 name: Texts.text("window.timer.goal.title")
-                decreaseName: Texts.format("window.timer.stepper.less", name)
-                increaseName: Texts.format("window.timer.stepper.more", name)
-                onModified: {
-                    page.viewModel.setGoal(value)
-                    value = Qt.binding(() => page.viewModel.goal)
-                }
+                onModified: wanted => page.viewModel.setGoal(wanted)
             }
         }
     }

@@ -85,7 +85,6 @@ Item {
                             caption: place.caption
                             status: place.status
                             previewText: present ? Texts.text("window.videos.preview") : ""
-                            deleteText: Texts.text("window.videos.delete")
                             deletable: true
                             onClicked: root.viewModel.toggle(place.videoId)
                             onPreviewRequested: root.viewModel.preview(place.videoId)
@@ -129,9 +128,10 @@ Item {
                 width: parent.width
                 isError: true
                 text: root.viewModel.error
-                Accessible.role: Accessible.AlertMessage
-                Accessible.name: text
                 onTextChanged: if (text.length > 0) showProblem.restart()
+            }
+            Notice {
+                text: problem.text
             }
             Timer {
                 id: showProblem
@@ -199,7 +199,6 @@ Item {
         anchors.bottom: parent.bottom
         anchors.bottomMargin: 20
         width: Math.min(implicitWidth, page.columnWidth)
-        actionText: Texts.text("window.videos.undo")
         onUndone: root.viewModel.undoRemoval()
         onExpired: root.viewModel.forgetRemoval()
     }

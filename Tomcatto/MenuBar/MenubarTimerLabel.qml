@@ -58,7 +58,7 @@ Dial {
             size: label.viewModel.phase.isPaused ? 11 : 14
             color: phaseName.color
         }
-        ThemedText {
+        QuietText {
             id: phaseName
 
             width: Math.min(Math.ceil(fullName.advanceWidth) + 1, label.nameRoom - (label.showsSymbol ? label.symbolRoom : 0))
@@ -70,7 +70,6 @@ Dial {
             textScale: 1
             color: label.viewModel.phase.isPaused ? Theme.ink2 : label.colours.text
             wrapMode: Text.NoWrap
-            Accessible.ignored: true
         }
     }
     TickingText {

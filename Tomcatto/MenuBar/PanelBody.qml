@@ -24,12 +24,7 @@ Item {
                 position: 0
                 color: body.colours.wash
 
-                Behavior on color {
-                    ColorAnimation {
-                        duration: Theme.phaseTime
-                        easing.type: Easing.OutCubic
-                    }
-                }
+                Behavior on color { Tint { duration: Theme.phaseTime } }
             }
             GradientStop {
                 position: 190 / 460

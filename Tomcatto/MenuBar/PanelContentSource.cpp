@@ -174,7 +174,11 @@ QString PanelContentSource::headline() const
     const Date end = wallClock.now() + Seconds(static_cast<double>(m_dependencies.timer.remainingSeconds()));
     const Calendar calendar = wallClock.calendar();
     const QTime time = toDateTime(end).toTimeZone(calendar.timeZone).time();
-    return strings.format(QStringLiteral("menubar.header.until"), strings.locale().toString(time, calendar.timeFormat));
+    // Words such as the German "Uhr" go with a day of 24 hours only.
+    const bool isHalved = calendar.timeFormat.contains(u'a', Qt::CaseInsensitive);
+    return strings.format(isHalved ? QStringLiteral("menubar.header.until_am_pm")
+                                   : QStringLiteral("menubar.header.until"),
+                          strings.locale().toString(time, calendar.timeFormat));
 }
 
 QString PanelContentSource::caption() const

@@ -52,7 +52,7 @@ Rectangle {
             }
         }
     }
-    ThemedText {
+    QuietText {
         x: 13
         y: 36
         width: parent.width - 20
@@ -60,6 +60,5 @@ Rectangle {
         role: "micro"
         textScale: 1
         color: Theme.ink2
-        Accessible.ignored: true
     }
 }

@@ -32,7 +32,7 @@ Item {
             width: parent.width
             height: 22
         }
-        ThemedText {
+        QuietText {
             y: 48
             width: parent.width
             text: column.label
@@ -40,7 +40,6 @@ Item {
             textScale: 1
             color: Theme.ink2
             horizontalAlignment: Text.AlignHCenter
-            Accessible.ignored: true
         }
         HoverHandler {
             id: hover
@@ -101,14 +100,13 @@ Item {
                 lineHeight: 22
                 name: ""
             }
-            ThemedText {
+            QuietText {
                 height: 22
                 text: strip.viewModel.strip.goalRest
                 font: Theme.sizedFont(15, Font.Normal, 0)
                 lineHeight: 22
                 color: Theme.ink2
                 wrapMode: Text.NoWrap
-                Accessible.ignored: true
             }
         }
     }

@@ -69,23 +69,30 @@ Item {
             }
         }
     }
-    Rectangle {
+    component Box: Rectangle {
+        property alias title: heading.text
+
         x: 16
-        y: 166
         width: view.width - 32
-        height: 172
         radius: Theme.cardRadius
         color: Theme.card
         border.color: Theme.line
 
         ThemedText {
+            id: heading
+
             x: 15
             y: 12
-            text: view.statistics.chartTitle
             role: "section"
             textScale: 1
             color: Theme.ink2
         }
+    }
+    Box {
+        y: 166
+        height: 172
+        title: view.statistics.chartTitle
+
         BarChart {
             x: 15
             y: 36
@@ -108,29 +115,15 @@ Item {
             text: view.statistics.emptyHelp
         }
     }
-    Rectangle {
-        x: 16
+    Box {
         y: 350
-        width: view.width - 32
         height: 194
-        radius: Theme.cardRadius
-        color: Theme.card
-        border.color: Theme.line
+        title: view.statistics.heatTitle
 
-        ThemedText {
-            x: 15
-            y: 12
-            text: view.statistics.heatTitle
-            role: "section"
-            textScale: 1
-            color: Theme.ink2
-        }
         HeatLegend {
             x: parent.width - width - 15
             y: 14
             textScale: 1
-            lessText: Texts.text("stats.heatmap.less")
-            moreText: Texts.text("stats.heatmap.more")
         }
         HeatMap {
             x: 15

@@ -1,4 +1,5 @@
 #include "Appearance/AppearanceSettings.h"
+#include "Qml/ShippedTexts.h"
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QDir>
@@ -28,6 +29,8 @@ bool grab(const QString &page, bool dark, const Wishes &wishes, const QDir &fold
     settings.setTextScale(wishes.textScale);
     settings.setHighContrast(wishes.highContrast);
     settings.install(engine);
+    tomcatto::ShippedTexts texts;
+    texts.qmlEngineAvailable(&engine);
     QQuickView view(&engine, nullptr);
     view.setSource(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Tomcatto/Gallery/%1.qml").arg(page)));
     if (view.status() != QQuickView::Ready) {
@@ -75,6 +78,8 @@ int main(int argc, char **argv)
     settings.setTextScale(wishes.textScale);
     settings.setHighContrast(wishes.highContrast);
     settings.install(engine);
+    tomcatto::ShippedTexts texts;
+    texts.qmlEngineAvailable(&engine);
     QQuickView view(&engine, nullptr);
     const QString page = parser.positionalArguments().value(0, QString::fromLatin1(pages[0]));
     view.setSource(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Tomcatto/Gallery/%1.qml").arg(page)));

@@ -113,7 +113,7 @@ Rectangle {
                     return Array.from(levels, (level, index) => ({level: level, name: "day", tip: "5 phases", today: index === 36}))
                 }
             }
-            HeatLegend { lessText: "Less"; moreText: "More" }
+            HeatLegend {}
         }
     }
     GalleryPlate {

@@ -68,7 +68,7 @@ Rectangle {
         Grid {
             columns: 3
             spacing: 16
-            VideoTile { title: "Rain on the sill"; caption: "0:16, plays on breaks"; status: "active"; showActions: true; previewText: "Preview"; deletable: true; deleteText: "Delete"; thumbnail: gallery.still }
+            VideoTile { title: "Rain on the sill"; caption: "0:16, plays on breaks"; status: "active"; showActions: true; previewText: "Preview"; deletable: true; thumbnail: gallery.still }
             VideoTile { title: "Moving day"; caption: "Added 3 Nov, resting"; thumbnail: gallery.still }
             AddTile { text: "Add a video"; hint: "or drop it here" }
             VideoTile { title: "Box and butterfly"; caption: "Downloading, 2.2 of 3.6 MB"; status: "downloading"; progress: 0.62; progressText: "62 %"; thumbnail: gallery.still }
@@ -76,7 +76,7 @@ Rectangle {
             VideoTile { title: "First snow"; caption: "0:16, plays on breaks"; status: "active"; showFocus: true; thumbnail: gallery.still }
         }
         Item { width: 1; height: 16 }
-        UndoBar { width: parent.width; text: "Mio at the window was deleted."; actionText: "Undo"; open: true }
+        UndoBar { width: parent.width; text: "Mio at the window was deleted."; open: true }
     }
 
     Timer {

@@ -159,9 +159,9 @@ TEST(MenubarPanelViewModel, TheClockHasTheSystemsFormInEveryLanguage)
 {
     Panel panel;
     panel.wallClock.setCalendar({QTimeZone::utc(), Qt::Monday, u"h:mm AP"_qs});
-    panel.dependencies.languageOverrideService.setLanguage(SelectedLanguage::tr);
+    panel.dependencies.languageOverrideService.setLanguage(SelectedLanguage::de);
     run(528)(panel);
-    EXPECT_EQ(panel.model.phase().headline, u"bitiş 9:18 ÖÖ"_qs);
+    EXPECT_EQ(panel.model.phase().headline, u"bis 9:18 AM"_qs);
 }
 
 TEST(MenubarPanelViewModel, OneTurnOfTheLoopIsOneUpdateAndTicksLeaveTheRestAlone)

@@ -14,6 +14,7 @@ TestCase {
 
         x: 20
         width: 220
+        onMoved: wanted => value = wanted
     }
     SignalSpy {
         id: moved

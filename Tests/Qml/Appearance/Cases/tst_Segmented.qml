@@ -13,6 +13,7 @@ TestCase {
         id: segmented
 
         texts: ["Today", "Week", "All of the time"]
+        onActivated: index => currentIndex = index
     }
     SignalSpy {
         id: activated

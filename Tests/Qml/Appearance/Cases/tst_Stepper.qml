@@ -14,6 +14,7 @@ TestCase {
 
         from: 1
         to: 180
+        onModified: wanted => value = wanted
     }
     Item {
         id: elsewhere
