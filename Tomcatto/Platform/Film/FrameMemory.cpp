@@ -1,29 +1,12 @@
 #include "Platform/Film/FrameMemory.h"
 
 #include <algorithm>
-#include <gst/gst.h>
 #include <iterator>
 
 namespace tomcatto {
 namespace {
 
-/// What is smaller is hardly the frame of a film, and is copied if it is one after all.
-constexpr std::size_t smallestPiece = 256UL * 1024;
 constexpr std::size_t pageSize = 4096;
-
-FrameMemory *served = nullptr;
-GstAllocator *usual = nullptr;
-
-GstMemory *allocate(GstAllocator *, gsize size, GstAllocationParams *wish)
-{
-    const std::size_t whole = wish->prefix + size + wish->padding;
-    // What has to be zero around it is somebody's input.
-    std::byte *piece = size < smallestPiece || wish->flags != 0 ? nullptr : served->take(whole);
-    if (!piece)
-        return gst_allocator_alloc(usual, size, wish);
-    return gst_memory_new_wrapped(GstMemoryFlags{}, piece, whole, wish->prefix, size, piece,
-                                  [](gpointer ended) { served->giveBack(static_cast<std::byte *>(ended)); });
-}
 
 }
 
@@ -32,17 +15,6 @@ FrameMemory::FrameMemory(std::byte *begin, std::size_t size)
     , m_size(size)
     , m_free{{0, size}}
 {
-}
-
-void FrameMemory::serve()
-{
-    served = this;
-    usual = gst_allocator_find(GST_ALLOCATOR_SYSMEM);
-    const auto initialise = [](gpointer kind, gpointer) { static_cast<GstAllocatorClass *>(kind)->alloc = allocate; };
-    const GType kind =
-        g_type_register_static_simple(gst_allocator_get_type(), "TomcattoFrameMemory", sizeof(GstAllocatorClass),
-                                      initialise, sizeof(GstAllocator), nullptr, GTypeFlags{});
-    gst_allocator_set_default(static_cast<GstAllocator *>(g_object_new(kind, nullptr)));
 }
 
 std::byte *FrameMemory::take(std::size_t size)

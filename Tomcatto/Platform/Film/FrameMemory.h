@@ -14,10 +14,7 @@ public:
     /// @param begin the start of `size` bytes, mapped for as long as the process lives
     FrameMemory(std::byte *begin, std::size_t size);
 
-    /// Lets everything in this process that asks GStreamer for memory of a frame's size have it from here. Once.
-    void serve();
-
-    /// @return nothing if it is full
+    /// @return nothing where it is full
     [[nodiscard]] std::byte *take(std::size_t size);
     void giveBack(const std::byte *piece);
     /// Where a place lies in it; nothing for one that is elsewhere.

@@ -3,6 +3,7 @@
 
 #include "Platform/Film/FilmDesk.h"
 #include "Platform/Film/FilmPipeline.h"
+#include "Platform/Film/FrameAllocator.h"
 
 #include <sys/mman.h>
 #include <unistd.h>
@@ -20,7 +21,7 @@ int main(int argc, char **argv)
         return 4;
     FilmPipeline::load();
     FrameMemory memory(static_cast<std::byte *>(begin), size);
-    memory.serve();
+    allocateFramesIn(memory);
     FilmDesk desk(news, memory);
     FilmOrder order;
     while (std::fread(&order, sizeof(order), 1, stdin) == 1) {

@@ -167,7 +167,8 @@ TestCase {
         const film = createTemporaryObject(films, test, {"videoUrl": clip})
         wait(0)
         beginning.destroy()
-        tryVerify(() => film.hasFrame)
+        // What plays it may have to be loaded first.
+        tryVerify(() => film.hasFrame, 30000)
         const first = grabImage(film)
         tryVerify(() => !grabImage(film).equals(first))
     }
@@ -178,7 +179,7 @@ TestCase {
         overlay.visible = true
         tryVerify(() => model.calls.includes("appeared"))
         model.videoUrl = "file:///nowhere/at-all.mp4"
-        tryVerify(() => model.calls.includes("failed"))
+        tryVerify(() => model.calls.includes("failed"), 30000)
         verify(findChild(overlay, "break.countdown.chip").visible)
     }
 }

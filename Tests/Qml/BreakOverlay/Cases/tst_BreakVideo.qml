@@ -59,7 +59,7 @@ TestCase {
         return ({"true,false,false": "red", "false,true,false": "lime", "false,false,true": "blue", "true,true,true": "still"})[parts] ?? "ground"
     }
     function waitFor(item: Item, wanted: string, without: var) {
-        for (let tries = 0; tries < 400; ++tries) {
+        for (let tries = 0; tries < 3000; ++tries) {
             const seen = colour(item)
             if (seen === wanted)
                 return
