@@ -14,7 +14,7 @@ public:
     /// @param begin the start of `size` bytes, mapped for as long as the process lives
     FrameMemory(std::byte *begin, std::size_t size);
 
-    /// @return nothing where it is full
+    /// @return nothing if it is full
     [[nodiscard]] std::byte *take(std::size_t size);
     void giveBack(const std::byte *piece);
     /// Where a place lies in it; nothing for one that is elsewhere.
