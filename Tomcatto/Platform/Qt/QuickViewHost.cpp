@@ -116,8 +116,20 @@ std::unique_ptr<QQuickWindow> QuickViewHost::makeWindow(const ViewDescription &d
     return std::unique_ptr<QQuickWindow>(window);
 }
 
+void QuickViewHost::dropPictures()
+{
+    // Drawing without a graphics card keeps the pictures of a window that is gone, a screen of them after a break,
+    // until the next window is drawn.
+    if (QQuickWindow::sceneGraphBackend() != QStringLiteral("software"))
+        return;
+    QQuickWindow next;
+    next.resize(1, 1);
+    next.grabWindow();
+}
+
 void QuickViewHost::releaseEngine()
 {
+    dropPictures();
     m_engine.reset();
     m_logger.debug(QStringLiteral("no views are left, their engine is let go"));
     // As a rule the application now stays hidden for long.

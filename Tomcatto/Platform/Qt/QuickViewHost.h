@@ -39,6 +39,7 @@ public:
 
 private:
     void makeEngine();
+    static void dropPictures();
     void releaseEngine();
     [[nodiscard]] std::unique_ptr<QQuickWindow> makeWindow(const ViewDescription &description);
 
