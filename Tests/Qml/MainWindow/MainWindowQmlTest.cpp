@@ -36,6 +36,8 @@ public:
     Q_INVOKABLE void setRounds(int rounds) { m_fixture->engine.settings.setCyclesBeforeLongBreak(rounds); }
     Q_INVOKABLE void setSound(bool isOn) { m_fixture->engine.settings.setSoundEnabled(isOn); }
     Q_INVOKABLE void setTheme(int index) { m_fixture->general.chooseTheme(index); }
+    Q_INVOKABLE void speakGerman() { m_fixture->languageService.setLanguage(SelectedLanguage::de); }
+    Q_INVOKABLE void speakEnglish() { m_fixture->languageService.setLanguage(SelectedLanguage::en); }
     Q_INVOKABLE void failLaunchAtLogin() { m_fixture->loginItem.failure = QStringLiteral("refused"); }
     Q_INVOKABLE int alerts() const { return static_cast<int>(m_fixture->alert.shown.size()); }
 

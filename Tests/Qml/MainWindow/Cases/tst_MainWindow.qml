@@ -141,6 +141,10 @@ TestCase {
         keyClick(Qt.Key_Return)
         tryCompare(languages.popup, "visible", false)
         compare(world.stored("selectedLanguage"), "system")
+        world.speakGerman()
+        compare(languages.name, "Sprache", "what is shown follows")
+        world.speakEnglish()
+        compare(languages.name, "Language")
     }
 
     function test_keyboardFollowsThePageAndScrollsIt() {
