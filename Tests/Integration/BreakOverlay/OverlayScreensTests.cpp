@@ -11,8 +11,6 @@
 #include "Platform/Qt/QuickViewHost.h"
 #include "PluggedScreens.h"
 
-// Its room links widgets, and the test's keys would take the application for one of them.
-#undef QT_WIDGETS_LIB
 #include <gmock/gmock.h>
 #include <QtTest/QTest>
 
