@@ -20,6 +20,8 @@ public:
         return std::make_unique<View>(*this);
     }
 
+    [[nodiscard]] QString problem() const override { return {}; }
+
     ViewDescription last;
     /// The last window made; null once it was let go.
     QWindow *current = nullptr;

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "CommandLine/Invocation.h"
+#include "Platform/Ports/ApplicationPlatform.h"
+#include "Platform/Ports/DesktopPlatform.h"
+
 namespace tomcatto {
 
 /// What is seen of the application. The delegate calls these in the order of the start; a front end does nothing where
@@ -17,6 +21,32 @@ public:
     virtual void revealPopover() = 0;
     /// Shows onboarding unless it was completed.
     virtual void showOnboardingIfNeeded() = 0;
+};
+
+class AppDelegate;
+class AppDependencies;
+class ApplicationControl;
+
+/// What surfaces are made of. Everything outlives them.
+struct SurfaceParts
+{
+    const Invocation &invocation;
+    const ApplicationPorts &ports;
+    const std::function<void(StandardErrorCopy)> &copyLogToStandardError;
+    AppDependencies &dependencies;
+    AppDelegate &delegate;
+    ApplicationControl &control;
+};
+
+/// A way in which the application shows itself.
+struct FrontEnd
+{
+    /// What is answered to whoever starts the application again.
+    QString runningMessage;
+    /// Makes the surfaces, with their commands in the application's table.
+    std::function<std::unique_ptr<ApplicationSurfaces>(const SurfaceParts &)> makeSurfaces;
+    /// What it gives the services; empty where there is no desktop.
+    std::function<DesktopServices()> makeServices;
 };
 
 }

@@ -11,26 +11,14 @@
 
 namespace tomcatto {
 
-namespace {
-
-/// A compositor of this kind gives windows neither a place nor a layer of their own choice, and the keyboard as they
-/// come.
-bool isPlacedByCompositor()
-{
-    return QGuiApplication::platformName().startsWith(QStringLiteral("wayland"));
-}
-
-}
-
-DesktopSurfaces::DesktopSurfaces(AppDependencies &dependencies, std::function<void()> quit, QObject *parent)
+DesktopSurfaces::DesktopSurfaces(AppDependencies &dependencies, DesktopPorts desktop, Cancellable displayLoss,
+                                 std::function<void()> quit, QObject *parent)
     : QObject(parent)
+    , m_displayLoss(std::move(displayLoss))
     , m_dependencies(dependencies)
     , m_quit(std::move(quit))
-    , m_appearance(QDBusConnection::sessionBus())
-    , m_screens(dependencies.platform.runLoop)
-    , m_viewHost(m_appearance, dependencies.strings)
-    , m_statusItem(QDBusConnection::sessionBus(), m_appearance, dependencies.platform.defaults)
-    , m_activationPolicy(m_taskbarPresence)
+    , m_desktop(std::move(desktop))
+    , m_activationPolicy(m_desktop.activationPolicy)
     , m_menuCommands(dependencies.mainWindowRouter, menuActions())
     , m_timerPage(dependencies.settings, dependencies.stateMachine, dependencies.strings)
     , m_generalPage(dependencies.settings, dependencies.launchAtLoginService, *dependencies.notificationAuthorization,
@@ -48,9 +36,9 @@ DesktopSurfaces::DesktopSurfaces(AppDependencies &dependencies, std::function<vo
                         dependencies.platform.desktop->systemSettings, dependencies.strings,
                         dependencies.platform.wallClock)
     , m_overlayWindows({dependencies.stateMachine, dependencies.timer, dependencies.settings, dependencies.strings},
-                       m_viewHost, m_screens, dependencies.platform.runLoop, overlayVideos())
-    , m_breakPreviewController(dependencies.settings, dependencies.strings, dependencies.platform.runLoop, m_viewHost,
-                               m_activationPolicy)
+                       m_desktop.viewHost, m_desktop.screens, dependencies.platform.runLoop, overlayVideos())
+    , m_breakPreviewController(dependencies.settings, dependencies.strings, dependencies.platform.runLoop,
+                               m_desktop.viewHost, m_activationPolicy)
 {
 }
 
@@ -68,12 +56,13 @@ void DesktopSurfaces::prepare()
 void DesktopSurfaces::install()
 {
     m_statusItemController = std::make_unique<StatusItemController>(
-        m_dependencies, StatusItemController::Platform{m_statusItem, m_viewHost, m_clickMonitor},
+        m_dependencies,
+        StatusItemController::Platform{m_desktop.statusItem, m_desktop.viewHost, m_desktop.clickMonitor},
         m_dependencies.mainWindowRouter);
     connect(m_statusItemController.get(), &StatusItemController::quitRequested, this, m_quit);
     m_breakOverlayController = std::make_unique<BreakOverlayController>(
         m_dependencies.stateMachine, m_dependencies.timer, m_dependencies.settings, m_dependencies.platform.runLoop,
-        m_screens, m_keyMonitor, m_overlayWindows);
+        m_desktop.screens, m_desktop.keyMonitor, m_overlayWindows);
     connect(m_breakOverlayController.get(), &BreakOverlayController::willShow, this,
             &DesktopSurfaces::makeRoomForBreak);
     // The hiding call may be about to change the phase.
@@ -91,13 +80,17 @@ void DesktopSurfaces::install()
             menu->close();
     });
     m_statusItemController->setOnDidClose([this] { m_logger.debug(QStringLiteral("the panel is closed")); });
-    m_mainWindowController = std::make_unique<MainWindowController>(m_viewHost, m_dependencies.mainWindowRouter,
+    m_mainWindowController = std::make_unique<MainWindowController>(m_desktop.viewHost, m_dependencies.mainWindowRouter,
                                                                     m_activationPolicy, m_mainWindowModel);
-    m_onboardingController = std::make_unique<OnboardingController>(m_viewHost, m_dependencies.settings,
+    m_onboardingController = std::make_unique<OnboardingController>(m_desktop.viewHost, m_dependencies.settings,
                                                                     m_dependencies.stateMachine, m_onboardingModel);
     connectPages();
     updateCapabilities();
-    connect(&m_statusItem, &StatusItemSwitch::formsChanged, this, &DesktopSurfaces::updateCapabilities);
+    m_itemForms = m_desktop.statusItem.onFormsChanged([this] {
+        updateCapabilities();
+        // The panel opens at the item, which takes its place by then.
+        m_itemSettled = m_dependencies.platform.runLoop.after(std::chrono::milliseconds(0), [this] { followItem(); });
+    });
 }
 
 void DesktopSurfaces::connectPages()
@@ -246,28 +239,32 @@ void DesktopSurfaces::previewFile(const QUrl &file)
 void DesktopSurfaces::revealPopover()
 {
     // The panel opens at the item, which at the start does not know yet where it shows.
-    const StatusItemForms forms = m_statusItem.forms();
-    if (forms.squareSizes.empty() && !forms.pillScale) {
-        connect(&m_statusItem, &StatusItemSwitch::formsChanged, this, &DesktopSurfaces::revealPopover,
-                static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
-        return;
-    }
-    afterStatusItem([this] { m_statusItemController->showPopover(); });
+    onceItemShows([this] { m_statusItemController->showPopover(); });
 }
 
 void DesktopSurfaces::showOnboardingIfNeeded()
 {
-    afterStatusItem([this] { m_onboardingController->showIfNeeded(); });
+    const auto show = [this] { m_onboardingController->showIfNeeded(); };
+    // Elsewhere a pill that came later would take the keyboard away.
+    if (m_desktop.canPlaceWindows)
+        show();
+    else
+        onceItemShows(show);
 }
 
-void DesktopSurfaces::afterStatusItem(const std::function<void()> &action)
+void DesktopSurfaces::onceItemShows(std::function<void()> action)
 {
-    const StatusItemForms forms = m_statusItem.forms();
-    if (!isPlacedByCompositor() || forms.pillScale || !forms.squareSizes.empty())
-        return action();
-    connect(
-        &m_statusItem, &StatusItemSwitch::formsChanged, this, [this, action] { afterStatusItem(action); },
-        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+    m_waitForItem.push_back(std::move(action));
+    followItem();
+}
+
+void DesktopSurfaces::followItem()
+{
+    const StatusItemForms forms = m_desktop.statusItem.forms();
+    if (forms.squareSizes.empty() && !forms.pillScale)
+        return;
+    for (const auto &action : std::exchange(m_waitForItem, {}))
+        action();
 }
 
 void DesktopSurfaces::makeRoomForBreak()
@@ -313,23 +310,24 @@ void DesktopSurfaces::applyTheme()
 {
     switch (m_dependencies.settings.themePreference()) {
     case ThemePreference::system:
-        return m_appearance.setDarkOverride(std::nullopt);
+        return m_desktop.theme.setDarkOverride(std::nullopt);
     case ThemePreference::light:
-        return m_appearance.setDarkOverride(false);
+        return m_desktop.theme.setDarkOverride(false);
     case ThemePreference::dark:
-        return m_appearance.setDarkOverride(true);
+        return m_desktop.theme.setDarkOverride(true);
     }
 }
 
 void DesktopSurfaces::updateCapabilities()
 {
-    const bool placesWindowsItself = isPlacedByCompositor();
+    const StatusItemForms forms = m_desktop.statusItem.forms();
+    const bool canPlace = m_desktop.canPlaceWindows;
     DesktopCapabilities capabilities;
-    if (!m_statusItem.hasTray())
-        capabilities.tray = placesWindowsItself ? DesktopSupport::limited : DesktopSupport::none;
-    capabilities.overlay = placesWindowsItself ? DesktopSupport::limited : DesktopSupport::full;
-    capabilities.placesPanel = !placesWindowsItself;
-    capabilities.showsPill = m_statusItem.forms().pillScale.has_value();
+    if (forms.squareSizes.empty())
+        capabilities.tray = canPlace ? DesktopSupport::none : DesktopSupport::limited;
+    capabilities.overlay = canPlace ? DesktopSupport::full : DesktopSupport::limited;
+    capabilities.placesPanel = canPlace;
+    capabilities.showsPill = forms.pillScale.has_value();
     m_permissionsPage.setCapabilities(capabilities);
     m_onboardingModel.setShowsPill(capabilities.showsPill);
 }

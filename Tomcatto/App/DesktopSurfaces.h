@@ -16,14 +16,6 @@
 #include "MainWindow/TimerPageViewModel.h"
 #include "MainWindow/VideosPageViewModel.h"
 #include "MenuBar/StatusItemController.h"
-#include "Platform/Freedesktop/DesktopAppearance.h"
-#include "Platform/Qt/ApplicationKeyMonitor.h"
-#include "Platform/Qt/DesktopScreens.h"
-#include "Platform/Qt/PluginViewHost.h"
-#include "Platform/Qt/StatusItemSwitch.h"
-#include "Platform/Qt/ToolkitTheme.h"
-#include "Platform/X11/X11ClickMonitor.h"
-#include "Platform/X11/X11TaskbarPresence.h"
 #include "SystemIntegration/ActivationPolicy.h"
 
 #include <QtCore/QPointer>
@@ -41,7 +33,9 @@ class DesktopSurfaces final : public QObject, public ApplicationSurfaces
 public:
     /// @param dependencies built with what a desktop gives.
     /// @param quit ends the main loop.
-    DesktopSurfaces(AppDependencies &dependencies, std::function<void()> quit, QObject *parent = nullptr);
+    /// @param displayLoss is watched as long as this is there.
+    DesktopSurfaces(AppDependencies &dependencies, DesktopPorts desktop, Cancellable displayLoss,
+                    std::function<void()> quit, QObject *parent = nullptr);
     ~DesktopSurfaces() override;
 
     void prepare() override;
@@ -66,14 +60,15 @@ public:
     /// Opens the preview of a break with one of the user's videos, or with the next one where the id is empty.
     void previewVideo(const QString &id, const std::function<void(PreviewOutcome)> &done);
     /// Why the last view could not be made.
-    [[nodiscard]] const QString &viewProblem() const noexcept { return m_viewHost.problem(); }
+    [[nodiscard]] QString viewProblem() const { return m_desktop.viewHost.problem(); }
 
 private:
     void applyTheme();
     void updateCapabilities();
     void connectPages();
-    /// Does it once the status item is where it will be, if a pill that came later would take the keyboard away.
-    void afterStatusItem(const std::function<void()> &action);
+    /// Does it once the status item shows somewhere.
+    void onceItemShows(std::function<void()> action);
+    void followItem();
     [[nodiscard]] AppMenuCommands::Actions menuActions();
     [[nodiscard]] BreakVideoSource overlayVideos();
     [[nodiscard]] BreakVideoSource oneVideo(const BreakVideo &video);
@@ -89,19 +84,12 @@ private:
     [[nodiscard]] PreviewOutcome openPreview(BreakVideoSource videos);
     void chooseVideos(const QString &title, const QStringList &filters);
 
+    Cancellable m_displayLoss;
     AppDependencies &m_dependencies;
     std::function<void()> m_quit;
     const Logger m_logger{QStringLiteral("DesktopSurfaces")};
 
-    DesktopAppearance m_appearance;
-    ToolkitTheme m_toolkitTheme{m_appearance};
-    X11TaskbarPresence m_taskbarPresence;
-    X11ClickMonitor m_clickMonitor;
-    DesktopScreens m_screens;
-    ApplicationKeyMonitor m_keyMonitor;
-    PluginViewHost m_viewHost;
-    StatusItemSwitch m_statusItem;
-
+    DesktopPorts m_desktop;
     ActivationPolicy m_activationPolicy;
     AppMenuCommands m_menuCommands;
 
@@ -124,6 +112,9 @@ private:
     std::unique_ptr<OnboardingController> m_onboardingController;
     /// Waits for the end of the break.
     std::function<WindowOutcome()> m_opensLater;
+    std::vector<std::function<void()>> m_waitForItem;
+    Cancellable m_itemForms;
+    Cancellable m_itemSettled;
     bool m_hasMissedSound = false;
 };
 

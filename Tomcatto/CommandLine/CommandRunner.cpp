@@ -181,7 +181,7 @@ ExitStatus CommandRunner::listVideos() const
         return ExitStatus::done;
     CoreDataStack stack(support);
     UserVideoRepository repository(stack, m_surroundings.wallClock, m_surroundings.identifiers,
-                                   m_surroundings.bookmarks, m_surroundings.stillFrame);
+                                   *m_surroundings.bookmarks, m_surroundings.stillFrame);
     bool hasFailed = false;
     QObject::connect(&repository, &UserVideoRepository::fetchFailed, &repository, [&hasFailed] { hasFailed = true; });
     const UserVideoCommands videos(repository, m_surroundings.stillFrame);

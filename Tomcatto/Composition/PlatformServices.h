@@ -1,14 +1,12 @@
 #pragma once
 
-#include "Platform/Ports/Alert.h"
 #include "Platform/Ports/Bookmarks.h"
+#include "Platform/Ports/DesktopPlatform.h"
 #include "Platform/Ports/IdentifierSource.h"
 #include "Platform/Ports/LoginItem.h"
 #include "Platform/Ports/MainRunLoop.h"
 #include "Platform/Ports/MonotonicClock.h"
-#include "Platform/Ports/NotificationProbe.h"
 #include "Platform/Ports/StillFrame.h"
-#include "Platform/Ports/SystemSettings.h"
 #include "Platform/Ports/UserDefaults.h"
 #include "Platform/Ports/WallClock.h"
 #include "Platform/Ports/WorkspacePower.h"
@@ -16,14 +14,6 @@
 #include <memory>
 
 namespace tomcatto {
-
-/// What a desktop gives the services besides. Everything outlives them.
-struct DesktopServices
-{
-    Alert &alert;
-    SystemSettings &systemSettings;
-    NotificationProbe &notificationProbe;
-};
 
 /// What the platform gives the services. Everything outlives them.
 struct PlatformServices

@@ -1,5 +1,5 @@
+#include "CommandLine/ArgumentDomain.h"
 #include "Fakes/FakeUserDefaults.h"
-#include "Platform/Qt/ArgumentDomain.h"
 #include "Platform/Qt/JsonFileUserDefaults.h"
 
 #include <gtest/gtest.h>

@@ -61,8 +61,9 @@ struct RealOverlay
     LanguageOverrideService language{defaults, {u"en"_s}};
     LocalizedStrings strings{language};
     QObject looks;
-    QuickViewHost host{looks, strings};
-    DesktopScreens screens{runLoop};
+    QuickViewHost host{looks, strings, [] {}};
+    WindowSystem windowSystem;
+    DesktopScreens screens{runLoop, windowSystem};
     ApplicationKeyMonitor keys;
     BreakOverlayWindows overlayWindows{{machine, timer, settings, strings}, host, screens, runLoop, {}};
     BreakOverlayController controller{machine, timer, settings, runLoop, screens, keys, overlayWindows};

@@ -67,7 +67,8 @@ TEST(X11ClickMonitorTests, SeesPressesAnywhereWhileSubscribed)
 TEST(DesktopScreensTests, GivesTheKeyboardToOneOfItsWindowsAndTakesItBack)
 {
     QtMainRunLoop runLoop;
-    DesktopScreens screens(runLoop);
+    const X11WindowSystem windowSystem;
+    DesktopScreens screens(runLoop, windowSystem);
     QWindow main, second;
     for (QWindow *window : {&main, &second}) {
         screens.cover(*window, screens.screens().at(0).id);
@@ -142,13 +143,15 @@ TEST(PluginViewHostTests, LoadsThePluginWithTheFirstViewAndFollowsTheLooks)
 {
     CapturedLog log;
     TestLooks looks;
-    PluginViewHost missing(looks, looks, {QStringLiteral("/nonexistent")});
+    const X11WindowSystem windowSystem;
+    PluginViewHost missing(looks, looks, windowSystem, {}, {QStringLiteral("/nonexistent")});
     const ViewDescription description{
         QStringLiteral("TestViews"), QStringLiteral("Sample"), {{QStringLiteral("shownText"), QStringLiteral("text")}}};
     EXPECT_EQ(missing.create(description), nullptr);
     EXPECT_EQ(log.count(LogLevel::error), 1);
 
-    PluginViewHost host(looks, looks, {QStringLiteral("/nonexistent"), QStringLiteral(VIEW_PLUGIN_FOLDER)});
+    PluginViewHost host(looks, looks, windowSystem, {},
+                        {QStringLiteral("/nonexistent"), QStringLiteral(VIEW_PLUGIN_FOLDER)});
     EXPECT_FALSE(host.isLoaded());
     const std::unique_ptr<HostedView> view = host.create(description);
     ASSERT_NE(view, nullptr);

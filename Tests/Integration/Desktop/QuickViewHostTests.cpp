@@ -21,7 +21,8 @@ TEST(QuickViewHostTests, LetsTheEngineGoSomeTimeAfterTheLastViewAndMakesAnotherO
 {
     CapturedLog log;
     QObject appearance;
-    QuickViewHost host(appearance, appearance, std::chrono::milliseconds(50));
+    QuickViewHost host(
+        appearance, appearance, [] {}, std::chrono::milliseconds(50));
     EXPECT_FALSE(host.hasEngine());
     auto first = host.create(sample());
     auto second = host.create(sample());
@@ -42,7 +43,7 @@ TEST(QuickViewHostTests, LetsTheEngineGoSomeTimeAfterTheLastViewAndMakesAnotherO
 TEST(QuickViewHostTests, EndsAWindowWithItsViewForItsBindingsReadWhatGoesNext)
 {
     QObject appearance;
-    QuickViewHost host(appearance, appearance);
+    QuickViewHost host(appearance, appearance, [] {});
     auto view = host.create(sample());
     ASSERT_NE(view, nullptr);
     const QPointer<QWindow> window = &view->window();
@@ -55,7 +56,8 @@ TEST(QuickViewHostTests, LogsViewsThatCannotBeMadeAndKeepsNoEngineForThem)
 {
     CapturedLog log;
     QObject appearance;
-    QuickViewHost host(appearance, appearance, std::chrono::milliseconds(0));
+    QuickViewHost host(
+        appearance, appearance, [] {}, std::chrono::milliseconds(0));
     ViewDescription incomplete = sample();
     incomplete.properties.clear();
     for (const ViewDescription &description :

@@ -1,6 +1,10 @@
 #include "Fakes/FakeUserDefaults.h"
 #include "Integration/Platform/PrivateBus.h"
+#include "Platform/Freedesktop/StatusNotifierTray.h"
 #include "Platform/Qt/StatusItemSwitch.h"
+#include "Platform/Qt/ToolkitTray.h"
+#include "Platform/X11/X11TrayWatcher.h"
+#include "Platform/X11/X11WindowSystem.h"
 #include "TestScreen.h"
 
 #include <gmock/gmock.h>
@@ -46,6 +50,13 @@ protected:
         presentation.accessibleText = QStringLiteral("25 minutes left");
         m_item.show(presentation);
     }
+    [[nodiscard]] static std::vector<std::unique_ptr<TrayIcon>> trays(const QDBusConnection &bus)
+    {
+        std::vector<std::unique_ptr<TrayIcon>> trays;
+        trays.push_back(std::make_unique<StatusNotifierTray>(bus));
+        trays.push_back(std::make_unique<ToolkitTray>(std::make_unique<X11TrayWatcher>()));
+        return trays;
+    }
     [[nodiscard]] std::unique_ptr<SideProgram> startHost()
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -65,8 +76,8 @@ protected:
     {
         return QTest::qWaitFor(
             [&] {
-                return m_item.hasTray() == hasTray && m_item.forms().pillScale.has_value() == hasPill &&
-                       (pill() != nullptr) == hasPill;
+                return m_item.forms().squareSizes.empty() != hasTray &&
+                       m_item.forms().pillScale.has_value() == hasPill && (pill() != nullptr) == hasPill;
             },
             20'000);
     }
@@ -82,8 +93,9 @@ protected:
                            entry(TrayMenuAction::togglePill, QStringLiteral("Pill"), true, true)}};
     PrivateBus m_bus;
     FakeUserDefaults m_defaults;
-    DesktopAppearance m_appearance{QDBusConnection(QString())};
-    StatusItemSwitch m_item{m_bus.connection(), m_appearance, m_defaults};
+    DesktopAppearance m_appearance;
+    X11WindowSystem m_windowSystem;
+    StatusItemSwitch m_item{trays(m_bus.connection()), m_appearance, m_defaults, m_windowSystem};
     std::vector<std::optional<QRect>> m_places;
     std::vector<TrayMenuAction> m_actions;
     Cancellable m_forms = m_item.onFormsChanged([this] { present(Qt::red, QStringLiteral("Focus")); });
@@ -234,7 +246,7 @@ TEST_F(StatusItemTests, FloatsAboveEverythingIsDraggedAlongTheEdgeAndComesBackTh
     EXPECT_TRUE(QTest::qWaitFor([&] { return m_defaults.stored != middle; }));
     EXPECT_THAT(m_places, testing::ElementsAre(QRect(640 - 44, 0, 88, 32))) << "a drag is not a click";
 
-    FloatingPillWindow next(m_defaults);
+    FloatingPillWindow next(m_defaults, m_windowSystem);
     next.setShown(true);
     EXPECT_EQ(next.geometry().center().x(), 1279 - 44) << "narrower, around the same middle";
     StatusItemPresentation text;

@@ -1,3 +1,4 @@
+#include "Platform/Linux/BirthTime.h"
 #include "Platform/Posix/FileBookmarks.h"
 #include "Platform/Posix/MovedFileSearch.h"
 
@@ -40,7 +41,7 @@ protected:
     [[nodiscard]] static QDeadlineTimer soon() { return QDeadlineTimer(10'000); }
 
     QTemporaryDir m_folder;
-    FileBookmarks m_bookmarks{m_folder.path() + QStringLiteral("/home")};
+    FileBookmarks m_bookmarks{m_folder.path() + QStringLiteral("/home"), fileStatusWithBirth};
     const QString m_file = QStringLiteral("home/Videos/old/clip ä.mp4");
 };
 
@@ -107,12 +108,13 @@ TEST_F(FileBookmarksTest, TheSearchEndsAtItsDeadlineAndTellsFilesOfOneInodeApart
     move(m_file, QStringLiteral("home/clip.mp4"));
     EXPECT_FALSE(m_bookmarks.resolve(data.value_or(QByteArray()), QDeadlineTimer(0)));
 
-    const auto status = fileStatus(QFile::encodeName(path(QStringLiteral("home/clip.mp4"))), SymbolicLinks::keep);
+    const auto status =
+        fileStatusWithBirth(QFile::encodeName(path(QStringLiteral("home/clip.mp4"))), SymbolicLinks::keep);
     FileIdentity identity = status.value_or(FileStatus{}).identity;
     const QByteArray home = QFile::encodeName(path(QStringLiteral("home")));
-    EXPECT_TRUE(MovedFileSearch(identity, home, soon()).find(home + "/x.mp4"));
+    EXPECT_TRUE(MovedFileSearch(identity, home, soon(), fileStatusWithBirth).find(home + "/x.mp4"));
     identity.birthNanoseconds = identity.birthNanoseconds.value_or(0) + 1;
-    EXPECT_FALSE(MovedFileSearch(identity, home, soon()).find(home + "/x.mp4"));
+    EXPECT_FALSE(MovedFileSearch(identity, home, soon(), fileStatusWithBirth).find(home + "/x.mp4"));
 }
 
 TEST_F(FileBookmarksTest, ForeignBytesAreNoBookmark)

@@ -1,3 +1,4 @@
+#include "Platform/Linux/TimerfdDayTimer.h"
 #include "Platform/Posix/SystemWallClock.h"
 
 #include <gtest/gtest.h>
@@ -28,7 +29,7 @@ protected:
         return (isEast ? "TST-" : "TST") + offset.toString(Qt::ISODate).toLatin1();
     }
 
-    SystemWallClock m_clock{QDBusConnection(QString())};
+    SystemWallClock m_clock{[] { return std::make_unique<TimerfdDayTimer>(); }};
 };
 
 }

@@ -2,8 +2,8 @@
 
 #include "Foundation/Logger.h"
 #include "Platform/Freedesktop/StatusNotifierItem.h"
-#include "Platform/Freedesktop/TrayIcon.h"
 #include "Platform/Freedesktop/TrayMenuService.h"
+#include "Platform/Qt/TrayIcon.h"
 
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusServiceWatcher>
@@ -32,10 +32,6 @@ public:
     void setShown(bool isShown) override;
     void show(const StatusItemPresentation &presentation) override;
     void setMenu(const TrayMenu &menu) override { m_menu.setMenu(menu); }
-
-Q_SIGNALS:
-    /// The tray asks the application to show the menu at this place.
-    void menuWanted(QPoint place);
 
 private Q_SLOTS:
     void askForHost();

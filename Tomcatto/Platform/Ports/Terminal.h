@@ -16,6 +16,8 @@ public:
     [[nodiscard]] virtual bool isTerminal() const = 0;
     /// Whether they are a terminal and this process is in its foreground.
     [[nodiscard]] virtual bool isInteractive() const = 0;
+    /// Whether what the process writes to standard error appears on a terminal.
+    [[nodiscard]] virtual bool showsErrors() const = 0;
     /// Columns of the terminal, 80 where unknown.
     [[nodiscard]] virtual int columns() const = 0;
     /// Takes single keys without echo from now until the result is destroyed, which restores the terminal's settings.

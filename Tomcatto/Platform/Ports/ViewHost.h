@@ -39,6 +39,8 @@ public:
 
     /// Makes a view. Null where it cannot be made, which is logged.
     [[nodiscard]] virtual std::unique_ptr<HostedView> create(const ViewDescription &description) = 0;
+    /// Why the last view could not be made; empty where it could.
+    [[nodiscard]] virtual QString problem() const = 0;
 };
 
 }

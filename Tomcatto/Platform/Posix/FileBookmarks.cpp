@@ -1,6 +1,5 @@
 #include "Platform/Posix/FileBookmarks.h"
 
-#include "Platform/Posix/FileIdentity.h"
 #include "Platform/Posix/MovedFileSearch.h"
 
 #include <fcntl.h>
@@ -67,8 +66,9 @@ ResolvedBookmark resolvedAt(const QByteArray &path, bool isStale)
 
 }
 
-FileBookmarks::FileBookmarks(const QString &homeFolder)
+FileBookmarks::FileBookmarks(const QString &homeFolder, FileStatusReader fileStatus)
     : m_homeFolder(QFile::encodeName(QDir::cleanPath(homeFolder)))
+    , m_fileStatus(fileStatus)
 {
 }
 
@@ -77,7 +77,7 @@ std::optional<QByteArray> FileBookmarks::bookmarkData(const QUrl &fileUrl) const
     const QByteArray path = nativePath(fileUrl);
     if (path.isEmpty())
         return std::nullopt;
-    const auto status = fileStatus(path, SymbolicLinks::follow);
+    const auto status = m_fileStatus(path, SymbolicLinks::follow);
     if (!status)
         return std::nullopt;
     return encoded({path, status->identity});
@@ -89,12 +89,12 @@ std::optional<ResolvedBookmark> FileBookmarks::resolve(const QByteArray &data, Q
     if (!bookmark)
         return std::nullopt;
     // The file may have been edited in place, or saved anew by a program that writes beside it and renames.
-    const auto status = fileStatus(bookmark->nativePath, SymbolicLinks::follow);
+    const auto status = m_fileStatus(bookmark->nativePath, SymbolicLinks::follow);
     if (status && status->isRegularFile)
         return resolvedAt(bookmark->nativePath, status->identity != bookmark->identity);
     if (searchUntil.hasExpired())
         return std::nullopt;
-    MovedFileSearch search(bookmark->identity, m_homeFolder, searchUntil);
+    MovedFileSearch search(bookmark->identity, m_homeFolder, searchUntil, m_fileStatus);
     const auto found = search.find(bookmark->nativePath);
     if (!found)
         return std::nullopt;
@@ -104,7 +104,7 @@ std::optional<ResolvedBookmark> FileBookmarks::resolve(const QByteArray &data, Q
 bool FileBookmarks::startAccess(const QUrl &fileUrl) const
 {
     const QByteArray path = nativePath(fileUrl);
-    const auto status = fileStatus(path, SymbolicLinks::follow);
+    const auto status = m_fileStatus(path, SymbolicLinks::follow);
     if (!status || !status->isRegularFile)
         return false;
     const int descriptor = open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);

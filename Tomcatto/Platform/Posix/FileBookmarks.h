@@ -1,16 +1,18 @@
 #pragma once
 
 #include "Platform/Ports/Bookmarks.h"
+#include "Platform/Posix/FileIdentity.h"
 
 namespace tomcatto {
 
-/// Bookmarks that keep a file's path and its identity: device, inode and birth time. Access needs no grant here beyond
+/// Bookmarks that keep a file's path and its identity: device, inode and, where the reader knows it,
+/// birth time. Access needs no grant here beyond
 /// the file's permissions. Any thread.
 class FileBookmarks final : public Bookmarks
 {
 public:
     /// @param homeFolder the user's home folder, which bounds the search for moved files
-    explicit FileBookmarks(const QString &homeFolder);
+    explicit FileBookmarks(const QString &homeFolder, FileStatusReader fileStatus = tomcatto::fileStatus);
 
     [[nodiscard]] std::optional<QByteArray> bookmarkData(const QUrl &fileUrl) const override;
     [[nodiscard]] std::optional<ResolvedBookmark> resolve(const QByteArray &data,
@@ -20,6 +22,7 @@ public:
 
 private:
     QByteArray m_homeFolder;
+    FileStatusReader m_fileStatus;
 };
 
 }

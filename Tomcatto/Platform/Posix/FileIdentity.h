@@ -29,8 +29,10 @@ struct FileStatus
 /// Whether a symbolic link stands for what it points to.
 enum class SymbolicLinks { follow, keep };
 
-/// Looks at a path, never opens it, and asks no server for what is known already; nothing if there is none. Any
-/// thread.
+/// Looks at a path, never opens it; nothing if there is none. Any thread.
+using FileStatusReader = std::optional<FileStatus> (*)(const QByteArray &nativePath, SymbolicLinks links);
+
+/// The reader of every system, which knows nothing of birth times.
 [[nodiscard]] std::optional<FileStatus> fileStatus(const QByteArray &nativePath, SymbolicLinks links);
 
 }

@@ -20,10 +20,12 @@ QByteArray parentOf(const QByteArray &path)
 
 }
 
-MovedFileSearch::MovedFileSearch(FileIdentity identity, QByteArray homeFolder, QDeadlineTimer deadline)
+MovedFileSearch::MovedFileSearch(FileIdentity identity, QByteArray homeFolder, QDeadlineTimer deadline,
+                                 FileStatusReader fileStatus)
     : m_identity(identity)
     , m_homeFolder(std::move(homeFolder))
     , m_deadline(deadline)
+    , m_fileStatus(fileStatus)
 {
 }
 
@@ -80,7 +82,7 @@ std::optional<QByteArray> MovedFileSearch::searchFolder(const QByteArray &folder
         if (entry->d_ino != m_identity.inode || std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0)
             continue;
         QByteArray path = folder + '/' + name;
-        const auto status = fileStatus(path, SymbolicLinks::keep);
+        const auto status = m_fileStatus(path, SymbolicLinks::keep);
         if (status && status->isRegularFile && status->identity == m_identity)
             return path;
     }
@@ -89,7 +91,7 @@ std::optional<QByteArray> MovedFileSearch::searchFolder(const QByteArray &folder
 
 bool MovedFileSearch::enter(const QByteArray &folder)
 {
-    const auto status = fileStatus(folder, SymbolicLinks::keep);
+    const auto status = m_fileStatus(folder, SymbolicLinks::keep);
     return status && status->isDirectory && status->identity.device == m_identity.device &&
            m_visitedFolders.insert(status->identity.inode).second;
 }

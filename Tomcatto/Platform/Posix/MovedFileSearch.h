@@ -19,7 +19,7 @@ public:
     static constexpr int entryLimit = 200'000;
 
     /// @param homeFolder the native path of the user's home folder, absolute and without a slash at its end
-    MovedFileSearch(FileIdentity identity, QByteArray homeFolder, QDeadlineTimer deadline);
+    MovedFileSearch(FileIdentity identity, QByteArray homeFolder, QDeadlineTimer deadline, FileStatusReader fileStatus);
 
     /// @param lastPath the native, absolute path where the file used to be
     /// @return where it is now; nothing if it was not found within the deadline and the entry limit
@@ -35,6 +35,7 @@ private:
     FileIdentity m_identity;
     QByteArray m_homeFolder;
     QDeadlineTimer m_deadline;
+    FileStatusReader m_fileStatus;
     int m_entriesLeft = entryLimit;
     std::set<quint64> m_visitedFolders;
 };

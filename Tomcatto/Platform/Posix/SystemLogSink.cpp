@@ -142,11 +142,6 @@ private:
     mutable std::mutex m_copying;
 };
 
-SystemLogSink::SystemLogSink()
-    : SystemLogSink(QByteArrayLiteral("/run/systemd/journal/socket"), STDERR_FILENO)
-{
-}
-
 SystemLogSink::SystemLogSink(const QByteArray &journalSocket, int standardError)
     : m_state(std::make_shared<State>(journalSocket, standardError))
 {

@@ -1,18 +1,8 @@
 #pragma once
 
-#include "Foundation/Logger.h"
-
-#include <memory>
+#include "Platform/Ports/ApplicationPlatform.h"
 
 namespace tomcatto {
-
-/// What of the log goes to standard error as well.
-enum class StandardErrorCopy {
-    nothing,
-    /// Lines of the level error. A fault is left out: the one who logs it ends the process and says why there.
-    errors,
-    everything,
-};
 
 /// Sends log lines to the system log: to the journal with a field each for subsystem and category where it runs, else
 /// to syslog; and a copy to standard error where that is wanted. Copies share their state, so one may be handed to
@@ -20,11 +10,10 @@ enum class StandardErrorCopy {
 class SystemLogSink final
 {
 public:
-    /// Without a copy to standard error.
-    SystemLogSink();
-    /// @param journalSocket the address that the journal takes lines at.
+    /// Without a copy to standard error at first.
+    /// @param journalSocket the address that the journal takes lines at; empty where there is none.
     /// @param standardError the descriptor that copies go to.
-    SystemLogSink(const QByteArray &journalSocket, int standardError);
+    explicit SystemLogSink(const QByteArray &journalSocket, int standardError = 2);
 
     /// Writes one line. Failures have nobody left to be told.
     void operator()(LogLevel level, const QString &category, const QString &message) const;

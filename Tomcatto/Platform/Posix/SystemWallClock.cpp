@@ -1,13 +1,11 @@
 #include "Platform/Posix/SystemWallClock.h"
 
-#include "Platform/Linux/DayTimer.h"
-
 #include <chrono>
 
 namespace tomcatto {
 
-SystemWallClock::SystemWallClock(const QDBusConnection &systemBus)
-    : m_systemBus(systemBus)
+SystemWallClock::SystemWallClock(TimerMaker makeTimer)
+    : m_makeTimer(std::move(makeTimer))
 {
 }
 
@@ -35,12 +33,7 @@ Cancellable SystemWallClock::onDayChanged(std::function<void()> changed)
 
 void SystemWallClock::watch()
 {
-    if (m_systemBus.isConnected()) {
-        m_systemBus.connect(QStringLiteral("org.freedesktop.timedate1"), QStringLiteral("/org/freedesktop/timedate1"),
-                            QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("PropertiesChanged"),
-                            this, SLOT(readZoneChange(QString, QVariantMap, QStringList)));
-    }
-    m_dayTimer = std::make_unique<DayTimer>();
+    m_dayTimer = m_makeTimer();
     connect(m_dayTimer.get(), &DayTimer::fired, this, &SystemWallClock::announceDay);
     armForMidnight();
 }
@@ -56,15 +49,6 @@ void SystemWallClock::announceDay()
 {
     armForMidnight();
     m_dayChanged.call();
-}
-
-void SystemWallClock::readZoneChange(const QString &interface, const QVariantMap &changed,
-                                     const QStringList &invalidated)
-{
-    const QString zone = QStringLiteral("Timezone");
-    if (interface == QLatin1String("org.freedesktop.timedate1") &&
-        (changed.contains(zone) || invalidated.contains(zone)))
-        announceDay();
 }
 
 }

@@ -2,7 +2,6 @@
 
 #include "Foundation/Logger.h"
 #include "Platform/Posix/UnixLocalConnection.h"
-#include "Platform/Posix/UnixLocalSockets.h"
 
 #include <cerrno>
 #include <cstring>
@@ -12,10 +11,12 @@
 
 namespace tomcatto {
 
-UnixLocalListener::UnixLocalListener(int descriptor, QByteArray path, LocalSockets::ConnectionHandler handler)
+UnixLocalListener::UnixLocalListener(int descriptor, QByteArray path, UnixLocalSockets::PeerCheck isPeerTrusted,
+                                     LocalSockets::ConnectionHandler handler)
     : m_descriptor(descriptor)
     , m_path(std::move(path))
     , m_file(fileStatus(m_path, SymbolicLinks::keep))
+    , m_isPeerTrusted(isPeerTrusted)
     , m_handler(std::move(handler))
     , m_notifier(descriptor, QSocketNotifier::Read)
 {
@@ -41,7 +42,7 @@ void UnixLocalListener::acceptOne()
     }
     m_isShort = false;
     auto connection = std::make_unique<UnixLocalConnection>(descriptor);
-    if (!UnixLocalSockets::isPeerTrusted(descriptor))
+    if (m_isPeerTrusted && !m_isPeerTrusted(descriptor))
         return;
     // It may end the listening, and itself with it.
     const auto handler = m_handler;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/Ports/LocalSockets.h"
 #include "Platform/Posix/FileIdentity.h"
+#include "Platform/Posix/UnixLocalSockets.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QSocketNotifier>
@@ -16,7 +16,8 @@ class UnixLocalListener final : public QObject
 public:
     /// @param descriptor a listening socket that never waits; it is closed with this object.
     /// @param path its file, which is removed with this object unless another one lies there by then.
-    UnixLocalListener(int descriptor, QByteArray path, LocalSockets::ConnectionHandler handler);
+    UnixLocalListener(int descriptor, QByteArray path, UnixLocalSockets::PeerCheck isPeerTrusted,
+                      LocalSockets::ConnectionHandler handler);
     ~UnixLocalListener() override;
 
 private:
@@ -26,6 +27,7 @@ private:
     int m_descriptor;
     QByteArray m_path;
     std::optional<FileStatus> m_file;
+    UnixLocalSockets::PeerCheck m_isPeerTrusted;
     LocalSockets::ConnectionHandler m_handler;
     bool m_isShort = false;
     QSocketNotifier m_notifier;

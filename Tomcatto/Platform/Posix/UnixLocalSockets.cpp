@@ -118,7 +118,7 @@ std::expected<Cancellable, ListenError> UnixLocalSockets::listen(const QString &
             .error(QStringLiteral("the socket %1 cannot be opened: %2").arg(address, reason));
         return std::unexpected(ListenError::failed);
     }
-    auto listener = std::make_shared<UnixLocalListener>(descriptor, path, std::move(handler));
+    auto listener = std::make_shared<UnixLocalListener>(descriptor, path, m_isPeerTrusted, std::move(handler));
     return Cancellable([listener = std::move(listener)]() mutable { listener.reset(); });
 }
 
@@ -132,18 +132,9 @@ std::unique_ptr<LocalConnection> UnixLocalSockets::connect(const QString &addres
     do {
         isConnected = withAddress(path, socket.descriptor(), ::connect);
     } while (!isConnected && errno == EINTR);
-    if (!isConnected || !isPeerTrusted(socket.descriptor()) || !socket.stopWaiting())
+    if (!isConnected || (m_isPeerTrusted && !m_isPeerTrusted(socket.descriptor())) || !socket.stopWaiting())
         return nullptr;
     return std::make_unique<UnixLocalConnection>(socket.release());
-}
-
-bool UnixLocalSockets::isPeerTrusted(int descriptor)
-{
-    ucred peer = {};
-    socklen_t size = sizeof peer;
-    if (::getsockopt(descriptor, SOL_SOCKET, SO_PEERCRED, &peer, &size) != 0)
-        return false;
-    return peer.uid == ::geteuid() || peer.uid == 0;
 }
 
 }

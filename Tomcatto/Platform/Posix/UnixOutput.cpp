@@ -22,7 +22,7 @@ int openAgain(int descriptor)
     const bool isPipe = ::fstat(descriptor, &status) == 0 && S_ISFIFO(status.st_mode);
     if (!isPipe && ::isatty(descriptor) == 0)
         return -1;
-    const QByteArray path = "/proc/self/fd/" + QByteArray::number(descriptor);
+    const QByteArray path = "/dev/fd/" + QByteArray::number(descriptor);
     return ::open(path.constData(), O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
 }
 

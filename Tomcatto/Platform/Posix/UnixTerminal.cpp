@@ -101,6 +101,11 @@ bool UnixTerminal::hasInput() const
     return ::poll(&input, 1, 0) > 0;
 }
 
+bool UnixTerminal::showsErrors() const
+{
+    return ::isatty(STDERR_FILENO) == 1;
+}
+
 int UnixTerminal::columns() const
 {
     constexpr int usualColumns = 80;

@@ -28,6 +28,7 @@ public:
 
     [[nodiscard]] bool isTerminal() const override;
     [[nodiscard]] bool isInteractive() const override;
+    [[nodiscard]] bool showsErrors() const override;
     [[nodiscard]] int columns() const override;
     /// Where the input is not a terminal, nothing is read and the result is inactive. Keys end with the input.
     [[nodiscard]] Cancellable readKeys(std::function<void(QChar)> handler) override;

@@ -1,9 +1,6 @@
 #include "Platform/Qt/DesktopScreens.h"
 
-#include "Platform/X11/X11WindowState.h"
-
 #include <QtCore/QEvent>
-#include <QtGui/QColor>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
 #include <QtGui/QWindow>
@@ -24,41 +21,12 @@ QString screenId(const QScreen *screen)
     return QString::number(reinterpret_cast<quintptr>(screen), 16);
 }
 
-/// A covering window gains nothing from a compositor, which costs a copy of each frame.
-void bypassCompositor(QWindow &window)
-{
-    const X11Display display;
-    if (!display.isValid())
-        return;
-    constexpr uint32_t bypass = 1;
-    xcb_change_property(display.connection(), XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(window.winId()),
-                        display.atom("_NET_WM_BYPASS_COMPOSITOR"), XCB_ATOM_CARDINAL, 32, 1, &bypass);
 }
 
-/// Asks as a pager does: what the user did last was elsewhere, so a plain request could be refused.
-void activateAsPager(QWindow &window)
-{
-    const X11Display display;
-    if (!display.isValid())
-        return;
-    constexpr uint32_t fromPager = 2;
-    xcb_client_message_event_t event{};
-    event.response_type = XCB_CLIENT_MESSAGE;
-    event.format = 32;
-    event.window = static_cast<xcb_window_t>(window.winId());
-    event.type = display.atom("_NET_ACTIVE_WINDOW");
-    event.data.data32[0] = fromPager;
-    xcb_send_event(display.connection(), 0, display.root(),
-                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
-                   reinterpret_cast<const char *>(&event));
-    xcb_flush(display.connection());
-}
-
-}
-
-DesktopScreens::DesktopScreens(MainRunLoop &runLoop, QObject *parent)
+DesktopScreens::DesktopScreens(MainRunLoop &runLoop, const WindowSystem &windowSystem, QObject *parent)
     : QObject(parent)
     , m_runLoop(runLoop)
+    , m_windowSystem(windowSystem)
     , m_changes(runLoop, [this] { return !liveScreens().isEmpty(); })
 {
     for (QScreen *screen : QGuiApplication::screens())
@@ -119,9 +87,7 @@ void DesktopScreens::cover(QWindow &window, const QString &id)
         window.setScreen(screen);
         window.setFlags(window.flags() | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
         window.setGeometry(screen->geometry());
-        X11WindowState().setFloating(window);
-        X11WindowState().setGround(window, window.property("color").value<QColor>().rgb());
-        bypassCompositor(window);
+        m_windowSystem.setCovering(window);
         window.showFullScreen();
         m_covering.removeAll(nullptr);
         m_covering.append(&window);
@@ -135,7 +101,7 @@ void DesktopScreens::makeKey(QWindow &window)
     window.installEventFilter(this);
     window.requestActivate();
     if (window.isExposed())
-        activateAsPager(window);
+        m_windowSystem.activate(window);
 }
 
 void DesktopScreens::uncover(QWindow &window)
@@ -157,7 +123,7 @@ void DesktopScreens::returnToFront()
             window->raise();
     }
     if (m_keyWindow && m_keyWindow->isExposed())
-        activateAsPager(*m_keyWindow);
+        m_windowSystem.activate(*m_keyWindow);
 }
 
 bool DesktopScreens::eventFilter(QObject *watched, QEvent *event)
@@ -167,15 +133,9 @@ bool DesktopScreens::eventFilter(QObject *watched, QEvent *event)
         watched->removeEventFilter(this);
         // Window managers give the keyboard to each window that they get to know, so it is asked for after every one.
         if (m_keyWindow && m_keyWindow->isExposed())
-            activateAsPager(*m_keyWindow);
+            m_windowSystem.activate(*m_keyWindow);
     }
     return QObject::eventFilter(watched, event);
-}
-
-bool DesktopScreens::canFade() const
-{
-    const X11Display display;
-    return display.isValid() && display.isComposited();
 }
 
 }

@@ -34,16 +34,11 @@ constexpr QRgb darkInk = 0xFFF5F5F7;
 constexpr QRgb lightFocus = 0xFF3D6FD6;
 constexpr QRgb darkFocus = 0xFFADC6FF;
 
-/// Whether the display server leaves the places of windows to the application.
-bool canPlaceWindows()
-{
-    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
 }
 
-}
-
-FloatingPillWindow::FloatingPillWindow(UserDefaults &defaults)
+FloatingPillWindow::FloatingPillWindow(UserDefaults &defaults, const WindowSystem &windowSystem)
     : m_defaults(defaults)
+    , m_windowSystem(windowSystem)
 {
     installPillAccessibility();
     setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
@@ -108,7 +103,7 @@ void FloatingPillWindow::setShown(bool isShown)
         return;
     }
     winId();
-    m_state.setFloating(*windowHandle());
+    m_windowSystem.setFloating(*windowHandle());
     connect(windowHandle(), &QWindow::screenChanged, this, &FloatingPillWindow::checkScale, Qt::UniqueConnection);
     fit();
     m_corrections = 0;
@@ -160,7 +155,7 @@ void FloatingPillWindow::fit()
 void FloatingPillWindow::shape()
 {
     // Without a compositor there is no translucency, and the corners are cut off instead.
-    if (!m_display.isValid() || m_display.isComposited()) {
+    if (m_windowSystem.isComposited()) {
         clearMask();
         return;
     }
@@ -179,7 +174,7 @@ QPoint FloatingPillWindow::wantedPlace() const
 
 void FloatingPillWindow::place()
 {
-    if (m_screen && canPlaceWindows() && !m_isDragged)
+    if (m_screen && m_windowSystem.canPlaceWindows() && !m_isDragged)
         move(wantedPlace());
 }
 
@@ -250,7 +245,7 @@ void FloatingPillWindow::mouseMoveEvent(QMouseEvent *event)
     m_isDragged = m_isDragged || (cursor - *m_pressed).manhattanLength() >= QApplication::startDragDistance();
     if (!m_isDragged)
         return;
-    if (canPlaceWindows())
+    if (m_windowSystem.canPlaceWindows())
         drag(cursor - *m_pressed, cursor);
     else if (windowHandle()->startSystemMove())
         m_pressed.reset();

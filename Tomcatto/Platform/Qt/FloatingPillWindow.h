@@ -3,7 +3,7 @@
 #include "Platform/Ports/StatusItem.h"
 #include "Platform/Ports/UserDefaults.h"
 #include "Platform/Qt/TrayMenuPopup.h"
-#include "Platform/X11/X11WindowState.h"
+#include "Platform/Qt/WindowSystem.h"
 
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
@@ -23,7 +23,8 @@ class FloatingPillWindow final : public QPushButton
 
 public:
     /// @param defaults keeps the place on the edge under a key of its own.
-    explicit FloatingPillWindow(UserDefaults &defaults);
+    /// @param windowSystem outlives this, as the defaults do.
+    FloatingPillWindow(UserDefaults &defaults, const WindowSystem &windowSystem);
     ~FloatingPillWindow() override;
 
     void setShown(bool isShown);
@@ -65,8 +66,7 @@ private:
     void checkScale();
 
     UserDefaults &m_defaults;
-    X11Display m_display;
-    X11WindowState m_state;
+    const WindowSystem &m_windowSystem;
     TrayMenuPopup m_popup;
     QImage m_pill;
     QString m_title;

@@ -1,7 +1,5 @@
 #include "Platform/Qt/PluginViewHost.h"
 
-#include "Platform/Qt/ViewPlugin.h"
-
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 #include <QtCore/QPluginLoader>
@@ -15,9 +13,12 @@ const QString fileName = QStringLiteral("tomcatto-views.so");
 
 }
 
-PluginViewHost::PluginViewHost(QObject &appearance, QObject &texts, QStringList folders)
+PluginViewHost::PluginViewHost(QObject &appearance, QObject &texts, const WindowSystem &windowSystem,
+                               ViewSurroundings surroundings, QStringList folders)
     : m_appearance(appearance)
     , m_texts(texts)
+    , m_windowSystem(windowSystem)
+    , m_surroundings(std::move(surroundings))
     , m_folders(std::move(folders))
 {
 }
@@ -41,9 +42,9 @@ std::unique_ptr<HostedView> PluginViewHost::create(const ViewDescription &descri
     }
     auto view = m_host->create(description);
     if (view)
-        view->window().setProperty("isComposited", !m_display.isValid() || m_display.isComposited());
+        view->window().setProperty("isComposited", m_windowSystem.isComposited());
     else
-        m_problem = QStringLiteral("the view %1 is faulty; the log says more").arg(description.component);
+        m_problem = m_host->problem();
     return view;
 }
 
@@ -60,7 +61,7 @@ void PluginViewHost::load()
             return;
         }
         // The plugin has a log of its own, whose lines belong into this one.
-        m_host = plugin->makeViewHost(m_appearance, m_texts,
+        m_host = plugin->makeViewHost(m_appearance, m_texts, m_surroundings,
                                       [](LogLevel level, const QString &category, const QString &message) {
                                           const Logger logger(category);
                                           switch (level) {

@@ -2,7 +2,8 @@
 
 #include "Foundation/Logger.h"
 #include "Platform/Ports/ViewHost.h"
-#include "Platform/X11/X11Display.h"
+#include "Platform/Qt/ViewPlugin.h"
+#include "Platform/Qt/WindowSystem.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QStringList>
@@ -16,17 +17,19 @@ class PluginViewHost final : public ViewHost
 public:
     /// @param appearance has the properties `dark`, `reducedMotion`, `highContrast` and `textScale`, which views
     /// follow.
-    /// @param texts the `LocalizedStrings` that views take their texts from; both outlive this.
+    /// @param texts the `LocalizedStrings` that views take their texts from.
+    /// @param windowSystem outlives this, as the two above do.
+    /// @param surroundings what views need of the platform besides.
     /// @param folders where the plugin may be, in the order of looking.
-    PluginViewHost(QObject &appearance, QObject &texts, QStringList folders = pluginFolders());
+    PluginViewHost(QObject &appearance, QObject &texts, const WindowSystem &windowSystem,
+                   ViewSurroundings surroundings = {}, QStringList folders = pluginFolders());
     ~PluginViewHost() override;
 
     /// Beside the program as it is built, and where an installation keeps plugins.
     [[nodiscard]] static QStringList pluginFolders();
 
     [[nodiscard]] std::unique_ptr<HostedView> create(const ViewDescription &description) override;
-    /// Why the last view could not be made; empty where it could.
-    [[nodiscard]] const QString &problem() const noexcept { return m_problem; }
+    [[nodiscard]] QString problem() const override { return m_problem; }
     /// Whether the plugin is loaded.
     [[nodiscard]] bool isLoaded() const noexcept { return m_host != nullptr; }
 
@@ -35,8 +38,9 @@ private:
 
     QObject &m_appearance;
     QObject &m_texts;
+    const WindowSystem &m_windowSystem;
+    ViewSurroundings m_surroundings;
     QStringList m_folders;
-    X11Display m_display;
     const Logger m_logger{QStringLiteral("PluginViewHost")};
     QString m_problem;
     std::unique_ptr<ViewHost> m_host;

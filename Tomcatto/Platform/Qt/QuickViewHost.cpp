@@ -1,7 +1,5 @@
 #include "Platform/Qt/QuickViewHost.h"
 
-#include "Platform/Linux/ProcessMemory.h"
-
 #include <QtQml/QQmlComponent>
 #include <QtQml/QQmlEngine>
 #include <QtQml/QQmlError>
@@ -39,8 +37,10 @@ private:
 
 }
 
-QuickViewHost::QuickViewHost(QObject &appearance, QObject &texts, std::chrono::milliseconds patience)
-    : m_settings(nullptr)
+QuickViewHost::QuickViewHost(QObject &appearance, QObject &texts, std::function<void()> released,
+                             std::chrono::milliseconds patience)
+    : m_released(std::move(released))
+    , m_settings(nullptr)
     , m_texts(texts)
     , m_mirror(appearance, m_settings, {"dark", "reducedMotion", "highContrast", "textScale"})
 {
@@ -64,6 +64,8 @@ std::unique_ptr<HostedView> QuickViewHost::create(const ViewDescription &descrip
     if (!m_engine)
         makeEngine();
     std::unique_ptr<QQuickWindow> window = makeWindow(description);
+    m_problem =
+        window ? QString() : QStringLiteral("the view %1 is faulty; the log says more").arg(description.component);
     if (!window) {
         if (m_windows.isEmpty())
             m_release.start();
@@ -132,8 +134,7 @@ void QuickViewHost::releaseEngine()
     dropPictures();
     m_engine.reset();
     m_logger.debug(QStringLiteral("no views are left, their engine is let go"));
-    // As a rule the application now stays hidden for long.
-    giveBackUnusedMemory();
+    m_released();
 }
 
 }

@@ -26,13 +26,16 @@ class QuickViewHost final : public QObject, public ViewHost
 public:
     /// @param appearance has the properties that views follow.
     /// @param texts the `LocalizedStrings`; both outlive this.
+    /// @param released called when the engine has been let go.
     /// @param patience how long an engine without views is kept.
-    QuickViewHost(QObject &appearance, QObject &texts, std::chrono::milliseconds patience = std::chrono::seconds(10));
+    QuickViewHost(QObject &appearance, QObject &texts, std::function<void()> released,
+                  std::chrono::milliseconds patience = std::chrono::seconds(10));
     /// Views that are still there lose their windows.
     ~QuickViewHost() override;
 
     /// The component is the file of that name in the module's folder; its root is a `Window`.
     [[nodiscard]] std::unique_ptr<HostedView> create(const ViewDescription &description) override;
+    [[nodiscard]] QString problem() const override { return m_problem; }
 
     /// Whether an engine is kept now.
     [[nodiscard]] bool hasEngine() const noexcept { return m_engine != nullptr; }
@@ -44,6 +47,8 @@ private:
     [[nodiscard]] std::unique_ptr<QQuickWindow> makeWindow(const ViewDescription &description);
 
     const Logger m_logger{QStringLiteral("QuickViewHost")};
+    std::function<void()> m_released;
+    QString m_problem;
     AppearanceSettings m_settings;
     QObject &m_texts;
     AppearanceMirror m_mirror;

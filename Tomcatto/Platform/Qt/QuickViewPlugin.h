@@ -8,11 +8,12 @@ namespace tomcatto {
 class QuickViewPlugin final : public QObject, public ViewPlugin
 {
     Q_OBJECT
-    Q_PLUGIN_METADATA(IID "studio.quillbay.Tomcatto.ViewPlugin/1")
+    Q_PLUGIN_METADATA(IID "studio.quillbay.Tomcatto.ViewPlugin/2")
     Q_INTERFACES(tomcatto::ViewPlugin)
 
 public:
-    [[nodiscard]] std::unique_ptr<ViewHost> makeViewHost(QObject &appearance, QObject &texts, LogSink log) override;
+    [[nodiscard]] std::unique_ptr<ViewHost> makeViewHost(QObject &appearance, QObject &texts,
+                                                         const ViewSurroundings &surroundings, LogSink log) override;
 };
 
 }

@@ -1,5 +1,7 @@
 #include "Platform/Qt/StatusItemSwitch.h"
 
+#include <algorithm>
+
 namespace tomcatto {
 
 namespace {
@@ -11,19 +13,19 @@ Cancellable held(const QMetaObject::Connection &connection)
 
 }
 
-StatusItemSwitch::StatusItemSwitch(const QDBusConnection &sessionBus, DesktopAppearance &appearance,
-                                   UserDefaults &defaults)
+StatusItemSwitch::StatusItemSwitch(std::vector<std::unique_ptr<TrayIcon>> trays, const DesktopAppearance &appearance,
+                                   UserDefaults &defaults, const WindowSystem &windowSystem)
     : m_appearance(appearance)
-    , m_notifier(sessionBus)
-    , m_pill(defaults)
+    , m_trays(std::move(trays))
+    , m_pill(defaults, windowSystem)
 {
-    for (TrayIcon *tray : std::initializer_list<TrayIcon *>{&m_notifier, &m_embedded}) {
-        connect(tray, &TrayIcon::hostChanged, this, &StatusItemSwitch::update);
-        connect(tray, &TrayIcon::activated, this, &StatusItemSwitch::activated);
-        connect(tray, &TrayIcon::menuCommandChosen, this, &StatusItemSwitch::menuCommandChosen);
+    for (const auto &tray : m_trays) {
+        connect(tray.get(), &TrayIcon::hostChanged, this, &StatusItemSwitch::update);
+        connect(tray.get(), &TrayIcon::activated, this, &StatusItemSwitch::activated);
+        connect(tray.get(), &TrayIcon::menuCommandChosen, this, &StatusItemSwitch::menuCommandChosen);
+        connect(tray.get(), &TrayIcon::menuWanted, this,
+                [this](QPoint place) { m_popup.popUp(place, m_pill.isVisible() ? &m_pill : nullptr); });
     }
-    connect(&m_notifier, &StatusNotifierTray::menuWanted, this,
-            [this](QPoint place) { m_popup.popUp(place, m_pill.isVisible() ? &m_pill : nullptr); });
     connect(&m_popup, &TrayMenuPopup::chosen, this, &StatusItemSwitch::menuCommandChosen);
     connect(&m_pill, &FloatingPillWindow::activated, this, [this] { Q_EMIT activated(m_pill.geometry()); });
     connect(&m_pill, &FloatingPillWindow::menuCommandChosen, this, &StatusItemSwitch::menuCommandChosen);
@@ -51,9 +53,13 @@ Cancellable StatusItemSwitch::onMenuCommand(std::function<void(const TrayMenuCom
 
 const TrayIcon *StatusItemSwitch::currentTray() const
 {
-    if (m_notifier.isHosted())
-        return &m_notifier;
-    return m_embedded.isHosted() ? &m_embedded : nullptr;
+    const auto found = std::ranges::find_if(m_trays, [](const auto &tray) { return tray->isHosted(); });
+    return found == m_trays.end() ? nullptr : found->get();
+}
+
+bool StatusItemSwitch::isDecided() const
+{
+    return std::ranges::all_of(m_trays, [](const auto &tray) { return tray->isDecided(); });
 }
 
 bool StatusItemSwitch::isPillDue() const
@@ -61,13 +67,14 @@ bool StatusItemSwitch::isPillDue() const
     if (m_isPillWanted)
         return true;
     // While it is not known yet, a pill that goes at once again would only flash.
-    return m_notifier.isDecided() && currentTray() == nullptr;
+    return isDecided() && currentTray() == nullptr;
 }
 
 void StatusItemSwitch::update()
 {
     const TrayIcon *tray = currentTray();
-    m_embedded.setShown(m_notifier.isDecided() && tray == &m_embedded);
+    for (const auto &each : m_trays)
+        each->setShown(isDecided() && tray == each.get());
     m_pill.setDark(m_appearance.isDesktopDark());
     StatusItemForms forms;
     if (tray != nullptr)
@@ -82,8 +89,8 @@ void StatusItemSwitch::update()
 
 void StatusItemSwitch::show(const StatusItemPresentation &presentation)
 {
-    m_notifier.show(presentation);
-    m_embedded.show(presentation);
+    for (const auto &tray : m_trays)
+        tray->show(presentation);
     if (isPillDue())
         m_pill.present(presentation);
     m_hasPresentation = true;
@@ -92,8 +99,8 @@ void StatusItemSwitch::show(const StatusItemPresentation &presentation)
 
 void StatusItemSwitch::setMenu(const TrayMenu &menu)
 {
-    m_notifier.setMenu(menu);
-    m_embedded.setMenu(menu);
+    for (const auto &tray : m_trays)
+        tray->setMenu(menu);
     m_pill.setMenu(menu);
     m_popup.setMenu(menu);
 }

@@ -1,23 +1,23 @@
 #pragma once
 
-#include "Platform/Freedesktop/DesktopAppearance.h"
-#include "Platform/Freedesktop/StatusNotifierTray.h"
+#include "Platform/Qt/DesktopAppearance.h"
 #include "Platform/Qt/FloatingPillWindow.h"
-#include "Platform/Qt/XEmbedTray.h"
+#include "Platform/Qt/TrayIcon.h"
 
 namespace tomcatto {
 
-/// The status item of a Linux desktop. The square icon shows in the tray that reads it over D-Bus, else in one that
-/// takes in windows; the pill floats at the top edge where there is neither, or beside the icon when the user wants it.
+/// The status item of a desktop with trays. The square icon shows in the first of them that is there; the pill floats
+/// at the top edge where there is none, or beside the icon when the user wants it.
 /// All of that is followed live. Main thread only.
 class StatusItemSwitch final : public QObject, public StatusItem
 {
     Q_OBJECT
 
 public:
-    /// @param sessionBus the session's bus; it may be without a connection.
-    /// @param defaults keeps the place of the floating pill.
-    StatusItemSwitch(const QDBusConnection &sessionBus, DesktopAppearance &appearance, UserDefaults &defaults);
+    /// @param trays the kinds of trays, the best first.
+    /// @param defaults keeps the place of the floating pill. What is referred to outlives this.
+    StatusItemSwitch(std::vector<std::unique_ptr<TrayIcon>> trays, const DesktopAppearance &appearance,
+                     UserDefaults &defaults, const WindowSystem &windowSystem);
     ~StatusItemSwitch() override;
 
     [[nodiscard]] StatusItemForms forms() const override { return m_forms; }
@@ -30,9 +30,6 @@ public:
     [[nodiscard]] Cancellable onActivated(std::function<void(std::optional<QRect>)> handler) override;
     [[nodiscard]] Cancellable onMenuCommand(std::function<void(const TrayMenuCommand &)> handler) override;
 
-    /// Whether a tray shows the square icon now.
-    [[nodiscard]] bool hasTray() const { return currentTray() != nullptr; }
-
 Q_SIGNALS:
     void formsChanged();
     void activated(std::optional<QRect> place);
@@ -40,12 +37,12 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] const TrayIcon *currentTray() const;
+    [[nodiscard]] bool isDecided() const;
     [[nodiscard]] bool isPillDue() const;
     void update();
 
-    DesktopAppearance &m_appearance;
-    StatusNotifierTray m_notifier;
-    XEmbedTray m_embedded;
+    const DesktopAppearance &m_appearance;
+    std::vector<std::unique_ptr<TrayIcon>> m_trays;
     FloatingPillWindow m_pill;
     TrayMenuPopup m_popup;
     StatusItemForms m_forms;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Freedesktop/DesktopAppearance.h"
+#include "Platform/Qt/DesktopAppearance.h"
 
 #include <QtGui/QPalette>
 

@@ -24,6 +24,13 @@ xcb_atom_t X11Display::atom(const QByteArray &name) const
     return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
+bool X11Display::hasExtension(const QByteArray &name) const
+{
+    const auto request = xcb_query_extension(m_connection, static_cast<uint16_t>(name.size()), name.constData());
+    const X11Reply<xcb_query_extension_reply_t> reply(xcb_query_extension_reply(m_connection, request, nullptr));
+    return reply && reply->present != 0;
+}
+
 xcb_window_t X11Display::selectionOwner(xcb_atom_t selection) const
 {
     const auto request = xcb_get_selection_owner(m_connection, selection);

@@ -28,6 +28,8 @@ public:
     [[nodiscard]] xcb_window_t root() const noexcept { return m_root; }
     /// The atom of a name. Waits for the server.
     [[nodiscard]] xcb_atom_t atom(const QByteArray &name) const;
+    /// Whether the server has an extension. Waits for the server.
+    [[nodiscard]] bool hasExtension(const QByteArray &name) const;
     /// The window that owns a selection, 0 without one. Waits for the server.
     [[nodiscard]] xcb_window_t selectionOwner(xcb_atom_t selection) const;
     /// Whether windows may be translucent because a compositor runs. Waits for the server.

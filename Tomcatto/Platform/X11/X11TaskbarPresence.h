@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Platform/Ports/ActivationPolicyPort.h"
-#include "Platform/X11/X11WindowState.h"
+#include "Platform/X11/X11WindowSystem.h"
 
 #include <QtCore/QObject>
 
@@ -26,7 +26,7 @@ public:
 private:
     void apply(QWindow &window) const;
 
-    X11WindowState m_state;
+    X11WindowSystem m_state;
     ActivationPolicyKind m_kind = ActivationPolicyKind::accessory;
 };
 

@@ -1,15 +1,14 @@
 #pragma once
 
+#include "Platform/Qt/TrayPresence.h"
 #include "Platform/X11/X11Display.h"
 
 #include <QtCore/QAbstractNativeEventFilter>
-#include <QtCore/QObject>
 
 namespace tomcatto {
 
-/// Tells whether a tray that takes in windows runs on the X server, and follows its coming and going by events. Where
-/// there is no X server there is no tray. Main thread only.
-class X11TrayWatcher final : public QObject, private QAbstractNativeEventFilter
+/// The tray of an X server that takes in windows. Where there is no X server there is none. Main thread only.
+class X11TrayWatcher final : public TrayPresence, private QAbstractNativeEventFilter
 {
     Q_OBJECT
 
@@ -17,11 +16,7 @@ public:
     X11TrayWatcher();
     ~X11TrayWatcher() override;
 
-    [[nodiscard]] bool hasTray() const noexcept { return m_owner != XCB_WINDOW_NONE; }
-
-Q_SIGNALS:
-    /// The tray came, went or was replaced by another one.
-    void trayChanged();
+    [[nodiscard]] bool hasTray() const override { return m_owner != XCB_WINDOW_NONE; }
 
 private:
     bool nativeEventFilter(const QByteArray &eventType, void *message, qintptr *result) override;

@@ -1,0 +1,132 @@
+#include "App/Program.h"
+
+#include "App/ApplicationControl.h"
+#include "CommandLine/ArgumentDomain.h"
+#include "Foundation/ApplicationIdentity.h"
+#include "Foundation/FatalError.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+
+namespace tomcatto {
+
+namespace {
+
+PrintOutcome printLine(std::FILE *file, const QString &line)
+{
+    const QByteArray bytes = line.toUtf8() + '\n';
+    const auto size = static_cast<std::size_t>(bytes.size());
+    if (std::fwrite(bytes.constData(), 1, size, file) == size && std::fflush(file) == 0)
+        return PrintOutcome::printed;
+    return errno == EPIPE ? PrintOutcome::nobodyReads : PrintOutcome::failed;
+}
+
+PrintOutcome printOutput(const QString &line)
+{
+    const PrintOutcome outcome = printLine(stdout, line);
+    if (outcome == PrintOutcome::failed)
+        printLine(stderr, QStringLiteral("tomcatto: standard output cannot be written: ") + qt_error_string(errno));
+    return outcome;
+}
+
+void logQtMessage(QtMsgType type, const QMessageLogContext & /*context*/, const QString &message)
+{
+    const Logger logger(QStringLiteral("Qt"));
+    switch (type) {
+    case QtDebugMsg:
+        return logger.debug(message);
+    case QtInfoMsg:
+        return logger.info(message);
+    case QtWarningMsg:
+    case QtCriticalMsg:
+        return logger.error(message);
+    case QtFatalMsg:
+        fatalError(message);
+    }
+}
+
+CommandSurroundings surroundings(const ProgramPorts &ports)
+{
+    return {ports, printOutput, [](const QString &line) { printLine(stderr, QStringLiteral("tomcatto: ") + line); }};
+}
+
+/// Beside the program as it is built, else where an installation keeps shared files.
+QString bundledVideosDirectory()
+{
+    const QDir program(QCoreApplication::applicationDirPath());
+    for (const char *place : {"BundledVideos", "../share/Tomcatto/BundledVideos"}) {
+        const QString folder = program.filePath(QString::fromLatin1(place));
+        if (QFileInfo(folder).isDir())
+            return QDir::cleanPath(folder);
+    }
+    return program.filePath(QStringLiteral("BundledVideos"));
+}
+
+}
+
+Program::Program(const ApplicationPlatform &platform)
+    : m_platform(platform)
+    , m_ports(platform.programPorts())
+    , m_runner(surroundings(m_ports))
+{
+    QCoreApplication::setApplicationName(productName);
+    setLogSink(m_ports.log);
+    qInstallMessageHandler(logQtMessage);
+}
+
+int Program::run(const std::function<int(const Invocation &)> &startApplication) const
+{
+    const auto invocation = parseCommandLine(QCoreApplication::arguments().mid(1));
+    if (!invocation) {
+        printLine(stderr, QStringLiteral("tomcatto: %1. See `tomcatto --help`.").arg(invocation.error()));
+        return static_cast<int>(ExitStatus::usage);
+    }
+    m_ports.copyLogToStandardError(invocation->isVerbose ? StandardErrorCopy::everything : StandardErrorCopy::errors);
+    if (invocation->action == Invocation::Action::application)
+        return startApplication(*invocation);
+    return static_cast<int>(m_runner.run(*invocation));
+}
+
+int Program::runApplication(const Invocation &invocation, const FrontEnd &frontEnd) const
+{
+    // Taken before anything is built, so that two starts at one moment cannot recover one marker twice.
+    const auto takeLock = [this] { return m_ports.instanceLock.tryTake() != InstanceLockResult::held; };
+    if (const auto status = m_runner.becomeApplication(takeLock))
+        return static_cast<int>(*status);
+    const int status = runHoldingLock(invocation, frontEnd);
+    m_ports.instanceLock.release();
+    return status;
+}
+
+int Program::runHoldingLock(const Invocation &invocation, const FrontEnd &frontEnd) const
+{
+    const ApplicationPorts ports = m_platform.applicationPorts();
+    const auto storedDefaults = m_ports.openDefaults(false);
+    ArgumentDomain defaults(*storedDefaults, invocation.argumentDomain);
+    const auto desktop = frontEnd.makeServices ? std::optional(frontEnd.makeServices()) : std::nullopt;
+    AppDependencies dependencies({ports.monotonicClock, m_ports.wallClock, ports.runLoop, m_ports.identifiers, defaults,
+                                  ports.workspacePower, m_ports.bookmarks, m_ports.stillFrame, m_ports.loginItem,
+                                  m_ports.applicationSupportDirectory, bundledVideosDirectory(),
+                                  desktop ? &*desktop : nullptr});
+    AppDelegate delegate(dependencies);
+    const QString socket = m_ports.controlSocket();
+    ApplicationControl control(dependencies, delegate, m_ports.localSockets, socket, [] { QCoreApplication::quit(); });
+    control.answerActivation(ports.processSignals, frontEnd.runningMessage);
+    if (const auto status = control.listen(m_runner))
+        return static_cast<int>(*status);
+    m_ports.instanceLock.announce(socket);
+    const auto surfaces =
+        frontEnd.makeSurfaces({invocation, ports, m_ports.copyLogToStandardError, dependencies, delegate, control});
+    const Cancellable termination = ports.processSignals.onTerminationRequest([&control] { control.end(); });
+    if (desktop)
+        delegate.applicationWillFinishLaunching({invocation.isBackground, invocation.isUiTest});
+    delegate.applicationDidFinishLaunching(*surfaces);
+    const int status = QCoreApplication::exec();
+    delegate.applicationWillTerminate();
+    return status;
+}
+
+}

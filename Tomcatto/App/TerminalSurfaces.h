@@ -1,0 +1,10 @@
+#pragma once
+
+#include "App/ApplicationSurfaces.h"
+
+namespace tomcatto {
+
+/// The application with its terminal front end.
+[[nodiscard]] FrontEnd terminalFrontEnd();
+
+}

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "Foundation/Logger.h"
+#include "Platform/Ports/Bookmarks.h"
+#include "Platform/Ports/IdentifierSource.h"
+#include "Platform/Ports/InstanceLock.h"
+#include "Platform/Ports/LocalSockets.h"
+#include "Platform/Ports/LoginItem.h"
+#include "Platform/Ports/MainRunLoop.h"
+#include "Platform/Ports/MonotonicClock.h"
+#include "Platform/Ports/ProcessSignals.h"
+#include "Platform/Ports/StillFrame.h"
+#include "Platform/Ports/Terminal.h"
+#include "Platform/Ports/UserDefaults.h"
+#include "Platform/Ports/WallClock.h"
+#include "Platform/Ports/WorkspacePower.h"
+
+#include <memory>
+#include <QtCore/QStringList>
+
+namespace tomcatto {
+
+/// What of the log goes to standard error as well.
+enum class StandardErrorCopy {
+    nothing,
+    /// Lines of the level error. A fault is left out: the one who logs it ends the process and says why there.
+    errors,
+    everything,
+};
+
+/// What every program stands on, one that only carries out a command included. Nothing here asks a bus.
+struct ProgramPorts
+{
+    /// Owns everything below, which lives no longer than the application object.
+    std::shared_ptr<const void> adapters;
+    LogSink log;
+    std::function<void(StandardErrorCopy)> copyLogToStandardError;
+    /// The user's application-support folder; empty if there is none.
+    std::optional<QString> applicationSupportDirectory;
+    /// Where the application is to listen.
+    std::function<QString()> controlSocket;
+    /// Where it may listen now, the likeliest place first.
+    std::function<QStringList()> controlSockets;
+    InstanceLock &instanceLock;
+    LocalSockets &localSockets;
+    WallClock &wallClock;
+    IdentifierSource &identifiers;
+    /// Shared with threads that a disk may hold longer than anything lives.
+    std::shared_ptr<const Bookmarks> bookmarks;
+    const StillFrame &stillFrame;
+    LoginItem &loginItem;
+    /// Opens the user defaults, for reading only or for a change.
+    std::function<std::unique_ptr<UserDefaults>(bool isReadOnly)> openDefaults;
+};
+
+/// What the running application needs besides.
+struct ApplicationPorts
+{
+    /// As above.
+    std::shared_ptr<const void> adapters;
+    const MonotonicClock &monotonicClock;
+    MainRunLoop &runLoop;
+    WorkspacePower &workspacePower;
+    ProcessSignals &processSignals;
+    Terminal &terminal;
+};
+
+/// One platform, as the programs take it: the maker of its adapters. A new platform is one more class of this kind, and
+/// one more of `DesktopPlatform` where there are windows. Main thread only.
+class ApplicationPlatform
+{
+public:
+    virtual ~ApplicationPlatform() = default;
+
+    /// Builds what every program needs, once. Needs Qt's application object, as all that follows.
+    [[nodiscard]] virtual ProgramPorts programPorts() const = 0;
+    /// Builds what the application needs, once; from then on the process's signals are its own.
+    [[nodiscard]] virtual ApplicationPorts applicationPorts() const = 0;
+    /// Lets the desktop's program, which lies beside the running one, take this process over where there is a display.
+    /// Nothing is unwound. Called from the only thread.
+    /// @return only where it does not: the reason; empty where there is no display or no such program.
+    [[nodiscard]] virtual QString becomeDesktop(const QStringList &arguments) const = 0;
+};
+
+/// Makes the platform that this build is for and prepares the process. Called first of all in `main`.
+[[nodiscard]] std::unique_ptr<ApplicationPlatform> makeApplicationPlatform();
+
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "Platform/Qt/TrayIcon.h"
+#include "Platform/Qt/TrayMenuPopup.h"
+#include "Platform/Qt/TrayPresence.h"
+
+#include <memory>
+#include <QtCore/QTimer>
+
+class QSystemTrayIcon;
+
+namespace tomcatto {
+
+/// The toolkit's own icon. It lives only while it is wanted and a tray for it runs, because the toolkit decides once
+/// which kind it uses.
+class ToolkitTray final : public TrayIcon
+{
+    Q_OBJECT
+
+public:
+    /// @param presence tells of the tray.
+    explicit ToolkitTray(std::unique_ptr<TrayPresence> presence);
+    ~ToolkitTray() override;
+
+    [[nodiscard]] bool isDecided() const override { return true; }
+    [[nodiscard]] bool isHosted() const override { return m_presence->hasTray(); }
+    /// The edge that the tray gave the icon; a usual one until it has.
+    [[nodiscard]] std::vector<int> iconSizes() const override { return {m_edge}; }
+    [[nodiscard]] std::optional<QRect> geometry() const override;
+
+    void setShown(bool isShown) override;
+    void show(const StatusItemPresentation &presentation) override;
+    void setMenu(const TrayMenu &menu) override { m_popup.setMenu(menu); }
+
+private:
+    void update();
+    void makeIcon();
+    void followEdge();
+
+    std::unique_ptr<TrayPresence> m_presence;
+    TrayMenuPopup m_popup;
+    std::unique_ptr<QSystemTrayIcon> m_icon;
+    /// The tray fits the icon in some time after it was shown and the toolkit does not tell when.
+    QTimer m_fitting;
+    std::vector<QImage> m_images;
+    QString m_toolTip;
+    int m_edge = 24;
+    bool m_isShown = false;
+};
+
+}

@@ -1,0 +1,132 @@
+#include "Platform/Freedesktop/AppearancePortal.h"
+#include "Platform/Freedesktop/AutostartLoginItem.h"
+#include "Platform/Freedesktop/DesktopSystemSettings.h"
+#include "Platform/Freedesktop/FreedesktopNotificationProbe.h"
+#include "Platform/Freedesktop/StatusNotifierTray.h"
+#include "Platform/Linux/ProcessMemory.h"
+#include "Platform/Linux/RenderDevice.h"
+#include "Platform/Ports/DesktopPlatform.h"
+#include "Platform/Posix/DisplayProbe.h"
+#include "Platform/Qt/ApplicationKeyMonitor.h"
+#include "Platform/Qt/DesktopScreens.h"
+#include "Platform/Qt/DisplayLoss.h"
+#include "Platform/Qt/MessageBoxAlert.h"
+#include "Platform/Qt/PluginViewHost.h"
+#include "Platform/Qt/StatusItemSwitch.h"
+#include "Platform/Qt/ToolkitTheme.h"
+#include "Platform/Qt/ToolkitTray.h"
+#include "Platform/X11/X11Access.h"
+#include "Platform/X11/X11ClickMonitor.h"
+#include "Platform/X11/X11TaskbarPresence.h"
+#include "Platform/X11/X11TrayWatcher.h"
+#include "Platform/X11/X11WindowSystem.h"
+
+#include <algorithm>
+
+namespace tomcatto {
+
+namespace {
+
+/// Whether views may be drawn by a graphics processor. X servers for remote or virtual screens do not share it.
+bool hasGraphicsProcessor()
+{
+    if (qEnvironmentVariableIsSet("LIBGL_ALWAYS_SOFTWARE") || !hasRenderDevice())
+        return false;
+    const X11Display display;
+    return display.isValid() ? display.hasExtension("DRI3")
+                             : QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
+std::vector<std::unique_ptr<TrayIcon>> makeTrays()
+{
+    std::vector<std::unique_ptr<TrayIcon>> trays;
+    trays.push_back(std::make_unique<StatusNotifierTray>(QDBusConnection::sessionBus()));
+    trays.push_back(std::make_unique<ToolkitTray>(std::make_unique<X11TrayWatcher>()));
+    return trays;
+}
+
+struct ServiceAdapters
+{
+    MessageBoxAlert alert;
+    DesktopSystemSettings systemSettings{DesktopSystemSettings::currentDesktops(), AutostartLoginItem::userFolder()};
+    FreedesktopNotificationProbe notificationProbe{QDBusConnection::sessionBus()};
+};
+
+struct SurfaceAdapters
+{
+    SurfaceAdapters(MainRunLoop &runLoop, UserDefaults &defaults, QObject &texts)
+        : screens(runLoop, windowSystem)
+        , viewHost(appearance, texts, windowSystem, {hasGraphicsProcessor, giveBackUnusedMemory})
+        , statusItem(makeTrays(), appearance, defaults, windowSystem)
+    {
+    }
+
+    X11WindowSystem windowSystem;
+    DesktopAppearance appearance;
+    AppearancePortal portal{QDBusConnection::sessionBus(), appearance};
+    ToolkitTheme toolkitTheme{appearance};
+    X11TaskbarPresence taskbarPresence;
+    X11ClickMonitor clickMonitor;
+    DesktopScreens screens;
+    ApplicationKeyMonitor keyMonitor;
+    PluginViewHost viewHost;
+    StatusItemSwitch statusItem;
+};
+
+class LinuxDesktop final : public DesktopPlatform
+{
+public:
+    [[nodiscard]] bool opensDisplay() override
+    {
+        QString platforms = qEnvironmentVariable("QT_QPA_PLATFORM");
+        if (platforms.isEmpty())
+            platforms = QStringLiteral("wayland;xcb");
+        return std::ranges::any_of(platforms.split(u';'), [this](const QString &name) { return opens(name); });
+    }
+    [[nodiscard]] DesktopServices services() override
+    {
+        m_access.reset();
+        const auto adapters = std::make_shared<ServiceAdapters>();
+        return {adapters, adapters->alert, adapters->systemSettings, adapters->notificationProbe};
+    }
+    [[nodiscard]] DesktopPorts ports(MainRunLoop &runLoop, UserDefaults &defaults, QObject &texts) override
+    {
+        const auto adapters = std::make_shared<SurfaceAdapters>(runLoop, defaults, texts);
+        return {adapters,
+                adapters->appearance,
+                adapters->taskbarPresence,
+                adapters->clickMonitor,
+                adapters->screens,
+                adapters->keyMonitor,
+                adapters->viewHost,
+                adapters->statusItem,
+                adapters->windowSystem.canPlaceWindows()};
+    }
+    [[nodiscard]] Cancellable onDisplayLost(std::function<void()> onLost) override
+    {
+        return Cancellable([loss = std::make_shared<DisplayLoss>(std::move(onLost))]() mutable { loss.reset(); });
+    }
+
+private:
+    [[nodiscard]] bool opens(const QString &platform)
+    {
+        if (platform.startsWith(QLatin1String("wayland")))
+            return DisplayProbe().isWaylandReachable();
+        if (!platform.startsWith(QLatin1String("xcb")))
+            return true;
+        m_access.emplace();
+        return m_access->isGranted();
+    }
+
+    /// Until the toolkit has a connection of its own.
+    std::optional<X11Access> m_access;
+};
+
+}
+
+std::unique_ptr<DesktopPlatform> makeDesktopPlatform()
+{
+    return std::make_unique<LinuxDesktop>();
+}
+
+}

@@ -1,0 +1,39 @@
+#include "Platform/Freedesktop/AutostartLoginItem.h"
+#include "Platform/Freedesktop/LogindWorkspacePower.h"
+#include "Platform/Freedesktop/TimeZoneSignal.h"
+#include "Platform/Linux/BirthTime.h"
+#include "Platform/Linux/BootTimeClock.h"
+#include "Platform/Linux/PeerCredentials.h"
+#include "Platform/Linux/ProcessMemory.h"
+#include "Platform/Linux/TimerfdDayTimer.h"
+#include "Platform/Sets/PosixPlatform.h"
+
+namespace tomcatto {
+
+namespace {
+
+std::unique_ptr<DayTimer> makeDayTimer()
+{
+    auto timer = std::make_unique<TimerfdDayTimer>();
+    new TimeZoneSignal(
+        QDBusConnection::systemBus(), [timer = timer.get()] { Q_EMIT timer->fired(); }, timer.get());
+    return timer;
+}
+
+}
+
+std::unique_ptr<ApplicationPlatform> makeApplicationPlatform()
+{
+    useOneAllocatorArena();
+    return std::make_unique<PosixPlatform>(PosixDifferences{
+        .journalSocket = QByteArrayLiteral("/run/systemd/journal/socket"),
+        .fileStatus = fileStatusWithBirth,
+        .isPeerTrusted = isPeerTrusted,
+        .makeDayTimer = makeDayTimer,
+        .makeLoginItem = [] { return std::make_unique<AutostartLoginItem>(AutostartLoginItem::programAtLogin()); },
+        .makeMonotonicClock = [] { return std::make_unique<BootTimeClock>(); },
+        .makeWorkspacePower = [] { return std::make_unique<LogindWorkspacePower>(QDBusConnection::systemBus()); },
+    });
+}
+
+}

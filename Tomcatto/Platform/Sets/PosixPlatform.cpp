@@ -1,0 +1,113 @@
+#include "Platform/Sets/PosixPlatform.h"
+
+#include "Platform/Posix/ApplicationDirectories.h"
+#include "Platform/Posix/DisplayProbe.h"
+#include "Platform/Posix/FileBookmarks.h"
+#include "Platform/Posix/FileInstanceLock.h"
+#include "Platform/Posix/ProcessReplacement.h"
+#include "Platform/Posix/StandardDescriptors.h"
+#include "Platform/Posix/SystemLogSink.h"
+#include "Platform/Posix/UnixProcessSignals.h"
+#include "Platform/Posix/UnixTerminal.h"
+#include "Platform/Qt/JsonFileUserDefaults.h"
+#include "Platform/Qt/LoadedStillFrame.h"
+#include "Platform/Qt/QtMainRunLoop.h"
+#include "Platform/Qt/RandomIdentifierSource.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
+
+namespace tomcatto {
+
+namespace {
+
+struct ProgramAdapters
+{
+    explicit ProgramAdapters(const PosixDifferences &differences)
+        : log(differences.journalSocket)
+        , localSockets(differences.isPeerTrusted)
+        , wallClock(differences.makeDayTimer)
+        , bookmarks(std::make_shared<const FileBookmarks>(QDir::homePath(), differences.fileStatus))
+        , loginItem(differences.makeLoginItem())
+    {
+    }
+
+    SystemLogSink log;
+    ApplicationDirectories directories;
+    FileInstanceLock instanceLock{directories.instanceLockFile(), directories.fallbackInstanceLockFile()};
+    UnixLocalSockets localSockets;
+    SystemWallClock wallClock;
+    RandomIdentifierSource identifiers;
+    std::shared_ptr<const FileBookmarks> bookmarks;
+    LoadedStillFrame stillFrame{LoadedStillFrame::pluginPath(QCoreApplication::applicationDirPath())};
+    std::unique_ptr<LoginItem> loginItem;
+};
+
+struct ApplicationAdapters
+{
+    explicit ApplicationAdapters(const PosixDifferences &differences)
+        : monotonicClock(differences.makeMonotonicClock())
+        , workspacePower(differences.makeWorkspacePower())
+    {
+    }
+
+    QtMainRunLoop runLoop;
+    std::unique_ptr<MonotonicClock> monotonicClock;
+    std::unique_ptr<WorkspacePower> workspacePower;
+    UnixProcessSignals processSignals;
+    UnixTerminal terminal{processSignals};
+};
+
+}
+
+PosixPlatform::PosixPlatform(PosixDifferences differences)
+    : m_differences(std::move(differences))
+{
+    openMissingStandardDescriptors();
+}
+
+ProgramPorts PosixPlatform::programPorts() const
+{
+    const auto adapters = std::make_shared<ProgramAdapters>(m_differences);
+    // Its ports hold it.
+    ProgramAdapters &program = *adapters;
+    return {
+        adapters,
+        program.log,
+        [&program](StandardErrorCopy copy) { program.log.copyToStandardError(copy); },
+        program.directories.applicationSupport(),
+        [&program] { return program.directories.controlSocket(); },
+        [&program] { return program.directories.reachableControlSockets(program.instanceLock.announced()); },
+        program.instanceLock,
+        program.localSockets,
+        program.wallClock,
+        program.identifiers,
+        program.bookmarks,
+        program.stillFrame,
+        *program.loginItem,
+        [&program](bool isReadOnly) {
+            return std::make_unique<JsonFileUserDefaults>(program.directories.userDefaultsFile(),
+                                                          isReadOnly ? JsonFileUserDefaults::Access::readOnly
+                                                                     : JsonFileUserDefaults::Access::readWrite);
+        },
+    };
+}
+
+ApplicationPorts PosixPlatform::applicationPorts() const
+{
+    const auto adapters = std::make_shared<ApplicationAdapters>(m_differences);
+    return {adapters,
+            *adapters->monotonicClock,
+            adapters->runLoop,
+            *adapters->workspacePower,
+            adapters->processSignals,
+            adapters->terminal};
+}
+
+QString PosixPlatform::becomeDesktop(const QStringList &arguments) const
+{
+    const auto desktop = ProcessReplacement::beside(QStringLiteral("tomcatto-desktop"));
+    return desktop.isPossible() && DisplayProbe().isReachable() ? desktop.run(arguments) : QString();
+}
+
+}

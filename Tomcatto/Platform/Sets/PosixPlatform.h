@@ -1,0 +1,38 @@
+#pragma once
+
+#include "Platform/Ports/ApplicationPlatform.h"
+#include "Platform/Posix/FileIdentity.h"
+#include "Platform/Posix/SystemWallClock.h"
+#include "Platform/Posix/UnixLocalSockets.h"
+
+namespace tomcatto {
+
+/// In what one system of the Unix kind differs from the next.
+struct PosixDifferences
+{
+    /// The address of a journal that takes log lines; without one they go to syslog.
+    QByteArray journalSocket;
+    FileStatusReader fileStatus = tomcatto::fileStatus;
+    UnixLocalSockets::PeerCheck isPeerTrusted = nullptr;
+    SystemWallClock::TimerMaker makeDayTimer;
+    std::function<std::unique_ptr<LoginItem>()> makeLoginItem;
+    std::function<std::unique_ptr<MonotonicClock>()> makeMonotonicClock;
+    std::function<std::unique_ptr<WorkspacePower>()> makeWorkspacePower;
+};
+
+/// What all systems of the Unix kind share: their calls and the toolkit's, put together once.
+class PosixPlatform final : public ApplicationPlatform
+{
+public:
+    /// Prepares the process.
+    explicit PosixPlatform(PosixDifferences differences);
+
+    [[nodiscard]] ProgramPorts programPorts() const override;
+    [[nodiscard]] ApplicationPorts applicationPorts() const override;
+    [[nodiscard]] QString becomeDesktop(const QStringList &arguments) const override;
+
+private:
+    PosixDifferences m_differences;
+};
+
+}
