@@ -9,6 +9,9 @@ if(TARGET all_qmllint)
     set_tests_properties(QmlLint PROPERTIES RUN_SERIAL ON TIMEOUT 600)
 endif()
 
+# The picture of the rooms is what the lists of rooms and libraries give.
+add_test(NAME Rooms COMMAND "${PROJECT_SOURCE_DIR}/Tools/rooms" --check)
+
 # What the included videos have to be: shape, seam, motion, sound.
 add_test(NAME Clips COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/Tools/clips/check")
 set_tests_properties(Clips PROPERTIES TIMEOUT 300)
