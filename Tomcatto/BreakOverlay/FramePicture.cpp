@@ -131,10 +131,11 @@ bool isOther(const uint8_t *before, const uint8_t *after, size_t size)
     return std::memcmp(before, after, size) != 0;
 }
 
-/// Which of some areas side by side differ, compared row by row, for memory is read fastest in its own order.
-std::vector<bool> compare(const FilmFrame &before, const FilmFrame &after, const std::vector<QRect> &areas)
+/// For each of some areas side by side, 1 if it differs, else 0; compared row by row, for memory is read fastest in its
+/// own order.
+std::vector<char> compare(const FilmFrame &before, const FilmFrame &after, const std::vector<QRect> &areas)
 {
-    std::vector<bool> differ(areas.size());
+    std::vector<char> differ(areas.size());
     std::vector<std::pair<int, size_t>> spans(areas.size());
     const auto planes = layoutOf(after.format);
     for (size_t plane = 0; plane < planes.size(); ++plane) {
@@ -150,8 +151,8 @@ std::vector<bool> compare(const FilmFrame &before, const FilmFrame &after, const
             const uint8_t *recent = after.planes.at(plane) + qsizetype{row} * after.strides.at(plane);
             for (size_t index = 0; index < spans.size(); ++index) {
                 const auto &[from, size] = spans[index];
-                if (!differ[index] && isOther(old + from, recent + from, size))
-                    differ[index] = true;
+                if (differ[index] == 0)
+                    differ[index] = isOther(old + from, recent + from, size) ? 1 : 0;
             }
         }
     }
@@ -229,12 +230,12 @@ std::vector<QRect> FramePicture::changes() const
     std::vector<QRect> areas;
     for (int top = 0; top < m_size.height(); top += step.height()) {
         const QRect band = QRect(0, top, m_size.width(), step.height()) & whole;
-        const std::vector<bool> differ = changes(band, step.width());
+        const std::vector<char> differ = changes(band, step.width());
         // What is to both sides of a single area that stands still goes together with it.
         constexpr int gap = 2;
         int last = -gap - 1;
         for (int index = 0; index < std::ssize(differ); ++index) {
-            if (!differ[static_cast<size_t>(index)])
+            if (differ[static_cast<size_t>(index)] == 0)
                 continue;
             const QRect area(index * step.width(), top, step.width(), band.height());
             if (index - last <= gap)
@@ -249,7 +250,7 @@ std::vector<QRect> FramePicture::changes() const
     return areas;
 }
 
-std::vector<bool> FramePicture::changes(const QRect &band, int width) const
+std::vector<char> FramePicture::changes(const QRect &band, int width) const
 {
     std::vector<QRect> sources;
     const bool isUpright = m_frame.angle == 0 && !m_frame.isMirrored;

@@ -33,7 +33,8 @@ private:
         void operator()(SwsContext *context) const;
     };
 
-    [[nodiscard]] std::vector<bool> changes(const QRect &band, int width) const;
+    // For each area so wide of a band, 1 if it looks otherwise, else 0.
+    [[nodiscard]] std::vector<char> changes(const QRect &band, int width) const;
     void paintDirect(const QRect &area, QImage &onto, QPoint origin);
     void draw(const QRect &part, QSize size, uchar *pixels, qsizetype stride);
     void drawWhole();

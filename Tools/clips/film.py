@@ -16,7 +16,7 @@ QUALITY = 16
 
 # What a break costs is mostly decoding. Two thirds of each picture stand still, and a decoder is done with them soonest
 # when a run of them is a plain number (no CABAC) and a copy (no weights, no filter of block edges, which find next to
-# nothing to do at this quality): nearly half the time, for a fifteenth more bytes.
+# nothing to do at this quality): nearly half the time, for a fifteenth more bytes at the same factor.
 EASY = "cabac=0:weightp=0:weightb=0:no-deblock=1:bframes=3:ref=3"
 
 # Everything that may lead another machine to other bytes: the number of threads, faster but not quite equal arithmetic,
