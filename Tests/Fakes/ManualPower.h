@@ -8,6 +8,7 @@ namespace tomcatto {
 class ManualPower final : public WorkspacePower
 {
 public:
+    [[nodiscard]] bool tellsOfSleep() const override { return true; }
     [[nodiscard]] Cancellable onWillSleep(std::function<void()> handler) override
     {
         sleep = std::move(handler);

@@ -328,8 +328,10 @@ void DesktopSurfaces::updateCapabilities()
     capabilities.overlay = canPlace ? DesktopSupport::full : DesktopSupport::limited;
     capabilities.placesPanel = canPlace;
     capabilities.showsPill = forms.pillScale.has_value();
+    capabilities.opensAtLogin = m_dependencies.platform.loginItem.status() != LoginItemStatus::unavailable;
+    capabilities.noticesSleep = m_dependencies.platform.workspacePower.tellsOfSleep();
     m_permissionsPage.setCapabilities(capabilities);
-    m_onboardingModel.setShowsPill(capabilities.showsPill);
+    m_onboardingModel.setCapabilities(capabilities);
 }
 
 }

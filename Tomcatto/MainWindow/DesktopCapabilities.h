@@ -35,6 +35,10 @@ struct DesktopCapabilities
     bool showsPill = false;
     /// Whether the panel opens at the icon, and not where the desktop wants it.
     bool placesPanel = true;
+    /// Whether the system can be told to start the application at login.
+    bool opensAtLogin = true;
+    /// Whether the system tells when it goes to sleep.
+    bool noticesSleep = true;
 
     bool operator==(const DesktopCapabilities &) const = default;
 };

@@ -109,7 +109,7 @@ ScrollPage {
         ListRow {
             title: Texts.text("window.general.launch_at_login.title")
             help: page.viewModel.launchAtLoginHelp
-            switchable: true
+            switchable: page.viewModel.offersLaunchAtLogin
             checked: page.viewModel.launchAtLogin
             onToggled: page.viewModel.setLaunchAtLogin(checked)
         }

@@ -124,10 +124,11 @@ QString GeneralPageViewModel::launchAtLoginHelp() const
         return m_strings.text(QStringLiteral("window.general.launch_at_login.help_approval"));
     case LoginItemStatus::otherProgram:
         return m_strings.text(QStringLiteral("window.general.launch_at_login.help_other"));
+    case LoginItemStatus::unavailable:
+        return m_strings.text(QStringLiteral("window.general.launch_at_login.help_unavailable"));
     case LoginItemStatus::notRegistered:
     case LoginItemStatus::enabled:
     case LoginItemStatus::outdated:
-    case LoginItemStatus::unavailable:
         break;
     }
     return m_strings.text(QStringLiteral("window.general.launch_at_login.help"));

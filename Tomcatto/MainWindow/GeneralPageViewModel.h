@@ -29,6 +29,8 @@ class GeneralPageViewModel final : public QObject
     /// The user can change that in the system's settings.
     Q_PROPERTY(bool notificationsDenied READ notificationsDenied NOTIFY changed FINAL)
     Q_PROPERTY(bool launchAtLogin READ launchAtLogin NOTIFY changed FINAL)
+    /// Whether the system offers it at all.
+    Q_PROPERTY(bool offersLaunchAtLogin READ offersLaunchAtLogin NOTIFY changed FINAL)
     Q_PROPERTY(QString launchAtLoginHelp READ launchAtLoginHelp NOTIFY changed FINAL)
     /// Whether the whole pill may be shown in a small window of its own, and whether it is.
     Q_PROPERTY(bool offersFloatingPill READ offersFloatingPill NOTIFY changed FINAL)
@@ -52,6 +54,7 @@ public:
     [[nodiscard]] bool notificationsBlocked() const;
     [[nodiscard]] bool notificationsDenied() const;
     [[nodiscard]] bool launchAtLogin() const { return m_settings.launchAtLogin(); }
+    [[nodiscard]] bool offersLaunchAtLogin() const { return m_launchAtLogin.status() != LoginItemStatus::unavailable; }
     [[nodiscard]] QString launchAtLoginHelp() const;
     [[nodiscard]] bool offersFloatingPill() const { return m_floatingPill.has_value(); }
     [[nodiscard]] bool floatingPill() const { return m_floatingPill.value_or(false); }

@@ -69,6 +69,7 @@ Item {
             symbol: "power"
             title: Texts.text("onboarding.alerts.launch_at_login.title")
             help: Texts.text("onboarding.alerts.launch_at_login.help")
+            visible: step.viewModel.offersLaunchAtLogin
             switchable: true
             checked: step.viewModel.launchAtLogin
             onToggled: step.viewModel.setLaunchAtLogin(checked)

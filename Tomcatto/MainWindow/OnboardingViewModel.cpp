@@ -107,11 +107,11 @@ QString OnboardingViewModel::barTime() const
            locale.toString(QTime(9, 0), m_wallClock.calendar().timeFormat);
 }
 
-void OnboardingViewModel::setShowsPill(bool showsPill)
+void OnboardingViewModel::setCapabilities(const DesktopCapabilities &capabilities)
 {
-    if (showsPill == m_showsPill)
+    if (capabilities == m_capabilities)
         return;
-    m_showsPill = showsPill;
+    m_capabilities = capabilities;
     Q_EMIT changed();
 }
 

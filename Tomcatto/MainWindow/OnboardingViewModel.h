@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Localization/LocalizedStrings.h"
+#include "MainWindow/DesktopCapabilities.h"
 #include "Platform/Ports/SystemSettings.h"
 #include "Platform/Ports/WallClock.h"
 #include "QuillbayKit/NotificationAuthorization.h"
@@ -28,6 +29,8 @@ class OnboardingViewModel final : public QObject
     Q_PROPERTY(QString notificationsText READ notificationsText NOTIFY changed FINAL)
     Q_PROPERTY(bool sound READ sound NOTIFY changed FINAL)
     Q_PROPERTY(bool launchAtLogin READ launchAtLogin NOTIFY changed FINAL)
+    /// Whether the system offers it at all.
+    Q_PROPERTY(bool offersLaunchAtLogin READ offersLaunchAtLogin NOTIFY changed FINAL)
     /// The length of a focus phase as the dial and the pill show it.
     Q_PROPERTY(QString focusTime READ focusTime NOTIFY changed FINAL)
     /// A day and an hour, as a bar shows them, for the picture.
@@ -51,9 +54,11 @@ public:
     [[nodiscard]] bool launchAtLogin() const { return m_settings.launchAtLogin(); }
     [[nodiscard]] QString focusTime() const;
     [[nodiscard]] QString barTime() const;
-    [[nodiscard]] bool showsPill() const noexcept { return m_showsPill; }
+    [[nodiscard]] bool offersLaunchAtLogin() const noexcept { return m_capabilities.opensAtLogin; }
+    [[nodiscard]] bool showsPill() const noexcept { return m_capabilities.showsPill; }
 
-    void setShowsPill(bool showsPill);
+    /// What the application found out about the desktop.
+    void setCapabilities(const DesktopCapabilities &capabilities);
     /// Back to the first step; reads the permission anew.
     void restart();
 
@@ -82,7 +87,7 @@ private:
     const LocalizedStrings &m_strings;
     const WallClock &m_wallClock;
     int m_step = 0;
-    bool m_showsPill = false;
+    DesktopCapabilities m_capabilities;
 };
 
 }

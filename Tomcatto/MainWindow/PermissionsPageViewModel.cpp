@@ -38,7 +38,15 @@ QVariantList PermissionsPageViewModel::rows() const
     QVariantList list;
     for (const Row &row : {notifications(), tray(), overlay(), hotKeys(), launchAtLogin()})
         list.append(makeRow(row));
+    // Elsewhere there is nothing to say about it.
+    if (!m_capabilities.noticesSleep)
+        list.append(makeRow(unavailable(QStringLiteral("sleep"))));
     return list;
+}
+
+PermissionsPageViewModel::Row PermissionsPageViewModel::unavailable(const QString &id)
+{
+    return {.id = id, .help = QStringLiteral("help_unavailable"), .state = QStringLiteral("unavailable")};
 }
 
 QVariantMap PermissionsPageViewModel::makeRow(const Row &row) const
@@ -78,8 +86,7 @@ PermissionsPageViewModel::Row PermissionsPageViewModel::notifications() const
         row.button = QStringLiteral("open_settings");
         break;
     case NotificationPermission::unavailable:
-        row.state = QStringLiteral("unavailable");
-        row.help = QStringLiteral("help_unavailable");
+        row = unavailable(row.id);
         row.isProblem = true;
         break;
     }
@@ -135,15 +142,15 @@ PermissionsPageViewModel::Row PermissionsPageViewModel::hotKeys() const
         row.button = QStringLiteral("ask");
         break;
     case HotKeySupport::none:
-        row.state = QStringLiteral("unavailable");
-        row.help = QStringLiteral("help_unavailable");
-        break;
+        return unavailable(row.id);
     }
     return row;
 }
 
 PermissionsPageViewModel::Row PermissionsPageViewModel::launchAtLogin() const
 {
+    if (!m_capabilities.opensAtLogin)
+        return unavailable(QStringLiteral("launch_at_login"));
     Row row{.id = QStringLiteral("launch_at_login"), .button = QStringLiteral("general")};
     row.isGood = m_settings.launchAtLogin();
     row.state = row.isGood ? QStringLiteral("on") : QStringLiteral("off");

@@ -42,6 +42,7 @@ Q_SIGNALS:
 
 private:
     struct Row;
+    [[nodiscard]] static Row unavailable(const QString &id);
     [[nodiscard]] QVariantMap makeRow(const Row &row) const;
     [[nodiscard]] Row notifications() const;
     [[nodiscard]] Row tray() const;

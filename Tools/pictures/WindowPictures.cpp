@@ -44,7 +44,7 @@ public:
         m_fixture.probe.current = {variant.language == SelectedLanguage::de ? NotificationPermission::denied
                                                                             : NotificationPermission::authorised,
                                    true};
-        m_fixture.onboarding.setShowsPill(true);
+        m_fixture.onboarding.setCapabilities({.showsPill = true});
         addVideos();
         m_appearance.setDark(variant.dark);
         m_appearance.setReducedMotion(true);

@@ -158,6 +158,10 @@ TEST(GeneralPage, FailedLaunchAtLoginTurnsTheSwitchBack)
     fixture.loginItem.current = LoginItemStatus::otherProgram;
     fixture.launchAtLogin.readStatus();
     EXPECT_TRUE(fixture.general.launchAtLoginHelp().startsWith(QStringLiteral("Another copy")));
+    EXPECT_TRUE(fixture.general.offersLaunchAtLogin());
+    fixture.loginItem.current = LoginItemStatus::unavailable;
+    fixture.launchAtLogin.readStatus();
+    EXPECT_FALSE(fixture.general.offersLaunchAtLogin()) << "a switch that does nothing";
 }
 
 TEST(PermissionsPage, SaysWhatTheDesktopCanDo)
@@ -181,6 +185,11 @@ TEST(PermissionsPage, SaysWhatTheDesktopCanDo)
     expect("launch_at_login", "Off", "General", false);
     EXPECT_EQ(permission(fixture, QStringLiteral("notifications")).value(QStringLiteral("help")).toString(),
               QStringLiteral("They come without buttons on this desktop"));
+
+    EXPECT_EQ(fixture.permissions.rows().size(), 5);
+    fixture.permissions.setCapabilities({.hotKeys = HotKeySupport::none, .opensAtLogin = false, .noticesSleep = false});
+    for (const char *id : {"hotkeys", "launch_at_login", "sleep"})
+        expect(id, "Not available", "", false);
 
     const auto trayHelp = [&fixture](DesktopSupport tray, bool placesPanel) {
         fixture.permissions.setCapabilities({.tray = tray, .placesPanel = placesPanel});

@@ -24,6 +24,7 @@ public:
     explicit LogindWorkspacePower(const QDBusConnection &systemBus);
     ~LogindWorkspacePower() override;
 
+    [[nodiscard]] bool tellsOfSleep() const override { return m_bus.isConnected(); }
     [[nodiscard]] Cancellable onWillSleep(std::function<void()> handler) override;
     [[nodiscard]] Cancellable onDidWake(std::function<void()> handler) override;
     /// Holds a delay inhibitor while wanted, which logind honours for a few seconds at each sleep.

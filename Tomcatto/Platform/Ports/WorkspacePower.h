@@ -10,6 +10,8 @@ class WorkspacePower
 public:
     virtual ~WorkspacePower() = default;
 
+    /// Whether the system tells of its sleep here.
+    [[nodiscard]] virtual bool tellsOfSleep() const = 0;
     /// Calls `handler` before the machine sleeps.
     [[nodiscard]] virtual Cancellable onWillSleep(std::function<void()> handler) = 0;
     /// Calls `handler` after the machine woke.
