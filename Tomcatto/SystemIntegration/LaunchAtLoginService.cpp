@@ -65,7 +65,8 @@ void LaunchAtLoginService::apply(bool isOn)
     if (!result) {
         m_logger.error(QStringLiteral("launch-at-login %1 failed: %2")
                            .arg(isOn ? QStringLiteral("register") : QStringLiteral("unregister"), m_problem));
-        if (m_failureAlert)
+        // Where it is not offered, nobody is waiting before a switch, and there are no settings to open.
+        if (m_failureAlert && m_loginItem.status() != LoginItemStatus::unavailable)
             tellFailure(*m_failureAlert);
     }
     readStatus();

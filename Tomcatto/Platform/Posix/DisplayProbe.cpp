@@ -1,5 +1,7 @@
 #include "Platform/Posix/DisplayProbe.h"
 
+#include "Platform/Posix/DescriptorFlags.h"
+
 #include <cerrno>
 #include <cstddef>
 #include <cstring>
@@ -26,7 +28,7 @@ bool opensLocal(const QByteArray &path)
         return false;
     std::memcpy(address.sun_path, path.constData(), static_cast<std::size_t>(path.size()));
     const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + static_cast<std::size_t>(path.size()));
-    const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
     if (socket < 0)
         return false;
     const bool isOpen = ::connect(socket, reinterpret_cast<const sockaddr *>(&address), length) == 0;
@@ -36,10 +38,11 @@ bool opensLocal(const QByteArray &path)
 
 bool opensRemoteAddress(const addrinfo &place)
 {
-    const int socket = ::socket(place.ai_family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+    const int socket = ::socket(place.ai_family, SOCK_STREAM, 0);
     if (socket < 0)
         return false;
-    const bool isUnderWay = ::connect(socket, place.ai_addr, place.ai_addrlen) == 0 || errno == EINPROGRESS;
+    const bool isUnderWay =
+        stopWaiting(socket) && (::connect(socket, place.ai_addr, place.ai_addrlen) == 0 || errno == EINPROGRESS);
     pollfd waiting{socket, POLLOUT, 0};
     int error = 0;
     socklen_t size = sizeof error;

@@ -1,6 +1,7 @@
 #include "Platform/Posix/SystemLogSink.h"
 
 #include "Foundation/ApplicationIdentity.h"
+#include "Platform/Posix/DescriptorFlags.h"
 
 #include <atomic>
 #include <mutex>
@@ -68,7 +69,7 @@ public:
     {
         m_journal.sun_family = AF_UNIX;
         qstrncpy(m_journal.sun_path, journalSocket.constData(), sizeof m_journal.sun_path);
-        m_socket = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+        m_socket = closedOnReplacement(::socket(AF_UNIX, SOCK_DGRAM, 0));
         // A journal that hangs may hold a line up, not the application.
         constexpr timeval longestWait{0, 100'000};
         ::setsockopt(m_socket, SOL_SOCKET, SO_SNDTIMEO, &longestWait, sizeof longestWait);

@@ -1,6 +1,7 @@
 #include "Platform/Posix/UnixLocalListener.h"
 
 #include "Foundation/Logger.h"
+#include "Platform/Posix/DescriptorFlags.h"
 #include "Platform/Posix/UnixLocalConnection.h"
 
 #include <cerrno>
@@ -34,7 +35,7 @@ UnixLocalListener::~UnixLocalListener()
 void UnixLocalListener::acceptOne()
 {
     // One at a time, so that those already connected are heard between a crowd of others.
-    const int descriptor = ::accept4(m_descriptor, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
+    const int descriptor = closedOnReplacement(::accept(m_descriptor, nullptr, nullptr));
     if (descriptor < 0) {
         if (errno != EAGAIN && errno != EINTR && errno != ECONNABORTED)
             pause(errno);
@@ -42,7 +43,7 @@ void UnixLocalListener::acceptOne()
     }
     m_isShort = false;
     auto connection = std::make_unique<UnixLocalConnection>(descriptor);
-    if (m_isPeerTrusted && !m_isPeerTrusted(descriptor))
+    if ((m_isPeerTrusted && !m_isPeerTrusted(descriptor)) || !stopWaiting(descriptor))
         return;
     // It may end the listening, and itself with it.
     const auto handler = m_handler;

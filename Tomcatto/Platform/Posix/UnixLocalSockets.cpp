@@ -1,6 +1,7 @@
 #include "Platform/Posix/UnixLocalSockets.h"
 
 #include "Foundation/Logger.h"
+#include "Platform/Posix/DescriptorFlags.h"
 #include "Platform/Posix/UnixLocalConnection.h"
 #include "Platform/Posix/UnixLocalListener.h"
 
@@ -8,7 +9,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <fcntl.h>
 #include <QtCore/QFile>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -25,7 +25,7 @@ class OwnedSocket final
 {
 public:
     OwnedSocket()
-        : m_descriptor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0))
+        : m_descriptor(closedOnReplacement(::socket(AF_UNIX, SOCK_STREAM, 0)))
     {
     }
     OwnedSocket(const OwnedSocket &) = delete;
@@ -38,12 +38,6 @@ public:
 
     [[nodiscard]] int descriptor() const noexcept { return m_descriptor; }
     [[nodiscard]] int release() noexcept { return std::exchange(m_descriptor, -1); }
-    /// Makes its calls return at once from now on.
-    [[nodiscard]] bool stopWaiting() const
-    {
-        const int flags = ::fcntl(m_descriptor, F_GETFL);
-        return flags >= 0 && ::fcntl(m_descriptor, F_SETFL, flags | O_NONBLOCK) == 0;
-    }
 
 private:
     int m_descriptor;
@@ -67,7 +61,7 @@ int connectError(const QByteArray &path)
 {
     const OwnedSocket probe;
     const bool isConnected =
-        probe.descriptor() >= 0 && probe.stopWaiting() && withAddress(path, probe.descriptor(), ::connect);
+        probe.descriptor() >= 0 && stopWaiting(probe.descriptor()) && withAddress(path, probe.descriptor(), ::connect);
     return isConnected ? 0 : errno;
 }
 
@@ -80,11 +74,12 @@ int listeningSocket(const QByteArray &path)
     const QByteArray unready = path.left(path.lastIndexOf('/') + 1) + ".new-" + QByteArray::number(::getpid());
     ::unlink(unready.constData());
     OwnedSocket socket;
-    // The file gets the mode that the socket has when it is bound, so it never lies there open to others.
-    if (socket.descriptor() < 0 || ::fchmod(socket.descriptor(), ownerOnly) != 0 || !socket.stopWaiting() ||
+    if (socket.descriptor() < 0 || !stopWaiting(socket.descriptor()) ||
         !withAddress(unready, socket.descriptor(), ::bind))
         return -1;
-    if (::listen(socket.descriptor(), longestQueue) == 0 && ::rename(unready.constData(), path.constData()) == 0)
+    // Until it listens it takes nobody in, so it never lies there open to others.
+    if (::chmod(unready.constData(), ownerOnly) == 0 && ::listen(socket.descriptor(), longestQueue) == 0 &&
+        ::rename(unready.constData(), path.constData()) == 0)
         return socket.release();
     const int error = errno;
     ::unlink(unready.constData());
@@ -132,7 +127,7 @@ std::unique_ptr<LocalConnection> UnixLocalSockets::connect(const QString &addres
     do {
         isConnected = withAddress(path, socket.descriptor(), ::connect);
     } while (!isConnected && errno == EINTR);
-    if (!isConnected || (m_isPeerTrusted && !m_isPeerTrusted(socket.descriptor())) || !socket.stopWaiting())
+    if (!isConnected || (m_isPeerTrusted && !m_isPeerTrusted(socket.descriptor())) || !stopWaiting(socket.descriptor()))
         return nullptr;
     return std::make_unique<UnixLocalConnection>(socket.release());
 }

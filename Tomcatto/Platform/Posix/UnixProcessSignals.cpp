@@ -1,12 +1,12 @@
 #include "Platform/Posix/UnixProcessSignals.h"
 
 #include "Foundation/FatalError.h"
+#include "Platform/Posix/DescriptorFlags.h"
 
 #include <array>
 #include <atomic>
 #include <cerrno>
 #include <csignal>
-#include <fcntl.h>
 #include <QtCore/QSocketNotifier>
 #include <unistd.h>
 
@@ -64,7 +64,9 @@ bool isSwitchedOff(int signalNumber)
 UnixProcessSignals::UnixProcessSignals()
 {
     std::array<int, 2> ends{};
-    if (::pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+    const bool isOpen = ::pipe(ends.data()) == 0 && stopWaiting(closedOnReplacement(ends[0])) &&
+                        stopWaiting(closedOnReplacement(ends[1]));
+    if (!isOpen)
         fatalError(QStringLiteral("No pipe for the process's signals"));
     m_readEnd = ends[0];
     m_writeEnd = ends[1];

@@ -1,11 +1,8 @@
 #include "Platform/X11/X11ClickMonitor.h"
 
 #include <array>
-#include <QtCore/QEvent>
-#include <QtCore/QPointer>
 #include <QtGui/QCursor>
 #include <QtGui/QGuiApplication>
-#include <QtGui/QMouseEvent>
 #include <sys/uio.h>
 #include <xcb/xcbext.h>
 
@@ -63,38 +60,22 @@ X11ClickMonitor::X11ClickMonitor()
 
 X11ClickMonitor::~X11ClickMonitor()
 {
-    if (m_subscribers > 0)
-        unsubscribe();
-}
-
-Cancellable X11ClickMonitor::onPressed(std::function<void(QPoint)> handler)
-{
-    if (m_subscribers++ == 0)
-        subscribe();
-    const QMetaObject::Connection connection = connect(this, &X11ClickMonitor::pressed, this, std::move(handler));
-    return Cancellable([monitor = QPointer(this), connection] {
-        disconnect(connection);
-        if (monitor && --monitor->m_subscribers == 0)
-            monitor->unsubscribe();
-    });
+    if (isWatching())
+        X11ClickMonitor::unsubscribe();
 }
 
 void X11ClickMonitor::subscribe()
 {
-    if (m_extension == 0) {
-        qGuiApp->installEventFilter(this);
-        return;
-    }
+    if (m_extension == 0)
+        return ApplicationClickMonitor::subscribe();
     qGuiApp->installNativeEventFilter(this);
     selectRawPresses(true);
 }
 
 void X11ClickMonitor::unsubscribe()
 {
-    if (m_extension == 0) {
-        qGuiApp->removeEventFilter(this);
-        return;
-    }
+    if (m_extension == 0)
+        return ApplicationClickMonitor::unsubscribe();
     qGuiApp->removeNativeEventFilter(this);
     selectRawPresses(false);
 }
@@ -126,13 +107,6 @@ bool X11ClickMonitor::nativeEventFilter(const QByteArray &eventType, void *messa
     if (event->button < firstWheelButton || event->button > lastWheelButton)
         Q_EMIT pressed(QCursor::pos());
     return false;
-}
-
-bool X11ClickMonitor::eventFilter(QObject *watched, QEvent *event)
-{
-    if (event->type() == QEvent::MouseButtonPress && watched->isWindowType())
-        Q_EMIT pressed(static_cast<QMouseEvent *>(event)->globalPosition().toPoint());
-    return QObject::eventFilter(watched, event);
 }
 
 }

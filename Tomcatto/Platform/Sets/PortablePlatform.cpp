@@ -1,0 +1,44 @@
+#include "Platform/Posix/CheckingDayTimer.h"
+#include "Platform/Posix/SteadyClock.h"
+#include "Platform/Sets/PosixPlatform.h"
+
+namespace tomcatto {
+
+namespace {
+
+/// Nothing here starts what the user wants at login.
+class AbsentLoginItem final : public LoginItem
+{
+public:
+    [[nodiscard]] LoginItemStatus status() const override { return LoginItemStatus::unavailable; }
+    [[nodiscard]] std::expected<void, QString> registerItem() override
+    {
+        return std::unexpected(QStringLiteral("this build of Tomcatto cannot ask the system to open it at login"));
+    }
+    [[nodiscard]] std::expected<void, QString> unregisterItem() override { return {}; }
+};
+
+/// Nothing here hears of the machine's sleep.
+class UnnoticedSleep final : public WorkspacePower
+{
+public:
+    [[nodiscard]] bool tellsOfSleep() const override { return false; }
+    [[nodiscard]] Cancellable onWillSleep(std::function<void()> /*handler*/) override { return {}; }
+    [[nodiscard]] Cancellable onDidWake(std::function<void()> /*handler*/) override { return {}; }
+    void setSleepDelayed(bool /*isDelayed*/) override {}
+};
+
+}
+
+std::unique_ptr<ApplicationPlatform> makeApplicationPlatform()
+{
+    return std::make_unique<PosixPlatform>(PosixDifferences{
+        .journalSocket = {},
+        .makeDayTimer = [] { return std::make_unique<CheckingDayTimer>(); },
+        .makeLoginItem = [] { return std::make_unique<AbsentLoginItem>(); },
+        .makeMonotonicClock = [] { return std::make_unique<SteadyClock>(); },
+        .makeWorkspacePower = [] { return std::make_unique<UnnoticedSleep>(); },
+    });
+}
+
+}
