@@ -3,7 +3,6 @@
 #include "Fakes/ManualWallClock.h"
 #include "Persistence/CoreDataStack.h"
 #include "Persistence/Repositories/SessionRepository.h"
-#include "Statistics/RepositorySessionHistory.h"
 #include "Statistics/StatsAggregator.h"
 #include "Yardstick.h"
 
@@ -21,8 +20,7 @@ struct OpenHistory
     ManualWallClock clock{PhaseHistory::now(), PhaseHistory::calendar()};
     CoreDataStack stack{history.applicationSupportDirectory()};
     SessionRepository repository{stack, clock};
-    RepositorySessionHistory sessionHistory{repository};
-    StatsAggregator aggregator{sessionHistory, clock};
+    StatsAggregator aggregator{repository, clock};
 };
 
 /// What all benchmarks share: a folder for their files, the histories that are open, and the yardsticks.

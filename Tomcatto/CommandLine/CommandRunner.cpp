@@ -4,8 +4,6 @@
 #include "Persistence/CoreDataStack.h"
 #include "Persistence/Repositories/SessionRepository.h"
 #include "Persistence/Repositories/UserVideoRepository.h"
-#include "Statistics/EmptySessionHistory.h"
-#include "Statistics/RepositorySessionHistory.h"
 #include "Statistics/StatsAggregator.h"
 #include "Statistics/StatsReport.h"
 
@@ -155,18 +153,17 @@ ExitStatus CommandRunner::runStats(const Invocation &invocation) const
     const auto &support = m_surroundings.applicationSupportDirectory;
     std::optional<CoreDataStack> stack;
     std::optional<SessionRepository> repository;
-    std::unique_ptr<SessionHistory> history = std::make_unique<EmptySessionHistory>();
+    const SessionHistory empty;
     bool hasFailed = false;
     if (!support || !isMissing(CoreDataStack::storePath(*support))) {
         stack.emplace(support);
         repository.emplace(*stack, m_surroundings.wallClock);
         QObject::connect(&*repository, &SessionRepository::fetchFailed, &*repository,
                          [&hasFailed] { hasFailed = true; });
-        history = std::make_unique<RepositorySessionHistory>(*repository);
     }
     const auto defaults = m_surroundings.openDefaults(true);
     const PomodoroSettings settings(*defaults);
-    const StatsAggregator aggregator(*history, m_surroundings.wallClock);
+    const StatsAggregator aggregator(repository ? *repository : empty, m_surroundings.wallClock);
     const StatsReport figures = gatherStatsReport(aggregator, invocation.range, settings.dailyGoalPomodoros());
     if (hasFailed)
         return report(

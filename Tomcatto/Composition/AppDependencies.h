@@ -14,7 +14,6 @@
 #include "Power/SleepWakeCoordinator.h"
 #include "QuillbayKit/NotificationAuthorization.h"
 #include "Recording/PomodoroSession.h"
-#include "Statistics/RepositorySessionHistory.h"
 #include "Statistics/StatsAggregator.h"
 #include "SystemIntegration/LaunchAtLoginService.h"
 
@@ -48,7 +47,6 @@ public:
     UserVideoCommands userVideoCommands;
     /// Nothing without a desktop.
     std::unique_ptr<quillbay::NotificationAuthorization> notificationAuthorization;
-    RepositorySessionHistory sessionHistory;
     StatsAggregator statsAggregator;
     LaunchAtLoginService launchAtLoginService;
     LanguageOverrideService languageOverrideService;

@@ -29,7 +29,7 @@ public:
     /// Runs `block` on the context's queue, after everything handed to that queue before. Any thread; the main thread
     /// for the main thread's context.
     void perform(Block block) const;
-    /// Like `perform`, and returns when the block is done. May be called from within a block.
+    /// Like `perform`, and returns when the block is done. Not from within a block of that queue.
     void performAndWait(const Block &block) const;
 
     /// The connection, to read with. Only within a block.

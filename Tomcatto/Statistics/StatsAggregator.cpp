@@ -6,7 +6,7 @@
 
 namespace tomcatto {
 
-StatsAggregator::StatsAggregator(SessionHistory &history, const WallClock &wallClock)
+StatsAggregator::StatsAggregator(const SessionHistory &history, const WallClock &wallClock)
     : m_history(history)
     , m_wallClock(wallClock)
 {

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "Foundation/Logger.h"
+#include "Persistence/Repositories/SessionHistory.h"
 #include "Platform/Ports/WallClock.h"
 #include "Statistics/DailyCounts.h"
 #include "Statistics/DailyStat.h"
 #include "Statistics/EndedPhase.h"
 #include "Statistics/FocusBucket.h"
-#include "Statistics/SessionHistory.h"
 #include "Statistics/StatsRange.h"
 
 #include <QtCore/QObject>
@@ -26,7 +26,7 @@ class StatsAggregator final : public QObject
 
 public:
     /// @param history and @param wallClock must outlive the aggregator.
-    StatsAggregator(SessionHistory &history, const WallClock &wallClock);
+    StatsAggregator(const SessionHistory &history, const WallClock &wallClock);
 
     /// How many days the current streak is followed back unless said otherwise.
     static constexpr qint64 defaultMaxDays = 36'500;
@@ -87,7 +87,7 @@ private:
     [[nodiscard]] const DailyCounts &dailyCounts(const Calendar &calendar) const;
     [[nodiscard]] qint64 countInCurrent(CalendarUnit unit) const;
 
-    SessionHistory &m_history;
+    const SessionHistory &m_history;
     const WallClock &m_wallClock;
     Logger m_logger{QStringLiteral("StatsAggregator")};
     mutable std::optional<StampTimeline> m_stampCache;

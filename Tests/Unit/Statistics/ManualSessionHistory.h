@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Statistics/SessionHistory.h"
+#include "Persistence/Repositories/SessionHistory.h"
 
 namespace tomcatto {
 
@@ -8,25 +8,25 @@ namespace tomcatto {
 class ManualSessionHistory final : public SessionHistory
 {
 public:
-    [[nodiscard]] CompletedWorkReading completedWork() override
+    [[nodiscard]] CompletedWorkReading completedWork() const override
     {
         ++reads;
         return {stamps, HistoryPosition{rewrites, static_cast<qint64>(stamps.size())}};
     }
-    [[nodiscard]] std::optional<CompletedWorkReading> completedWorkAfter(const HistoryPosition &position) override
+    [[nodiscard]] std::optional<CompletedWorkReading> completedWorkAfter(const HistoryPosition &position) const override
     {
         if (position.rewrites != rewrites)
             return std::nullopt;
         return CompletedWorkReading{{stamps.begin() + position.lastRow, stamps.end()},
                                     HistoryPosition{rewrites, static_cast<qint64>(stamps.size())}};
     }
-    [[nodiscard]] std::optional<Date> earliestSessionDate() override { return earliest; }
+    [[nodiscard]] std::optional<Date> earliestSessionDate() const override { return earliest; }
     [[nodiscard]] std::vector<PomodoroSessionRecord> sessions(const DateInterval &, std::optional<PomodoroPhase>,
-                                                              std::optional<int>) override
+                                                              std::optional<int>) const override
     {
         return records;
     }
-    [[nodiscard]] Cancellable onSave(std::function<void()> saved) override
+    [[nodiscard]] Cancellable onSave(std::function<void()> saved) const override
     {
         announceAddition = std::move(saved);
         return Cancellable([this] { announceAddition = nullptr; });
@@ -41,9 +41,9 @@ public:
     std::vector<CompletedWorkStamp> stamps;
     std::vector<PomodoroSessionRecord> records;
     std::optional<Date> earliest;
-    std::function<void()> announceAddition;
+    mutable std::function<void()> announceAddition;
     quint64 rewrites = 0;
-    int reads = 0;
+    mutable int reads = 0;
 };
 
 }

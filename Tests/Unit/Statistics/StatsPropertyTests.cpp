@@ -3,7 +3,6 @@
 #include "Persistence/CoreDataStack.h"
 #include "Persistence/Repositories/SessionRepository.h"
 #include "SlowFigures.h"
-#include "Statistics/RepositorySessionHistory.h"
 #include "Statistics/StatsAggregator.h"
 
 #include <gtest/gtest.h>
@@ -179,8 +178,7 @@ struct ChangingStore
     ManualWallClock clock;
     CoreDataStack stack{folder.path()};
     SessionRepository repository{stack, clock};
-    RepositorySessionHistory history{repository};
-    StatsAggregator stats{history, clock};
+    StatsAggregator stats{repository, clock};
     SQLite::Database other{stack.storePath().toStdString(), SQLite::OPEN_READWRITE, 5000};
 };
 

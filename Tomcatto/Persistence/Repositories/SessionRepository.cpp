@@ -135,8 +135,9 @@ void SessionRepository::performWhileAlive(std::function<void(ManagedObjectContex
         });
 }
 
-std::vector<PomodoroSessionRecord>
-SessionRepository::sessions(DateInterval interval, std::optional<PomodoroPhase> phase, std::optional<int> limit) const
+std::vector<PomodoroSessionRecord> SessionRepository::sessions(const DateInterval &interval,
+                                                               std::optional<PomodoroPhase> phase,
+                                                               std::optional<int> limit) const
 {
     const qint64 rows = limit && *limit > 0 ? *limit : -1;
     std::vector<StoreValue> values{secondsSince1970(interval.start), secondsSince1970(interval.end), rows};
@@ -156,10 +157,10 @@ bool SessionRepository::forEachSession(DateInterval interval,
 
 std::vector<CompletedWorkStamp> SessionRepository::completedWorkStamps() const
 {
-    return readCompletedWork().stamps;
+    return completedWork().stamps;
 }
 
-CompletedWorkReading SessionRepository::readCompletedWork() const
+CompletedWorkReading SessionRepository::completedWork() const
 {
     // Taken before the rows are read, so what is rewritten meanwhile counts as rewritten since.
     HistoryPosition position{m_stack.rewrites(), 0};
@@ -175,7 +176,7 @@ CompletedWorkReading SessionRepository::readCompletedWork() const
     return reading;
 }
 
-std::optional<CompletedWorkReading> SessionRepository::readCompletedWorkAfter(const HistoryPosition &position) const
+std::optional<CompletedWorkReading> SessionRepository::completedWorkAfter(const HistoryPosition &position) const
 {
     if (m_stack.rewrites() != position.rewrites)
         return std::nullopt;
@@ -208,6 +209,12 @@ std::optional<Date> SessionRepository::earliestSessionDate() const
     static_cast<void>(
         fetch(sessionQueries::earliestStart, {}, [&earliest](const StoreRow &row) { earliest = row.date(0); }));
     return earliest;
+}
+
+Cancellable SessionRepository::onSave(std::function<void()> saved) const
+{
+    const auto connection = connect(this, &SessionRepository::didSave, this, std::move(saved));
+    return Cancellable([connection] { disconnect(connection); });
 }
 
 std::vector<PomodoroSessionRecord> SessionRepository::allSessions() const

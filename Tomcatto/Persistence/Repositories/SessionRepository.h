@@ -2,11 +2,10 @@
 
 #include "Foundation/Logger.h"
 #include "Persistence/ManagedObjectContext.h"
+#include "Persistence/Repositories/SessionHistory.h"
 #include "Persistence/Repositories/SessionRecordWriter.h"
 
-#include <memory>
 #include <QtCore/QObject>
-#include <vector>
 
 namespace tomcatto {
 
@@ -15,7 +14,7 @@ class WallClock;
 
 /// Stores ended phases and answers every question about them. Main thread only. A query that fails is logged and
 /// answers with an empty list, zero or nothing; a write that fails is logged and not passed on.
-class SessionRepository final : public QObject, public SessionRecordWriter
+class SessionRepository final : public QObject, public SessionRecordWriter, public SessionHistory
 {
     Q_OBJECT
 public:
@@ -29,11 +28,15 @@ public:
     void waitForWrites() override;
     void insertRecovered(const PomodoroSessionInsertRequest &request) override;
 
-    /// The phases that started in the interval, newest first.
-    /// @param limit how many at most; nothing, and a number below 1, for all
-    [[nodiscard]] std::vector<PomodoroSessionRecord> sessions(DateInterval interval,
-                                                              std::optional<PomodoroPhase> phase = std::nullopt,
-                                                              std::optional<int> limit = std::nullopt) const;
+    [[nodiscard]] CompletedWorkReading completedWork() const override;
+    [[nodiscard]] std::optional<CompletedWorkReading>
+    completedWorkAfter(const HistoryPosition &position) const override;
+    [[nodiscard]] std::optional<Date> earliestSessionDate() const override;
+    [[nodiscard]] std::vector<PomodoroSessionRecord> sessions(const DateInterval &interval,
+                                                              std::optional<PomodoroPhase> phase = {},
+                                                              std::optional<int> limit = {}) const override;
+    [[nodiscard]] Cancellable onSave(std::function<void()> saved) const override;
+
     /// Hands each phase that started in the interval to `visit`, newest first, without keeping them all in memory.
     /// `visit` must not write to the store.
     /// @return whether all were read; a failure is logged
@@ -41,17 +44,10 @@ public:
                                       const std::function<void(const PomodoroSessionRecord &)> &visit) const;
     /// Start and length of every completed work phase, by ascending start.
     [[nodiscard]] std::vector<CompletedWorkStamp> completedWorkStamps() const;
-    /// The same, and how far the history was read for it.
-    [[nodiscard]] CompletedWorkReading readCompletedWork() const;
-    /// The completed work phases that were added after a reading, in the order they were added. Nothing if that is
-    /// not all that has happened since, or where the reading fails.
-    [[nodiscard]] std::optional<CompletedWorkReading> readCompletedWorkAfter(const HistoryPosition &position) const;
     /// How many work phases were completed.
     [[nodiscard]] qint64 completedWorkCount() const;
     /// The completed work phases that started at `since` or later, by ascending start.
     [[nodiscard]] std::vector<PomodoroSessionRecord> completedWork(Date since) const;
-    /// When the first phase of all started; nothing for an empty store.
-    [[nodiscard]] std::optional<Date> earliestSessionDate() const;
     /// Every phase, also those without a start.
     [[nodiscard]] std::vector<PomodoroSessionRecord> allSessions() const;
 

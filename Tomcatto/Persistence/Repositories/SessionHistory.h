@@ -1,0 +1,43 @@
+#pragma once
+
+#include "Foundation/Cancellable.h"
+#include "Persistence/Repositories/PomodoroSessionRecord.h"
+
+#include <vector>
+
+namespace tomcatto {
+
+/// What the statistics ask of the stored history; this one is that of somebody who has no store yet. A read that fails
+/// answers with an empty list or nothing. Main thread only.
+class SessionHistory
+{
+public:
+    SessionHistory() = default;
+    SessionHistory(const SessionHistory &) = delete;
+    SessionHistory &operator=(const SessionHistory &) = delete;
+    virtual ~SessionHistory() = default;
+
+    /// Start and length of every completed work phase, earliest first, and how far the history was read for it.
+    [[nodiscard]] virtual CompletedWorkReading completedWork() const { return {}; }
+    /// The completed work phases that were added after a reading, in the order they were added. Nothing where that is
+    /// not all that has happened since, or where the reading fails.
+    [[nodiscard]] virtual std::optional<CompletedWorkReading>
+    completedWorkAfter(const HistoryPosition & /*position*/) const
+    {
+        return std::nullopt;
+    }
+    /// When the first stored phase of any kind started; nothing for an empty history.
+    [[nodiscard]] virtual std::optional<Date> earliestSessionDate() const { return std::nullopt; }
+    /// The records that started in the interval, newest first, of one phase only when given.
+    /// @param limit how many at most; nothing, and a number below 1, for all
+    [[nodiscard]] virtual std::vector<PomodoroSessionRecord> sessions(const DateInterval & /*interval*/,
+                                                                      std::optional<PomodoroPhase> /*phase*/ = {},
+                                                                      std::optional<int> /*limit*/ = {}) const
+    {
+        return {};
+    }
+    /// Calls `saved` after every change of the stored history.
+    [[nodiscard]] virtual Cancellable onSave(std::function<void()> /*saved*/) const { return {}; }
+};
+
+}
