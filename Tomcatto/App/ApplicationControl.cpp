@@ -14,7 +14,7 @@ ApplicationControl::ApplicationControl(AppDependencies &dependencies, AppDelegat
     , m_server(m_commands, sockets, socketPath)
     , m_quit(std::move(quit))
 {
-    addTimerCommands(m_commands, dependencies, m_status);
+    addTimerCommands(m_commands, dependencies.stateMachine, m_status);
     addSettingsCommands(m_commands, {dependencies.settings, dependencies.launchAtLoginService,
                                      dependencies.platform.defaults, QStringLiteral(" It holds until Tomcatto ends.")});
     addVideoCommands(m_commands, dependencies.userVideoCommands);

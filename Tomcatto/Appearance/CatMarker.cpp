@@ -34,28 +34,9 @@ QPainterPath silhouette()
 }
 
 CatMarker::CatMarker(QQuickItem *parent)
-    : QQuickPaintedItem(parent)
+    : Painting(parent)
 {
-    setAntialiasing(true);
     setImplicitSize(15, 15);
-}
-
-void CatMarker::setFill(const QColor &fill)
-{
-    if (m_fill != fill) {
-        m_fill = fill;
-        update();
-        Q_EMIT changed();
-    }
-}
-
-void CatMarker::setOutline(const QColor &outline)
-{
-    if (m_outline != outline) {
-        m_outline = outline;
-        update();
-        Q_EMIT changed();
-    }
 }
 
 void CatMarker::paint(QPainter *painter)

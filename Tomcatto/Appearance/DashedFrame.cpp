@@ -12,30 +12,6 @@ constexpr qreal pause = 4;
 
 }
 
-DashedFrame::DashedFrame(QQuickItem *parent)
-    : QQuickPaintedItem(parent)
-{
-    setAntialiasing(true);
-}
-
-void DashedFrame::setColor(const QColor &color)
-{
-    if (m_color != color) {
-        m_color = color;
-        update();
-        Q_EMIT colorChanged();
-    }
-}
-
-void DashedFrame::setRadius(qreal radius)
-{
-    if (!qFuzzyCompare(m_radius, radius)) {
-        m_radius = radius;
-        update();
-        Q_EMIT radiusChanged();
-    }
-}
-
 void DashedFrame::paint(QPainter *painter)
 {
     constexpr qreal inset = lineWidth / 2;

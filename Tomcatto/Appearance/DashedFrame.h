@@ -1,31 +1,26 @@
 #pragma once
 
+#include "Painting.h"
+
 #include <QtGui/QColor>
-#include <QtQuick/QQuickPaintedItem>
 
 namespace tomcatto {
 
 /// A dashed rounded outline, for a place where something can be dropped.
-class DashedFrame : public QQuickPaintedItem
+class DashedFrame : public Painting
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged FINAL)
-    Q_PROPERTY(qreal radius READ radius WRITE setRadius NOTIFY radiusChanged FINAL)
+    Q_PROPERTY(QColor color MEMBER m_color NOTIFY changed FINAL)
+    Q_PROPERTY(qreal radius MEMBER m_radius NOTIFY changed FINAL)
 
 public:
-    explicit DashedFrame(QQuickItem *parent = nullptr);
-
-    [[nodiscard]] QColor color() const { return m_color; }
-    void setColor(const QColor &color);
-    [[nodiscard]] qreal radius() const noexcept { return m_radius; }
-    void setRadius(qreal radius);
+    explicit DashedFrame(QQuickItem *parent = nullptr)
+        : Painting(parent)
+    {
+    }
 
     void paint(QPainter *painter) override;
-
-Q_SIGNALS:
-    void colorChanged();
-    void radiusChanged();
 
 private:
     QColor m_color = Qt::black;

@@ -80,14 +80,13 @@ QColor faded(QColor color, qreal opacity)
 }
 
 DialPainter::DialPainter(QQuickItem *parent)
-    : QQuickPaintedItem(parent)
+    : Painting(parent)
 {
-    setAntialiasing(true);
 }
 
 void DialPainter::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)
 {
-    QQuickPaintedItem::geometryChange(newGeometry, oldGeometry);
+    Painting::geometryChange(newGeometry, oldGeometry);
     if (!qFuzzyCompare(newGeometry.width(), oldGeometry.width())) {
         Q_EMIT changed();
     }

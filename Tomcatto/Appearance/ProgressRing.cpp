@@ -1,14 +1,14 @@
 #include "ProgressRing.h"
 
+#include <algorithm>
 #include <cmath>
 #include <QtGui/QPainter>
 
 namespace tomcatto {
 
 ProgressRing::ProgressRing(QQuickItem *parent)
-    : QQuickPaintedItem(parent)
+    : Painting(parent)
 {
-    setAntialiasing(true);
     setImplicitSize(40, 40);
 }
 
@@ -21,7 +21,7 @@ void ProgressRing::paint(QPainter *painter)
     painter->drawEllipse(box);
     if (m_progress > 0) {
         painter->setPen(QPen(m_color, m_thickness, Qt::SolidLine, Qt::FlatCap));
-        painter->drawArc(box, 90 * 16, static_cast<int>(std::lround(-360 * 16 * m_progress)));
+        painter->drawArc(box, 90 * 16, static_cast<int>(std::lround(-360 * 16 * std::min(m_progress, 1.0))));
     }
 }
 

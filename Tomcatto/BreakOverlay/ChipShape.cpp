@@ -35,28 +35,9 @@ QPainterPath outline()
 }
 
 ChipShape::ChipShape(QQuickItem *parent)
-    : QQuickPaintedItem(parent)
+    : Painting(parent)
 {
-    setAntialiasing(true);
     setImplicitSize(grid.width(), grid.height());
-}
-
-void ChipShape::setFill(const QColor &fill)
-{
-    if (fill == m_fill)
-        return;
-    m_fill = fill;
-    Q_EMIT changed();
-    update();
-}
-
-void ChipShape::setLine(const QColor &line)
-{
-    if (line == m_line)
-        return;
-    m_line = line;
-    Q_EMIT changed();
-    update();
 }
 
 void ChipShape::paint(QPainter *painter)

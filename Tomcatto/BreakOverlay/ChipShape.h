@@ -1,28 +1,24 @@
 #pragma once
 
+#include "Appearance/Painting.h"
+
 #include <QtGui/QColor>
-#include <QtQuick/QQuickPaintedItem>
 
 namespace tomcatto {
 
 /// The countdown's plate with two ears on its shoulders, in one path. Drawn on a grid of 248 x 91, ears included, and
 /// scaled to the item.
-class ChipShape : public QQuickPaintedItem
+class ChipShape : public Painting
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(QColor fill MEMBER m_fill WRITE setFill NOTIFY changed FINAL)
-    Q_PROPERTY(QColor line MEMBER m_line WRITE setLine NOTIFY changed FINAL)
+    Q_PROPERTY(QColor fill MEMBER m_fill NOTIFY changed FINAL)
+    Q_PROPERTY(QColor line MEMBER m_line NOTIFY changed FINAL)
 
 public:
     explicit ChipShape(QQuickItem *parent = nullptr);
 
-    void setFill(const QColor &fill);
-    void setLine(const QColor &line);
     void paint(QPainter *painter) override;
-
-Q_SIGNALS:
-    void changed();
 
 private:
     QColor m_fill = Qt::black;

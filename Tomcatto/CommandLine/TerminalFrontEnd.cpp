@@ -1,5 +1,7 @@
 #include "CommandLine/TerminalFrontEnd.h"
 
+#include "Foundation/EnumTexts.h"
+
 #include <QtCore/QPointer>
 
 namespace tomcatto {
@@ -35,37 +37,11 @@ QString commandForKey(QChar pressed)
 /// The terminal colour of a phase: the pill's hues as close as sixteen colours come.
 QString colour(const TimerStatus &status)
 {
-    if (status.isOverflowing)
-        return QStringLiteral("\x1b[1;33m");
-    switch (status.phase) {
-    case PomodoroPhase::idle:
-        return QStringLiteral("\x1b[2m");
-    case PomodoroPhase::working:
-        return QStringLiteral("\x1b[1;31m");
-    case PomodoroPhase::shortBreak:
-        return QStringLiteral("\x1b[1;34m");
-    case PomodoroPhase::longBreak:
-        return QStringLiteral("\x1b[1;32m");
-    }
-    return {};
+    constexpr std::array colours{"\x1b[2m", "\x1b[1;31m", "\x1b[1;34m", "\x1b[1;32m"};
+    return status.isOverflowing ? QStringLiteral("\x1b[1;33m") : textOf(colours, status.phase);
 }
 
-QString reasonText(PhaseExitReason reason)
-{
-    switch (reason) {
-    case PhaseExitReason::started:
-        return key("started");
-    case PhaseExitReason::completed:
-        return key("completed");
-    case PhaseExitReason::skipped:
-        return key("skipped");
-    case PhaseExitReason::reset:
-        return key("reset");
-    case PhaseExitReason::terminated:
-        return key("terminated");
-    }
-    return {};
-}
+constexpr std::array reasonTexts{"started", "completed", "skipped", "reset", "terminated"};
 
 }
 
@@ -172,22 +148,9 @@ QString TerminalFrontEnd::statusLine() const
 QString TerminalFrontEnd::phaseText(const TimerStatus &status) const
 {
     const LocalizedStrings &strings = m_dependencies.strings;
-    const auto name = [&status] {
-        if (status.isOverflowing)
-            return key("terminal.phase.overtime");
-        switch (status.phase) {
-        case PomodoroPhase::idle:
-            return key("terminal.phase.idle");
-        case PomodoroPhase::working:
-            return key("terminal.phase.work");
-        case PomodoroPhase::shortBreak:
-            return key("terminal.phase.short_break");
-        case PomodoroPhase::longBreak:
-            return key("terminal.phase.long_break");
-        }
-        return QString();
-    };
-    QString text = strings.text(name());
+    constexpr std::array names{"terminal.phase.idle", "terminal.phase.work", "terminal.phase.short_break",
+                               "terminal.phase.long_break"};
+    QString text = strings.text(status.isOverflowing ? key("terminal.phase.overtime") : textOf(names, status.phase));
     if (status.isPending)
         text += QStringLiteral(", ") + strings.text(key("terminal.ready"));
     else if (status.isPaused)
@@ -200,9 +163,9 @@ void TerminalFrontEnd::printTransition(const PhaseTransition &transition)
     const Date now = m_dependencies.platform.wallClock.now();
     const QString time =
         toDateTime(now).toTimeZone(m_dependencies.platform.wallClock.calendar().timeZone).toString(key("HH:mm:ss"));
-    QString line =
-        QStringLiteral("%1 %2 -> %3 (%4)")
-            .arg(time, rawValue(transition.previous), rawValue(transition.current), reasonText(transition.reason));
+    QString line = QStringLiteral("%1 %2 -> %3 (%4)")
+                       .arg(time, rawValue(transition.previous), rawValue(transition.current),
+                            textOf(reasonTexts, transition.reason));
     if (transition.current != PomodoroPhase::idle) {
         line += QStringLiteral(", %1").arg(clockText(m_dependencies.stateMachine.currentPlannedSeconds()));
         if (m_dependencies.stateMachine.isPhasePending())

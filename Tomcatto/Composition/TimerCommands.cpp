@@ -6,46 +6,13 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-QString idleReason()
+struct Operation
 {
-    return QStringLiteral("No phase is running.");
-}
-
-QString startReason(const PomodoroStateMachine &machine)
-{
-    return machine.isPaused() ? QStringLiteral("The phase is paused; use resume.")
-                              : QStringLiteral("A phase is already running.");
-}
-
-QString pauseReason(const PomodoroStateMachine &machine)
-{
-    return machine.currentPhase() == PomodoroPhase::idle ? idleReason()
-                                                         : QStringLiteral("The phase is already paused.");
-}
-
-QString resumeReason(const PomodoroStateMachine &machine)
-{
-    return machine.currentPhase() == PomodoroPhase::idle ? idleReason() : QStringLiteral("The phase is not paused.");
-}
-
-QString takeBreakReason(const PomodoroStateMachine &machine)
-{
-    if (machine.currentPhase() == PomodoroPhase::idle)
-        return idleReason();
-    return isBreak(machine.currentPhase()) ? QStringLiteral("The break is already running.")
-                                           : QStringLiteral("The focus phase is not in overtime; use skip to end it.");
-}
-
-QString extendReason(const PomodoroStateMachine &machine)
-{
-    return machine.currentPhase() == PomodoroPhase::idle ? idleReason()
-                                                         : QStringLiteral("The phase has no time left to extend.");
-}
-
-bool startOrResume(PomodoroStateMachine &machine)
-{
-    return machine.isPhasePending() ? machine.resume() : machine.start();
-}
+    const char *name;
+    bool (*perform)(PomodoroStateMachine &machine);
+    /// Why it does not apply while a phase is under way; null where it always does then.
+    const char *(*reason)(const PomodoroStateMachine &machine);
+};
 
 bool toggle(PomodoroStateMachine &machine)
 {
@@ -54,39 +21,43 @@ bool toggle(PomodoroStateMachine &machine)
     return machine.isPaused() ? machine.resume() : machine.pause();
 }
 
+const char *startReason(const PomodoroStateMachine &machine)
+{
+    return machine.isPaused() ? "The phase is paused; use resume." : "A phase is already running.";
 }
 
-void addTimerCommands(CommandTable &table, AppDependencies &dependencies, const StatusSource &status)
+const char *takeBreakReason(const PomodoroStateMachine &machine)
 {
-    PomodoroStateMachine &machine = dependencies.stateMachine;
-    const auto addOperation = [&](const QString &name, std::function<bool()> operation,
-                                  std::function<QString()> reason) {
-        table.add(name, [operation = std::move(operation), reason = std::move(reason), &status](const Json &) {
-            if (!operation())
-                return controlReply(ExitStatus::notApplicable, reason());
-            return ControlReply{ExitStatus::done, rendered(status.status(), StatusFormat::text), {}};
+    return isBreak(machine.currentPhase()) ? "The break is already running."
+                                           : "The focus phase is not in overtime; use skip to end it.";
+}
+
+constexpr Operation operations[] = {
+    {"start", [](auto &machine) { return machine.isPhasePending() ? machine.resume() : machine.start(); }, startReason},
+    {"pause", [](auto &machine) { return machine.pause(); }, [](auto &) { return "The phase is already paused."; }},
+    {"resume", [](auto &machine) { return machine.resume(); }, [](auto &) { return "The phase is not paused."; }},
+    {"toggle", toggle, nullptr},
+    {"skip", [](auto &machine) { return machine.skip(); }, nullptr},
+    {"take-break", [](auto &machine) { return machine.takeBreak(); }, takeBreakReason},
+    {"extend", [](auto &machine) { return machine.extend(extensionSeconds); },
+     [](auto &) { return "The phase has no time left to extend."; }},
+    {"reset", [](auto &machine) { return machine.reset(); }, nullptr},
+};
+
+}
+
+void addTimerCommands(CommandTable &table, PomodoroStateMachine &machine, const StatusSource &status)
+{
+    for (const Operation &operation : operations) {
+        table.add(QString::fromLatin1(operation.name), [&machine, &status, operation](const Json &) {
+            if (operation.perform(machine))
+                return controlReply(ExitStatus::done, rendered(status.status(), StatusFormat::text));
+            const bool isIdle = machine.currentPhase() == PomodoroPhase::idle;
+            return controlReply(
+                ExitStatus::notApplicable,
+                QString::fromLatin1(isIdle || !operation.reason ? "No phase is running." : operation.reason(machine)));
         });
-    };
-    addOperation(
-        QStringLiteral("start"), [&machine] { return startOrResume(machine); },
-        [&machine] { return startReason(machine); });
-    addOperation(
-        QStringLiteral("pause"), [&machine] { return machine.pause(); }, [&machine] { return pauseReason(machine); });
-    addOperation(
-        QStringLiteral("resume"), [&machine] { return machine.resume(); },
-        [&machine] { return resumeReason(machine); });
-    addOperation(
-        QStringLiteral("toggle"), [&machine] { return toggle(machine); }, idleReason);
-    addOperation(
-        QStringLiteral("skip"), [&machine] { return machine.skip(); }, idleReason);
-    addOperation(
-        QStringLiteral("take-break"), [&machine] { return machine.takeBreak(); },
-        [&machine] { return takeBreakReason(machine); });
-    addOperation(
-        QStringLiteral("extend"), [&machine] { return machine.extend(extensionSeconds); },
-        [&machine] { return extendReason(machine); });
-    addOperation(
-        QStringLiteral("reset"), [&machine] { return machine.reset(); }, idleReason);
+    }
     table.add(QStringLiteral("status"), [&status](const Json &) {
         return ControlReply{ExitStatus::done, {}, toJson(status.status())};
     });

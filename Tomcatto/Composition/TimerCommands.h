@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Composition/AppDependencies.h"
 #include "Control/CommandTable.h"
 #include "Control/StatusSource.h"
 
@@ -8,6 +7,6 @@ namespace tomcatto {
 
 /// Adds the commands that every front end of the application offers: the timer's operations and "status". All
 /// references outlive the table.
-void addTimerCommands(CommandTable &table, AppDependencies &dependencies, const StatusSource &status);
+void addTimerCommands(CommandTable &table, PomodoroStateMachine &machine, const StatusSource &status);
 
 }

@@ -1,6 +1,6 @@
 #include "Control/TimerStatus.h"
 
-#include <QtCore/QStringList>
+#include "Foundation/EnumTexts.h"
 
 namespace tomcatto {
 
@@ -10,19 +10,8 @@ using Json = nlohmann::ordered_json;
 
 QString phaseName(const TimerStatus &status)
 {
-    if (status.isOverflowing)
-        return QStringLiteral("overtime");
-    switch (status.phase) {
-    case PomodoroPhase::idle:
-        return QStringLiteral("idle");
-    case PomodoroPhase::working:
-        return QStringLiteral("work");
-    case PomodoroPhase::shortBreak:
-        return QStringLiteral("short break");
-    case PomodoroPhase::longBreak:
-        return QStringLiteral("long break");
-    }
-    return {};
+    constexpr std::array names{"idle", "work", "short break", "long break"};
+    return status.isOverflowing ? QStringLiteral("overtime") : textOf(names, status.phase);
 }
 
 QString stateName(const TimerStatus &status)

@@ -1,5 +1,7 @@
 #include "Foundation/Calendar.h"
 
+#include "Foundation/EnumTexts.h"
+
 namespace tomcatto {
 
 namespace {
@@ -13,17 +15,7 @@ const QDate epochDay(1970, 1, 1);
 
 QString rawValue(CalendarUnit unit)
 {
-    switch (unit) {
-    case CalendarUnit::day:
-        return QStringLiteral("day");
-    case CalendarUnit::weekOfYear:
-        return QStringLiteral("weekOfYear");
-    case CalendarUnit::month:
-        return QStringLiteral("month");
-    case CalendarUnit::year:
-        return QStringLiteral("year");
-    }
-    return {};
+    return textOf(std::array{"day", "weekOfYear", "month", "year"}, unit);
 }
 
 bool Calendar::reaches(Date date)

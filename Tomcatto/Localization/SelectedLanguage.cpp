@@ -1,33 +1,23 @@
 #include "Localization/SelectedLanguage.h"
 
+#include "Foundation/EnumTexts.h"
+
 namespace tomcatto {
+
+namespace {
+
+constexpr std::array languageTexts{"system", "en", "tr", "de", "es", "fr"};
+
+}
 
 QString rawValue(SelectedLanguage language)
 {
-    switch (language) {
-    case SelectedLanguage::system:
-        return QStringLiteral("system");
-    case SelectedLanguage::en:
-        return QStringLiteral("en");
-    case SelectedLanguage::tr:
-        return QStringLiteral("tr");
-    case SelectedLanguage::de:
-        return QStringLiteral("de");
-    case SelectedLanguage::es:
-        return QStringLiteral("es");
-    case SelectedLanguage::fr:
-        return QStringLiteral("fr");
-    }
-    return {};
+    return textOf(languageTexts, language);
 }
 
 std::optional<SelectedLanguage> languageFromRawValue(QStringView text)
 {
-    for (const SelectedLanguage language : allLanguages) {
-        if (text == rawValue(language))
-            return language;
-    }
-    return std::nullopt;
+    return caseOf<SelectedLanguage>(languageTexts, text);
 }
 
 QString pickerLabelKey(SelectedLanguage language)

@@ -1,27 +1,12 @@
 #include "MainWindow/MainWindowViewModel.h"
 
+#include "Foundation/EnumTexts.h"
+
 namespace tomcatto {
 
 namespace {
 
-QString symbolName(MainWindowPage page)
-{
-    switch (page) {
-    case MainWindowPage::timer:
-        return QStringLiteral("timer");
-    case MainWindowPage::general:
-        return QStringLiteral("sliders");
-    case MainWindowPage::videos:
-        return QStringLiteral("play.rectangle");
-    case MainWindowPage::statistics:
-        return QStringLiteral("chart.bar");
-    case MainWindowPage::permissions:
-        return QStringLiteral("shield");
-    case MainWindowPage::about:
-        return QStringLiteral("info");
-    }
-    return {};
-}
+constexpr std::array pageSymbols{"timer", "sliders", "play.rectangle", "chart.bar", "shield", "info"};
 
 }
 
@@ -44,7 +29,7 @@ QVariantList MainWindowViewModel::pages() const
         const QString id = rawValue(page);
         list.append(QVariantMap{{QStringLiteral("id"), id},
                                 {QStringLiteral("title"), m_strings.text(QStringLiteral("window.page.") + id)},
-                                {QStringLiteral("symbol"), symbolName(page)}});
+                                {QStringLiteral("symbol"), textOf(pageSymbols, page)}});
     }
     return list;
 }

@@ -1,6 +1,8 @@
 #include "MainWindow/OnboardingViewModel.h"
 
+#include "Foundation/EnumTexts.h"
 #include "MainWindow/SetSegments.h"
+#include "StatusPill/StatusPillSource.h"
 
 #include <algorithm>
 #include <QtCore/QLocale>
@@ -63,40 +65,19 @@ QString OnboardingViewModel::preset() const
 
 QString OnboardingViewModel::notifications() const
 {
-    switch (m_authorization.permission()) {
-    case NotificationPermission::notDetermined:
-        return QStringLiteral("ask");
-    case NotificationPermission::authorised:
-        return QStringLiteral("allowed");
-    case NotificationPermission::denied:
-        return QStringLiteral("denied");
-    case NotificationPermission::unavailable:
-        return QStringLiteral("unavailable");
-    }
-    return {};
+    return textOf(std::array{"ask", "allowed", "denied", "unavailable"}, m_authorization.permission());
 }
 
 QString OnboardingViewModel::notificationsText() const
 {
-    switch (m_authorization.permission()) {
-    case NotificationPermission::notDetermined:
-        return m_strings.text(QStringLiteral("onboarding.alerts.allow"));
-    case NotificationPermission::authorised:
-        return m_strings.text(QStringLiteral("onboarding.alerts.allowed"));
-    case NotificationPermission::denied:
-        return m_strings.text(QStringLiteral("onboarding.alerts.denied"));
-    case NotificationPermission::unavailable:
-        return m_strings.text(QStringLiteral("window.general.notifications.help_unavailable"));
-    }
-    return {};
+    constexpr std::array keys{"onboarding.alerts.allow", "onboarding.alerts.allowed", "onboarding.alerts.denied",
+                              "window.general.notifications.help_unavailable"};
+    return m_strings.text(textOf(keys, m_authorization.permission()));
 }
 
 QString OnboardingViewModel::focusTime() const
 {
-    const qint64 seconds = m_settings.workDurationSeconds();
-    return QStringLiteral("%1:%2")
-        .arg(seconds / 60, 2, 10, QLatin1Char('0'))
-        .arg(seconds % 60, 2, 10, QLatin1Char('0'));
+    return clockText(m_settings.workDurationSeconds());
 }
 
 QString OnboardingViewModel::barTime() const

@@ -1,6 +1,6 @@
 #include "MainWindow/TimerPageViewModel.h"
 
-#include "MainWindow/DurationText.h"
+#include "Localization/DurationText.h"
 #include "MainWindow/SetSegments.h"
 
 #include <algorithm>

@@ -1,7 +1,8 @@
 #include "MainWindow/VideoTexts.h"
 
+#include "Foundation/EnumTexts.h"
+
 #include <algorithm>
-#include <array>
 
 namespace tomcatto {
 
@@ -55,25 +56,9 @@ QString shortName(const QString &name)
 
 QString refusalKey(VideoFileError error)
 {
-    switch (error) {
-    case VideoFileError::notFound:
-        return QStringLiteral("not_found");
-    case VideoFileError::isDirectory:
-        return QStringLiteral("folder");
-    case VideoFileError::notAFile:
-        return QStringLiteral("no_file");
-    case VideoFileError::unreadable:
-        return QStringLiteral("unreadable");
-    case VideoFileError::empty:
-        return QStringLiteral("empty");
-    case VideoFileError::noContainer:
-        return QStringLiteral("not_a_video");
-    case VideoFileError::noPicture:
-        return QStringLiteral("no_picture");
-    case VideoFileError::timedOut:
-        return QStringLiteral("timed_out");
-    }
-    return {};
+    constexpr std::array keys{"not_found", "folder",      "no_file",    "unreadable",
+                              "empty",     "not_a_video", "no_picture", "timed_out"};
+    return textOf(keys, error);
 }
 
 }

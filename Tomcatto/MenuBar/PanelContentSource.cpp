@@ -1,5 +1,6 @@
 #include "MenuBar/PanelContentSource.h"
 
+#include "Foundation/EnumTexts.h"
 #include "Localization/SpokenDuration.h"
 #include "MenuBar/TransportControls.h"
 #include "StatusPill/StatusPillSource.h"
@@ -15,20 +16,11 @@ struct PrimaryFace
     const char *symbol;
 };
 
-PrimaryFace primaryFace(PrimaryTransport primary)
-{
-    switch (primary) {
-    case PrimaryTransport::start:
-        return {"menubar.transport_start", "play.fill"};
-    case PrimaryTransport::startBreak:
-        return {"menubar.transport_start_break", "cup.and.saucer.fill"};
-    case PrimaryTransport::pause:
-        return {"menubar.transport_pause", "pause.fill"};
-    case PrimaryTransport::resume:
-        return {"menubar.transport_resume", "play.fill"};
-    }
-    return {};
-}
+// In the order of `PrimaryTransport`.
+constexpr std::array primaryFaces{PrimaryFace{"menubar.transport_start", "play.fill"},
+                                  PrimaryFace{"menubar.transport_start_break", "cup.and.saucer.fill"},
+                                  PrimaryFace{"menubar.transport_pause", "pause.fill"},
+                                  PrimaryFace{"menubar.transport_resume", "play.fill"}};
 
 QString rhythmKey(PomodoroPreset preset)
 {
@@ -78,7 +70,7 @@ PanelPhase PanelContentSource::phase() const
 {
     const PomodoroStateMachine &machine = m_dependencies.stateMachine;
     const TransportControls controls = transportControls(machine);
-    const PrimaryFace face = primaryFace(controls.primary);
+    const PrimaryFace &face = primaryFaces.at(static_cast<std::size_t>(controls.primary));
     PanelPhase phase;
     phase.theme = theme();
     phase.headline = headline();
@@ -139,18 +131,9 @@ QString PanelContentSource::phaseKey() const
         return isBreak(machine.currentPhase()) ? QStringLiteral("menubar.phase.ready")
                                                : QStringLiteral("menubar.phase.focus_ready");
     }
-    switch (statusPillTone(machine.currentPhase(), machine.isOverflowing())) {
-    case StatusPillTone::idle:
-    case StatusPillTone::work:
-        return QStringLiteral("menubar.phase.work");
-    case StatusPillTone::shortBreak:
-        return QStringLiteral("menubar.phase.short_break");
-    case StatusPillTone::longBreak:
-        return QStringLiteral("menubar.phase.long_break");
-    case StatusPillTone::overtime:
-        return QStringLiteral("menubar.phase.overtime");
-    }
-    return {};
+    constexpr std::array keys{"menubar.phase.work", "menubar.phase.work", "menubar.phase.short_break",
+                              "menubar.phase.long_break", "menubar.phase.overtime"};
+    return textOf(keys, statusPillTone(machine.currentPhase(), machine.isOverflowing()));
 }
 
 QString PanelContentSource::theme() const

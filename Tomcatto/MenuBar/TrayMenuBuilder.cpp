@@ -2,23 +2,15 @@
 
 #include "MenuBar/TransportControls.h"
 
+#include <array>
+
 namespace tomcatto {
 namespace {
 
-std::pair<TrayMenuAction, QString> primaryEntry(PrimaryTransport primary)
-{
-    switch (primary) {
-    case PrimaryTransport::start:
-        return {TrayMenuAction::start, QStringLiteral("tray.menu.start")};
-    case PrimaryTransport::startBreak:
-        return {TrayMenuAction::startBreak, QStringLiteral("tray.menu.start_break")};
-    case PrimaryTransport::pause:
-        return {TrayMenuAction::pause, QStringLiteral("tray.menu.pause")};
-    case PrimaryTransport::resume:
-        return {TrayMenuAction::resume, QStringLiteral("tray.menu.resume")};
-    }
-    return {};
-}
+// In the order of `PrimaryTransport`.
+constexpr std::array primaryEntries{
+    std::pair{TrayMenuAction::start, "tray.menu.start"}, std::pair{TrayMenuAction::startBreak, "tray.menu.start_break"},
+    std::pair{TrayMenuAction::pause, "tray.menu.pause"}, std::pair{TrayMenuAction::resume, "tray.menu.resume"}};
 
 }
 
@@ -33,12 +25,12 @@ TrayMenu trayMenu(const PomodoroStateMachine &stateMachine, const LocalizedStrin
         return TrayMenuEntry{TrayMenuCommand{action, stateMachine.phaseToken()}, strings.text(key), isEnabled,
                              std::nullopt};
     };
-    const auto [primary, primaryKey] = primaryEntry(controls.primary);
+    const auto [primary, primaryKey] = primaryEntries.at(static_cast<std::size_t>(controls.primary));
     const TrayMenuEntry separator;
     TrayMenu menu{{
         entry(TrayMenuAction::openPanel, QStringLiteral("tray.menu.open_panel")),
         separator,
-        phaseEntry(primary, primaryKey),
+        phaseEntry(primary, QString::fromLatin1(primaryKey)),
         controls.showsTakeBreak ? phaseEntry(TrayMenuAction::takeBreak, QStringLiteral("tray.menu.take_break"))
                                 : phaseEntry(TrayMenuAction::skip, QStringLiteral("tray.menu.skip"), controls.canSkip),
         phaseEntry(TrayMenuAction::extend, QStringLiteral("tray.menu.extend"), controls.showsExtend),

@@ -1,33 +1,23 @@
 #include "Navigation/MainWindowRouter.h"
 
-#include <algorithm>
+#include "Foundation/EnumTexts.h"
 
 namespace tomcatto {
 
+namespace {
+
+constexpr std::array pageTexts{"timer", "general", "videos", "statistics", "permissions", "about"};
+
+}
+
 QString rawValue(MainWindowPage page)
 {
-    switch (page) {
-    case MainWindowPage::timer:
-        return QStringLiteral("timer");
-    case MainWindowPage::general:
-        return QStringLiteral("general");
-    case MainWindowPage::videos:
-        return QStringLiteral("videos");
-    case MainWindowPage::statistics:
-        return QStringLiteral("statistics");
-    case MainWindowPage::permissions:
-        return QStringLiteral("permissions");
-    case MainWindowPage::about:
-        return QStringLiteral("about");
-    }
-    return {};
+    return textOf(pageTexts, page);
 }
 
 std::optional<MainWindowPage> mainWindowPageFromRawValue(QStringView text)
 {
-    const auto *const found =
-        std::ranges::find_if(mainWindowPages, [text](MainWindowPage page) { return rawValue(page) == text; });
-    return found != mainWindowPages.end() ? std::optional(*found) : std::nullopt;
+    return caseOf<MainWindowPage>(pageTexts, text);
 }
 
 void MainWindowRouter::open(MainWindowPage page)

@@ -1,5 +1,7 @@
 #include "Persistence/StoreError.h"
 
+#include "Foundation/EnumTexts.h"
+
 #include <sqlite3.h>
 
 namespace tomcatto {
@@ -29,26 +31,14 @@ StoreFailure failureOf(int extendedCode)
     }
 }
 
-QString advice(StoreFailure failure)
-{
-    switch (failure) {
-    case StoreFailure::notAStore:
-        return QStringLiteral("Move the file elsewhere and start again");
-    case StoreFailure::damaged:
-        return QStringLiteral("Put a backup in its place, or move the file elsewhere to begin a new history");
-    case StoreFailure::locked:
-        return QStringLiteral("Close the program that holds the file and start again");
-    case StoreFailure::notWritable:
-        return QStringLiteral("Make the file and its folder readable and writable");
-    case StoreFailure::diskFull:
-        return QStringLiteral("Free some space on its disk");
-    case StoreFailure::newerVersion:
-        return QStringLiteral("Update the application; the file was left as it is");
-    case StoreFailure::other:
-        return QStringLiteral("Check the disk and the file");
-    }
-    return {};
-}
+// In the order of `StoreFailure`.
+constexpr std::array advices{"Move the file elsewhere and start again",
+                             "Put a backup in its place, or move the file elsewhere to begin a new history",
+                             "Close the program that holds the file and start again",
+                             "Make the file and its folder readable and writable",
+                             "Free some space on its disk",
+                             "Update the application; the file was left as it is",
+                             "Check the disk and the file"};
 
 }
 
@@ -59,7 +49,7 @@ StoreError StoreError::fromResultCode(int extendedCode, const QString &path, con
 
 QString StoreError::description() const
 {
-    return path + QStringLiteral(": ") + detail + QStringLiteral(". ") + advice(failure);
+    return path + QStringLiteral(": ") + detail + QStringLiteral(". ") + textOf(advices, failure);
 }
 
 QString StoreError::userInfo() const

@@ -1,9 +1,12 @@
 #include "Statistics/StatsRange.h"
 
+#include "Foundation/EnumTexts.h"
+
 namespace tomcatto {
 
 namespace {
 
+constexpr std::array rangeTexts{"today", "week", "month", "allTime"};
 constexpr qint64 daysLabelledDaily = 14;
 constexpr qint64 daysInDailyBars = 91;
 constexpr qint64 daysInMonthlyBars = 1096;
@@ -29,40 +32,18 @@ StatsChartLayout historyLayout(QDate start, QDate today)
 
 QString rawValue(StatsRange range)
 {
-    switch (range) {
-    case StatsRange::today:
-        return QStringLiteral("today");
-    case StatsRange::week:
-        return QStringLiteral("week");
-    case StatsRange::month:
-        return QStringLiteral("month");
-    case StatsRange::allTime:
-        return QStringLiteral("allTime");
-    }
-    return {};
+    return textOf(rangeTexts, range);
 }
 
 std::optional<StatsRange> statsRangeFromRawValue(QStringView text)
 {
-    for (const StatsRange range : allStatsRanges) {
-        if (text == rawValue(range))
-            return range;
-    }
-    return std::nullopt;
+    return caseOf<StatsRange>(rangeTexts, text);
 }
 
 int daySpan(StatsRange range)
 {
-    switch (range) {
-    case StatsRange::today:
-    case StatsRange::allTime:
-        return 0;
-    case StatsRange::week:
-        return 6;
-    case StatsRange::month:
-        return 29;
-    }
-    return 0;
+    constexpr std::array spans{0, 6, 29, 0};
+    return spans.at(static_cast<std::size_t>(range));
 }
 
 DateInterval interval(StatsRange range, std::optional<Date> earliestSession, Date now, const Calendar &calendar)

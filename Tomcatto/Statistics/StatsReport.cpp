@@ -1,5 +1,6 @@
 #include "Statistics/StatsReport.h"
 
+#include "Foundation/EnumTexts.h"
 #include "Statistics/StatsAggregator.h"
 
 #include <nlohmann/json.hpp>
@@ -36,17 +37,7 @@ Json daysJson(const std::vector<DailyStat> &stats)
 
 QString rangeTitle(StatsRange range)
 {
-    switch (range) {
-    case StatsRange::today:
-        return QStringLiteral("Today");
-    case StatsRange::week:
-        return QStringLiteral("This week");
-    case StatsRange::month:
-        return QStringLiteral("This month");
-    case StatsRange::allTime:
-        return QStringLiteral("All time");
-    }
-    return {};
+    return textOf(std::array{"Today", "This week", "This month", "All time"}, range);
 }
 
 QString durationText(qint64 minutes)

@@ -1,5 +1,6 @@
 #include "StatisticsViews/StatisticsViewModel.h"
 
+#include "Localization/DurationText.h"
 #include "StatisticsViews/ChartScale.h"
 
 #include <algorithm>
@@ -117,7 +118,7 @@ void StatisticsViewModel::rebuildFigures(StatsRange range)
     time.append(part(strings.text(QStringLiteral("duration.unit.minutes")), true));
     const qint64 average = aggregator.dailyAverage(aggregator.dayCount(range), 10);
     m_figures = {
-        figure(strings.text(QStringLiteral("stats.figure.focus_time")), time, durationText(minutes)),
+        figure(strings.text(QStringLiteral("stats.figure.focus_time")), time, durationText(strings, 60 * minutes)),
         number(QStringLiteral("stats.figure.sessions"), QString::number(sessions)),
         number(QStringLiteral("stats.figure.streak_short"), QString::number(aggregator.currentStreak())),
         number(QStringLiteral("stats.figure.average"),
@@ -167,8 +168,8 @@ QVariantMap StatisticsViewModel::bar(const FocusBucket &bucket, const StatsChart
         when = strings.locale().toString(bucket.start, QStringLiteral("MMMM yyyy"));
     else if (layout.bucketUnit == CalendarUnit::year)
         when = QString::number(bucket.start.year());
-    const QString text =
-        strings.format(QStringLiteral("stats.chart.bar.accessibility"), when, durationText(bucket.minutes));
+    const QString text = strings.format(QStringLiteral("stats.chart.bar.accessibility"), when,
+                                        durationText(strings, 60 * bucket.minutes));
     return {{QStringLiteral("value"), bucket.minutes},
             {QStringLiteral("label"), barLabel(bucket.start, layout)},
             {QStringLiteral("tip"), text},
@@ -231,17 +232,6 @@ void StatisticsViewModel::rebuildHeatMap()
 QString StatisticsViewModel::dayText(QDate day) const
 {
     return m_sources.strings.locale().toString(day, m_sources.strings.text(QStringLiteral("date.weekday_day_month")));
-}
-
-QString StatisticsViewModel::durationText(qint64 minutes) const
-{
-    const LocalizedStrings &strings = m_sources.strings;
-    const QString rest = QString::number(minutes % 60);
-    if (minutes < 60)
-        return strings.format(QStringLiteral("duration.minutes"), rest);
-    const QString hours = QString::number(minutes / 60);
-    return minutes % 60 == 0 ? strings.format(QStringLiteral("duration.hours"), hours)
-                             : strings.format(QStringLiteral("duration.hours_minutes"), hours, rest);
 }
 
 QDate StatisticsViewModel::today() const

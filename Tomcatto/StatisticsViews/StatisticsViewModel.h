@@ -79,7 +79,6 @@ private:
     [[nodiscard]] QVariantMap bar(const FocusBucket &bucket, const StatsChartLayout &layout) const;
     [[nodiscard]] QString barLabel(QDate day, const StatsChartLayout &layout) const;
     [[nodiscard]] QString dayText(QDate day) const;
-    [[nodiscard]] QString durationText(qint64 minutes) const;
     [[nodiscard]] QDate today() const;
 
     Sources m_sources;

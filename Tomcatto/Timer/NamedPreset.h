@@ -1,8 +1,6 @@
 #pragma once
 
-#include <array>
-#include <optional>
-#include <QtCore/QString>
+#include "Foundation/EnumTexts.h"
 
 namespace tomcatto {
 
@@ -28,29 +26,14 @@ inline constexpr std::array namedPresets{NamedPreset::classic, NamedPreset::flow
 /// The durations of a preset.
 [[nodiscard]] constexpr PresetDurations durations(NamedPreset preset) noexcept
 {
-    switch (preset) {
-    case NamedPreset::classic:
-        return {1500, 300, 900};
-    case NamedPreset::flow:
-        return {2700, 900, 1800};
-    case NamedPreset::deep:
-        return {3000, 600, 1500};
-    }
-    return {};
+    constexpr PresetDurations lengths[]{{1500, 300, 900}, {2700, 900, 1800}, {3000, 600, 1500}};
+    return lengths[static_cast<std::size_t>(preset)];
 }
 
 /// The preset's name on the command line.
 [[nodiscard]] inline QString rawValue(NamedPreset preset)
 {
-    switch (preset) {
-    case NamedPreset::classic:
-        return QStringLiteral("classic");
-    case NamedPreset::flow:
-        return QStringLiteral("flow");
-    case NamedPreset::deep:
-        return QStringLiteral("deep");
-    }
-    return {};
+    return textOf(std::array{"classic", "flow", "deep"}, preset);
 }
 
 }

@@ -1,30 +1,23 @@
 #include "Timer/PomodoroPhase.h"
 
+#include "Foundation/EnumTexts.h"
+
 namespace tomcatto {
+
+namespace {
+
+constexpr std::array phaseTexts{"idle", "work", "shortBreak", "longBreak"};
+
+}
 
 QString rawValue(PomodoroPhase phase)
 {
-    switch (phase) {
-    case PomodoroPhase::idle:
-        return QStringLiteral("idle");
-    case PomodoroPhase::working:
-        return QStringLiteral("work");
-    case PomodoroPhase::shortBreak:
-        return QStringLiteral("shortBreak");
-    case PomodoroPhase::longBreak:
-        return QStringLiteral("longBreak");
-    }
-    return {};
+    return textOf(phaseTexts, phase);
 }
 
 std::optional<PomodoroPhase> phaseFromRawValue(QStringView text)
 {
-    for (const PomodoroPhase phase :
-         {PomodoroPhase::idle, PomodoroPhase::working, PomodoroPhase::shortBreak, PomodoroPhase::longBreak}) {
-        if (text == rawValue(phase))
-            return phase;
-    }
-    return std::nullopt;
+    return caseOf<PomodoroPhase>(phaseTexts, text);
 }
 
 }

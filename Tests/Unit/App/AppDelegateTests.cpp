@@ -134,7 +134,7 @@ TEST(TimerCommands, TheStatusFollowsTheDayAndAWaitingPhaseIsStarted)
     EXPECT_EQ(today, (std::vector<qint64>{0, 1}));
 
     CommandTable commands;
-    addTimerCommands(commands, dependencies, source);
+    addTimerCommands(commands, dependencies.stateMachine, source);
     dependencies.settings.setAutoStartBreaks(false);
     dependencies.stateMachine.start();
     application.pass(1500s);

@@ -1,4 +1,4 @@
-#include "MainWindow/DurationText.h"
+#include "Localization/DurationText.h"
 
 namespace tomcatto {
 
