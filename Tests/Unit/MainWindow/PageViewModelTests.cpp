@@ -1,5 +1,5 @@
 #include "Fakes/MainWindowFixture.h"
-#include "MainWindow/DurationText.h"
+#include "Localization/DurationText.h"
 
 #include <gtest/gtest.h>
 
