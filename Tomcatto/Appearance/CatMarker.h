@@ -7,7 +7,7 @@
 namespace tomcatto {
 
 /// The logo's silhouette without a face: one round of a set, filled or as an outline.
-class CatMarker : public Painting
+class CatMarker : public tomcatto::Painting
 {
     Q_OBJECT
     QML_ELEMENT

@@ -7,7 +7,7 @@
 namespace tomcatto {
 
 /// A dashed rounded outline, for a place where something can be dropped.
-class DashedFrame : public Painting
+class DashedFrame : public tomcatto::Painting
 {
     Q_OBJECT
     QML_ELEMENT

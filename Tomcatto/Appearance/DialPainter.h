@@ -8,7 +8,7 @@ namespace tomcatto {
 
 /// The eared ring around the time: track, arc, two ears and the disc inside. Knows shapes and colours only; `Dial`
 /// decides which. The ring's outer diameter is the item's width; the ears stand out `headroom` above it.
-class DialPainter : public Painting
+class DialPainter : public tomcatto::Painting
 {
     Q_OBJECT
     QML_ELEMENT

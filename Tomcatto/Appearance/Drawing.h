@@ -6,7 +6,7 @@
 namespace tomcatto {
 
 /// One of the embedded drawings in a square box.
-class Drawing : public Painting
+class Drawing : public tomcatto::Painting
 {
     Q_OBJECT
     QML_ANONYMOUS

@@ -6,7 +6,7 @@ namespace tomcatto {
 
 /// The mark in one of its drawings, of which only the one-colour one takes the colour. Decoration: what is around it
 /// names it.
-class Logo : public Drawing
+class Logo : public tomcatto::Drawing
 {
     Q_OBJECT
     QML_ELEMENT

@@ -5,7 +5,8 @@
 
 namespace tomcatto {
 
-/// What is painted with smooth edges, anew whenever one of its properties has changed.
+/// What is painted with smooth edges, anew whenever one of its properties has changed. Classes name it with its
+/// namespace, else what tells qmllint of them does not find it.
 class Painting : public QQuickPaintedItem
 {
     Q_OBJECT

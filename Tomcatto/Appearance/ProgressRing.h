@@ -7,7 +7,7 @@
 namespace tomcatto {
 
 /// A plain ring that fills clockwise from the top, for a download under way.
-class ProgressRing : public Painting
+class ProgressRing : public tomcatto::Painting
 {
     Q_OBJECT
     QML_ELEMENT

@@ -6,7 +6,7 @@ namespace tomcatto {
 
 /// One of the embedded symbols by its name, such as "pause.fill", in one colour. Decoration only: the control that
 /// holds it carries the accessible name. An unknown name is logged once a process and draws nothing.
-class Symbol : public Drawing
+class Symbol : public tomcatto::Drawing
 {
     Q_OBJECT
     QML_ELEMENT

@@ -35,8 +35,10 @@ QPainterPath outline()
 }
 
 ChipShape::ChipShape(QQuickItem *parent)
-    : Painting(parent)
+    : QQuickPaintedItem(parent)
 {
+    setAntialiasing(true);
+    connect(this, &ChipShape::changed, this, [this] { update(); });
     setImplicitSize(grid.width(), grid.height());
 }
 

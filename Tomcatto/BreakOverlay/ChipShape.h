@@ -1,14 +1,13 @@
 #pragma once
 
-#include "Appearance/Painting.h"
-
 #include <QtGui/QColor>
+#include <QtQuick/QQuickPaintedItem>
 
 namespace tomcatto {
 
 /// The countdown's plate with two ears on its shoulders, in one path. Drawn on a grid of 248 x 91, ears included, and
 /// scaled to the item.
-class ChipShape : public Painting
+class ChipShape : public QQuickPaintedItem
 {
     Q_OBJECT
     QML_ELEMENT
@@ -19,6 +18,9 @@ public:
     explicit ChipShape(QQuickItem *parent = nullptr);
 
     void paint(QPainter *painter) override;
+
+Q_SIGNALS:
+    void changed();
 
 private:
     QColor m_fill = Qt::black;
