@@ -5,6 +5,7 @@
 #include <deque>
 #include <map>
 #include <optional>
+#include <QtCore/QObject>
 
 namespace tomcatto {
 
@@ -20,13 +21,19 @@ public:
     {
         return add(delay, std::chrono::milliseconds{0}, std::move(action));
     }
-    void async(std::function<void()> action) override { m_queue.push_back(std::move(action)); }
+    void async(QObject &context, std::function<void()> action) override
+    {
+        m_queue.emplace_back(&context, std::move(action));
+        QObject::connect(&context, &QObject::destroyed, &m_guard, [this](const QObject *gone) {
+            std::erase_if(m_queue, [gone](const auto &entry) { return entry.first == gone; });
+        });
+    }
 
     /// Runs what was handed to `async`, and what that hands over, until nothing is left.
     void drain()
     {
         while (!m_queue.empty()) {
-            const auto action = std::move(m_queue.front());
+            const auto action = std::move(m_queue.front().second);
             m_queue.pop_front();
             action();
         }
@@ -84,7 +91,8 @@ private:
     }
 
     std::map<int, Entry> m_timers;
-    std::deque<std::function<void()>> m_queue;
+    std::deque<std::pair<const QObject *, std::function<void()>>> m_queue;
+    QObject m_guard;
     std::chrono::milliseconds m_now{0};
     int m_lastKey = 0;
 };

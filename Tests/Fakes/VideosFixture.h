@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Fakes/ManualRunLoop.h"
 #include "Fakes/ManualWallClock.h"
 #include "Fakes/SequentialIdentifiers.h"
 #include "Media/MovedVideoSearch.h"
@@ -78,11 +79,12 @@ public:
     SequentialIdentifiers identifiers;
     std::shared_ptr<PathBookmarks> bookmarks = std::make_shared<PathBookmarks>();
     TextStillFrame stillFrame;
+    ManualRunLoop runLoop;
     CoreDataStack stack{folder.path()};
     UserVideoRepository repository{stack, clock, identifiers, *bookmarks, stillFrame};
-    MovedVideoSearch movedVideoSearch{repository, bookmarks};
-    VideoFiles files{repository, bookmarks};
-    UserVideoCommands commands{repository, stillFrame};
+    MovedVideoSearch movedVideoSearch{repository, bookmarks, runLoop};
+    VideoFiles files{repository, bookmarks, runLoop};
+    UserVideoCommands commands{repository, stillFrame, runLoop};
     ChosenBundledVideos bundled;
 };
 

@@ -11,7 +11,7 @@ ApplicationControl::ApplicationControl(AppDependencies &dependencies, AppDelegat
     : QObject(parent)
     , m_status({dependencies.stateMachine, dependencies.timer, dependencies.settings, dependencies.statsAggregator,
                 dependencies.strings, dependencies.platform.wallClock, dependencies.platform.runLoop})
-    , m_server(m_commands, sockets, socketPath)
+    , m_server(m_commands, sockets, dependencies.platform.runLoop, socketPath)
     , m_quit(std::move(quit))
 {
     addTimerCommands(m_commands, dependencies.stateMachine, m_status);
@@ -22,7 +22,7 @@ ApplicationControl::ApplicationControl(AppDependencies &dependencies, AppDelegat
         m_isEnding = true;
         // The record is on disk before the answer, so the one who asked may read it.
         delegate.applicationWillTerminate();
-        dependencies.platform.runLoop.async(m_quit);
+        dependencies.platform.runLoop.async(*this, m_quit);
         return ControlReply{};
     });
     connect(&m_server, &ControlServer::followersChanged, this, &ApplicationControl::followStatus);

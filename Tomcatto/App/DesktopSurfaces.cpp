@@ -25,7 +25,8 @@ DesktopSurfaces::DesktopSurfaces(AppDependencies &dependencies, DesktopPorts des
                     dependencies.platform.desktop->systemSettings, dependencies.languageOverrideService,
                     dependencies.strings)
     , m_videosPage(dependencies.userVideoCommands, dependencies.userVideoRepository, dependencies.videoFiles,
-                   dependencies.movedVideoSearch, dependencies.bundledVideoProvider, dependencies.strings)
+                   dependencies.movedVideoSearch, dependencies.bundledVideoProvider, dependencies.strings,
+                   dependencies.platform.runLoop)
     , m_permissionsPage(dependencies.settings, dependencies.launchAtLoginService,
                         *dependencies.notificationAuthorization, dependencies.platform.desktop->systemSettings,
                         dependencies.strings)
@@ -65,14 +66,9 @@ void DesktopSurfaces::install()
         m_desktop.screens, m_desktop.keyMonitor, m_overlayWindows);
     connect(m_breakOverlayController.get(), &BreakOverlayController::willShow, this,
             &DesktopSurfaces::makeRoomForBreak);
-    // The hiding call may be about to change the phase.
-    connect(
-        m_breakOverlayController.get(), &BreakOverlayController::didHide, this,
-        [this] {
-            if (m_opensLater)
-                static_cast<void>(whenUncovered(std::exchange(m_opensLater, nullptr)));
-        },
-        Qt::QueuedConnection);
+    connect(m_breakOverlayController.get(), &BreakOverlayController::didHide, this,
+            // The phase may be about to change.
+            [this] { soon([this] { openLater(); }); });
     m_statusItemController->setOnWillShow([this] {
         m_logger.debug(QStringLiteral("the panel opens"));
         // An open menu holds the keyboard, which the panel needs at once.
@@ -265,6 +261,17 @@ void DesktopSurfaces::followItem()
         return;
     for (const auto &action : std::exchange(m_waitForItem, {}))
         action();
+}
+
+void DesktopSurfaces::soon(std::function<void()> action)
+{
+    m_dependencies.platform.runLoop.async(*this, std::move(action));
+}
+
+void DesktopSurfaces::openLater()
+{
+    if (m_opensLater)
+        static_cast<void>(whenUncovered(std::exchange(m_opensLater, nullptr)));
 }
 
 void DesktopSurfaces::makeRoomForBreak()

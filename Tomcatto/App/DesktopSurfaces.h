@@ -69,6 +69,9 @@ private:
     /// Does it once the status item shows somewhere.
     void onceItemShows(std::function<void()> action);
     void followItem();
+    /// Does it in a later turn of the main loop.
+    void soon(std::function<void()> action);
+    void openLater();
     [[nodiscard]] AppMenuCommands::Actions menuActions();
     [[nodiscard]] BreakVideoSource overlayVideos();
     [[nodiscard]] BreakVideoSource oneVideo(const BreakVideo &video);

@@ -107,7 +107,7 @@ int Program::runHoldingLock(const Invocation &invocation, const FrontEnd &frontE
     const auto storedDefaults = m_ports.openDefaults(false);
     ArgumentDomain defaults(*storedDefaults, invocation.argumentDomain);
     const auto desktop = frontEnd.makeServices ? std::optional(frontEnd.makeServices()) : std::nullopt;
-    AppDependencies dependencies({ports.monotonicClock, m_ports.wallClock, ports.runLoop, m_ports.identifiers, defaults,
+    AppDependencies dependencies({ports.monotonicClock, m_ports.wallClock, m_ports.runLoop, m_ports.identifiers, defaults,
                                   ports.workspacePower, m_ports.bookmarks, m_ports.stillFrame, m_ports.loginItem,
                                   m_ports.applicationSupportDirectory, bundledVideosDirectory(),
                                   desktop ? &*desktop : nullptr});

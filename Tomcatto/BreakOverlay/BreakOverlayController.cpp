@@ -1,6 +1,5 @@
 #include "BreakOverlay/BreakOverlayController.h"
 
-#include <QtCore/QPointer>
 #include <utility>
 
 namespace tomcatto {
@@ -33,10 +32,7 @@ BreakOverlayController::BreakOverlayController(PomodoroStateMachine &stateMachin
 
 void BreakOverlayController::deliver(std::function<void()> handler)
 {
-    m_runLoop.async([self = QPointer(this), handler = std::move(handler)] {
-        if (self)
-            handler();
-    });
+    m_runLoop.async(*this, std::move(handler));
 }
 
 void BreakOverlayController::phaseChanged(PomodoroPhase current)

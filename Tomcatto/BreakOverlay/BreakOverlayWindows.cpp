@@ -1,6 +1,5 @@
 #include "BreakOverlay/BreakOverlayWindows.h"
 
-#include <QtCore/QPointer>
 #include <QtCore/QPropertyAnimation>
 #include <QtGui/QWindow>
 
@@ -87,10 +86,7 @@ void BreakOverlayWindows::retire(OverlayView contents)
 void BreakOverlayWindows::finish(Leaving::iterator leaving)
 {
     leaving->view->window().hide();
-    m_runLoop.async([self = QPointer(this), leaving] {
-        if (self)
-            self->m_leaving.erase(leaving);
-    });
+    m_runLoop.async(*this, [this, leaving] { m_leaving.erase(leaving); });
 }
 
 }

@@ -1,6 +1,5 @@
 #include "BreakOverlay/BreakPreviewController.h"
 
-#include <QtCore/QPointer>
 #include <utility>
 
 namespace tomcatto {
@@ -51,10 +50,7 @@ void BreakPreviewController::windowClosed()
         m_preview.windowController->end();
     m_leaving.push_back(std::exchange(m_preview, {}));
     // The closing call may come from inside the window.
-    m_runLoop.async([self = QPointer(this)] {
-        if (self)
-            self->letGo();
-    });
+    m_runLoop.async(*this, [this] { letGo(); });
 }
 
 void BreakPreviewController::letGo()

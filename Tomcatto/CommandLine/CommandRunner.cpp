@@ -181,7 +181,7 @@ ExitStatus CommandRunner::listVideos() const
                                    *m_surroundings.bookmarks, m_surroundings.stillFrame);
     bool hasFailed = false;
     QObject::connect(&repository, &UserVideoRepository::fetchFailed, &repository, [&hasFailed] { hasFailed = true; });
-    const UserVideoCommands videos(repository, m_surroundings.stillFrame);
+    const UserVideoCommands videos(repository, m_surroundings.stillFrame, m_surroundings.runLoop);
     QStringList lines;
     for (const UserVideoListing &line : videos.list()) {
         const UserVideo &video = line.video;

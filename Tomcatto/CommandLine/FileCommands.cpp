@@ -96,7 +96,7 @@ ControlReply FileCommands::videos(const nlohmann::ordered_json &arguments, std::
     CoreDataStack stack(m_surroundings.applicationSupportDirectory);
     UserVideoRepository repository(stack, m_surroundings.wallClock, m_surroundings.identifiers,
                                    *m_surroundings.bookmarks, m_look);
-    UserVideoCommands videos(repository, m_look);
+    UserVideoCommands videos(repository, m_look, m_surroundings.runLoop);
     if (askedSince) {
         if (const auto done = doneSince(*askedSince, videos.list(), arguments))
             return *done;

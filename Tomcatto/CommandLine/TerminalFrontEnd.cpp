@@ -2,8 +2,6 @@
 
 #include "Foundation/EnumTexts.h"
 
-#include <QtCore/QPointer>
-
 namespace tomcatto {
 
 namespace {
@@ -54,6 +52,7 @@ TerminalFrontEnd::TerminalFrontEnd(AppDependencies &dependencies, const CommandT
     , m_status(status)
     , m_terminal(terminal)
     , m_processSignals(processSignals)
+    , m_drawing(dependencies.platform.runLoop, [this] { drawLine(); })
 {
 }
 
@@ -78,7 +77,7 @@ void TerminalFrontEnd::startInteractive()
     m_isInteractive = true;
     disconnect(m_printing);
     m_terminal.write(m_dependencies.strings.text(key("terminal.keys")) + QLatin1Char('\n'));
-    const auto draw = [this] { drawSoon(); };
+    const auto draw = [this] { m_drawing.schedule(); };
     connect(&m_status, &StatusSource::changed, this, draw);
     connect(&m_dependencies.timer, &PomodoroTimer::remainingSecondsChanged, this, draw);
     connect(&m_dependencies.timer, &PomodoroTimer::overflowSecondsChanged, this, draw);
@@ -107,19 +106,7 @@ void TerminalFrontEnd::handleKey(QChar pressed)
         return;
     m_commands.run(command, {}, [this](const ControlReply &reply) {
         m_notice = reply.status == ExitStatus::done ? QString() : reply.message;
-        drawSoon();
-    });
-}
-
-void TerminalFrontEnd::drawSoon()
-{
-    if (std::exchange(m_isDrawing, true))
-        return;
-    m_dependencies.platform.runLoop.async([alive = QPointer(this)] {
-        if (!alive)
-            return;
-        alive->m_isDrawing = false;
-        alive->drawLine();
+        m_drawing.schedule();
     });
 }
 

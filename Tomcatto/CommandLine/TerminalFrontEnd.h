@@ -3,6 +3,7 @@
 #include "Composition/AppDependencies.h"
 #include "Control/CommandTable.h"
 #include "Control/StatusSource.h"
+#include "Platform/Ports/OncePerTurn.h"
 #include "Platform/Ports/ProcessSignals.h"
 #include "Platform/Ports/Terminal.h"
 
@@ -28,7 +29,6 @@ private:
     void followTerminal();
     void handleKey(QChar key);
     void drawLine();
-    void drawSoon();
     void printTransition(const PhaseTransition &transition);
     [[nodiscard]] QString statusLine() const;
     [[nodiscard]] QString phaseText(const TimerStatus &status) const;
@@ -41,7 +41,7 @@ private:
     QString m_notice;
     /// Once set it stays: in the background only nothing is drawn.
     bool m_isInteractive = false;
-    bool m_isDrawing = false;
+    OncePerTurn m_drawing;
     QMetaObject::Connection m_printing;
     Cancellable m_keys;
     Cancellable m_terminalObserver;

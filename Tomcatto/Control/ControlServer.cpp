@@ -17,11 +17,12 @@ constexpr std::size_t mostFollowers = 64;
 
 }
 
-ControlServer::ControlServer(const CommandTable &commands, LocalSockets &sockets, QString socketPath,
-                             std::chrono::milliseconds requestTimeLimit, QObject *parent)
+ControlServer::ControlServer(const CommandTable &commands, LocalSockets &sockets, MainRunLoop &runLoop,
+                             QString socketPath, std::chrono::milliseconds requestTimeLimit, QObject *parent)
     : QObject(parent)
     , m_commands(commands)
     , m_sockets(sockets)
+    , m_runLoop(runLoop)
     , m_socketPath(std::move(socketPath))
     , m_requestTimeLimit(requestTimeLimit)
     , m_logger(QStringLiteral("ControlServer"))
@@ -84,10 +85,7 @@ void ControlServer::accept(std::unique_ptr<LocalConnection> connection)
     const quint64 id = ++m_lastId;
     Client &client = m_clients[id];
     client.connection = std::move(connection);
-    client.limit = std::make_unique<QTimer>();
-    client.limit->setSingleShot(true);
-    connect(client.limit.get(), &QTimer::timeout, this, [this, id] { outOfTime(id); });
-    client.limit->start(m_requestTimeLimit);
+    startLimit(id, client);
     client.connection->onChange([this, id] { readFrom(id); });
     // Most have sent their request by now.
     readFrom(id);
@@ -143,7 +141,7 @@ void ControlServer::answer(quint64 id, const QByteArray &line)
     if (!request)
         return refuse(id, request.error());
     Client &client = m_clients.at(id);
-    client.limit->stop();
+    client.limit.cancel();
     client.received.clear();
     client.stage = Stage::waiting;
     client.wantsTicks = request->wantsTicks;
@@ -170,6 +168,11 @@ void ControlServer::deliver(quint64 id, const ControlReply &reply, bool isFollow
     Q_EMIT followersChanged();
 }
 
+void ControlServer::startLimit(quint64 id, Client &client)
+{
+    client.limit = m_runLoop.after(m_requestTimeLimit, [this, id] { outOfTime(id); });
+}
+
 void ControlServer::outOfTime(quint64 id)
 {
     const auto found = m_clients.find(id);
@@ -194,7 +197,7 @@ void ControlServer::send(quint64 id, const ControlReply &reply)
     if (client.connection->unsentBytes() == 0)
         return drop(id);
     // Somebody who never reads the answer does not keep the connection.
-    client.limit->start(m_requestTimeLimit);
+    startLimit(id, client);
 }
 
 void ControlServer::drop(quint64 id)

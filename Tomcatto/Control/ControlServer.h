@@ -3,10 +3,9 @@
 #include "Control/CommandTable.h"
 #include "Foundation/Logger.h"
 #include "Platform/Ports/LocalSockets.h"
+#include "Platform/Ports/MainRunLoop.h"
 
-#include <chrono>
 #include <map>
-#include <QtCore/QTimer>
 
 namespace tomcatto {
 
@@ -29,7 +28,7 @@ public:
     };
 
     /// @param requestTimeLimit how long a client may take to send its request.
-    ControlServer(const CommandTable &commands, LocalSockets &sockets, QString socketPath,
+    ControlServer(const CommandTable &commands, LocalSockets &sockets, MainRunLoop &runLoop, QString socketPath,
                   std::chrono::milliseconds requestTimeLimit = std::chrono::seconds{5}, QObject *parent = nullptr);
     ~ControlServer() override;
 
@@ -61,7 +60,7 @@ private:
     struct Client
     {
         std::unique_ptr<LocalConnection> connection;
-        std::unique_ptr<QTimer> limit;
+        Cancellable limit;
         Stage stage = Stage::asking;
         bool wantsTicks = false;
         QByteArray received;
@@ -74,6 +73,7 @@ private:
     void readRequest(quint64 id, Client &client, LocalPeer peer);
     void answer(quint64 id, const QByteArray &line);
     void deliver(quint64 id, const ControlReply &reply, bool isFollowing);
+    void startLimit(quint64 id, Client &client);
     void outOfTime(quint64 id);
     void refuse(quint64 id, const QString &reason);
     void send(quint64 id, const ControlReply &reply);
@@ -82,6 +82,7 @@ private:
 
     const CommandTable &m_commands;
     LocalSockets &m_sockets;
+    MainRunLoop &m_runLoop;
     QString m_socketPath;
     std::chrono::milliseconds m_requestTimeLimit;
     Logger m_logger;

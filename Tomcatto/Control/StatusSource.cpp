@@ -1,7 +1,6 @@
 #include "Control/StatusSource.h"
 
 #include <QtCore/QMetaMethod>
-#include <QtCore/QPointer>
 
 namespace tomcatto {
 
@@ -9,17 +8,18 @@ StatusSource::StatusSource(const Parts &parts, QObject *parent)
     : QObject(parent)
     , m_parts(parts)
     , m_pill(parts.stateMachine, parts.timer, parts.settings, parts.strings)
+    , m_check(parts.runLoop, [this] { check(); })
 {
     const auto &machine = m_parts.stateMachine;
-    const auto check = [this] { checkSoon(); };
-    connect(&machine, &PomodoroStateMachine::isPausedChanged, this, check);
-    connect(&machine, &PomodoroStateMachine::currentPlannedSecondsChanged, this, check);
-    connect(&machine, &PomodoroStateMachine::isOverflowingChanged, this, check);
-    connect(&machine, &PomodoroStateMachine::isPhasePendingChanged, this, check);
-    connect(&machine, &PomodoroStateMachine::phaseTokenChanged, this, check);
-    connect(&m_parts.settings, &PomodoroSettings::changed, this, check);
-    connect(&m_parts.statsAggregator, &StatsAggregator::changes, this, check);
-    m_dayObserver = m_parts.wallClock.onDayChanged(check);
+    const auto changed = [this] { checkSoon(); };
+    connect(&machine, &PomodoroStateMachine::isPausedChanged, this, changed);
+    connect(&machine, &PomodoroStateMachine::currentPlannedSecondsChanged, this, changed);
+    connect(&machine, &PomodoroStateMachine::isOverflowingChanged, this, changed);
+    connect(&machine, &PomodoroStateMachine::isPhasePendingChanged, this, changed);
+    connect(&machine, &PomodoroStateMachine::phaseTokenChanged, this, changed);
+    connect(&m_parts.settings, &PomodoroSettings::changed, this, changed);
+    connect(&m_parts.statsAggregator, &StatsAggregator::changes, this, changed);
+    m_dayObserver = m_parts.wallClock.onDayChanged(changed);
 }
 
 TimerStatus StatusSource::status() const
@@ -68,23 +68,20 @@ void StatusSource::setTicking(bool isTicking)
 
 void StatusSource::checkSoon()
 {
-    if (!isSignalConnected(QMetaMethod::fromSignal(&StatusSource::changed))) {
+    if (isSignalConnected(QMetaMethod::fromSignal(&StatusSource::changed)))
+        m_check.schedule();
+    else
         m_last.reset();
-        return;
-    }
-    if (std::exchange(m_isChecking, true))
-        return;
-    m_parts.runLoop.async([this, alive = QPointer(this)] {
-        if (!alive)
-            return;
-        m_isChecking = false;
-        const TimerStatus now = status();
-        const TimerStatus before = std::exchange(m_last, now).value_or(now);
-        if (differByMoreThanTick(before, now))
-            Q_EMIT changed(now);
-        else if (before.title != now.title)
-            Q_EMIT ticked(now);
-    });
+}
+
+void StatusSource::check()
+{
+    const TimerStatus now = status();
+    const TimerStatus before = std::exchange(m_last, now).value_or(now);
+    if (differByMoreThanTick(before, now))
+        Q_EMIT changed(now);
+    else if (before.title != now.title)
+        Q_EMIT ticked(now);
 }
 
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Control/TimerStatus.h"
+#include "Platform/Ports/OncePerTurn.h"
 #include "Platform/Ports/WallClock.h"
 #include "Statistics/StatsAggregator.h"
 #include "StatusPill/StatusPillSource.h"
@@ -44,12 +45,13 @@ protected:
 
 private:
     void checkSoon();
+    void check();
 
     Parts m_parts;
     StatusPillSource m_pill;
     /// What was told last; nothing while nobody listens.
     std::optional<TimerStatus> m_last;
-    bool m_isChecking = false;
+    OncePerTurn m_check;
     bool m_isTicking = false;
     Cancellable m_dayObserver;
 };

@@ -44,7 +44,7 @@ QString fileName(const QUrl &file)
 VideosPageViewModel::VideosPageViewModel(UserVideoCommands &commands, UserVideoRepository &repository,
                                          VideoFiles &files, MovedVideoSearch &movedVideoSearch,
                                          const BundledVideoProviding &bundled, const LocalizedStrings &strings,
-                                         QObject *parent)
+                                         MainRunLoop &runLoop, QObject *parent)
     : QObject(parent)
     , m_commands(commands)
     , m_repository(repository)
@@ -52,11 +52,9 @@ VideosPageViewModel::VideosPageViewModel(UserVideoCommands &commands, UserVideoR
     , m_movedVideoSearch(movedVideoSearch)
     , m_bundled(bundled)
     , m_strings(strings)
+    , m_runLoop(runLoop)
     , m_stills(mostStillCharacters)
 {
-    m_pause.setSingleShot(true);
-    m_pause.setInterval(readingInterval);
-    connect(&m_pause, &QTimer::timeout, this, &VideosPageViewModel::catchUp);
     connect(&repository, &UserVideoRepository::didChange, this, &VideosPageViewModel::storeChanged);
     connect(&strings, &LocalizedStrings::changed, this, &VideosPageViewModel::showRows);
     connect(&strings, &LocalizedStrings::changed, this, &VideosPageViewModel::changed);
@@ -127,7 +125,7 @@ void VideosPageViewModel::disappear()
 {
     m_isShown = false;
     ++m_question;
-    m_pause.stop();
+    m_pause.cancel();
     m_own.clear();
     m_rows.setRows({});
     m_stills.clear();
@@ -144,6 +142,7 @@ void VideosPageViewModel::storeChanged()
 
 void VideosPageViewModel::catchUp()
 {
+    m_pause.cancel();
     if (m_isOutdated)
         refresh();
 }
@@ -153,7 +152,7 @@ void VideosPageViewModel::refresh()
     m_isOutdated = false;
     if (!m_isShown)
         return;
-    m_pause.start();
+    m_pause = m_runLoop.after(readingInterval, [this] { catchUp(); });
     const auto videos = std::make_shared<const std::vector<UserVideo>>(m_repository.allVideos());
     m_files.find(*videos, [self = QPointer(this), videos, number = ++m_question](const VideoFiles::Places &places) {
         if (self && number == self->m_question)

@@ -7,7 +7,6 @@
 #include "Media/VideoProviding.h"
 
 #include <QtCore/QCache>
-#include <QtCore/QTimer>
 #include <QtCore/QVariantList>
 
 namespace tomcatto {
@@ -34,7 +33,7 @@ public:
     /// All outlive the view model.
     VideosPageViewModel(UserVideoCommands &commands, UserVideoRepository &repository, VideoFiles &files,
                         MovedVideoSearch &movedVideoSearch, const BundledVideoProviding &bundled,
-                        const LocalizedStrings &strings, QObject *parent = nullptr);
+                        const LocalizedStrings &strings, MainRunLoop &runLoop, QObject *parent = nullptr);
 
     [[nodiscard]] OwnVideosModel *own() { return &m_rows; }
     [[nodiscard]] QString longestCaption() const;
@@ -106,11 +105,12 @@ private:
     MovedVideoSearch &m_movedVideoSearch;
     const BundledVideoProviding &m_bundled;
     const LocalizedStrings &m_strings;
+    MainRunLoop &m_runLoop;
     bool m_isShown = false;
     std::vector<UserVideoListing> m_own;
     OwnVideosModel m_rows;
     /// Runs for a moment after each reading of the store; changes meanwhile are read together at its end.
-    QTimer m_pause;
+    Cancellable m_pause;
     bool m_isOutdated = false;
     /// Only the last question that was put to the disks counts.
     int m_question = 0;

@@ -1,12 +1,12 @@
 #include "Media/DiskQuestions.h"
 
-#include <QtCore/QTimer>
 #include <thread>
 
 namespace tomcatto {
 
-DiskQuestions::DiskQuestions(QObject *parent)
+DiskQuestions::DiskQuestions(MainRunLoop &runLoop, QObject *parent)
     : QObject(parent)
+    , m_runLoop(runLoop)
 {
     m_shared->owner = this;
 }
@@ -20,7 +20,8 @@ DiskQuestions::~DiskQuestions()
 void DiskQuestions::start(std::vector<Job> jobs, std::chrono::milliseconds patience, std::function<void()> done)
 {
     const auto round = std::make_shared<Round>();
-    m_waiting.emplace(round, std::move(done));
+    Waiting &waiting = m_waiting[round];
+    waiting.done = std::move(done);
     {
         const std::lock_guard lock(m_shared->mutex);
         for (Job &job : jobs) {
@@ -29,13 +30,12 @@ void DiskQuestions::start(std::vector<Job> jobs, std::chrono::milliseconds patie
         }
     }
     if (round->jobs.empty()) {
-        QMetaObject::invokeMethod(
-            this, [this, round] { finish(round); }, Qt::QueuedConnection);
+        m_runLoop.async(*this, [this, round] { finish(round); });
         return;
     }
     startThread(round);
     watch(round, 0);
-    QTimer::singleShot(patience, Qt::PreciseTimer, this, [this, round] { finish(round); });
+    waiting.patience = m_runLoop.after(patience, [this, round] { finish(round); });
 }
 
 void DiskQuestions::startThread(const std::shared_ptr<Round> &round)
@@ -51,7 +51,7 @@ void DiskQuestions::startThread(const std::shared_ptr<Round> &round)
 
 void DiskQuestions::watch(const std::shared_ptr<Round> &round, std::size_t answeredBefore)
 {
-    QTimer::singleShot(stall, Qt::PreciseTimer, this, [this, round, answeredBefore] {
+    m_waiting.at(round).watch = m_runLoop.after(stall, [this, round, answeredBefore] {
         std::size_t answered = 0;
         {
             const std::lock_guard lock(m_shared->mutex);
@@ -76,8 +76,8 @@ void DiskQuestions::finish(const std::shared_ptr<Round> &round)
                 m_shared->givenUp.insert(round->jobs.at(place).key);
         }
     }
-    const auto done = m_waiting.extract(round);
-    done.mapped()();
+    const auto waiting = m_waiting.extract(round);
+    waiting.mapped().done();
 }
 
 // On a thread of its own.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <chrono>
-#include <functional>
+#include "Platform/Ports/MainRunLoop.h"
+
 #include <map>
 #include <memory>
 #include <mutex>
@@ -33,7 +33,7 @@ public:
         std::function<Answer()> ask;
     };
 
-    explicit DiskQuestions(QObject *parent = nullptr);
+    explicit DiskQuestions(MainRunLoop &runLoop, QObject *parent = nullptr);
     ~DiskQuestions() override;
 
     /// Asks, and calls `done` in a later turn of the main loop with the answers in the order of the questions, once all
@@ -73,6 +73,13 @@ private:
         std::size_t answered = 0;
         bool isOver = false;
     };
+    /// Who waits for a round; it may know what ends before a thread does.
+    struct Waiting
+    {
+        std::function<void()> done;
+        Cancellable patience;
+        Cancellable watch;
+    };
     /// Of all threads and the owner; the mutex guards the rounds as well.
     struct Shared
     {
@@ -88,9 +95,9 @@ private:
     void finish(const std::shared_ptr<Round> &round);
     static void work(const std::shared_ptr<Shared> &shared, const std::shared_ptr<Round> &round);
 
+    MainRunLoop &m_runLoop;
     std::shared_ptr<Shared> m_shared = std::make_shared<Shared>();
-    /// What comes after each round; it may know what ends before a thread does.
-    std::map<std::shared_ptr<Round>, std::function<void()>> m_waiting;
+    std::map<std::shared_ptr<Round>, Waiting> m_waiting;
 };
 
 }

@@ -15,10 +15,11 @@ const QByteArray questionKey = QByteArrayLiteral("moved videos");
 }
 
 MovedVideoSearch::MovedVideoSearch(UserVideoRepository &repository, std::shared_ptr<const Bookmarks> bookmarks,
-                                   QObject *parent)
+                                   MainRunLoop &runLoop, QObject *parent)
     : QObject(parent)
     , m_repository(repository)
     , m_bookmarks(std::move(bookmarks))
+    , m_disks(runLoop)
 {
 }
 

@@ -21,7 +21,7 @@ public:
     static constexpr std::chrono::milliseconds timePerSearch{5'000};
 
     /// @param repository outlives the search
-    MovedVideoSearch(UserVideoRepository &repository, std::shared_ptr<const Bookmarks> bookmarks,
+    MovedVideoSearch(UserVideoRepository &repository, std::shared_ptr<const Bookmarks> bookmarks, MainRunLoop &runLoop,
                      QObject *parent = nullptr);
     ~MovedVideoSearch() override;
 

@@ -40,10 +40,12 @@ UserVideoCommands::Result resultOf(const std::expected<UserVideoSave, UserVideoR
 
 }
 
-UserVideoCommands::UserVideoCommands(UserVideoRepository &repository, const StillFrame &stillFrame, QObject *parent)
+UserVideoCommands::UserVideoCommands(UserVideoRepository &repository, const StillFrame &stillFrame,
+                                     MainRunLoop &runLoop, QObject *parent)
     : QObject(parent)
     , m_repository(repository)
     , m_validator(stillFrame)
+    , m_disks(runLoop)
 {
 }
 

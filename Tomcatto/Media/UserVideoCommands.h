@@ -60,8 +60,9 @@ public:
     using AddResult = std::expected<QUuid, UserVideoCommandError>;
     using Result = std::expected<void, UserVideoCommandError>;
 
-    /// Both outlive the commands.
-    UserVideoCommands(UserVideoRepository &repository, const StillFrame &stillFrame, QObject *parent = nullptr);
+    /// All outlive the commands.
+    UserVideoCommands(UserVideoRepository &repository, const StillFrame &stillFrame, MainRunLoop &runLoop,
+                      QObject *parent = nullptr);
     ~UserVideoCommands() override;
 
     /// Every video, the earliest added first, and where its file is. Moved files are looked for 30 ms at most, nothing

@@ -7,10 +7,12 @@
 
 namespace tomcatto {
 
-VideoFiles::VideoFiles(UserVideoRepository &repository, std::shared_ptr<const Bookmarks> bookmarks, QObject *parent)
+VideoFiles::VideoFiles(UserVideoRepository &repository, std::shared_ptr<const Bookmarks> bookmarks,
+                       MainRunLoop &runLoop, QObject *parent)
     : QObject(parent)
     , m_repository(repository)
     , m_bookmarks(std::move(bookmarks))
+    , m_disks(runLoop)
 {
 }
 

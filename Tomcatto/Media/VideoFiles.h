@@ -40,7 +40,8 @@ public:
     using Places = std::vector<VideoPlace>;
 
     /// @param repository outlives this object
-    VideoFiles(UserVideoRepository &repository, std::shared_ptr<const Bookmarks> bookmarks, QObject *parent = nullptr);
+    VideoFiles(UserVideoRepository &repository, std::shared_ptr<const Bookmarks> bookmarks, MainRunLoop &runLoop,
+               QObject *parent = nullptr);
 
     /// Finds the files; `done` is called in a later turn with their places in the same order, unless this object is
     /// gone by then.

@@ -2,7 +2,6 @@
 
 #include "MenuBar/PopoverPlacement.h"
 
-#include <chrono>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPainterPath>
 #include <QtGui/QRegion>
@@ -28,17 +27,15 @@ QRegion roundedRegion(QSize size)
 
 }
 
-MenuBarPopover::MenuBarPopover(ViewHost &viewHost, ModelFactory models, QObject *parent)
+MenuBarPopover::MenuBarPopover(ViewHost &viewHost, MainRunLoop &runLoop, ModelFactory models, QObject *parent)
     : QObject(parent)
     , m_viewHost(viewHost)
+    , m_runLoop(runLoop)
     , m_models(std::move(models))
 {
     m_resizing.setEasingCurve(QEasingCurve::InOutCubic);
     connect(&m_resizing, &QVariantAnimation::valueChanged, this,
             [this](const QVariant &value) { place(value.toRect()); });
-    m_settling.setSingleShot(true);
-    m_settling.setInterval(settlingTime);
-    connect(&m_settling, &QTimer::timeout, this, &MenuBarPopover::correctPlace);
 }
 
 MenuBarPopover::~MenuBarPopover()
@@ -126,8 +123,9 @@ bool MenuBarPopover::show(std::optional<QRect> item)
     shown.setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     place(target());
     m_corrections = 0;
-    for (const auto changed : {&QWindow::xChanged, &QWindow::yChanged})
-        connect(&shown, changed, &m_settling, qOverload<>(&QTimer::start));
+    const auto settle = [this] { m_settling = m_runLoop.after(settlingTime, [this] { correctPlace(); }); };
+    connect(&shown, &QWindow::xChanged, this, settle);
+    connect(&shown, &QWindow::yChanged, this, settle);
     connect(&shown, &QWindow::visibleChanged, this, [this](bool isVisible) {
         if (!isVisible)
             performClose();
@@ -143,14 +141,12 @@ void MenuBarPopover::performClose()
     if (!isShown())
         return;
     m_resizing.stop();
-    m_settling.stop();
+    m_settling.cancel();
     QWindow &shown = m_shown.view->window();
     disconnect(&shown, nullptr, this, nullptr);
-    disconnect(&shown, nullptr, &m_settling, nullptr);
     shown.hide();
     // The closing call may come from the view, which therefore goes with the posted action, or with this object before.
-    QMetaObject::invokeMethod(
-        this, [leaving = std::make_shared<Shown>(std::exchange(m_shown, {}))] {}, Qt::QueuedConnection);
+    m_runLoop.async(*this, [leaving = std::make_shared<Shown>(std::exchange(m_shown, {}))] {});
     Q_EMIT didClose();
 }
 

@@ -1,12 +1,11 @@
 #pragma once
 
+#include "Platform/Ports/MainRunLoop.h"
 #include "Platform/Ports/ViewHost.h"
 
-#include <functional>
 #include <optional>
 #include <QtCore/QObject>
 #include <QtCore/QRect>
-#include <QtCore/QTimer>
 #include <QtCore/QVariantAnimation>
 
 namespace tomcatto {
@@ -21,7 +20,7 @@ public:
     /// Makes the view's models as children of `owner` and names them as the view's properties.
     using ModelFactory = std::function<QVariantMap(QObject &owner)>;
 
-    MenuBarPopover(ViewHost &viewHost, ModelFactory models, QObject *parent = nullptr);
+    MenuBarPopover(ViewHost &viewHost, MainRunLoop &runLoop, ModelFactory models, QObject *parent = nullptr);
     ~MenuBarPopover() override;
 
     [[nodiscard]] bool isShown() const noexcept { return m_shown.view != nullptr; }
@@ -52,13 +51,14 @@ private:
     void correctPlace();
 
     ViewHost &m_viewHost;
+    MainRunLoop &m_runLoop;
     ModelFactory m_models;
     QSize m_contentSize;
     std::optional<QRect> m_item;
     Shown m_shown;
     QVariantAnimation m_resizing;
     /// Runs for a moment after the window has moved.
-    QTimer m_settling;
+    Cancellable m_settling;
     int m_corrections = 0;
 };
 

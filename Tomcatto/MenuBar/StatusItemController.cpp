@@ -42,7 +42,7 @@ StatusItemController::StatusItemController(AppDependencies &dependencies, const 
     , m_clickMonitor(platform.clickMonitor)
     , m_router(router)
     , m_source(dependencies.stateMachine, dependencies.timer, dependencies.settings, dependencies.strings)
-    , m_popover(platform.viewHost, [this](QObject &owner) { return makeModels(owner); })
+    , m_popover(platform.viewHost, dependencies.platform.runLoop, [this](QObject &owner) { return makeModels(owner); })
 {
     m_popover.setContentSize(panelSize);
     connect(&m_popover, &MenuBarPopover::willShow, this, &StatusItemController::popoverWillShow);

@@ -244,10 +244,9 @@ void PomodoroStateMachine::timerExpired()
 
 void PomodoroStateMachine::expireSoon()
 {
-    m_runLoop.async([this, alive = std::weak_ptr(m_alive), token = m_state.phaseToken] {
-        if (alive.expired() || token != m_state.phaseToken || !m_isExpiryOwed)
-            return;
-        perform([this] { return expireNow(); });
+    m_runLoop.async(*this, [this, token = m_state.phaseToken] {
+        if (token == m_state.phaseToken && m_isExpiryOwed)
+            perform([this] { return expireNow(); });
     });
 }
 

@@ -112,8 +112,6 @@ private:
     bool m_isStartingTimer = false;
     // A plan of 0 expired when it was started; the phase ends once it runs.
     bool m_isExpiryOwed = false;
-    // Ends with the machine, so that what waits in the run loop knows.
-    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
 };
 
 }

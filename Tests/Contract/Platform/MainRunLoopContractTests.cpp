@@ -57,14 +57,24 @@ TYPED_TEST(MainRunLoopContract, TimersFireFromOneSpanOnUntilCancelledAlsoByThems
     EXPECT_EQ(token.use_count(), 1) << "what a cancelled action holds is let go";
 }
 
-TYPED_TEST(MainRunLoopContract, RunsHandedOverActionsLaterAndInOrder)
+TYPED_TEST(MainRunLoopContract, RunsHandedOverActionsLaterInOrderAndWhileTheirContextLives)
 {
-    this->subject.loop.async([this] {
+    QObject context;
+    auto other = std::make_unique<QObject>();
+    auto ending = std::make_unique<QObject>();
+    const auto token = std::make_shared<int>(0);
+    this->subject.loop.async(context, [&, this] {
         this->calls.push_back(1);
-        this->subject.loop.async([this] { this->calls.push_back(3); });
+        this->subject.loop.async(context, [this] { this->calls.push_back(3); });
+        other.reset();
     });
-    this->subject.loop.async([this] { this->calls.push_back(2); });
+    this->subject.loop.async(*ending, [&, this] {
+        ending.reset();
+        this->calls.push_back(2);
+    });
+    this->subject.loop.async(*other, [this, token] { this->calls.push_back(*token); });
     EXPECT_TRUE(this->calls.empty());
     this->subject.pass(10ms);
+    EXPECT_EQ(token.use_count(), 1) << "what is not called any more is let go";
     EXPECT_THAT(this->calls, ElementsAre(1, 2, 3));
 }

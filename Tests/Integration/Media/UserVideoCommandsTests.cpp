@@ -34,7 +34,7 @@ protected:
         return result.value_or(Kind::store);
     }
 
-    UserVideoCommands m_commands{m_repository, m_stillFrame};
+    UserVideoCommands m_commands{m_repository, m_stillFrame, m_runLoop};
 };
 
 }

@@ -41,8 +41,8 @@ protected:
         return place.value_or(std::nullopt);
     }
 
-    MovedVideoSearch m_search{m_repository, m_sharedBookmarks};
-    VideoFiles m_files{m_repository, m_sharedBookmarks};
+    MovedVideoSearch m_search{m_repository, m_sharedBookmarks, m_runLoop};
+    VideoFiles m_files{m_repository, m_sharedBookmarks, m_runLoop};
     UserVideoProvider m_provider{m_repository, m_files, m_search};
 };
 
@@ -130,7 +130,7 @@ TEST_F(UserVideoProviderTest, ADiskThatDoesNotAnswerIsPassedOverAndHoldsUpNobody
         EXPECT_EQ(candidateFiles(), awake);
     EXPECT_EQ(m_bookmarks.m_questions, 1) << "one thread hangs, and not one for each break";
     {
-        VideoFiles ending(m_repository, m_sharedBookmarks);
+        VideoFiles ending(m_repository, m_sharedBookmarks, m_runLoop);
         ending.find(m_repository.allVideos(), [](const auto &) { ADD_FAILURE() << "nobody is there to hear it"; });
         EXPECT_TRUE(QTest::qWaitFor([this] { return m_bookmarks.m_questions == 2; }));
     }

@@ -6,6 +6,7 @@
 #include "Persistence/CoreDataStack.h"
 #include "Persistence/Repositories/UserVideoRepository.h"
 #include "Platform/Posix/FileBookmarks.h"
+#include "Platform/Qt/QtMainRunLoop.h"
 
 #include <atomic>
 #include <map>
@@ -115,6 +116,7 @@ protected:
         return id;
     }
 
+    QtMainRunLoop m_runLoop;
     QTemporaryDir m_home;
     CoreDataStack m_stack{directory()};
     ManualWallClock m_clock;

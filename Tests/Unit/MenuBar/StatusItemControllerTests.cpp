@@ -160,7 +160,7 @@ TEST(StatusItemController, OpensAtTheItemAndLetsTheViewGoWhenClosed)
     QMetaObject::invokeMethod(model, "back");
     EXPECT_FALSE(test.controller.isPopoverShown());
     EXPECT_EQ(test.viewHost.alive, 1);
-    QCoreApplication::processEvents();
+    test.runLoop.drain();
     EXPECT_EQ(test.viewHost.alive, 0);
     EXPECT_EQ(calls, QStringList({u"show"_qs, u"close"_qs}));
 
@@ -169,7 +169,7 @@ TEST(StatusItemController, OpensAtTheItemAndLetsTheViewGoWhenClosed)
     test.controller.closePopover();
     test.controller.showPopover();
     EXPECT_EQ(test.controller.isPopoverShown(), true);
-    QCoreApplication::processEvents();
+    test.runLoop.drain();
     EXPECT_EQ(QGuiApplication::topLevelWindows().first()->size(), QSize(280, 460)) << "opens with the timer";
 }
 

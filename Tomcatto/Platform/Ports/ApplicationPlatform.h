@@ -44,6 +44,7 @@ struct ProgramPorts
     InstanceLock &instanceLock;
     LocalSockets &localSockets;
     WallClock &wallClock;
+    MainRunLoop &runLoop;
     IdentifierSource &identifiers;
     /// Shared with threads that a disk may hold longer than anything lives.
     std::shared_ptr<const Bookmarks> bookmarks;
@@ -59,7 +60,6 @@ struct ApplicationPorts
     /// As above.
     std::shared_ptr<const void> adapters;
     const MonotonicClock &monotonicClock;
-    MainRunLoop &runLoop;
     WorkspacePower &workspacePower;
     ProcessSignals &processSignals;
     Terminal &terminal;

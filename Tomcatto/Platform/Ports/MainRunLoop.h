@@ -3,6 +3,9 @@
 #include "Foundation/Cancellable.h"
 
 #include <chrono>
+#include <functional>
+
+class QObject;
 
 namespace tomcatto {
 
@@ -16,10 +19,9 @@ public:
     [[nodiscard]] virtual Cancellable every(std::chrono::milliseconds interval, std::function<void()> action) = 0;
     /// Calls `action` once after `delay`, unless the result is destroyed before.
     [[nodiscard]] virtual Cancellable after(std::chrono::milliseconds delay, std::function<void()> action) = 0;
-    /// Calls `action` in a later turn of the loop, in the order of the calls. The caller checks what it captures. An
-    /// action whose turn never comes goes with the loop, after all that uses it: it must not own what needs any of
-    /// that.
-    virtual void async(std::function<void()> action) = 0;
+    /// Calls `action` in a later turn of the loop, in the order of the calls, unless `context` is destroyed before: with
+    /// it goes what the action holds.
+    virtual void async(QObject &context, std::function<void()> action) = 0;
 };
 
 }

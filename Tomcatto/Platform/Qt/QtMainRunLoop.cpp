@@ -20,9 +20,9 @@ Cancellable QtMainRunLoop::after(std::chrono::milliseconds delay, std::function<
     return start(timer, delay, std::move(action));
 }
 
-void QtMainRunLoop::async(std::function<void()> action)
+void QtMainRunLoop::async(QObject &context, std::function<void()> action)
 {
-    QMetaObject::invokeMethod(&m_context, std::move(action), Qt::QueuedConnection);
+    QMetaObject::invokeMethod(&context, std::move(action), Qt::QueuedConnection);
 }
 
 Cancellable QtMainRunLoop::start(QTimer *timer, std::chrono::milliseconds span, std::function<void()> action)

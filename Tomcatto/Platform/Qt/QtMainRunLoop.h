@@ -20,7 +20,7 @@ public:
 
     [[nodiscard]] Cancellable every(std::chrono::milliseconds interval, std::function<void()> action) override;
     [[nodiscard]] Cancellable after(std::chrono::milliseconds delay, std::function<void()> action) override;
-    void async(std::function<void()> action) override;
+    void async(QObject &context, std::function<void()> action) override;
 
 private:
     Cancellable start(QTimer *timer, std::chrono::milliseconds span, std::function<void()> action);

@@ -37,6 +37,7 @@ struct ProgramAdapters
     FileInstanceLock instanceLock{directories.instanceLockFile(), directories.fallbackInstanceLockFile()};
     UnixLocalSockets localSockets;
     SystemWallClock wallClock;
+    QtMainRunLoop runLoop;
     RandomIdentifierSource identifiers;
     std::shared_ptr<const FileBookmarks> bookmarks;
     LoadedStillFrame stillFrame{LoadedStillFrame::pluginPath(QCoreApplication::applicationDirPath())};
@@ -51,7 +52,6 @@ struct ApplicationAdapters
     {
     }
 
-    QtMainRunLoop runLoop;
     std::unique_ptr<MonotonicClock> monotonicClock;
     std::unique_ptr<WorkspacePower> workspacePower;
     UnixProcessSignals processSignals;
@@ -81,6 +81,7 @@ ProgramPorts PosixPlatform::programPorts() const
         program.instanceLock,
         program.localSockets,
         program.wallClock,
+        program.runLoop,
         program.identifiers,
         program.bookmarks,
         program.stillFrame,
@@ -98,7 +99,6 @@ ApplicationPorts PosixPlatform::applicationPorts() const
     const auto adapters = std::make_shared<ApplicationAdapters>(m_differences);
     return {adapters,
             *adapters->monotonicClock,
-            adapters->runLoop,
             *adapters->workspacePower,
             adapters->processSignals,
             adapters->terminal};
