@@ -36,10 +36,11 @@ DesktopSurfaces::DesktopSurfaces(AppDependencies &dependencies, DesktopPorts des
     , m_onboardingModel(dependencies.settings, *dependencies.notificationAuthorization,
                         dependencies.platform.desktop->systemSettings, dependencies.strings,
                         dependencies.platform.wallClock)
+    , m_windows(m_desktop.viewHost, dependencies.platform.runLoop)
     , m_overlayWindows({dependencies.stateMachine, dependencies.timer, dependencies.settings, dependencies.strings},
-                       m_desktop.viewHost, m_desktop.screens, dependencies.platform.runLoop, overlayVideos())
-    , m_breakPreviewController(dependencies.settings, dependencies.strings, dependencies.platform.runLoop,
-                               m_desktop.viewHost, m_activationPolicy)
+                       m_windows, m_desktop.screens, overlayVideos())
+    , m_breakPreviewController(dependencies.settings, dependencies.strings, dependencies.platform.runLoop, m_windows,
+                               m_activationPolicy)
 {
 }
 
@@ -56,9 +57,12 @@ void DesktopSurfaces::prepare()
 
 void DesktopSurfaces::install()
 {
+    const PlatformServices &platform = m_dependencies.platform;
     m_statusItemController = std::make_unique<StatusItemController>(
-        m_dependencies,
-        StatusItemController::Platform{m_desktop.statusItem, m_desktop.viewHost, m_desktop.clickMonitor},
+        MenuBarServices{m_dependencies.stateMachine, m_dependencies.timer, m_dependencies.settings,
+                        m_dependencies.statsAggregator, m_dependencies.strings, platform.monotonicClock,
+                        platform.wallClock, platform.runLoop, platform.defaults},
+        StatusItemController::Platform{m_desktop.statusItem, m_windows, m_desktop.clickMonitor},
         m_dependencies.mainWindowRouter);
     connect(m_statusItemController.get(), &StatusItemController::quitRequested, this, m_quit);
     m_breakOverlayController = std::make_unique<BreakOverlayController>(
@@ -76,9 +80,9 @@ void DesktopSurfaces::install()
             menu->close();
     });
     m_statusItemController->setOnDidClose([this] { m_logger.debug(QStringLiteral("the panel is closed")); });
-    m_mainWindowController = std::make_unique<MainWindowController>(m_desktop.viewHost, m_dependencies.mainWindowRouter,
+    m_mainWindowController = std::make_unique<MainWindowController>(m_windows, m_dependencies.mainWindowRouter,
                                                                     m_activationPolicy, m_mainWindowModel);
-    m_onboardingController = std::make_unique<OnboardingController>(m_desktop.viewHost, m_dependencies.settings,
+    m_onboardingController = std::make_unique<OnboardingController>(m_windows, m_dependencies.settings,
                                                                     m_dependencies.stateMachine, m_onboardingModel);
     connectPages();
     updateCapabilities();

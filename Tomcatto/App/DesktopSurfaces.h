@@ -107,6 +107,7 @@ private:
     MainWindowViewModel m_mainWindowModel;
     OnboardingViewModel m_onboardingModel;
 
+    ViewWindows m_windows;
     BreakOverlayWindows m_overlayWindows;
     BreakPreviewController m_breakPreviewController;
     std::unique_ptr<StatusItemController> m_statusItemController;

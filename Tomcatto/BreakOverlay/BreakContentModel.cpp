@@ -6,9 +6,9 @@
 
 namespace tomcatto {
 
-BreakContentModel::BreakContentModel(const BreakVideoSource &videos, bool isMuted, QObject *parent)
+BreakContentModel::BreakContentModel(BreakVideoSource videos, bool isMuted, QObject *parent)
     : QObject(parent)
-    , m_videos(videos)
+    , m_videos(std::move(videos))
     , m_isMuted(isMuted)
 {
 }

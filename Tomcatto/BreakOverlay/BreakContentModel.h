@@ -27,8 +27,7 @@ class BreakContentModel : public QObject
     Q_PROPERTY(QUrl posterUrl READ posterUrl NOTIFY videoChanged FINAL)
 
 public:
-    /// @param videos outlives the model
-    BreakContentModel(const BreakVideoSource &videos, bool isMuted, QObject *parent = nullptr);
+    BreakContentModel(BreakVideoSource videos, bool isMuted, QObject *parent = nullptr);
 
     [[nodiscard]] QString phase() const { return m_content.phase; }
     [[nodiscard]] QString title() const { return m_content.title; }
@@ -67,7 +66,7 @@ protected:
 private:
     void show(const BreakVideo &video);
 
-    const BreakVideoSource &m_videos;
+    BreakVideoSource m_videos;
     BreakContent m_content;
     BreakVideo m_video;
     bool m_isMuted;

@@ -89,7 +89,7 @@ void BreakOverlayController::buildWindows()
     m_windows.clear();
     OverlayWindow *main = nullptr;
     for (const Screen &screen : m_screens.screens()) {
-        auto window = m_overlayWindows.make(screen, [this] { deliver([this] { hide(); }); });
+        auto window = m_overlayWindows.make(screen, [this] { hide(); });
         if (!window)
             continue;
         window->makeKey();

@@ -2,9 +2,9 @@
 
 namespace tomcatto {
 
-BreakOverlayModel::BreakOverlayModel(const BreakOverlayServices &services, const BreakVideoSource &videos, bool isMuted,
+BreakOverlayModel::BreakOverlayModel(const BreakOverlayServices &services, BreakVideoSource videos, bool isMuted,
                                      QObject *parent)
-    : BreakContentModel(videos, isMuted || !services.settings.soundEnabled(), parent)
+    : BreakContentModel(std::move(videos), isMuted || !services.settings.soundEnabled(), parent)
     , m_services(services)
 {
     const PomodoroStateMachine *machine = &m_services.stateMachine;

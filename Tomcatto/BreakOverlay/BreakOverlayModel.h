@@ -22,7 +22,7 @@ class BreakOverlayModel final : public BreakContentModel
 
 public:
     /// @param isMuted how the window starts where the settings allow sounds; without them it always starts muted
-    BreakOverlayModel(const BreakOverlayServices &services, const BreakVideoSource &videos, bool isMuted,
+    BreakOverlayModel(const BreakOverlayServices &services, BreakVideoSource videos, bool isMuted,
                       QObject *parent = nullptr);
 
     void start() override;

@@ -2,10 +2,8 @@
 
 #include "BreakOverlay/BreakOverlayWindows.h"
 
-#include <QtCore/QEvent>
 #include <QtCore/QPropertyAnimation>
 #include <QtGui/QWindow>
-#include <utility>
 
 namespace tomcatto {
 namespace {
@@ -22,38 +20,26 @@ void fadeIn(QWindow &window)
 
 }
 
-BreakOverlayWindow::BreakOverlayWindow(OverlayView contents, const Screen &screen, Screens &screens,
-                                       BreakOverlayWindows &owner, std::function<void()> onClosed)
-    : m_contents(std::move(contents))
+BreakOverlayWindow::BreakOverlayWindow(std::unique_ptr<ViewWindow> view, const Screen &screen, Screens &screens,
+                                       BreakOverlayWindows &owner)
+    : m_view(std::move(view))
     , m_screens(screens)
     , m_owner(owner)
-    , m_onClosed(std::move(onClosed))
 {
-    QWindow &window = m_contents.view->window();
     if (m_screens.canFade())
-        fadeIn(window);
-    m_screens.cover(window, screen.id);
-    window.installEventFilter(this);
+        fadeIn(m_view->window());
+    m_screens.cover(m_view->window(), screen.id);
 }
 
 BreakOverlayWindow::~BreakOverlayWindow()
 {
-    m_contents.view->window().removeEventFilter(this);
-    m_owner.retire(std::move(m_contents));
+    m_owner.retire(std::move(m_view));
 }
 
 void BreakOverlayWindow::makeKey()
 {
-    QWindow &window = m_contents.view->window();
-    window.raise();
-    m_screens.makeKey(window);
-}
-
-bool BreakOverlayWindow::eventFilter(QObject *watched, QEvent *event)
-{
-    if (event->type() == QEvent::Close)
-        m_onClosed();
-    return QObject::eventFilter(watched, event);
+    m_view->window().raise();
+    m_screens.makeKey(m_view->window());
 }
 
 }

@@ -1,42 +1,29 @@
 #pragma once
 
-#include "BreakOverlay/BreakContentModel.h"
 #include "BreakOverlay/OverlayWindows.h"
-#include "Platform/Ports/ViewHost.h"
+#include "ViewWindows/ViewWindow.h"
 
 namespace tomcatto {
 
 class BreakOverlayWindows;
 
-/// A view and what it shows. Destroyed from the last to the first: the view before its model, which bindings read.
-struct OverlayView
-{
-    std::unique_ptr<BreakContentModel> model;
-    std::unique_ptr<HostedView> view;
-};
-
 /// One window of the break overlay over one screen. Main thread only.
-class BreakOverlayWindow final : public QObject, public OverlayWindow
+class BreakOverlayWindow final : public OverlayWindow
 {
-    Q_OBJECT
-
 public:
-    /// Shows the view over the screen. @param owner takes the view when the window ends. @param onClosed called when
-    /// the desktop closes it
-    BreakOverlayWindow(OverlayView contents, const Screen &screen, Screens &screens, BreakOverlayWindows &owner,
-                       std::function<void()> onClosed);
+    /// Shows the view over the screen. @param owner takes the view when the window ends
+    BreakOverlayWindow(std::unique_ptr<ViewWindow> view, const Screen &screen, Screens &screens,
+                       BreakOverlayWindows &owner);
+    BreakOverlayWindow(const BreakOverlayWindow &) = delete;
+    BreakOverlayWindow &operator=(const BreakOverlayWindow &) = delete;
     ~BreakOverlayWindow() override;
 
     void makeKey() override;
 
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
-    OverlayView m_contents;
+    std::unique_ptr<ViewWindow> m_view;
     Screens &m_screens;
     BreakOverlayWindows &m_owner;
-    std::function<void()> m_onClosed;
 };
 
 }

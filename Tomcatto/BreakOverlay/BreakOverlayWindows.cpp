@@ -5,13 +5,12 @@
 
 namespace tomcatto {
 
-BreakOverlayWindows::BreakOverlayWindows(const BreakOverlayServices &services, ViewHost &viewHost, Screens &screens,
-                                         MainRunLoop &runLoop, BreakVideoSource videos, QObject *parent)
+BreakOverlayWindows::BreakOverlayWindows(const BreakOverlayServices &services, ViewWindows &windows, Screens &screens,
+                                         BreakVideoSource videos, QObject *parent)
     : QObject(parent)
     , m_services(services)
-    , m_viewHost(viewHost)
+    , m_windows(windows)
     , m_screens(screens)
-    , m_runLoop(runLoop)
     , m_videos(std::move(videos))
 {
     // What was chosen holds for one break.
@@ -21,29 +20,28 @@ BreakOverlayWindows::BreakOverlayWindows(const BreakOverlayServices &services, V
     });
 }
 
-OverlayView BreakOverlayWindows::makeView(const QString &component, bool isMuted)
+std::unique_ptr<ViewWindow> BreakOverlayWindows::makeView(const QString &component,
+                                                          const std::shared_ptr<BreakContentModel> &model)
 {
-    OverlayView contents;
-    contents.model = std::make_unique<BreakOverlayModel>(m_services, m_videos, isMuted);
-    contents.view =
-        m_viewHost.create({QStringLiteral("Tomcatto.BreakOverlay"),
+    return m_windows.make({QStringLiteral("Tomcatto.BreakOverlay"),
                            component,
-                           {{QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(contents.model.get())}}});
-    return contents;
+                           {{QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(model.get())}}},
+                          model);
 }
 
 std::unique_ptr<OverlayWindow> BreakOverlayWindows::make(const Screen &screen, std::function<void()> onClosed)
 {
-    OverlayView contents = makeView(QStringLiteral("BreakOverlayView"), startsMuted(screen));
-    if (!contents.view)
+    const auto model = std::make_shared<BreakOverlayModel>(m_services, m_videos, startsMuted(screen));
+    auto view = makeView(QStringLiteral("BreakOverlayView"), model);
+    if (!view)
         return nullptr;
-    connect(contents.model.get(), &BreakContentModel::isMutedChanged, this,
-            [this, id = screen.id, model = contents.model.get()] {
-                m_mutes[id] = model->isMuted();
-                m_wasMuted = model->isMuted();
-            });
+    connect(model.get(), &BreakContentModel::isMutedChanged, this, [this, id = screen.id, model = model.get()] {
+        m_mutes[id] = model->isMuted();
+        m_wasMuted = model->isMuted();
+    });
+    connect(view.get(), &ViewWindow::closed, this, std::move(onClosed));
     ++m_openWindows;
-    return std::make_unique<BreakOverlayWindow>(std::move(contents), screen, m_screens, *this, std::move(onClosed));
+    return std::make_unique<BreakOverlayWindow>(std::move(view), screen, m_screens, *this);
 }
 
 bool BreakOverlayWindows::startsMuted(const Screen &screen) const
@@ -57,36 +55,34 @@ bool BreakOverlayWindows::startsMuted(const Screen &screen) const
 
 Cancellable BreakOverlayWindows::warm()
 {
-    const auto warm = std::make_shared<OverlayView>(makeView(QStringLiteral("BreakOverlayWarmUp"), true));
-    return Cancellable([warm] {});
+    const auto model = std::make_shared<BreakOverlayModel>(m_services, m_videos, true);
+    return Cancellable([warm = std::shared_ptr(makeView(QStringLiteral("BreakOverlayWarmUp"), model))] {});
 }
 
-void BreakOverlayWindows::retire(OverlayView contents)
+void BreakOverlayWindows::retire(std::unique_ptr<ViewWindow> view)
 {
-    m_leaving.push_back(std::move(contents));
-    const auto leaving = std::prev(m_leaving.end());
-    QWindow &window = leaving->view->window();
-    window.setProperty("isLeaving", true);
-    m_screens.uncover(window);
-    if (m_screens.canFade() && window.isVisible()) {
-        qDeleteAll(window.findChildren<QPropertyAnimation *>(Qt::FindDirectChildrenOnly));
-        auto *fade = new QPropertyAnimation(&window, "opacity", &window);
-        fade->setDuration(window.property("outTime").toInt());
-        fade->setEasingCurve(QEasingCurve::OutQuad);
-        fade->setEndValue(0.0);
-        connect(fade, &QAbstractAnimation::finished, this, [this, leaving] { finish(leaving); });
-        fade->start();
-    } else {
-        finish(leaving);
-    }
+    view->disconnect(this);
+    view->window().setProperty("isLeaving", true);
+    m_screens.uncover(view->window());
+    if (m_screens.canFade() && view->window().isVisible())
+        fadeOut(std::move(view));
+    else
+        view.reset();
     if (--m_openWindows == 0 && m_videos.finished)
         m_videos.finished();
 }
 
-void BreakOverlayWindows::finish(Leaving::iterator leaving)
+void BreakOverlayWindows::fadeOut(std::unique_ptr<ViewWindow> view)
 {
-    leaving->view->window().hide();
-    m_runLoop.async(*this, [this, leaving] { m_leaving.erase(leaving); });
+    QWindow &window = view->window();
+    const auto fading = m_fading.insert(m_fading.end(), std::move(view));
+    qDeleteAll(window.findChildren<QPropertyAnimation *>(Qt::FindDirectChildrenOnly));
+    auto *fade = new QPropertyAnimation(&window, "opacity", &window);
+    fade->setDuration(window.property("outTime").toInt());
+    fade->setEasingCurve(QEasingCurve::OutQuad);
+    fade->setEndValue(0.0);
+    connect(fade, &QAbstractAnimation::finished, this, [this, fading] { m_fading.erase(fading); });
+    fade->start();
 }
 
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "BreakOverlay/BreakPreviewModel.h"
 #include "BreakOverlay/BreakPreviewWindowController.h"
+#include "ViewWindows/ViewWindows.h"
 
 namespace tomcatto {
 
@@ -12,35 +14,22 @@ class BreakPreviewController final : public QObject
 
 public:
     BreakPreviewController(const PomodoroSettings &settings, const LocalizedStrings &strings, MainRunLoop &runLoop,
-                           ViewHost &viewHost, ActivationPolicy &activationPolicy, QObject *parent = nullptr);
-    ~BreakPreviewController() override;
+                           ViewWindows &windows, ActivationPolicy &activationPolicy, QObject *parent = nullptr);
 
     /// Opens the preview of a video, in place of one that is open. @param videos where the window takes its one video
-    /// from; its `finished` runs once the window has closed, or at once where it cannot be shown
-    void open(BreakVideoSource videos);
+    /// from; its `finished` runs once the window is gone, or at once where it cannot be shown
+    void open(const BreakVideoSource &videos);
     /// Closes the window if it is open.
-    void close();
-    [[nodiscard]] bool isOpen() const noexcept { return m_preview.windowController != nullptr; }
+    void close() { m_windowController.reset(); }
+    [[nodiscard]] bool isOpen() const noexcept { return m_windowController != nullptr; }
 
 private:
-    /// Member order: the window reads the videos and therefore ends first.
-    struct Preview
-    {
-        std::unique_ptr<BreakVideoSource> videos;
-        std::unique_ptr<BreakPreviewWindowController> windowController;
-    };
-
-    void windowClosed();
-    void letGo();
-
     const PomodoroSettings &m_settings;
     const LocalizedStrings &m_strings;
     MainRunLoop &m_runLoop;
-    ViewHost &m_viewHost;
+    ViewWindows &m_windows;
     ActivationPolicy &m_activationPolicy;
-    Preview m_preview;
-    // Closed, and gone in the next turn of the run loop, or with this object where there is none.
-    std::vector<Preview> m_leaving;
+    std::unique_ptr<BreakPreviewWindowController> m_windowController;
 };
 
 }

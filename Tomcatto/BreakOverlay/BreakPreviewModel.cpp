@@ -3,8 +3,8 @@
 namespace tomcatto {
 
 BreakPreviewModel::BreakPreviewModel(const PomodoroSettings &settings, const LocalizedStrings &strings,
-                                     MainRunLoop &runLoop, const BreakVideoSource &videos, QObject *parent)
-    : BreakContentModel(videos, !settings.soundEnabled(), parent)
+                                     MainRunLoop &runLoop, BreakVideoSource videos, QObject *parent)
+    : BreakContentModel(std::move(videos), !settings.soundEnabled(), parent)
     , m_settings(settings)
     , m_strings(strings)
     , m_totalSeconds(settings.shortBreakDurationSeconds())

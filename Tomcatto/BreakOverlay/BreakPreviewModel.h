@@ -14,7 +14,7 @@ class BreakPreviewModel final : public BreakContentModel
 
 public:
     BreakPreviewModel(const PomodoroSettings &settings, const LocalizedStrings &strings, MainRunLoop &runLoop,
-                      const BreakVideoSource &videos, QObject *parent = nullptr);
+                      BreakVideoSource videos, QObject *parent = nullptr);
 
 private:
     void count();

@@ -23,8 +23,8 @@ class OverlayWindows
 public:
     virtual ~OverlayWindows() = default;
 
-    /// A window over the whole of a screen. Null where there can be none. @param onClosed called when the desktop
-    /// closes the window, as its own key for that does; the window is still there
+    /// A window over the whole of a screen. Null where there can be none. @param onClosed called in a later turn
+    /// when the desktop has closed the window, as its own key for that does
     [[nodiscard]] virtual std::unique_ptr<OverlayWindow> make(const Screen &screen, std::function<void()> onClosed) = 0;
     /// Loads what the next window needs, without asking for a video, and keeps it until the result is destroyed.
     [[nodiscard]] virtual Cancellable warm() = 0;

@@ -21,11 +21,11 @@ void fitScreen(QWindow &window)
 
 }
 
-MainWindowController::MainWindowController(ViewHost &viewHost, MainWindowRouter &router,
+MainWindowController::MainWindowController(ViewWindows &windows, MainWindowRouter &router,
                                            ActivationPolicy &activationPolicy, MainWindowViewModel &viewModel,
                                            QObject *parent)
     : QObject(parent)
-    , m_viewHost(viewHost)
+    , m_windows(windows)
     , m_router(router)
     , m_activationPolicy(activationPolicy)
     , m_viewModel(viewModel)
@@ -38,48 +38,28 @@ MainWindowController::MainWindowController(ViewHost &viewHost, MainWindowRouter 
             [this] { m_router.setCurrentPage(m_viewModel.currentPage()); });
 }
 
-MainWindowController::~MainWindowController() = default;
-
 void MainWindowController::openWindow()
 {
-    if (!m_view && !makeView())
-        return;
-    QWindow &window = m_view->window();
-    if (window.windowStates().testFlag(Qt::WindowMinimized))
-        window.setWindowStates(window.windowStates() & ~Qt::WindowMinimized);
-    window.show();
-    window.raise();
-    window.requestActivate();
+    if (m_window || makeWindow())
+        m_window->present();
 }
 
-bool MainWindowController::makeView()
+bool MainWindowController::makeWindow()
 {
-    m_view = m_viewHost.create({QStringLiteral("Tomcatto.MainWindow"),
-                                QStringLiteral("MainWindow"),
-                                {{QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(&m_viewModel)}}});
-    if (!m_view)
+    m_window = m_windows.make({QStringLiteral("Tomcatto.MainWindow"),
+                               QStringLiteral("MainWindow"),
+                               {{QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(&m_viewModel)}}});
+    if (!m_window)
         return false;
-    fitScreen(m_view->window());
-    observe(m_view->window());
+    fitScreen(m_window->window());
+    connect(&m_window->window(), &QWindow::activeChanged, this, &MainWindowController::becameActive);
+    connect(m_window.get(), &ViewWindow::closed, this, &MainWindowController::closeWindow);
     return true;
-}
-
-void MainWindowController::observe(QWindow &window)
-{
-    connect(&window, &QWindow::activeChanged, this, &MainWindowController::becameActive);
-    // Queued: the window is let go after its signal has been delivered.
-    connect(
-        &window, &QWindow::visibleChanged, this,
-        [this](bool isVisible) {
-            if (!isVisible)
-                closed();
-        },
-        Qt::QueuedConnection);
 }
 
 void MainWindowController::becameActive()
 {
-    if (!m_view || !m_view->window().isActive())
+    if (!m_window || !m_window->window().isActive())
         return;
     if (!m_dockHold.isActive())
         m_dockHold = m_activationPolicy.hold();
@@ -89,16 +69,7 @@ void MainWindowController::becameActive()
 
 void MainWindowController::closeWindow()
 {
-    if (m_view)
-        m_view->window().close();
-}
-
-void MainWindowController::closed()
-{
-    // It may have been opened again before this was delivered.
-    if (!m_view || m_view->window().isVisible())
-        return;
-    m_view.reset();
+    m_window.reset();
     m_dockHold.cancel();
 }
 

@@ -2,8 +2,8 @@
 
 #include "MainWindow/MainWindowViewModel.h"
 #include "Navigation/MainWindowRouter.h"
-#include "Platform/Ports/ViewHost.h"
 #include "SystemIntegration/ActivationPolicy.h"
+#include "ViewWindows/ViewWindows.h"
 
 namespace tomcatto {
 
@@ -14,29 +14,26 @@ class MainWindowController final : public QObject
     Q_OBJECT
 
 public:
-    MainWindowController(ViewHost &viewHost, MainWindowRouter &router, ActivationPolicy &activationPolicy,
+    MainWindowController(ViewWindows &windows, MainWindowRouter &router, ActivationPolicy &activationPolicy,
                          MainWindowViewModel &viewModel, QObject *parent = nullptr);
-    ~MainWindowController() override;
 
     /// Opens the window on the page it showed last, or brings it to the front.
     void openWindow();
     /// Closes the window if it is open.
     void closeWindow();
-    [[nodiscard]] bool isOpen() const noexcept { return m_view != nullptr; }
+    [[nodiscard]] bool isOpen() const noexcept { return m_window != nullptr; }
     /// Whether the window keeps the application among the ordinary ones.
     [[nodiscard]] bool mainWindowHoldsDock() const noexcept { return m_dockHold.isActive(); }
 
 private:
-    bool makeView();
-    void observe(QWindow &window);
+    bool makeWindow();
     void becameActive();
-    void closed();
 
-    ViewHost &m_viewHost;
+    ViewWindows &m_windows;
     MainWindowRouter &m_router;
     ActivationPolicy &m_activationPolicy;
     MainWindowViewModel &m_viewModel;
-    std::unique_ptr<HostedView> m_view;
+    std::unique_ptr<ViewWindow> m_window;
     Cancellable m_dockHold;
 };
 

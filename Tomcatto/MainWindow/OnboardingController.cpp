@@ -1,22 +1,18 @@
 #include "MainWindow/OnboardingController.h"
 
-#include <QtGui/QWindow>
-
 namespace tomcatto {
 
-OnboardingController::OnboardingController(ViewHost &viewHost, PomodoroSettings &settings,
+OnboardingController::OnboardingController(ViewWindows &windows, PomodoroSettings &settings,
                                            PomodoroStateMachine &stateMachine, OnboardingViewModel &viewModel,
                                            QObject *parent)
     : QObject(parent)
-    , m_viewHost(viewHost)
+    , m_windows(windows)
     , m_settings(settings)
     , m_stateMachine(stateMachine)
     , m_viewModel(viewModel)
 {
     connect(&viewModel, &OnboardingViewModel::finished, this, &OnboardingController::finish);
 }
-
-OnboardingController::~OnboardingController() = default;
 
 void OnboardingController::showIfNeeded()
 {
@@ -35,30 +31,15 @@ void OnboardingController::reset()
 void OnboardingController::show()
 {
     m_viewModel.restart();
-    if (!m_view) {
-        m_view = m_viewHost.create({QStringLiteral("Tomcatto.MainWindow"),
-                                    QStringLiteral("OnboardingWindow"),
-                                    {{QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(&m_viewModel)}}});
-        if (!m_view)
+    if (!m_window) {
+        m_window = m_windows.make({QStringLiteral("Tomcatto.MainWindow"),
+                                   QStringLiteral("OnboardingWindow"),
+                                   {{QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(&m_viewModel)}}});
+        if (!m_window)
             return;
-        // The window is let go after its signal has been delivered.
-        connect(
-            &m_view->window(), &QWindow::visibleChanged, this,
-            [this](bool isVisible) {
-                if (!isVisible)
-                    close();
-            },
-            Qt::QueuedConnection);
+        connect(m_window.get(), &ViewWindow::closed, this, [this] { m_window.reset(); });
     }
-    m_view->window().show();
-    m_view->window().raise();
-    m_view->window().requestActivate();
-}
-
-void OnboardingController::close()
-{
-    if (m_view && !m_view->window().isVisible())
-        m_view.reset();
+    m_window->present();
 }
 
 void OnboardingController::finish()
@@ -67,8 +48,7 @@ void OnboardingController::finish()
     // Seen again later, it may find a focus phase that waits or is paused.
     if (!m_stateMachine.start() && m_stateMachine.currentPhase() == PomodoroPhase::working)
         m_stateMachine.resume();
-    if (m_view)
-        m_view->window().hide();
+    m_window.reset();
     m_logger.debug(onboardingCompletedNotification);
     Q_EMIT completed();
 }

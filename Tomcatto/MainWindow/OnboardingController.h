@@ -2,8 +2,8 @@
 
 #include "Foundation/Logger.h"
 #include "MainWindow/OnboardingViewModel.h"
-#include "Platform/Ports/ViewHost.h"
 #include "Timer/PomodoroStateMachine.h"
+#include "ViewWindows/ViewWindows.h"
 
 namespace tomcatto {
 
@@ -17,15 +17,14 @@ class OnboardingController final : public QObject
     Q_OBJECT
 
 public:
-    OnboardingController(ViewHost &viewHost, PomodoroSettings &settings, PomodoroStateMachine &stateMachine,
+    OnboardingController(ViewWindows &windows, PomodoroSettings &settings, PomodoroStateMachine &stateMachine,
                          OnboardingViewModel &viewModel, QObject *parent = nullptr);
-    ~OnboardingController() override;
 
     /// Shows the window unless onboarding was completed.
     void showIfNeeded();
     /// Forgets that onboarding was completed and shows it again.
     void reset();
-    [[nodiscard]] bool isShown() const noexcept { return m_view != nullptr; }
+    [[nodiscard]] bool isShown() const noexcept { return m_window != nullptr; }
 
 Q_SIGNALS:
     /// Posted as `onboardingCompletedNotification`, when the setting holds it already.
@@ -35,15 +34,14 @@ Q_SIGNALS:
 
 private:
     void show();
-    void close();
     void finish();
 
-    ViewHost &m_viewHost;
+    ViewWindows &m_windows;
     PomodoroSettings &m_settings;
     PomodoroStateMachine &m_stateMachine;
     OnboardingViewModel &m_viewModel;
     Logger m_logger{QStringLiteral("OnboardingController")};
-    std::unique_ptr<HostedView> m_view;
+    std::unique_ptr<ViewWindow> m_window;
 };
 
 }

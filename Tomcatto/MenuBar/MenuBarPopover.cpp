@@ -27,26 +27,15 @@ QRegion roundedRegion(QSize size)
 
 }
 
-MenuBarPopover::MenuBarPopover(ViewHost &viewHost, MainRunLoop &runLoop, ModelFactory models, QObject *parent)
+MenuBarPopover::MenuBarPopover(ViewWindows &windows, MainRunLoop &runLoop, ModelFactory models, QObject *parent)
     : QObject(parent)
-    , m_viewHost(viewHost)
+    , m_windows(windows)
     , m_runLoop(runLoop)
     , m_models(std::move(models))
 {
     m_resizing.setEasingCurve(QEasingCurve::InOutCubic);
     connect(&m_resizing, &QVariantAnimation::valueChanged, this,
             [this](const QVariant &value) { place(value.toRect()); });
-}
-
-MenuBarPopover::~MenuBarPopover()
-{
-    if (QWindow *shown = window())
-        disconnect(shown, nullptr, this, nullptr);
-}
-
-QWindow *MenuBarPopover::window() const
-{
-    return m_shown.view ? &m_shown.view->window() : nullptr;
 }
 
 void MenuBarPopover::setContentSize(QSize size)
@@ -107,32 +96,31 @@ void MenuBarPopover::correctPlace()
 
 bool MenuBarPopover::show(std::optional<QRect> item)
 {
-    if (isShown())
-        return true;
+    if (!m_shown && !makeWindow(item))
+        return false;
+    m_shown->present();
+    return true;
+}
+
+bool MenuBarPopover::makeWindow(std::optional<QRect> item)
+{
     Q_EMIT willShow();
-    m_shown.models = std::make_unique<QObject>();
-    m_shown.view = m_viewHost.create(
-        {QStringLiteral("Tomcatto.MenuBar"), QStringLiteral("MenubarPanelView"), m_models(*m_shown.models)});
-    if (!m_shown.view) {
-        m_shown.models.reset();
+    const auto models = std::make_shared<QObject>();
+    m_shown = m_windows.make(
+        {QStringLiteral("Tomcatto.MenuBar"), QStringLiteral("MenubarPanelView"), m_models(*models)}, models);
+    if (!m_shown) {
         Q_EMIT didClose();
         return false;
     }
     m_item = item;
-    QWindow &shown = m_shown.view->window();
-    shown.setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    QWindow &window = m_shown->window();
+    window.setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     place(target());
     m_corrections = 0;
     const auto settle = [this] { m_settling = m_runLoop.after(settlingTime, [this] { correctPlace(); }); };
-    connect(&shown, &QWindow::xChanged, this, settle);
-    connect(&shown, &QWindow::yChanged, this, settle);
-    connect(&shown, &QWindow::visibleChanged, this, [this](bool isVisible) {
-        if (!isVisible)
-            performClose();
-    });
-    shown.show();
-    shown.raise();
-    shown.requestActivate();
+    connect(&window, &QWindow::xChanged, m_shown.get(), settle);
+    connect(&window, &QWindow::yChanged, m_shown.get(), settle);
+    connect(m_shown.get(), &ViewWindow::closed, this, &MenuBarPopover::performClose);
     return true;
 }
 
@@ -141,12 +129,8 @@ void MenuBarPopover::performClose()
     if (!isShown())
         return;
     m_resizing.stop();
+    m_shown.reset();
     m_settling.cancel();
-    QWindow &shown = m_shown.view->window();
-    disconnect(&shown, nullptr, this, nullptr);
-    shown.hide();
-    // The closing call may come from the view, which therefore goes with the posted action, or with this object before.
-    m_runLoop.async(*this, [leaving = std::make_shared<Shown>(std::exchange(m_shown, {}))] {});
     Q_EMIT didClose();
 }
 

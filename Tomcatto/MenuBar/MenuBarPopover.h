@@ -1,7 +1,6 @@
 #pragma once
 
-#include "Platform/Ports/MainRunLoop.h"
-#include "Platform/Ports/ViewHost.h"
+#include "ViewWindows/ViewWindows.h"
 
 #include <optional>
 #include <QtCore/QObject>
@@ -20,16 +19,16 @@ public:
     /// Makes the view's models as children of `owner` and names them as the view's properties.
     using ModelFactory = std::function<QVariantMap(QObject &owner)>;
 
-    MenuBarPopover(ViewHost &viewHost, MainRunLoop &runLoop, ModelFactory models, QObject *parent = nullptr);
-    ~MenuBarPopover() override;
+    MenuBarPopover(ViewWindows &windows, MainRunLoop &runLoop, ModelFactory models, QObject *parent = nullptr);
 
-    [[nodiscard]] bool isShown() const noexcept { return m_shown.view != nullptr; }
+    [[nodiscard]] bool isShown() const noexcept { return m_shown != nullptr; }
     /// The window while it is shown, else null.
-    [[nodiscard]] QWindow *window() const;
+    [[nodiscard]] QWindow *window() const { return m_shown ? &m_shown->window() : nullptr; }
     /// The size of the next showing; a shown window glides to it.
     void setContentSize(QSize size);
 
-    /// Shows the window beside the item's rectangle and gives it the keyboard. @return whether it is shown now.
+    /// Shows the window beside the item's rectangle, or brings it to the front where it is shown. @return whether it is
+    /// shown now.
     bool show(std::optional<QRect> item);
     /// Closes the window, if one is shown.
     void performClose();
@@ -39,23 +38,17 @@ Q_SIGNALS:
     void didClose();
 
 private:
-    /// Member order: the view ends before the models that its bindings read.
-    struct Shown
-    {
-        std::unique_ptr<QObject> models;
-        std::unique_ptr<HostedView> view;
-    };
-
+    bool makeWindow(std::optional<QRect> item);
     [[nodiscard]] QRect target() const;
     void place(const QRect &rectangle);
     void correctPlace();
 
-    ViewHost &m_viewHost;
+    ViewWindows &m_windows;
     MainRunLoop &m_runLoop;
     ModelFactory m_models;
     QSize m_contentSize;
     std::optional<QRect> m_item;
-    Shown m_shown;
+    std::unique_ptr<ViewWindow> m_shown;
     QVariantAnimation m_resizing;
     /// Runs for a moment after the window has moved.
     Cancellable m_settling;

@@ -10,20 +10,20 @@ constexpr qint64 lastMinuteSeconds = 60;
 
 }
 
-MenubarPanelViewModel::MenubarPanelViewModel(AppDependencies &dependencies, PopoverNavigationStore &navigationStore,
+MenubarPanelViewModel::MenubarPanelViewModel(const MenuBarServices &services, PopoverNavigationStore &navigationStore,
                                              MainWindowRouter &router, QObject *parent)
     : QObject(parent)
-    , m_dependencies(dependencies)
+    , m_services(services)
     , m_navigationStore(navigationStore)
     , m_router(router)
-    , m_source(dependencies)
+    , m_source(services)
     , m_clock(m_source.clock())
     , m_phase(m_source.phase())
     , m_strip(m_source.strip())
 {
-    m_cancellables.push_back(subscribeToState(dependencies, [this] { update(); }));
-    m_cancellables.push_back(dependencies.platform.wallClock.onDayChanged([this] { update(); }));
-    connect(&dependencies.statsAggregator, &StatsAggregator::changes, this, &MenubarPanelViewModel::update);
+    m_cancellables.push_back(subscribeToState(services, [this] { update(); }));
+    m_cancellables.push_back(services.wallClock.onDayChanged([this] { update(); }));
+    connect(&services.statsAggregator, &StatsAggregator::changes, this, &MenubarPanelViewModel::update);
     connect(&navigationStore, &PopoverNavigationStore::pathChanged, this, &MenubarPanelViewModel::routeChanged);
 }
 
@@ -52,9 +52,9 @@ void MenubarPanelViewModel::update()
 
 void MenubarPanelViewModel::announce(bool isNewPhase)
 {
-    const PomodoroStateMachine &machine = m_dependencies.stateMachine;
+    const PomodoroStateMachine &machine = m_services.stateMachine;
     const bool isLastMinute = machine.currentPhase() != PomodoroPhase::idle && !machine.isOverflowing() &&
-                              m_dependencies.timer.remainingSeconds() == lastMinuteSeconds;
+                              m_services.timer.remainingSeconds() == lastMinuteSeconds;
     if (!isNewPhase && !isLastMinute)
         return;
     m_announcement = m_clock.name;
@@ -63,27 +63,27 @@ void MenubarPanelViewModel::announce(bool isNewPhase)
 
 void MenubarPanelViewModel::primary()
 {
-    performPrimary(m_dependencies.stateMachine);
+    performPrimary(m_services.stateMachine);
 }
 
 void MenubarPanelViewModel::reset()
 {
-    m_dependencies.stateMachine.reset();
+    m_services.stateMachine.reset();
 }
 
 void MenubarPanelViewModel::skip()
 {
-    m_dependencies.stateMachine.skip();
+    m_services.stateMachine.skip();
 }
 
 void MenubarPanelViewModel::takeBreak()
 {
-    m_dependencies.stateMachine.takeBreak();
+    m_services.stateMachine.takeBreak();
 }
 
 void MenubarPanelViewModel::extend()
 {
-    m_dependencies.stateMachine.extend(extensionSeconds);
+    m_services.stateMachine.extend(extensionSeconds);
 }
 
 void MenubarPanelViewModel::openStatistics()

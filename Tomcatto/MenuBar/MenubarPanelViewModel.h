@@ -19,7 +19,7 @@ class MenubarPanelViewModel final : public QObject
 
 public:
     /// Everything outlives the model.
-    MenubarPanelViewModel(AppDependencies &dependencies, PopoverNavigationStore &navigationStore,
+    MenubarPanelViewModel(const MenuBarServices &services, PopoverNavigationStore &navigationStore,
                           MainWindowRouter &router, QObject *parent = nullptr);
 
     [[nodiscard]] const PanelClock &clock() const noexcept { return m_clock; }
@@ -58,7 +58,7 @@ private:
     void update();
     void announce(bool isNewPhase);
 
-    AppDependencies &m_dependencies;
+    MenuBarServices m_services;
     PopoverNavigationStore &m_navigationStore;
     MainWindowRouter &m_router;
     PanelContentSource m_source;

@@ -31,55 +31,54 @@ QString rhythmKey(PomodoroPreset preset)
 
 }
 
-PanelContentSource::PanelContentSource(const AppDependencies &dependencies)
-    : m_dependencies(dependencies)
+PanelContentSource::PanelContentSource(const MenuBarServices &services)
+    : m_services(services)
 {
 }
 
 QString PanelContentSource::text(const char *key) const
 {
-    return m_dependencies.strings.text(QString::fromLatin1(key));
+    return m_services.strings.text(QString::fromLatin1(key));
 }
 
 qint64 PanelContentSource::seconds() const
 {
-    if (m_dependencies.stateMachine.isOverflowing())
-        return m_dependencies.timer.overflowSeconds();
-    return m_dependencies.stateMachine.currentPhase() == PomodoroPhase::idle
-               ? m_dependencies.settings.workDurationSeconds()
-               : m_dependencies.timer.remainingSeconds();
+    if (m_services.stateMachine.isOverflowing())
+        return m_services.timer.overflowSeconds();
+    return m_services.stateMachine.currentPhase() == PomodoroPhase::idle ? m_services.settings.workDurationSeconds()
+                                                                         : m_services.timer.remainingSeconds();
 }
 
 PanelClock PanelContentSource::clock() const
 {
-    const PomodoroStateMachine &machine = m_dependencies.stateMachine;
-    const StatusPillSource pill(machine, m_dependencies.timer, m_dependencies.settings, m_dependencies.strings);
+    const PomodoroStateMachine &machine = m_services.stateMachine;
+    const StatusPillSource pill(machine, m_services.timer, m_services.settings, m_services.strings);
     PanelClock clock;
     clock.text = clockText(seconds());
     if (machine.isOverflowing())
         clock.text.prepend(QLatin1Char('+'));
     clock.progress = std::clamp(pill.content().progress, 0.0, 1.0);
-    QString phaseName = m_dependencies.strings.text(phaseKey());
+    QString phaseName = m_services.strings.text(phaseKey());
     if (machine.isOverflowing() && machine.isPaused())
-        phaseName = m_dependencies.strings.format(QStringLiteral("menubar.phase.paused"), phaseName);
-    clock.name = m_dependencies.strings.format(dialKey(), phaseName, spokenDuration(m_dependencies.strings, seconds()));
+        phaseName = m_services.strings.format(QStringLiteral("menubar.phase.paused"), phaseName);
+    clock.name = m_services.strings.format(dialKey(), phaseName, spokenDuration(m_services.strings, seconds()));
     return clock;
 }
 
 PanelPhase PanelContentSource::phase() const
 {
-    const PomodoroStateMachine &machine = m_dependencies.stateMachine;
+    const PomodoroStateMachine &machine = m_services.stateMachine;
     const TransportControls controls = transportControls(machine);
     const PrimaryFace &face = primaryFaces.at(static_cast<std::size_t>(controls.primary));
     PanelPhase phase;
     phase.theme = theme();
     phase.headline = headline();
-    phase.name = m_dependencies.strings.text(phaseKey());
+    phase.name = m_services.strings.text(phaseKey());
     phase.caption = caption();
     phase.isPending = machine.isPhasePending();
     phase.isPaused = machine.isPaused() && !phase.isPending;
     if (phase.isPaused) {
-        phase.name = m_dependencies.strings.format(QStringLiteral("menubar.phase.paused"), phase.name);
+        phase.name = m_services.strings.format(QStringLiteral("menubar.phase.paused"), phase.name);
         phase.symbol = QStringLiteral("pause.fill");
     } else if (phase.isPending && isBreak(machine.currentPhase())) {
         phase.symbol = QStringLiteral("cup.and.saucer.fill");
@@ -95,9 +94,9 @@ PanelPhase PanelContentSource::phase() const
 
 PanelStrip PanelContentSource::strip() const
 {
-    const PomodoroStateMachine &machine = m_dependencies.stateMachine;
-    const LocalizedStrings &strings = m_dependencies.strings;
-    const qint64 rounds = std::max<qint64>(m_dependencies.settings.cyclesBeforeLongBreak(), 1);
+    const PomodoroStateMachine &machine = m_services.stateMachine;
+    const LocalizedStrings &strings = m_services.strings;
+    const qint64 rounds = std::max<qint64>(m_services.settings.cyclesBeforeLongBreak(), 1);
     const qint64 round = std::clamp<qint64>(machine.currentCycleIndex() + 1, 1, rounds);
     const bool inBreak = isBreak(machine.currentPhase());
     PanelStrip strip;
@@ -108,8 +107,8 @@ PanelStrip PanelContentSource::strip() const
     strip.roundCompact = strings.format(QStringLiteral("menubar.cycle"), round, rounds);
     strip.roundLabel = strings.format(QStringLiteral("menubar.popover.cycle_count"), round, rounds);
 
-    const qint64 done = m_dependencies.statsAggregator.todayCount();
-    const qint64 goal = m_dependencies.settings.dailyGoalPomodoros();
+    const qint64 done = m_services.statsAggregator.todayCount();
+    const qint64 goal = m_services.settings.dailyGoalPomodoros();
     const QString figure = strings.format(QStringLiteral("menubar.goal"), done, goal);
     strip.goalCount = QString::number(done);
     if (figure.startsWith(strip.goalCount)) {
@@ -118,7 +117,7 @@ PanelStrip PanelContentSource::strip() const
         strip.goalCount = figure;
     }
     strip.goalName = strings.format(QStringLiteral("menubar.goal.accessibility_label"), done, goal);
-    const qint64 streak = m_dependencies.statsAggregator.currentStreak();
+    const qint64 streak = m_services.statsAggregator.currentStreak();
     strip.streak = strings.format(QStringLiteral("menubar.streak"), streak);
     strip.streakName = strings.format(QStringLiteral("menubar.streak.accessibility_label"), streak);
     return strip;
@@ -126,7 +125,7 @@ PanelStrip PanelContentSource::strip() const
 
 QString PanelContentSource::phaseKey() const
 {
-    const PomodoroStateMachine &machine = m_dependencies.stateMachine;
+    const PomodoroStateMachine &machine = m_services.stateMachine;
     if (machine.isPhasePending()) {
         return isBreak(machine.currentPhase()) ? QStringLiteral("menubar.phase.ready")
                                                : QStringLiteral("menubar.phase.focus_ready");
@@ -138,14 +137,14 @@ QString PanelContentSource::phaseKey() const
 
 QString PanelContentSource::theme() const
 {
-    const PomodoroStateMachine &machine = m_dependencies.stateMachine;
+    const PomodoroStateMachine &machine = m_services.stateMachine;
     return machine.isOverflowing() ? QStringLiteral("overtime") : rawValue(machine.currentPhase());
 }
 
 QString PanelContentSource::headline() const
 {
-    const PomodoroStateMachine &machine = m_dependencies.stateMachine;
-    const LocalizedStrings &strings = m_dependencies.strings;
+    const PomodoroStateMachine &machine = m_services.stateMachine;
+    const LocalizedStrings &strings = m_services.strings;
     if (machine.isOverflowing()) {
         // A plan below a minute still counts as one.
         const qint64 minutes = std::max<qint64>(machine.currentPlannedSeconds() / 60, 1);
@@ -153,8 +152,8 @@ QString PanelContentSource::headline() const
     }
     if (machine.currentPhase() == PomodoroPhase::idle || machine.isPaused())
         return text("app.name");
-    const WallClock &wallClock = m_dependencies.platform.wallClock;
-    const Date end = wallClock.now() + Seconds(static_cast<double>(m_dependencies.timer.remainingSeconds()));
+    const WallClock &wallClock = m_services.wallClock;
+    const Date end = wallClock.now() + Seconds(static_cast<double>(m_services.timer.remainingSeconds()));
     const Calendar calendar = wallClock.calendar();
     const QTime time = toDateTime(end).toTimeZone(calendar.timeZone).time();
     // Words such as the German "Uhr" go with a day of 24 hours only.
@@ -166,16 +165,16 @@ QString PanelContentSource::headline() const
 
 QString PanelContentSource::caption() const
 {
-    if (m_dependencies.stateMachine.isPhasePending())
+    if (m_services.stateMachine.isPhasePending())
         return text("menubar.pending.caption");
-    return m_dependencies.stateMachine.currentPhase() == PomodoroPhase::idle
-               ? m_dependencies.strings.text(rhythmKey(m_dependencies.settings.preset()))
+    return m_services.stateMachine.currentPhase() == PomodoroPhase::idle
+               ? m_services.strings.text(rhythmKey(m_services.settings.preset()))
                : QString();
 }
 
 QString PanelContentSource::dialKey() const
 {
-    const PomodoroStateMachine &machine = m_dependencies.stateMachine;
+    const PomodoroStateMachine &machine = m_services.stateMachine;
     if (machine.currentPhase() == PomodoroPhase::idle)
         return QStringLiteral("menubar.dial.idle");
     if (machine.isPhasePending())

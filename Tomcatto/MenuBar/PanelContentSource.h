@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Composition/AppDependencies.h"
+#include "MenuBar/MenuBarServices.h"
 #include "MenuBar/PanelContent.h"
 
 namespace tomcatto {
@@ -9,7 +9,7 @@ namespace tomcatto {
 class PanelContentSource final
 {
 public:
-    explicit PanelContentSource(const AppDependencies &dependencies);
+    explicit PanelContentSource(const MenuBarServices &services);
 
     [[nodiscard]] PanelClock clock() const;
     [[nodiscard]] PanelPhase phase() const;
@@ -24,7 +24,7 @@ private:
     [[nodiscard]] QString dialKey() const;
     [[nodiscard]] QString text(const char *key) const;
 
-    const AppDependencies &m_dependencies;
+    MenuBarServices m_services;
 };
 
 }

@@ -4,20 +4,20 @@
 
 namespace tomcatto {
 
-Cancellable subscribeToState(AppDependencies &dependencies, std::function<void()> changed)
+Cancellable subscribeToState(const MenuBarServices &services, std::function<void()> changed)
 {
-    auto relay = std::make_shared<OncePerTurn>(dependencies.platform.runLoop, std::move(changed));
+    auto relay = std::make_shared<OncePerTurn>(services.runLoop, std::move(changed));
     OncePerTurn *target = relay.get();
     const auto follow = [target](const auto *sender, auto... signal) {
         (QObject::connect(sender, signal, target, &OncePerTurn::schedule), ...);
     };
-    follow(&dependencies.stateMachine, &PomodoroStateMachine::currentPhaseChanged,
+    follow(&services.stateMachine, &PomodoroStateMachine::currentPhaseChanged,
            &PomodoroStateMachine::currentCycleIndexChanged, &PomodoroStateMachine::isPausedChanged,
            &PomodoroStateMachine::currentPlannedSecondsChanged, &PomodoroStateMachine::isOverflowingChanged,
            &PomodoroStateMachine::isPhasePendingChanged, &PomodoroStateMachine::phaseTokenChanged);
-    follow(&dependencies.timer, &PomodoroTimer::remainingSecondsChanged, &PomodoroTimer::overflowSecondsChanged);
-    follow(&dependencies.settings, &PomodoroSettings::changed);
-    follow(&dependencies.strings, &LocalizedStrings::changed);
+    follow(&services.timer, &PomodoroTimer::remainingSecondsChanged, &PomodoroTimer::overflowSecondsChanged);
+    follow(&services.settings, &PomodoroSettings::changed);
+    follow(&services.strings, &LocalizedStrings::changed);
     return Cancellable([relay]() mutable { relay.reset(); });
 }
 

@@ -1,6 +1,5 @@
 #include "MenuBar/StatusItemController.h"
 
-#include "Composition/AppDependencies.h"
 #include "MenuBar/MenubarPanelViewModel.h"
 #include "MenuBar/StateSubscription.h"
 #include "MenuBar/TransportControls.h"
@@ -34,20 +33,20 @@ Cancellable cancellable(const QMetaObject::Connection &connection)
 
 }
 
-StatusItemController::StatusItemController(AppDependencies &dependencies, const Platform &platform,
+StatusItemController::StatusItemController(const MenuBarServices &services, const Platform &platform,
                                            MainWindowRouter &router, QObject *parent)
     : QObject(parent)
-    , m_dependencies(dependencies)
+    , m_services(services)
     , m_statusItem(platform.statusItem)
     , m_clickMonitor(platform.clickMonitor)
     , m_router(router)
-    , m_source(dependencies.stateMachine, dependencies.timer, dependencies.settings, dependencies.strings)
-    , m_popover(platform.viewHost, dependencies.platform.runLoop, [this](QObject &owner) { return makeModels(owner); })
+    , m_source(services.stateMachine, services.timer, services.settings, services.strings)
+    , m_popover(platform.windows, services.runLoop, [this](QObject &owner) { return makeModels(owner); })
 {
     m_popover.setContentSize(panelSize);
     connect(&m_popover, &MenuBarPopover::willShow, this, &StatusItemController::popoverWillShow);
     connect(&m_popover, &MenuBarPopover::didClose, this, &StatusItemController::popoverDidClose);
-    const auto wanted = dependencies.platform.defaults.value(pillWantedKey());
+    const auto wanted = services.defaults.value(pillWantedKey());
     m_isPillWanted = wanted && std::holds_alternative<bool>(*wanted) && std::get<bool>(*wanted);
     connectItem();
     subscribe();
@@ -65,16 +64,16 @@ void StatusItemController::connectItem()
 
 void StatusItemController::subscribe()
 {
-    m_statusCancellable = subscribeToState(m_dependencies, [this] { updateStatusItem(); });
-    m_themeCancellable = cancellable(
-        connect(&m_dependencies.settings, &PomodoroSettings::changed, this, [this](PomodoroSettings::Key key) {
+    m_statusCancellable = subscribeToState(m_services, [this] { updateStatusItem(); });
+    m_themeCancellable =
+        cancellable(connect(&m_services.settings, &PomodoroSettings::changed, this, [this](PomodoroSettings::Key key) {
             if (key == PomodoroSettings::Key::themePreference)
                 updateStatusItem();
         }));
     m_routeCancellable = cancellable(connect(&m_navigationStore, &PopoverNavigationStore::pathChanged, this,
                                              &StatusItemController::updateContentSize));
     // The panel's texts follow by themselves; those already handed to the item do not.
-    m_languageCancellable = cancellable(connect(&m_dependencies.strings, &LocalizedStrings::changed, this, [this] {
+    m_languageCancellable = cancellable(connect(&m_services.strings, &LocalizedStrings::changed, this, [this] {
         m_shownContent.reset();
         updateStatusItem();
     }));
@@ -82,12 +81,11 @@ void StatusItemController::subscribe()
 
 QVariantMap StatusItemController::makeModels(QObject &owner)
 {
-    auto *panel = new MenubarPanelViewModel(m_dependencies, m_navigationStore, m_router, &owner);
+    auto *panel = new MenubarPanelViewModel(m_services, m_navigationStore, m_router, &owner);
     connect(panel, &MenubarPanelViewModel::dismissRequested, this, &StatusItemController::closePopover);
     connect(panel, &MenubarPanelViewModel::quitRequested, this, &StatusItemController::quitRequested);
-    auto *statistics = new StatisticsViewModel({m_dependencies.statsAggregator, m_dependencies.settings,
-                                                m_dependencies.strings, m_dependencies.platform.wallClock},
-                                               &owner);
+    auto *statistics = new StatisticsViewModel(
+        {m_services.statsAggregator, m_services.settings, m_services.strings, m_services.wallClock}, &owner);
     return {{QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(panel)},
             {QStringLiteral("statistics"), QVariant::fromValue<QObject *>(statistics)}};
 }
@@ -106,7 +104,7 @@ void StatusItemController::updateStatusItem()
 
     StatusItemPresentation presentation;
     presentation.accessibleText =
-        m_dependencies.strings.format(QStringLiteral("menubar.accessibility.remaining %@"), content.title);
+        m_services.strings.format(QStringLiteral("menubar.accessibility.remaining %@"), content.title);
     // A square icon has no room for the time, whatever the style.
     const bool showsTime = content.style == MenuBarStyle::countdown && forms.squareSizes.empty();
     presentation.toolTip = showsTime ? QStringLiteral("Tomcatto") : presentation.accessibleText;
@@ -123,7 +121,7 @@ void StatusItemController::updateStatusItem()
 
 TrayMenu StatusItemController::currentMenu() const
 {
-    return trayMenu(m_dependencies.stateMachine, m_dependencies.strings, pillChoice());
+    return trayMenu(m_services.stateMachine, m_services.strings, pillChoice());
 }
 
 void StatusItemController::updateMenu()
@@ -147,19 +145,14 @@ void StatusItemController::togglePopover(std::optional<QRect> item)
         return;
     }
     const auto noReopeningUntil = std::exchange(m_noReopeningUntilNanoseconds, std::nullopt);
-    if (noReopeningUntil && m_dependencies.platform.monotonicClock.nowNanoseconds() < *noReopeningUntil)
+    if (noReopeningUntil && m_services.monotonicClock.nowNanoseconds() < *noReopeningUntil)
         return;
     present(item ? item : m_statusItem.geometry());
 }
 
 bool StatusItemController::showPopover()
 {
-    QWindow *const window = m_popover.window();
-    if (!window)
-        return present(m_statusItem.geometry());
-    window->raise();
-    window->requestActivate();
-    return true;
+    return present(m_statusItem.geometry());
 }
 
 void StatusItemController::showStatistics()
@@ -170,8 +163,9 @@ void StatusItemController::showStatistics()
 
 bool StatusItemController::present(std::optional<QRect> item)
 {
-    if (!m_popover.show(item))
-        return false;
+    const bool wasShown = m_popover.isShown();
+    if (!m_popover.show(item) || wasShown)
+        return wasShown;
     m_focusDismissal =
         std::make_unique<quillbay::PopoverFocusDismissal>(*m_popover.window(), m_clickMonitor, [this] { dismiss(); });
     return true;
@@ -184,8 +178,8 @@ void StatusItemController::dismiss()
     if (item && item->isEmpty())
         item = item->marginsAdded({iconReach, iconReach, iconReach, iconReach});
     const bool isOnItem = item && item->contains(QCursor::pos());
-    m_noReopeningUntilNanoseconds = m_dependencies.platform.monotonicClock.nowNanoseconds() +
-                                    (isOnItem ? heldPressNanoseconds : dismissalNanoseconds);
+    m_noReopeningUntilNanoseconds =
+        m_services.monotonicClock.nowNanoseconds() + (isOnItem ? heldPressNanoseconds : dismissalNanoseconds);
     m_popover.performClose();
 }
 
@@ -215,7 +209,7 @@ void StatusItemController::choose(const TrayMenuCommand &command)
 
 void StatusItemController::perform(TrayMenuAction action)
 {
-    PomodoroStateMachine &machine = m_dependencies.stateMachine;
+    PomodoroStateMachine &machine = m_services.stateMachine;
     switch (action) {
     case TrayMenuAction::openPanel:
         showPopover();
@@ -258,7 +252,7 @@ void StatusItemController::setPillWanted(bool isWanted)
 {
     if (std::exchange(m_isPillWanted, isWanted) == isWanted)
         return;
-    m_dependencies.platform.defaults.setValue(pillWantedKey(), m_isPillWanted);
+    m_services.defaults.setValue(pillWantedKey(), m_isPillWanted);
     m_statusItem.setPillWanted(m_isPillWanted);
     updateStatusItem();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MenuBar/MenuBarPopover.h"
+#include "MenuBar/MenuBarServices.h"
 #include "MenuBar/StatusPillRenderer.h"
 #include "MenuBar/TrayIconRenderer.h"
 #include "Navigation/MainWindowRouter.h"
@@ -11,8 +12,6 @@
 #include "StatusPill/StatusPillSource.h"
 
 namespace tomcatto {
-
-class AppDependencies;
 
 /// Owns the application's face in the system's bar: draws the pill and the tray icon, keeps the menu, and opens the
 /// panel beside the item. Main thread only.
@@ -25,11 +24,11 @@ public:
     struct Platform
     {
         StatusItem &statusItem;
-        ViewHost &viewHost;
+        ViewWindows &windows;
         GlobalClickMonitor &clickMonitor;
     };
 
-    StatusItemController(AppDependencies &dependencies, const Platform &platform, MainWindowRouter &router,
+    StatusItemController(const MenuBarServices &services, const Platform &platform, MainWindowRouter &router,
                          QObject *parent = nullptr);
 
     /// Opens the panel at the item, or closes it.
@@ -74,7 +73,7 @@ private:
     void choose(const TrayMenuCommand &command);
     void perform(TrayMenuAction action);
 
-    AppDependencies &m_dependencies;
+    MenuBarServices m_services;
     StatusItem &m_statusItem;
     GlobalClickMonitor &m_clickMonitor;
     MainWindowRouter &m_router;

@@ -62,10 +62,11 @@ struct RealOverlay
     LocalizedStrings strings{language};
     QObject looks;
     QuickViewHost host{looks, strings, [] {}};
+    ViewWindows viewWindows{host, runLoop};
     WindowSystem windowSystem;
     DesktopScreens screens{runLoop, windowSystem};
     ApplicationKeyMonitor keys;
-    BreakOverlayWindows overlayWindows{{machine, timer, settings, strings}, host, screens, runLoop, {}};
+    BreakOverlayWindows overlayWindows{{machine, timer, settings, strings}, viewWindows, screens, {}};
     BreakOverlayController controller{machine, timer, settings, runLoop, screens, keys, overlayWindows};
 };
 
@@ -129,7 +130,7 @@ TEST(BreakPreviewTests, IsAnOrdinaryWindowThatEscCloses)
     QTest::keyClick(QGuiApplication::focusWindow(), Qt::Key_Escape);
     EXPECT_TRUE(QTest::qWaitFor([] { return RealOverlay::windows().isEmpty(); }));
     ActivationPolicy policy(port);
-    BreakPreviewController preview(overlay.settings, overlay.strings, overlay.runLoop, overlay.host, policy);
+    BreakPreviewController preview(overlay.settings, overlay.strings, overlay.runLoop, overlay.viewWindows, policy);
     preview.open({});
     ASSERT_EQ(QGuiApplication::topLevelWindows().size(), 1);
     QWindow *const window = QGuiApplication::topLevelWindows().constFirst();
@@ -144,7 +145,7 @@ TEST(BreakPreviewTests, IsAnOrdinaryWindowThatEscCloses)
     EXPECT_TRUE(preview.isOpen());
     window->setProperty("escClosesWindow", true);
     QTest::keyClick(window, Qt::Key_Escape);
-    EXPECT_FALSE(preview.isOpen());
+    EXPECT_TRUE(QTest::qWaitFor([&preview] { return !preview.isOpen(); }));
     EXPECT_EQ(overlay.machine.currentPhase(), PomodoroPhase::working) << "it has nothing to do with the timer";
 }
 

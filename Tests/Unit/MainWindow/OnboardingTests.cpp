@@ -3,7 +3,6 @@
 #include "MainWindow/OnboardingController.h"
 
 #include <gtest/gtest.h>
-#include <QtCore/QCoreApplication>
 
 namespace tomcatto {
 
@@ -20,7 +19,8 @@ protected:
 
     MainWindowFixture fixture;
     FakeViewHost viewHost;
-    OnboardingController controller{viewHost, fixture.engine.settings, fixture.engine.machine, fixture.onboarding};
+    ViewWindows windows{viewHost, fixture.engine.runLoop};
+    OnboardingController controller{windows, fixture.engine.settings, fixture.engine.machine, fixture.onboarding};
     int completed = 0;
     int resets = 0;
 };
@@ -32,7 +32,7 @@ TEST_F(Onboarding, IsShownUntilItWasCompleted)
     controller.showIfNeeded();
     ASSERT_TRUE(controller.isShown());
     viewHost.current->close();
-    QCoreApplication::processEvents();
+    fixture.engine.runLoop.drain();
     EXPECT_FALSE(controller.isShown());
     EXPECT_FALSE(fixture.engine.settings.hasCompletedOnboarding()) << "closing is not completing";
 
@@ -51,7 +51,7 @@ TEST_F(Onboarding, OnePressFromItsFirstStepRunsAFocusPhase)
     EXPECT_FALSE(fixture.engine.machine.isPaused());
     EXPECT_TRUE(fixture.engine.settings.hasCompletedOnboarding());
     EXPECT_EQ(completed, 2);
-    QCoreApplication::processEvents();
+    fixture.engine.runLoop.drain();
     EXPECT_EQ(viewHost.current, nullptr) << "the window is let go";
 }
 
@@ -61,9 +61,9 @@ TEST_F(Onboarding, ResetShowsItAgainFromTheFirstStep)
     fixture.onboarding.next();
     fixture.onboarding.startFocus();
     controller.reset();
-    QCoreApplication::processEvents();
+    fixture.engine.runLoop.drain();
     EXPECT_EQ(resets, 1);
-    EXPECT_TRUE(controller.isShown()) << "reopening overtakes the closing before";
+    EXPECT_TRUE(controller.isShown()) << "the closing before does not close it";
     EXPECT_EQ(fixture.onboarding.step(), 0);
     EXPECT_FALSE(fixture.engine.settings.hasCompletedOnboarding());
 }

@@ -4,7 +4,6 @@
 #include "MainWindow/MainWindowController.h"
 
 #include <gtest/gtest.h>
-#include <QtCore/QCoreApplication>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
 #include <QtTest/QTest>
@@ -18,10 +17,11 @@ class WindowController : public testing::Test
 protected:
     MainWindowFixture fixture;
     FakeViewHost viewHost;
+    ViewWindows windows{viewHost, fixture.engine.runLoop};
     FakeActivationPolicyPort port;
     ActivationPolicy policy{port};
     MainWindowRouter router;
-    MainWindowController controller{viewHost, router, policy, fixture.window};
+    MainWindowController controller{windows, router, policy, fixture.window};
 };
 
 }
@@ -60,7 +60,7 @@ TEST_F(WindowController, HoldsTheDockFromActivationUntilClosing)
     EXPECT_EQ(policy.holders(), 1);
 
     viewHost.current->close();
-    QCoreApplication::processEvents();
+    fixture.engine.runLoop.drain();
     EXPECT_FALSE(controller.isOpen());
     EXPECT_FALSE(controller.mainWindowHoldsDock());
     EXPECT_EQ(port.kinds.back(), ActivationPolicyKind::accessory);
@@ -72,7 +72,6 @@ TEST_F(WindowController, OpensOnThePageShownLast)
     fixture.window.showPage(QStringLiteral("statistics"));
     fixture.window.showPage(QStringLiteral("nowhere"));
     controller.closeWindow();
-    QCoreApplication::processEvents();
     router.open();
     EXPECT_TRUE(controller.isOpen());
     EXPECT_EQ(fixture.window.currentPage(), MainWindowPage::statistics);

@@ -1,4 +1,4 @@
-#include "Fakes/ServicesFixture.h"
+#include "Fakes/MenuBarFixture.h"
 #include "MenuBar/MenubarPanelViewModel.h"
 
 #include <gtest/gtest.h>
@@ -9,13 +9,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-struct Panel : ServicesFixture
+struct Panel : MenuBarFixture
 {
     PopoverNavigationStore navigation;
     MainWindowRouter router;
-    MenubarPanelViewModel model{dependencies, navigation, router};
-
-    PomodoroStateMachine &machine() { return dependencies.stateMachine; }
+    MenubarPanelViewModel model{services, navigation, router};
 };
 
 struct StateCase
@@ -40,33 +38,33 @@ struct StateCase
 auto run(int seconds)
 {
     return [seconds](Panel &panel) {
-        panel.machine().start();
+        panel.machine.start();
         panel.pass(std::chrono::seconds(seconds));
     };
 }
 const auto startWithOverflow = [](Panel &panel) {
-    panel.dependencies.settings.setOverflowEnabled(true);
-    panel.machine().start();
+    panel.settings.setOverflowEnabled(true);
+    panel.machine.start();
     panel.pass(1500s + 161s);
 };
 const auto pendingBreak = [](Panel &panel) {
-    panel.dependencies.settings.setAutoStartBreaks(false);
-    panel.machine().start();
+    panel.settings.setAutoStartBreaks(false);
+    panel.machine.start();
     panel.pass(1500s);
 };
 
 const StateCase states[] = {
     {"idle", [](Panel &) {}, "idle", "Focus", "25:00", "Tomcatto", "Classic rhythm", "Start focus", "play.fill", "",
      "0/4+", "Focus, 25 minutes planned"},
-    {"own rhythm", [](Panel &panel) { panel.dependencies.settings.setWorkDurationSeconds(3700); }, "idle", "Focus",
-     "61:40", "Tomcatto", "Your own rhythm", "Start focus", "play.fill", "", "0/4+",
+    {"own rhythm", [](Panel &panel) { panel.settings.setWorkDurationSeconds(3700); }, "idle", "Focus", "61:40",
+     "Tomcatto", "Your own rhythm", "Start focus", "play.fill", "", "0/4+",
      "Focus, 1 hour 1 minute 40 seconds planned"},
     {"working", run(528), "work", "Focus", "16:12", "until 09:18", "", "Pause", "pause.fill", "rse", "0/4+",
      "Focus, 16 minutes 12 seconds left"},
     {"paused",
      [](Panel &panel) {
          run(528)(panel);
-         panel.machine().pause();
+         panel.machine.pause();
          panel.pass(60s);
      },
      "work", "Focus, paused", "16:12", "Tomcatto", "", "Resume", "play.fill", "rse", "0/4+",
@@ -77,7 +75,7 @@ const StateCase states[] = {
      "cup.and.saucer.fill", "rs", "1/4", "Break ready, 5 minutes, waiting to be started"},
     {"pending focus",
      [](Panel &panel) {
-         panel.dependencies.settings.setAutoStartFocus(false);
+         panel.settings.setAutoStartFocus(false);
          run(1800)(panel);
      },
      "work", "Focus ready", "25:00", "Tomcatto", "Take your time", "Start focus", "play.fill", "rs", "1/4+",
@@ -87,13 +85,13 @@ const StateCase states[] = {
     {"overtime paused",
      [](Panel &panel) {
          startWithOverflow(panel);
-         panel.machine().pause();
+         panel.machine.pause();
      },
      "overtime", "Overtime, paused", "+02:41", "25 min done", "", "Resume", "play.fill", "rste", "0/4+",
      "Overtime, paused, 2 minutes 41 seconds past the end"},
     {"long break",
      [](Panel &panel) {
-         panel.dependencies.settings.setCyclesBeforeLongBreak(1);
+         panel.settings.setCyclesBeforeLongBreak(1);
          run(1501)(panel);
      },
      "longBreak", "Long break", "14:59", "until 09:33", "", "Pause", "pause.fill", "rse", "1/1",
@@ -135,31 +133,31 @@ INSTANTIATE_TEST_SUITE_P(Panel, PanelStates, testing::ValuesIn(states), [](const
 TEST(MenubarPanelViewModel, PrimaryGoesThroughAllItsMeanings)
 {
     Panel panel;
-    panel.dependencies.settings.setAutoStartBreaks(false);
-    panel.dependencies.settings.setAutoStartFocus(false);
+    panel.settings.setAutoStartBreaks(false);
+    panel.settings.setAutoStartFocus(false);
     panel.model.primary();
-    EXPECT_EQ(panel.machine().currentPhase(), PomodoroPhase::working);
+    EXPECT_EQ(panel.machine.currentPhase(), PomodoroPhase::working);
     panel.model.primary();
-    EXPECT_TRUE(panel.machine().isPaused());
+    EXPECT_TRUE(panel.machine.isPaused());
     panel.model.primary();
-    EXPECT_FALSE(panel.machine().isPaused());
+    EXPECT_FALSE(panel.machine.isPaused());
     panel.pass(1500s);
-    ASSERT_TRUE(panel.machine().isPhasePending());
+    ASSERT_TRUE(panel.machine.isPhasePending());
     panel.model.primary();
-    EXPECT_EQ(panel.machine().currentPhase(), PomodoroPhase::shortBreak);
-    EXPECT_FALSE(panel.machine().isPhasePending());
+    EXPECT_EQ(panel.machine.currentPhase(), PomodoroPhase::shortBreak);
+    EXPECT_FALSE(panel.machine.isPhasePending());
     panel.pass(300s);
-    ASSERT_TRUE(panel.machine().isPhasePending());
+    ASSERT_TRUE(panel.machine.isPhasePending());
     panel.model.primary();
-    EXPECT_EQ(panel.machine().currentPhase(), PomodoroPhase::working);
-    EXPECT_FALSE(panel.machine().isPaused());
+    EXPECT_EQ(panel.machine.currentPhase(), PomodoroPhase::working);
+    EXPECT_FALSE(panel.machine.isPaused());
 }
 
 TEST(MenubarPanelViewModel, TheClockHasTheSystemsFormInEveryLanguage)
 {
     Panel panel;
     panel.wallClock.setCalendar({QTimeZone::utc(), Qt::Monday, u"h:mm AP"_qs});
-    panel.dependencies.languageOverrideService.setLanguage(SelectedLanguage::de);
+    panel.language.setLanguage(SelectedLanguage::de);
     run(528)(panel);
     EXPECT_EQ(panel.model.phase().headline, u"bis 9:18 AM"_qs);
 }
@@ -169,9 +167,9 @@ TEST(MenubarPanelViewModel, OneTurnOfTheLoopIsOneUpdateAndTicksLeaveTheRestAlone
     Panel panel;
     QSignalSpy phases(&panel.model, &MenubarPanelViewModel::phaseChanged);
     QSignalSpy clocks(&panel.model, &MenubarPanelViewModel::clockChanged);
-    panel.machine().start();
-    panel.machine().pause();
-    panel.machine().resume();
+    panel.machine.start();
+    panel.machine.pause();
+    panel.machine.resume();
     EXPECT_EQ(phases.count(), 0) << "nothing inside the operation";
     panel.runLoop.drain();
     EXPECT_EQ(phases.count(), 1);
@@ -185,7 +183,7 @@ TEST(MenubarPanelViewModel, AnnouncesPhasesAndTheLastMinuteButNotTheSeconds)
 {
     Panel panel;
     QSignalSpy announcements(&panel.model, &MenubarPanelViewModel::announcementChanged);
-    panel.machine().start();
+    panel.machine.start();
     panel.pass(1439s);
     const auto before = announcements.count();
     EXPECT_EQ(before, 1) << "the start";
@@ -202,14 +200,15 @@ TEST(MenubarPanelViewModel, StripFollowsTheHistoryAndTheSettings)
 {
     Panel panel;
     EXPECT_EQ(panel.model.strip().goalCount + panel.model.strip().goalRest, u"0 / 8"_qs);
-    panel.machine().start();
+    panel.machine.start();
     panel.pass(1500s);
-    panel.dependencies.coreDataStack.save();
-    QCoreApplication::processEvents();
+    panel.history.stamps.push_back({panel.wallClock.now() - Seconds(1500), 1500});
+    panel.history.announceAddition();
+    panel.runLoop.drain();
     EXPECT_EQ(panel.model.strip().goalCount, u"1"_qs);
     EXPECT_EQ(panel.model.strip().streakName, u"Days in a row: 1"_qs);
-    panel.dependencies.settings.setDailyGoalPomodoros(3);
-    panel.dependencies.settings.setCyclesBeforeLongBreak(12);
+    panel.settings.setDailyGoalPomodoros(3);
+    panel.settings.setCyclesBeforeLongBreak(12);
     panel.runLoop.drain();
     EXPECT_EQ(panel.model.strip().goalRest, u" / 3"_qs);
     EXPECT_EQ(panel.model.strip().roundCompact, u"1 / 12"_qs);

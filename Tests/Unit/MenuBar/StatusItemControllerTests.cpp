@@ -1,6 +1,6 @@
 #include "Fakes/FakeStatusItem.h"
 #include "Fakes/FakeViewHost.h"
-#include "Fakes/ServicesFixture.h"
+#include "Fakes/MenuBarFixture.h"
 #include "MenuBar/StatusItemController.h"
 
 #include <gtest/gtest.h>
@@ -13,13 +13,14 @@ namespace {
 
 using namespace std::chrono_literals;
 
-struct Item : ServicesFixture
+struct Item : MenuBarFixture
 {
     FakeStatusItem item;
     FakeViewHost viewHost;
+    ViewWindows windows{viewHost, runLoop};
     ManualClickMonitor clicks;
     MainWindowRouter router;
-    StatusItemController controller{dependencies, {item, viewHost, clicks}, router};
+    StatusItemController controller{services, {item, windows, clicks}, router};
 
     [[nodiscard]] QStringList enabledEntries() const
     {
@@ -40,15 +41,15 @@ TEST(StatusItemController, DrawsOncePerTurnAndNotWithoutChange)
     EXPECT_EQ(test.item.shown.accessibleText, u"Tomcatto, 25:00"_qs);
     EXPECT_TRUE(test.item.shown.title.isEmpty());
     const int width = test.item.shown.pill.width();
-    test.dependencies.stateMachine.start();
-    test.dependencies.stateMachine.pause();
+    test.machine.start();
+    test.machine.pause();
     EXPECT_EQ(test.item.shows, 1);
     test.runLoop.drain();
     EXPECT_EQ(test.item.shows, 2);
-    test.dependencies.settings.setSoundEnabled(false);
+    test.settings.setSoundEnabled(false);
     test.runLoop.drain();
     EXPECT_EQ(test.item.shows, 2);
-    test.dependencies.settings.setMenuBarStyle(MenuBarStyle::iconOnly);
+    test.settings.setMenuBarStyle(MenuBarStyle::iconOnly);
     test.runLoop.drain();
     EXPECT_LT(test.item.shown.pill.width(), width);
     EXPECT_EQ(test.item.shown.toolTip, u"Tomcatto, 25:00"_qs) << "the time is nowhere else";
@@ -78,9 +79,9 @@ TEST(StatusItemController, MenuFollowsTheTimerAndActs)
     EXPECT_TRUE(test.enabledEntries().contains(u"Pause"_qs));
     EXPECT_TRUE(test.enabledEntries().contains(u"Skip this phase"_qs));
     test.item.pick(u"Add five minutes"_qs);
-    EXPECT_EQ(test.dependencies.stateMachine.currentPlannedSeconds(), 1800);
+    EXPECT_EQ(test.machine.currentPlannedSeconds(), 1800);
     test.item.pick(u"Reset"_qs);
-    EXPECT_EQ(test.dependencies.stateMachine.currentPhase(), PomodoroPhase::idle);
+    EXPECT_EQ(test.machine.currentPhase(), PomodoroPhase::idle);
     QSignalSpy pages(&test.router, &MainWindowRouter::pageRequested);
     test.item.pick(u"Settings"_qs);
     EXPECT_EQ(pages.count(), 1);
@@ -90,9 +91,9 @@ TEST(StatusItemController, AClickOnWhatTheMenuNoLongerOffersDoesNothing)
 {
     for (const QString &seen : {u"Pause"_qs, u"Skip this phase"_qs, u"Add five minutes"_qs}) {
         Item test;
-        const PomodoroStateMachine &machine = test.dependencies.stateMachine;
-        test.dependencies.settings.setOverflowEnabled(false);
-        test.dependencies.settings.setAutoStartBreaks(false);
+        const PomodoroStateMachine &machine = test.machine;
+        test.settings.setOverflowEnabled(false);
+        test.settings.setAutoStartBreaks(false);
         test.item.pick(u"Start focus"_qs);
         test.runLoop.drain();
         const TrayMenuCommand old = test.item.command(seen);
@@ -125,16 +126,16 @@ TEST(StatusItemController, ThePillIsAChoiceOnlyBesideAnIconAndAllControlsAgree)
     EXPECT_EQ(choices.last().first().value<std::optional<bool>>(), false);
     test.controller.setPillWanted(true);
     FakeStatusItem next;
-    const StatusItemController restarted(test.dependencies, {next, test.viewHost, test.clicks}, test.router);
+    const StatusItemController restarted(test.services, {next, test.windows, test.clicks}, test.router);
     EXPECT_TRUE(next.isPillWanted) << "kept over a restart";
 }
 
 TEST(StatusItemController, ANewLanguageRewordsItemAndMenu)
 {
     Item test;
-    test.dependencies.stateMachine.start();
+    test.machine.start();
     test.runLoop.drain();
-    test.dependencies.languageOverrideService.setLanguage(SelectedLanguage::de);
+    test.language.setLanguage(SelectedLanguage::de);
     EXPECT_TRUE(test.enabledEntries().contains(u"Anhalten"_qs)) << test.enabledEntries().join(u", "_qs).toStdString();
 }
 
