@@ -3,8 +3,9 @@
 namespace quillbay {
 
 PopoverFocusDismissal::PopoverFocusDismissal(QWindow &popover, tomcatto::GlobalClickMonitor &clickMonitor,
-                                             std::function<void()> dismiss)
+                                             tomcatto::MainRunLoop &runLoop, std::function<void()> dismiss)
     : m_popover(popover)
+    , m_runLoop(runLoop)
     , m_dismiss(std::move(dismiss))
     , m_clicks(clickMonitor.onPressed([this](QPoint place) { pressed(place); }))
     , m_wasActive(popover.isActive())
@@ -32,8 +33,7 @@ void PopoverFocusDismissal::ask()
     if (m_hasAsked)
         return;
     m_hasAsked = true;
-    QMetaObject::invokeMethod(
-        this, [dismiss = m_dismiss] { dismiss(); }, Qt::QueuedConnection);
+    m_runLoop.async(*this, [dismiss = m_dismiss] { dismiss(); });
 }
 
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/Ports/GlobalClickMonitor.h"
+#include "Platform/Ports/MainRunLoop.h"
 
 #include <QtCore/QObject>
 #include <QtGui/QWindow>
@@ -8,7 +9,7 @@
 namespace quillbay {
 
 /// Asks for a popover to be closed when the user turns elsewhere: the popover, once it had the keyboard, loses it, or
-/// the mouse is pressed outside of it. Asks once, in a later turn of the event loop, so that the one who is asked may
+/// the mouse is pressed outside of it. Asks once, in a later turn of the main loop, so that the one who is asked may
 /// destroy the popover and this object. Main thread only.
 class PopoverFocusDismissal final : public QObject
 {
@@ -16,7 +17,8 @@ class PopoverFocusDismissal final : public QObject
 
 public:
     /// @param popover outlives this object. @param dismiss closes it.
-    PopoverFocusDismissal(QWindow &popover, tomcatto::GlobalClickMonitor &clickMonitor, std::function<void()> dismiss);
+    PopoverFocusDismissal(QWindow &popover, tomcatto::GlobalClickMonitor &clickMonitor, tomcatto::MainRunLoop &runLoop,
+                          std::function<void()> dismiss);
 
 private:
     void activeChanged();
@@ -24,6 +26,7 @@ private:
     void ask();
 
     QWindow &m_popover;
+    tomcatto::MainRunLoop &m_runLoop;
     std::function<void()> m_dismiss;
     tomcatto::Cancellable m_clicks;
     bool m_wasActive = false;

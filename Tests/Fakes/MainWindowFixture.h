@@ -32,8 +32,9 @@ public:
     TimerPageViewModel timer{engine.settings, engine.machine, strings};
     GeneralPageViewModel general{engine.settings, launchAtLogin,   authorization,
                                  systemSettings,  languageService, strings};
-    VideosPageViewModel videos{library.commands, library.repository, library.files,  library.movedVideoSearch,
-                               library.bundled,  strings,            library.runLoop};
+    VideosPageViewModel videos{library.commands,         library.repository, library.files,
+                               library.movedVideoSearch, library.bundled,    strings,
+                               library.runLoop};
     PermissionsPageViewModel permissions{engine.settings, launchAtLogin, authorization, systemSettings, strings};
     AboutPageViewModel about{QStringLiteral("1.0.0"), strings};
     MainWindowRouter router;

@@ -6,12 +6,17 @@
 
 namespace tomcatto {
 
-/// What the menu bar needs, over an engine and a history that a test controls, with texts in English.
+/// What the menu bar needs, over an engine and a history that a test controls, with texts in one language.
 struct MenuBarFixture : EngineFixture
 {
+    explicit MenuBarFixture(const QString &languageCode = QStringLiteral("en"))
+        : language(defaults, {languageCode})
+    {
+    }
+
     ManualSessionHistory history;
     StatsAggregator aggregator{history, wallClock};
-    LanguageOverrideService language{defaults, {QStringLiteral("en")}};
+    LanguageOverrideService language;
     LocalizedStrings strings{language};
     MenuBarServices services{machine, timer, settings, aggregator, strings, clock, wallClock, runLoop, defaults};
 };

@@ -166,8 +166,8 @@ bool StatusItemController::present(std::optional<QRect> item)
     const bool wasShown = m_popover.isShown();
     if (!m_popover.show(item) || wasShown)
         return wasShown;
-    m_focusDismissal =
-        std::make_unique<quillbay::PopoverFocusDismissal>(*m_popover.window(), m_clickMonitor, [this] { dismiss(); });
+    m_focusDismissal = std::make_unique<quillbay::PopoverFocusDismissal>(*m_popover.window(), m_clickMonitor,
+                                                                         m_services.runLoop, [this] { dismiss(); });
     return true;
 }
 

@@ -8,7 +8,7 @@
 namespace tomcatto {
 
 /// One window that shows a view. Destroying it closes the window at once; the view itself goes in a later turn of the
-/// main loop, for whoever closes may be inside of it. Main thread only.
+/// main loop, since the closing call may come from within it. Main thread only.
 class ViewWindow final : public QObject
 {
     Q_OBJECT

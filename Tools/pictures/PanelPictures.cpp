@@ -1,6 +1,6 @@
 #include "Appearance/AppearanceSettings.h"
 #include "Appearance/Texts.h"
-#include "Fakes/ServicesFixture.h"
+#include "Fakes/MenuBarFixture.h"
 #include "MenuBar/MenubarPanelViewModel.h"
 #include "MenuBar/StatusPillRenderer.h"
 #include "MenuBar/TrayIconRenderer.h"
@@ -26,29 +26,21 @@ const char *const states[] = {"idle",    "working",  "paused",     "short-break"
                               "pending", "overtime", "statistics", "empty"};
 
 /// Phases on most days of the last weeks, so that chart and heat map have something to show.
-void fillHistory(ServicesFixture &services)
+void fillHistory(MenuBarFixture &services)
 {
-    for (int day = 0; day < 110; ++day) {
-        for (int phase = 0; phase < (day * 7 + day / 3) % 9; ++phase) {
-            const Date start = services.wallClock.now() - Seconds(86400.0 * day + 1800.0 * phase);
-            services.dependencies.sessionRepository.insert({.id = QUuid::createUuid(),
-                                                            .phase = PomodoroPhase::working,
-                                                            .startedAt = start,
-                                                            .endedAt = start + Seconds(1500),
-                                                            .plannedDurationSeconds = 1500,
-                                                            .actualDurationSeconds = 1500,
-                                                            .wasCompleted = true},
-                                                           InsertMode::asynchronous);
-        }
+    for (int day = 109; day >= 0; --day) {
+        for (int phase = (day * 7 + day / 3) % 9 - 1; phase >= 0; --phase)
+            services.history.stamps.push_back(
+                {services.wallClock.now() - Seconds(86400.0 * day + 1800.0 * phase), 1500});
     }
-    services.dependencies.coreDataStack.save();
+    services.history.earliest = services.history.stamps.front().startedAt;
 }
 
-void reach(ServicesFixture &services, PopoverNavigationStore &navigation, const QString &state)
+void reach(MenuBarFixture &services, PopoverNavigationStore &navigation, const QString &state)
 {
-    PomodoroStateMachine &machine = services.dependencies.stateMachine;
-    services.dependencies.settings.setAutoStartBreaks(state != QLatin1String("pending"));
-    services.dependencies.settings.setOverflowEnabled(state == QLatin1String("overtime"));
+    PomodoroStateMachine &machine = services.machine;
+    services.settings.setAutoStartBreaks(state != QLatin1String("pending"));
+    services.settings.setOverflowEnabled(state == QLatin1String("overtime"));
     if (state == QLatin1String("statistics") || state == QLatin1String("empty"))
         navigation.append(PopoverRoute::stats);
     else if (state != QLatin1String("idle"))
@@ -56,7 +48,7 @@ void reach(ServicesFixture &services, PopoverNavigationStore &navigation, const 
     if (state == QLatin1String("working") || state == QLatin1String("paused"))
         services.pass(528s);
     if (state == QLatin1String("long-paused")) {
-        services.dependencies.settings.setCyclesBeforeLongBreak(1);
+        services.settings.setCyclesBeforeLongBreak(1);
         services.pass(1502s);
     }
     if (state.endsWith(QLatin1String("paused")))
@@ -69,24 +61,22 @@ void reach(ServicesFixture &services, PopoverNavigationStore &navigation, const 
 
 bool picture(const QString &state, bool dark, const QString &language, const QDir &folder)
 {
-    ServicesFixture services(language);
+    MenuBarFixture services(language);
     if (state != QLatin1String("empty"))
         fillHistory(services);
     PopoverNavigationStore navigation;
     MainWindowRouter router;
     reach(services, navigation, state);
     QCoreApplication::processEvents();
-    AppDependencies &dependencies = services.dependencies;
-    MenubarPanelViewModel panel(dependencies, navigation, router);
-    StatisticsViewModel statistics(
-        {dependencies.statsAggregator, dependencies.settings, dependencies.strings, services.wallClock});
+    MenubarPanelViewModel panel(services.services, navigation, router);
+    StatisticsViewModel statistics({services.aggregator, services.settings, services.strings, services.wallClock});
 
     QQmlEngine engine;
     AppearanceSettings appearance(nullptr);
     appearance.setDark(dark);
     appearance.setReducedMotion(true);
     appearance.install(engine);
-    Texts::install(engine, dependencies.strings);
+    Texts::install(engine, services.strings);
     QQmlComponent component(&engine,
                             QUrl(QStringLiteral("qrc:/qt-project.org/imports/Tomcatto/MenuBar/MenubarPanelView.qml")));
     const std::unique_ptr<QObject> root(component.createWithInitialProperties(
@@ -106,8 +96,7 @@ bool picture(const QString &state, bool dark, const QString &language, const QDi
     const QString name =
         QStringLiteral("%1-%2-%3").arg(state, dark ? QStringLiteral("dark") : QStringLiteral("light"), language);
     const StatusArt art;
-    const StatusPillSource source(dependencies.stateMachine, dependencies.timer, dependencies.settings,
-                                  dependencies.strings);
+    const StatusPillSource source(services.machine, services.timer, services.settings, services.strings);
     return window->grabWindow().save(folder.filePath(name + QStringLiteral(".png"))) &&
            StatusPillRenderer(art)
                .render(source.content(dark), 2)

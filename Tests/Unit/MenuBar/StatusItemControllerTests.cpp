@@ -180,10 +180,10 @@ TEST(StatusItemController, AClickElsewhereClosesAndTheSameClickDoesNotReopen)
     const QRect place(400, 0, 60, 24);
     test.item.activate(place);
     test.clicks.press(QPoint(300, 100));
-    QCoreApplication::processEvents();
+    test.runLoop.drain();
     EXPECT_TRUE(test.controller.isPopoverShown()) << "inside";
     test.clicks.press(QPoint(410, 10));
-    QCoreApplication::processEvents();
+    test.runLoop.drain();
     EXPECT_FALSE(test.controller.isPopoverShown());
     test.pass(100ms);
     test.item.activate(place);
@@ -198,7 +198,7 @@ TEST(StatusItemController, AClickElsewhereClosesAndTheSameClickDoesNotReopen)
     test.item.activate(place);
     QCursor::setPos(410, 10);
     test.clicks.press(QPoint(410, 10));
-    QCoreApplication::processEvents();
+    test.runLoop.drain();
     test.pass(1500ms);
     test.item.activate(place);
     EXPECT_FALSE(test.controller.isPopoverShown());

@@ -36,7 +36,7 @@ TEST_F(ViewWindowsTest, HideAtOnceAndGoInALaterTurn)
     QObject::connect(window.get(), &ViewWindow::closed, window.get(), [] { ADD_FAILURE() << "nobody else closed it"; });
     window.reset();
     EXPECT_FALSE(shown.isVisible());
-    EXPECT_EQ(let, 0) << "whoever closes may be inside the view";
+    EXPECT_EQ(let, 0) << "the closing call may come from the view";
     runLoop.drain();
     EXPECT_EQ(let, 1);
 

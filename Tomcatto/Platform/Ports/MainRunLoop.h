@@ -19,8 +19,8 @@ public:
     [[nodiscard]] virtual Cancellable every(std::chrono::milliseconds interval, std::function<void()> action) = 0;
     /// Calls `action` once after `delay`, unless the result is destroyed before.
     [[nodiscard]] virtual Cancellable after(std::chrono::milliseconds delay, std::function<void()> action) = 0;
-    /// Calls `action` in a later turn of the loop, in the order of the calls, unless `context` is destroyed before: with
-    /// it goes what the action holds.
+    /// Calls `action` in a later turn of the loop, in the order of the calls, unless `context` is destroyed before:
+    /// with it goes what the action holds.
     virtual void async(QObject &context, std::function<void()> action) = 0;
 };
 
