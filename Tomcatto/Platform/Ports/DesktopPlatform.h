@@ -1,14 +1,12 @@
 #pragma once
 
 #include "Platform/Ports/ActivationPolicyPort.h"
-#include "Platform/Ports/Alert.h"
+#include "Platform/Ports/DesktopServices.h"
 #include "Platform/Ports/GlobalClickMonitor.h"
 #include "Platform/Ports/KeyMonitor.h"
 #include "Platform/Ports/MainRunLoop.h"
-#include "Platform/Ports/NotificationProbe.h"
 #include "Platform/Ports/Screens.h"
 #include "Platform/Ports/StatusItem.h"
-#include "Platform/Ports/SystemSettings.h"
 #include "Platform/Ports/UserDefaults.h"
 #include "Platform/Ports/ViewHost.h"
 #include "Platform/Ports/WindowTheme.h"
@@ -17,20 +15,10 @@
 
 namespace tomcatto {
 
-/// What a desktop gives the services.
-struct DesktopServices
-{
-    /// Owns everything below, which lives no longer than the application object.
-    std::shared_ptr<const void> adapters;
-    Alert &alert;
-    SystemSettings &systemSettings;
-    NotificationProbe &notificationProbe;
-};
-
 /// What a desktop gives the surfaces.
 struct DesktopPorts
 {
-    /// As above.
+    /// Owns everything below, which lives no longer than the application object.
     std::shared_ptr<const void> adapters;
     WindowTheme &theme;
     ActivationPolicyPort &activationPolicy;
