@@ -3,6 +3,7 @@
 #include "Composition/AppDependencies.h"
 #include "Fakes/FakeDesktopServices.h"
 #include "Fakes/FakeUserDefaults.h"
+#include "Fakes/FakeWidgetCenter.h"
 #include "Fakes/ManualClock.h"
 #include "Fakes/ManualPower.h"
 #include "Fakes/ManualRunLoop.h"
@@ -43,8 +44,10 @@ public:
     std::shared_ptr<PathBookmarks> bookmarks = std::make_shared<PathBookmarks>();
     TextStillFrame stillFrame;
     FakeLoginItem loginItem;
-    AppDependencies dependencies{PlatformServices{clock, wallClock, runLoop, identifiers, defaults, power, bookmarks,
-                                                  stillFrame, loginItem, folder.path(), folder.path()}};
+    FakeWidgetCenter widgetCenter;
+    AppDependencies dependencies{PlatformServices{
+        clock, wallClock, runLoop, identifiers, defaults, power, widgetCenter, bookmarks, stillFrame, loginItem,
+        folder.path(), folder.filePath(QStringLiteral("widget-snapshot.json")), folder.path()}};
 };
 
 }

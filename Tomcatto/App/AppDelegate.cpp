@@ -48,6 +48,7 @@ void AppDelegate::applicationWillTerminate()
 {
     m_dependencies.session.recordTermination();
     m_dependencies.coreDataStack.save();
+    m_dependencies.widgetBridge.writeFinalSnapshot();
     m_dependencies.platform.defaults.synchronize();
 }
 
@@ -73,6 +74,7 @@ void AppDelegate::installAppUI(ApplicationSurfaces &surfaces)
     // Connected after the coordinator, so that the pause is part of it.
     connect(&m_dependencies.sleepWakeObserver, &SleepWakeObserver::willSleep, this,
             &AppDelegate::applicationMayTerminate);
+    m_dependencies.widgetBridge.start();
     if (std::exchange(m_pendingPopoverReveal, false)) {
         m_dependencies.platform.defaults.setValue(popoverRevealedKey, true);
         surfaces.revealPopover();

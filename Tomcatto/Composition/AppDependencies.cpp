@@ -48,6 +48,8 @@ AppDependencies::AppDependencies(const PlatformServices &services)
     , strings(languageOverrideService)
     , sleepWakeObserver(platform.workspacePower, platform.monotonicClock)
     , sleepWakeCoordinator(stateMachine, timer, sleepWakeObserver)
+    , widgetBridge(stateMachine, timer, settings, statsAggregator,
+                   {platform.wallClock, platform.runLoop, platform.widgetCenter, platform.widgetSnapshotFile})
 {
 }
 

@@ -16,6 +16,7 @@
 #include "Recording/PomodoroSession.h"
 #include "Statistics/StatsAggregator.h"
 #include "SystemIntegration/LaunchAtLoginService.h"
+#include "Widget/WidgetBridge.h"
 
 namespace tomcatto {
 
@@ -54,6 +55,7 @@ public:
     MainWindowRouter mainWindowRouter;
     SleepWakeObserver sleepWakeObserver;
     SleepWakeCoordinator sleepWakeCoordinator;
+    WidgetBridge widgetBridge;
 };
 
 }

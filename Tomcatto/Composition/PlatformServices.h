@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Platform/Ports/Bookmarks.h"
-#include "Platform/Ports/DesktopPlatform.h"
+#include "Platform/Ports/DesktopServices.h"
 #include "Platform/Ports/IdentifierSource.h"
 #include "Platform/Ports/LoginItem.h"
 #include "Platform/Ports/MainRunLoop.h"
@@ -9,6 +9,7 @@
 #include "Platform/Ports/StillFrame.h"
 #include "Platform/Ports/UserDefaults.h"
 #include "Platform/Ports/WallClock.h"
+#include "Platform/Ports/WidgetCenter.h"
 #include "Platform/Ports/WorkspacePower.h"
 
 #include <memory>
@@ -24,12 +25,15 @@ struct PlatformServices
     IdentifierSource &identifiers;
     UserDefaults &defaults;
     WorkspacePower &workspacePower;
+    WidgetCenter &widgetCenter;
     /// Shared with threads that a disk may hold longer than anything lives.
     std::shared_ptr<const Bookmarks> bookmarks;
     const StillFrame &stillFrame;
     LoginItem &loginItem;
     /// The user's application-support folder; empty if there is none.
     std::optional<QString> applicationSupportDirectory;
+    /// The file that widgets read; empty if it has no place.
+    QString widgetSnapshotFile;
     /// The folder with the videos that ship with the application; it may be missing.
     QString bundledVideosDirectory;
     /// Missing without a desktop.

@@ -13,6 +13,7 @@
 #include "Platform/Ports/Terminal.h"
 #include "Platform/Ports/UserDefaults.h"
 #include "Platform/Ports/WallClock.h"
+#include "Platform/Ports/WidgetCenter.h"
 #include "Platform/Ports/WorkspacePower.h"
 
 #include <memory>
@@ -37,6 +38,8 @@ struct ProgramPorts
     std::function<void(StandardErrorCopy)> copyLogToStandardError;
     /// The user's application-support folder; empty if there is none.
     std::optional<QString> applicationSupportDirectory;
+    /// The file that widgets read; empty if it has no place.
+    QString widgetSnapshotFile;
     /// Where the application is to listen.
     std::function<QString()> controlSocket;
     /// Where it may listen now, the likeliest place first.
@@ -61,6 +64,7 @@ struct ApplicationPorts
     std::shared_ptr<const void> adapters;
     const MonotonicClock &monotonicClock;
     WorkspacePower &workspacePower;
+    WidgetCenter &widgetCenter;
     ProcessSignals &processSignals;
     Terminal &terminal;
 };

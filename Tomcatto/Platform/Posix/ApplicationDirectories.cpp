@@ -73,6 +73,12 @@ std::optional<QString> ApplicationDirectories::applicationSupport() const
     return path.isEmpty() ? std::nullopt : std::optional(std::move(path));
 }
 
+QString ApplicationDirectories::widgetSnapshotFile() const
+{
+    return inFolder(folderAt(QStandardPaths::GenericDataLocation, "XDG_DATA_HOME"),
+                    QStringLiteral("group.") + applicationIdentifier + QStringLiteral("/widget-snapshot.json"));
+}
+
 QString ApplicationDirectories::userDefaultsFile() const
 {
     return configurationFile(QStringLiteral("defaults.json"));

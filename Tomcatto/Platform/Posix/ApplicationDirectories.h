@@ -15,6 +15,8 @@ public:
     /// The user's application-support folder, which holds the application's own folder "Tomcatto"; nothing if the
     /// user has none.
     [[nodiscard]] std::optional<QString> applicationSupport() const;
+    /// The snapshot that widgets read, in a folder that they share with the application.
+    [[nodiscard]] QString widgetSnapshotFile() const;
     /// The JSON file of the user defaults.
     [[nodiscard]] QString userDefaultsFile() const;
     /// The instance lock, beside the user defaults; where these have no place, as below.

@@ -1,6 +1,7 @@
 #include "Platform/Freedesktop/AutostartLoginItem.h"
 #include "Platform/Freedesktop/LogindWorkspacePower.h"
 #include "Platform/Freedesktop/TimeZoneSignal.h"
+#include "Platform/Freedesktop/WidgetSignal.h"
 #include "Platform/Linux/BirthTime.h"
 #include "Platform/Linux/BootTimeClock.h"
 #include "Platform/Linux/PeerCredentials.h"
@@ -33,6 +34,7 @@ std::unique_ptr<ApplicationPlatform> makeApplicationPlatform()
         .makeLoginItem = [] { return std::make_unique<AutostartLoginItem>(AutostartLoginItem::programAtLogin()); },
         .makeMonotonicClock = [] { return std::make_unique<BootTimeClock>(); },
         .makeWorkspacePower = [] { return std::make_unique<LogindWorkspacePower>(QDBusConnection::systemBus()); },
+        .makeWidgetCenter = [] { return std::make_unique<WidgetSignal>(QDBusConnection::sessionBus()); },
     });
 }
 

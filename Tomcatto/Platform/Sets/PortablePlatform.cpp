@@ -28,6 +28,13 @@ public:
     void setSleepDelayed(bool /*isDelayed*/) override {}
 };
 
+/// Widgets here watch their file.
+class AbsentWidgetCenter final : public WidgetCenter
+{
+public:
+    void reloadTimelines(const QString & /*kind*/) override {}
+};
+
 }
 
 std::unique_ptr<ApplicationPlatform> makeApplicationPlatform()
@@ -38,6 +45,7 @@ std::unique_ptr<ApplicationPlatform> makeApplicationPlatform()
         .makeLoginItem = [] { return std::make_unique<AbsentLoginItem>(); },
         .makeMonotonicClock = [] { return std::make_unique<SteadyClock>(); },
         .makeWorkspacePower = [] { return std::make_unique<UnnoticedSleep>(); },
+        .makeWidgetCenter = [] { return std::make_unique<AbsentWidgetCenter>(); },
     });
 }
 

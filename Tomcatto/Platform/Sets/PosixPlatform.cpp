@@ -49,11 +49,13 @@ struct ApplicationAdapters
     explicit ApplicationAdapters(const PosixDifferences &differences)
         : monotonicClock(differences.makeMonotonicClock())
         , workspacePower(differences.makeWorkspacePower())
+        , widgetCenter(differences.makeWidgetCenter())
     {
     }
 
     std::unique_ptr<MonotonicClock> monotonicClock;
     std::unique_ptr<WorkspacePower> workspacePower;
+    std::unique_ptr<WidgetCenter> widgetCenter;
     UnixProcessSignals processSignals;
     UnixTerminal terminal{processSignals};
 };
@@ -76,6 +78,7 @@ ProgramPorts PosixPlatform::programPorts() const
         program.log,
         [&program](StandardErrorCopy copy) { program.log.copyToStandardError(copy); },
         program.directories.applicationSupport(),
+        program.directories.widgetSnapshotFile(),
         [&program] { return program.directories.controlSocket(); },
         [&program] { return program.directories.reachableControlSockets(program.instanceLock.announced()); },
         program.instanceLock,
@@ -100,6 +103,7 @@ ApplicationPorts PosixPlatform::applicationPorts() const
     return {adapters,
             *adapters->monotonicClock,
             *adapters->workspacePower,
+            *adapters->widgetCenter,
             adapters->processSignals,
             adapters->terminal};
 }

@@ -18,6 +18,7 @@ struct PosixDifferences
     std::function<std::unique_ptr<LoginItem>()> makeLoginItem;
     std::function<std::unique_ptr<MonotonicClock>()> makeMonotonicClock;
     std::function<std::unique_ptr<WorkspacePower>()> makeWorkspacePower;
+    std::function<std::unique_ptr<WidgetCenter>()> makeWidgetCenter;
 };
 
 /// What all systems of the Unix kind share: their calls and the toolkit's, put together once.
