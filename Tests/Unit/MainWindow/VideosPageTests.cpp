@@ -78,9 +78,11 @@ TEST_F(VideosPageTest, RefusesWhatIsNoVideoAndSaysWhy)
 TEST_F(VideosPageTest, AddsEveryFileOnceAndTicksIt)
 {
     const QUrl cats = makeFile("cats.mp4");
-    page.addFiles({cats, cats, makeFile("dogs.mp4")});
+    page.addFiles({cats, cats});
     EXPECT_TRUE(waitUntil([this] { return !page.error().isEmpty(); }));
     EXPECT_EQ(page.error(), QStringLiteral("“cats.mp4” is among your videos already."));
+    waitForVideos(1);
+    page.addFiles({makeFile("dogs.mp4")});
     waitForVideos(2);
     EXPECT_EQ(field(0, "title"), QStringLiteral("cats.mp4"));
     EXPECT_EQ(field(0, "caption"), QStringLiteral("Added 9 Oct, resting"));
