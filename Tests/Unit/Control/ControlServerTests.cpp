@@ -171,12 +171,3 @@ TEST_F(ControlServerTest, TakesOverADeadFileNeverALiveOne)
     ControlServer nowhere(commands, sockets, runLoop, QStringLiteral("/proc/no/such/place"));
     EXPECT_EQ(nowhere.listen(), ControlServer::ListenResult::failed);
 }
-
-TEST(ControlClient, NobodyThereIsNotRunning)
-{
-    const QTemporaryDir directory;
-    UnixLocalSockets sockets;
-    const ControlClient client(sockets,
-                               [&directory] { return QStringList{directory.filePath(QStringLiteral("none"))}; });
-    EXPECT_EQ(client.send({QStringLiteral("status"), {}, false}).status, ExitStatus::notRunning);
-}

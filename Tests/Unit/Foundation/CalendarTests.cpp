@@ -50,30 +50,6 @@ TEST(Calendar, KnowsWhereDaysBeginAndHowLongTheyAre)
     }
 }
 
-TEST(Calendar, FindsTheUnitOfADay)
-{
-    const struct
-    {
-        CalendarUnit unit;
-        Qt::DayOfWeek firstWeekday;
-        const char *day, *first, *next;
-    } cases[] = {
-        {CalendarUnit::weekOfYear, Qt::Monday, "2025-01-01", "2024-12-30", "2025-01-06"},
-        {CalendarUnit::weekOfYear, Qt::Sunday, "2025-01-01", "2024-12-29", "2025-01-05"},
-        {CalendarUnit::weekOfYear, Qt::Saturday, "2025-01-01", "2024-12-28", "2025-01-04"},
-        {CalendarUnit::weekOfYear, Qt::Sunday, "2025-01-05", "2025-01-05", "2025-01-12"},
-        {CalendarUnit::month, Qt::Monday, "2024-02-29", "2024-02-01", "2024-03-01"},
-        {CalendarUnit::year, Qt::Monday, "2024-12-31", "2024-01-01", "2025-01-01"},
-    };
-    for (const auto &[unit, firstWeekday, text, first, next] : cases) {
-        SCOPED_TRACE(std::string(text) + " from " + first);
-        const Calendar calendar{QTimeZone("Europe/Berlin"), firstWeekday};
-        EXPECT_EQ(calendar.firstDay(unit, day(text)), day(first));
-        EXPECT_EQ(calendar.firstDayAfter(unit, day(text)), day(next));
-        EXPECT_EQ(calendar.interval(unit, day(text)).end, calendar.startOfDay(day(next)));
-    }
-}
-
 TEST(Calendar, MovesByDaysAndKnowsItsReach)
 {
     const Calendar berlin{QTimeZone("Europe/Berlin"), Qt::Monday};

@@ -41,7 +41,6 @@ TEST(LanguageOverrideService, AnnouncesEachNewChoiceOnce)
     EXPECT_EQ(spy.count(), 3);
     EXPECT_EQ(defaults.stored.at(u"selectedLanguage"_s), DefaultsValue(u"system"_s));
     EXPECT_EQ(service.resolvedLanguage(), Language::fr);
-    EXPECT_EQ(languageDidChangeNotification, u"studio.quillbay.Tomcatto.LanguageDidChange"_s);
 }
 
 TEST(LanguageOverrideService, ChoiceForThisRunStaysInForce)

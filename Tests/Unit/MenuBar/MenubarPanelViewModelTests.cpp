@@ -217,19 +217,5 @@ TEST(MenubarPanelViewModel, StripFollowsTheHistoryAndTheSettings)
     EXPECT_EQ(panel.model.strip().goalCount, u"0"_qs);
 }
 
-TEST(MenubarPanelViewModel, BackGoesToTheTimerAndThenCloses)
-{
-    Panel panel;
-    QSignalSpy dismissals(&panel.model, &MenubarPanelViewModel::dismissRequested);
-    panel.model.openStatistics();
-    panel.model.openStatistics();
-    EXPECT_EQ(panel.navigation.path(), std::vector{PopoverRoute::stats});
-    panel.model.back();
-    EXPECT_FALSE(panel.model.showsStatistics());
-    EXPECT_EQ(dismissals.count(), 0);
-    panel.model.back();
-    EXPECT_EQ(dismissals.count(), 1);
-}
-
 }
 }

@@ -171,15 +171,6 @@ INSTANTIATE_TEST_SUITE_P(StatusPill, PillCases, testing::Combine(testing::Values
 TEST(StatusPillRenderer, DigitsAreEquallyWideSoThatTheItemKeepsItsLength)
 {
     EXPECT_DOUBLE_EQ(textWidth(u"11:11"_qs), textWidth(u"00:00"_qs));
-    EXPECT_EQ(StatusMetrics::logoHeight(), 18);
-    EXPECT_EQ(StatusMetrics::baseline(), 17);
-}
-
-TEST(StatusPillRenderer, AMissingLogoGivesNothing)
-{
-    const StatusArt nothing(u":/nowhere"_qs);
-    EXPECT_FALSE(StatusPillRenderer(nothing).render({}));
-    EXPECT_FALSE(TrayIconRenderer(nothing).render({}, 24));
 }
 
 TEST(TrayIconRenderer, FillRisesFromTheBottomAndBarsSayPaused)

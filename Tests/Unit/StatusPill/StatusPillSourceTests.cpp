@@ -76,10 +76,5 @@ TEST_P(PillStates, SayWhatTheTimerDoes)
 INSTANTIATE_TEST_SUITE_P(StatusPill, PillStates, testing::ValuesIn(states),
                          [](const auto &row) { return std::string(row.param.name); });
 
-TEST(ClockText, HasNoMinus)
-{
-    EXPECT_EQ(clockText(-1), QStringLiteral("00:00"));
-}
-
 }
 }

@@ -50,13 +50,8 @@ TEST_F(LaunchAtLogin, SettingFollowsTheStatusReadFromTheSystem)
     EXPECT_TRUE(alert.shown.empty()) << "nobody has asked for anything";
 }
 
-TEST_F(LaunchAtLogin, ChangedSettingReachesTheSystem)
+TEST_F(LaunchAtLogin, WhatNeedsAnApprovalIsOffUntilThen)
 {
-    settings.setLaunchAtLogin(true);
-    EXPECT_EQ(item.current, LoginItemStatus::enabled);
-    settings.setLaunchAtLogin(false);
-    EXPECT_EQ(item.current, LoginItemStatus::notRegistered);
-
     item.afterRegister = LoginItemStatus::requiresApproval;
     service.enable();
     EXPECT_FALSE(settings.launchAtLogin()) << "nothing is started before the approval";

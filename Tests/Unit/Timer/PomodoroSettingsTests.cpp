@@ -35,7 +35,8 @@ TEST(PomodoroSettings, WrongTypesCountAsAbsent)
                     {text("longBreakDurationSeconds"), 600.0},   {text("cyclesBeforeLongBreak"), 1e300},
                     {text("overflowEnabled"), qint64{1}},        {text("soundEnabled"), text("false")},
                     {text("themePreference"), text("sepia")},    {text("menuBarStyle"), qint64{3}},
-                    {text("selectedLanguage"), text("xx")}};
+                    {text("selectedLanguage"), text("xx")},      {text("autoStartNextCycle"), text("no")}};
+    const auto before = store.stored;
     const PomodoroSettings settings(store);
     EXPECT_EQ(settings.workDurationSeconds(), 1500);
     EXPECT_EQ(settings.shortBreakDurationSeconds(), 300);
@@ -46,6 +47,8 @@ TEST(PomodoroSettings, WrongTypesCountAsAbsent)
     EXPECT_EQ(settings.themePreference(), ThemePreference::system);
     EXPECT_EQ(settings.menuBarStyle(), MenuBarStyle::countdown);
     EXPECT_EQ(settings.selectedLanguage(), SelectedLanguage::system);
+    EXPECT_TRUE(settings.autoStartBreaks());
+    EXPECT_EQ(store.stored, before) << "nothing of it is migrated";
 }
 
 TEST(PomodoroSettings, MigratesTheSingleAutomaticStart)
@@ -63,15 +66,6 @@ TEST(PomodoroSettings, MigratesTheSingleAutomaticStart)
     const std::map<QString, DefaultsValue> expected{
         {text("autoStartBreaks"), false}, {text("autoStartFocus"), true}, {text("menuBarStyle"), text("iconOnly")}};
     EXPECT_EQ(store.stored, expected);
-}
-
-TEST(PomodoroSettings, OldSwitchOfAnotherTypeIsLeftAlone)
-{
-    FakeUserDefaults store;
-    store.stored = {{text("autoStartNextCycle"), text("no")}};
-    const PomodoroSettings settings(store);
-    EXPECT_TRUE(settings.autoStartBreaks());
-    EXPECT_EQ(store.stored.size(), 1U);
 }
 
 TEST(PomodoroSettings, ChangesAreStoredAndAnnouncedAtOnce)

@@ -49,15 +49,6 @@ TEST_F(PomodoroStateMachineTest, SkippingFollowsTheSameSequence)
     EXPECT_FALSE(machine.isPaused()) << "only a completion holds";
 }
 
-TEST_F(PomodoroStateMachineTest, NothingAppliesWhileIdle)
-{
-    const QString token = machine.phaseToken();
-    EXPECT_FALSE(machine.pause() || machine.resume() || machine.skip() || machine.takeBreak() || machine.reset() ||
-                 machine.extend(300) || machine.completeBreak() || machine.terminate());
-    EXPECT_TRUE(transitions.empty());
-    EXPECT_EQ(machine.phaseToken(), token);
-}
-
 TEST_F(PomodoroStateMachineTest, CompletionHoldsWhatDoesNotStartByItself)
 {
     settings.setAutoStartBreaks(false);

@@ -100,21 +100,3 @@ TEST_F(PomodoroTimerTest, PauseFreezesForAnyTimeAlsoOverflow)
     EXPECT_EQ(timer.remainingSeconds(), 0);
     EXPECT_EQ(expiries, 1);
 }
-
-TEST_F(PomodoroTimerTest, ExtendAddsToWhatIsLeft)
-{
-    timer.start(60, true);
-    pass(48s);
-    timer.extend(300);
-    EXPECT_EQ(timer.remainingSeconds(), 312);
-    pass(412s);
-    EXPECT_EQ(timer.overflowSeconds(), 100);
-    timer.extend(300);
-    EXPECT_EQ(timer.remainingSeconds(), 300);
-    EXPECT_EQ(timer.overflowSeconds(), 0);
-    pass(300s);
-    EXPECT_EQ(expiries, 2) << "an extended phase expires again";
-    timer.extend(0);
-    timer.extend(-5);
-    EXPECT_EQ(timer.remainingSeconds(), 0);
-}

@@ -3,8 +3,6 @@ import QtTest
 import Tomcatto.Appearance
 
 TestCase {
-    id: testCase
-
     name: "Theme"
     when: windowShown
     width: 300
@@ -78,16 +76,6 @@ TestCase {
         symbol.color = "#B3341C"
         image = grabImage(symbol)
         verify(Qt.colorEqual(image.pixel(Math.round(14 * scale), Math.round(20 * scale)), "#B3341C"))
-    }
-
-    function test_unknownSymbolIsNamedOnceAndDrawsNothing() {
-        const before = grabImage(testCase).pixel(14, 20)
-        ignoreWarning("there is no symbol named cat.nip")
-        symbol.name = "cat.nip"
-        verify(!Qt.colorEqual(grabImage(testCase).pixel(14, 20), before))
-        symbol.name = "pause.fill"
-        symbol.name = "cat.nip"
-        symbol.name = "pause.fill"
     }
 
     function test_wholeRowIsItsSwitch() {

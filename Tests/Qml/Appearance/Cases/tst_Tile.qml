@@ -16,13 +16,6 @@ TestCase {
         width: 120
     }
 
-    SignalSpy {
-        id: clicked
-
-        target: tile
-        signalName: "clicked"
-    }
-
     function test_labelIsNeverCut_data() {
         return [
             {tag: "short", text: "Skip", size: 13, icon: true, lines: 1},
@@ -45,23 +38,6 @@ TestCase {
         compare(tile.showsSymbol, row.icon)
         if (row.size !== undefined)
             compare(tile.labelSize, row.size)
-    }
-
-    function test_keysPressOnce_data() {
-        return [
-            {tag: "space", key: Qt.Key_Space, enabled: true, count: 1},
-            {tag: "return", key: Qt.Key_Return, enabled: true, count: 1},
-            {tag: "enter", key: Qt.Key_Enter, enabled: true, count: 1},
-            {tag: "disabled", key: Qt.Key_Return, enabled: false, count: 0},
-        ]
-    }
-    function test_keysPressOnce(row) {
-        tile.enabled = row.enabled
-        tile.forceActiveFocus(Qt.TabFocusReason)
-        clicked.clear()
-        keyClick(row.key)
-        compare(clicked.count, row.count)
-        tile.enabled = true
     }
 
     /// As the place narrows, the size falls first, then the symbol goes, then a second line comes; nothing comes back.
