@@ -37,6 +37,7 @@ public:
         return {};
     }
     /// Calls `saved` after every change of the stored history.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): a history that changes keeps it.
     [[nodiscard]] virtual Cancellable onSave(std::function<void()> /*saved*/) const { return {}; }
 };
 
