@@ -187,7 +187,7 @@ void DesktopSurfaces::previewVideo(const QString &id, const std::function<void(P
             if (!overlay || !overlay->isShown())
                 finished();
         };
-        return done(openPreview(std::move(videos)));
+        return done(openPreview(videos));
     }
     const QUuid video = QUuid::fromString(id);
     m_dependencies.userVideoProvider.open(
@@ -210,12 +210,12 @@ DesktopSurfaces::PreviewOutcome DesktopSurfaces::previewPlace(const QUuid &id, c
     BreakVideoSource source = oneVideo({place->fileUrl, thumbnail(id)});
     // The access to the file lasts as long as the preview holds its source.
     source.finished = [access = place->access] {};
-    return openPreview(std::move(source));
+    return openPreview(source);
 }
 
-DesktopSurfaces::PreviewOutcome DesktopSurfaces::openPreview(BreakVideoSource videos)
+DesktopSurfaces::PreviewOutcome DesktopSurfaces::openPreview(const BreakVideoSource &videos)
 {
-    m_breakPreviewController.open(std::move(videos));
+    m_breakPreviewController.open(videos);
     return m_breakPreviewController.isOpen() ? PreviewOutcome::opened : PreviewOutcome::noView;
 }
 
