@@ -1,4 +1,4 @@
-#include "Control/ControlClient.h"
+#include "Control/ControlMessage.h"
 #include "Control/ControlServer.h"
 #include "Fakes/ManualRunLoop.h"
 #include "Platform/Posix/UnixLocalSockets.h"
