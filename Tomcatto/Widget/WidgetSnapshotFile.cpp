@@ -40,7 +40,7 @@ std::expected<WidgetSnapshot, QString> WidgetSnapshotFile::read() const
     if (!file.open(QIODevice::ReadOnly))
         return std::unexpected(file.errorString());
     // A snapshot has some 400 bytes; what is larger is something else.
-    constexpr qint64 mostBytes = 64 * 1024;
+    constexpr qint64 mostBytes = qint64{64} * 1024;
     return SharedJSON::decode(file.read(mostBytes));
 }
 

@@ -76,8 +76,8 @@ bool FilmDesk::sendFrame(int film, const FilmFrame &frame)
     news.format = given.format;
     news.angle = given.angle;
     for (std::size_t plane = 0; plane < given.planes.size(); ++plane) {
-        if (given.planes.at(plane))
-            news.planes.at(plane) = static_cast<qint64>(*m_memory.offset(given.planes.at(plane)));
+        if (const auto offset = m_memory.offset(given.planes.at(plane)))
+            news.planes.at(plane) = static_cast<qint64>(*offset);
     }
     news.strides = given.strides;
     news.isStandard = given.isStandard;

@@ -16,13 +16,15 @@ int main(int argc, char **argv)
     const std::size_t size = std::stoull(argv[2]);
     void *begin = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED, std::stoi(argv[1]), 0);
     // What libraries print must not lie between the news.
-    std::FILE *news = ::fdopen(::dup(STDOUT_FILENO), "w");
+    const int output = ::dup(STDOUT_FILENO);
+    const std::unique_ptr<std::FILE, int (*)(std::FILE *)> news(output < 0 ? nullptr : ::fdopen(output, "w"),
+                                                                std::fclose);
     if (begin == MAP_FAILED || !news || ::dup2(STDERR_FILENO, STDOUT_FILENO) < 0)
         return 4;
     FilmPipeline::load();
     FrameMemory memory(static_cast<std::byte *>(begin), size);
     allocateFramesIn(memory);
-    FilmDesk desk(news, memory);
+    FilmDesk desk(news.get(), memory);
     FilmOrder order;
     while (std::fread(&order, sizeof(order), 1, stdin) == 1) {
         std::string text(static_cast<std::size_t>(order.textSize), '\0');
