@@ -1,5 +1,6 @@
 #include "CommandLine/TerminalFrontEnd.h"
 #include "Fakes/FakeDesktopServices.h"
+#include "Fakes/FakeWidgetCenter.h"
 #include "Fakes/ManualClock.h"
 #include "Fakes/ManualPower.h"
 #include "Fakes/VideosFixture.h"
@@ -21,6 +22,7 @@ class UnseenTerminal final : public Terminal
 public:
     [[nodiscard]] bool isTerminal() const override { return true; }
     [[nodiscard]] bool isInteractive() const override { return true; }
+    [[nodiscard]] bool showsErrors() const override { return true; }
     [[nodiscard]] int columns() const override { return 80; }
     [[nodiscard]] Cancellable readKeys(std::function<void(QChar)> /*handler*/) override { return {}; }
     void write(const QString &text) override { benchmark::DoNotOptimize(text.toUtf8()); }
@@ -89,8 +91,11 @@ public:
     std::shared_ptr<PathBookmarks> bookmarks = std::make_shared<PathBookmarks>();
     TextStillFrame stillFrame;
     FakeLoginItem loginItem;
-    AppDependencies dependencies{{clock, wallClock, runLoop, identifiers, defaults, power, bookmarks, stillFrame,
-                                  loginItem, history.applicationSupportDirectory(), QString()}};
+    FakeWidgetCenter widgetCenter;
+    AppDependencies dependencies{PlatformServices{
+        clock, wallClock, runLoop, identifiers, defaults, power, widgetCenter, bookmarks, stillFrame, loginItem,
+        history.applicationSupportDirectory(),
+        history.applicationSupportDirectory() + QStringLiteral("/widget-snapshot.json"), QString()}};
 };
 
 constexpr qint64 longPhase = 1'000'000'000;

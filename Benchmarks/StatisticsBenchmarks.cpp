@@ -27,7 +27,7 @@ void registerFirstStatistics(Workshop &workshop)
     registerBesideShell(
         workshop, "first statistics, all figures of all time", "at most 2 × `sqlite3`",
         [](OpenHistory &open) {
-            const StatsAggregator fresh(open.sessionHistory, open.clock);
+            const StatsAggregator fresh(open.repository, open.clock);
             benchmark::DoNotOptimize(gatherStatsReport(fresh, StatsRange::allTime, goal));
         },
         [](OpenHistory &) { return std::string(figureQueries::stamps); });
