@@ -92,10 +92,10 @@ public:
     TextStillFrame stillFrame;
     FakeLoginItem loginItem;
     FakeWidgetCenter widgetCenter;
-    AppDependencies dependencies{PlatformServices{
-        clock, wallClock, runLoop, identifiers, defaults, power, widgetCenter, bookmarks, stillFrame, loginItem,
-        history.applicationSupportDirectory(),
-        history.applicationSupportDirectory() + QStringLiteral("/widget-snapshot.json"), QString()}};
+    AppDependencies dependencies{
+        PlatformServices{clock, wallClock, runLoop, identifiers, defaults, power, widgetCenter, bookmarks, stillFrame,
+                         loginItem, history.applicationSupportDirectory(),
+                         history.applicationSupportDirectory() + QStringLiteral("/widget-snapshot.json"), QString()}};
 };
 
 constexpr qint64 longPhase = 1'000'000'000;

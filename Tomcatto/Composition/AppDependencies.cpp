@@ -11,6 +11,20 @@ std::unique_ptr<quillbay::NotificationAuthorization> makeNotificationAuthorizati
     return desktop ? std::make_unique<quillbay::NotificationAuthorization>(desktop->notificationProbe) : nullptr;
 }
 
+/// A marker stays until its phase is recorded, so there is never a moment without both.
+std::optional<EndedPhase> runningPhase(const std::optional<InFlightSessionMarker> &marker)
+{
+    const auto phase = marker ? phaseFromRawValue(marker->phase) : std::nullopt;
+    if (!phase)
+        return std::nullopt;
+    EndedPhase running;
+    running.phase = *phase;
+    running.startedAt = marker->startedAt;
+    running.plannedSeconds = marker->plannedDurationSeconds;
+    running.cycleIndex = marker->cycleIndex;
+    return running;
+}
+
 /// The texts may be built later: they are read when something failed.
 std::optional<LaunchAtLoginService::FailureAlert> failureAlert(const DesktopServices *desktop,
                                                                const LocalizedStrings &strings)
@@ -43,6 +57,8 @@ AppDependencies::AppDependencies(const PlatformServices &services)
     , userVideoCommands(userVideoRepository, platform.stillFrame, platform.runLoop)
     , notificationAuthorization(makeNotificationAuthorization(platform.desktop))
     , statsAggregator(sessionRepository, platform.wallClock)
+    , historyEditor(coreDataStack, platform.wallClock, platform.identifiers,
+                    [this] { return runningPhase(inFlightStore.load()); })
     , launchAtLoginService(settings, platform.loginItem, failureAlert(platform.desktop, strings))
     , languageOverrideService(platform.defaults)
     , strings(languageOverrideService)

@@ -14,6 +14,7 @@
 #include "Power/SleepWakeCoordinator.h"
 #include "QuillbayKit/NotificationAuthorization.h"
 #include "Recording/PomodoroSession.h"
+#include "Statistics/HistoryEditor.h"
 #include "Statistics/StatsAggregator.h"
 #include "SystemIntegration/LaunchAtLoginService.h"
 #include "Widget/WidgetBridge.h"
@@ -49,6 +50,7 @@ public:
     /// Nothing without a desktop.
     std::unique_ptr<quillbay::NotificationAuthorization> notificationAuthorization;
     StatsAggregator statsAggregator;
+    HistoryEditor historyEditor;
     LaunchAtLoginService launchAtLoginService;
     LanguageOverrideService languageOverrideService;
     LocalizedStrings strings;

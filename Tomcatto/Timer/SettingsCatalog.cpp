@@ -10,8 +10,7 @@ namespace {
 using Key = PomodoroSettings::Key;
 using Kind = SettingDescriptor::Kind;
 
-// The duration controls reach from 1 to 180 minutes; the command line takes seconds as well.
-constexpr qint64 longestDuration = 180LL * 60;
+constexpr qint64 longestDuration = longestDurationMinutes * 60;
 
 SettingDescriptor integer(Key key, qint64 fallback, qint64 minimum, qint64 maximum)
 {

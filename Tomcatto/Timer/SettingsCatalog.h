@@ -8,6 +8,9 @@
 
 namespace tomcatto {
 
+/// The controls for durations reach from 1 to this many minutes; the command line takes seconds as well.
+inline constexpr qint64 longestDurationMinutes = 180;
+
 /// One setting: its key, its default and what the controls and the command line may set it to. Every value is a number
 /// here: 0 or 1 of a boolean, of a choice the place of its text.
 struct SettingDescriptor

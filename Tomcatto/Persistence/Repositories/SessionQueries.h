@@ -2,7 +2,8 @@
 
 namespace tomcatto::sessionQueries {
 
-// Every statement on the ended phases. Each has an index that also gives its order, except the one that takes all.
+// Every statement on the ended phases. Each has an index that also gives its order, except the one that takes all
+// and the one that looks for an identifier.
 
 inline constexpr const char *insert =
     "INSERT INTO PomodoroSessionRecord (id, phase, startedAt, endedAt, plannedDurationSeconds, actualDurationSeconds,"
@@ -51,6 +52,24 @@ inline constexpr const char *earliestStart =
 inline constexpr const char *all =
     "SELECT id, phase, startedAt, endedAt, plannedDurationSeconds, actualDurationSeconds, cycleIndex, wasCompleted,"
     " wasSkipped FROM PomodoroSessionRecord";
+
+/// ?1 start, ?2 end, ?3 how long a phase lasts at most by its stamps: the earliest one that shares time with the
+/// interval. A phase ends at its stamp, or after its actual seconds where that is missing or was set by another clock.
+inline constexpr const char *overlapping =
+    "SELECT id, phase, startedAt, endedAt, plannedDurationSeconds, actualDurationSeconds, cycleIndex, wasCompleted,"
+    " wasSkipped FROM PomodoroSessionRecord WHERE startedAt > ?1 - ?3 AND startedAt < ?2"
+    " AND +phase IN ('work', 'shortBreak', 'longBreak')"
+    " AND CASE WHEN typeof(endedAt) IN ('real', 'integer') AND endedAt BETWEEN startedAt AND startedAt + ?3"
+    " THEN endedAt ELSE startedAt + actualDurationSeconds END > max(startedAt, ?1)"
+    " ORDER BY startedAt LIMIT 1";
+
+/// ?1 the id. From the end of the table, where those lie that are looked for as a rule.
+inline constexpr const char *withIdentifier =
+    "SELECT id, phase, startedAt, endedAt, plannedDurationSeconds, actualDurationSeconds, cycleIndex, wasCompleted,"
+    " wasSkipped, rowid FROM PomodoroSessionRecord WHERE id = ?1 ORDER BY rowid DESC LIMIT 1";
+
+/// ?1 the row's number.
+inline constexpr const char *removeRow = "DELETE FROM PomodoroSessionRecord WHERE rowid = ?1";
 
 /// ?1 the cutoff; what started then stays.
 inline constexpr const char *prune = "DELETE FROM PomodoroSessionRecord WHERE startedAt < ?1";

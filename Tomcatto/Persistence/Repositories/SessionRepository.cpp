@@ -3,38 +3,12 @@
 #include "Foundation/CheckedArithmetic.h"
 #include "Persistence/CoreDataStack.h"
 #include "Persistence/Repositories/SessionQueries.h"
-#include "Platform/Ports/IdentifierSource.h"
+#include "Persistence/Repositories/SessionRows.h"
 #include "Platform/Ports/WallClock.h"
 
 namespace tomcatto {
 
 namespace {
-
-std::vector<StoreValue> insertValues(const PomodoroSessionInsertRequest &request)
-{
-    return {identifierText(request.id),
-            rawValue(request.phase),
-            secondsSince1970(request.startedAt),
-            secondsSince1970(request.endedAt),
-            qint64{checkedNarrow<qint32>(request.plannedDurationSeconds)},
-            qint64{checkedNarrow<qint32>(request.actualDurationSeconds)},
-            qint64{checkedNarrow<qint16>(request.cycleIndex)},
-            qint64{request.wasCompleted},
-            qint64{request.wasSkipped}};
-}
-
-PomodoroSessionRecord recordOf(const StoreRow &row)
-{
-    return {.id = row.identifier(0),
-            .phase = row.text(1),
-            .startedAt = row.date(2),
-            .endedAt = row.date(3),
-            .plannedDurationSeconds = row.integer<qint32>(4),
-            .actualDurationSeconds = row.integer<qint32>(5),
-            .cycleIndex = row.integer<qint16>(6),
-            .wasCompleted = row.boolean(7),
-            .wasSkipped = row.boolean(8)};
-}
 
 // Runs `sql` as one save of the context.
 StoreResult<void> write(ManagedObjectContext &context, const char *sql, const std::vector<StoreValue> &values,
@@ -77,7 +51,7 @@ SessionRepository::~SessionRepository() = default;
 void SessionRepository::insert(const PomodoroSessionInsertRequest &request, InsertMode mode,
                                std::function<void()> afterWrite)
 {
-    const auto write = [values = insertValues(request), logger = m_logger](ManagedObjectContext &context) {
+    const auto write = [values = sessionValues(request), logger = m_logger](ManagedObjectContext &context) {
         writeSession(context, sessionQueries::insert, values, logger);
     };
     switch (mode) {
@@ -109,7 +83,7 @@ void SessionRepository::waitForWrites()
 
 void SessionRepository::insertRecovered(const PomodoroSessionInsertRequest &request)
 {
-    performWhileAlive([values = insertValues(request), logger = m_logger](ManagedObjectContext &context) {
+    performWhileAlive([values = sessionValues(request), logger = m_logger](ManagedObjectContext &context) {
         writeSession(context, sessionQueries::insertRecovered, values, logger);
     });
 }
@@ -152,7 +126,7 @@ bool SessionRepository::forEachSession(DateInterval interval,
 {
     return fetch(sessionQueries::inInterval,
                  {secondsSince1970(interval.start), secondsSince1970(interval.end), qint64{-1}},
-                 [&visit](const StoreRow &row) { visit(recordOf(row)); });
+                 [&visit](const StoreRow &row) { visit(sessionRecord(row)); });
 }
 
 std::vector<CompletedWorkStamp> SessionRepository::completedWorkStamps() const
@@ -226,7 +200,7 @@ std::vector<PomodoroSessionRecord> SessionRepository::records(const char *sql,
                                                               const std::vector<StoreValue> &values) const
 {
     std::vector<PomodoroSessionRecord> found;
-    if (!fetch(sql, values, [&found](const StoreRow &row) { found.push_back(recordOf(row)); }))
+    if (!fetch(sql, values, [&found](const StoreRow &row) { found.push_back(sessionRecord(row)); }))
         found.clear();
     return found;
 }
