@@ -59,13 +59,17 @@ void WidgetBridge::refresh()
     m_patienceTimer.cancel();
     if (!m_file.isAvailable())
         return;
-    const auto written = m_file.write(snapshot());
+    const WidgetSnapshot current = snapshot();
+    const auto written = m_file.write(current, m_widgetCenter);
     if (!written && !std::exchange(m_hasFailed, true))
         m_logger.error(QStringLiteral("The widget's snapshot cannot be written: ") + written.error());
     if (!written)
         return;
     m_hasFailed = false;
-    m_widgetCenter.reloadTimelines(widgetKind);
+    const bool isNews = !m_told || !differInTimeOnly(*m_told, current);
+    if (isNews)
+        m_told = current;
+    m_widgetCenter.reloadTimelines(widgetKind, isNews ? TimelineNews::changed : TimelineNews::timePassed);
 }
 
 void WidgetBridge::countdown(WidgetSnapshot &snapshot, Date now) const

@@ -59,6 +59,8 @@ private:
     Cancellable m_quietTimer;
     Cancellable m_patienceTimer;
     bool m_hasFailed = false;
+    /// The last snapshot that told widgets more than the time.
+    std::optional<WidgetSnapshot> m_told;
 };
 
 }

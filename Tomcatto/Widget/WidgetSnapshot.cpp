@@ -7,6 +7,16 @@
 
 namespace tomcatto {
 
+namespace {
+
+bool isSameInstant(const std::optional<Date> &one, const std::optional<Date> &other)
+{
+    constexpr Seconds rounding{1};
+    return one && other ? *one - *other <= rounding && *other - *one <= rounding : !one && !other;
+}
+
+}
+
 QString rawValue(WidgetPhase phase)
 {
     switch (phase) {
@@ -53,6 +63,18 @@ WidgetPhase nextPhase(PomodoroPhase current, qint64 cycleIndex, qint64 cyclesPer
         return WidgetPhase::work;
     const qint64 cycles = std::max<qint64>(cyclesPerSet, 1);
     return checkedAdd<qint64>(cycleIndex, 1) % cycles == 0 ? WidgetPhase::longBreak : WidgetPhase::shortBreak;
+}
+
+bool differInTimeOnly(WidgetSnapshot one, const WidgetSnapshot &other)
+{
+    if (!isSameInstant(one.phaseEndsAt, other.phaseEndsAt) ||
+        !isSameInstant(one.overflowStartedAt, other.overflowStartedAt))
+        return false;
+    one.phaseEndsAt = other.phaseEndsAt;
+    one.overflowStartedAt = other.overflowStartedAt;
+    if (other.phaseEndsAt || other.overflowStartedAt)
+        one.staticSeconds = other.staticSeconds;
+    return one == other;
 }
 
 }

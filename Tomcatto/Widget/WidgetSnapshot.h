@@ -46,6 +46,10 @@ struct WidgetSnapshot
     bool operator==(const WidgetSnapshot &) const = default;
 };
 
+/// Whether a widget that counts by itself shows the same for both: they differ in nothing but the seconds that have
+/// passed, and in a second at most by which an instant was rounded.
+[[nodiscard]] bool differInTimeOnly(WidgetSnapshot one, const WidgetSnapshot &other);
+
 /// The phase that follows. @param cyclesPerSet work phases before a long break; below 1 counts as 1
 [[nodiscard]] WidgetPhase nextPhase(PomodoroPhase current, qint64 cycleIndex, qint64 cyclesPerSet);
 

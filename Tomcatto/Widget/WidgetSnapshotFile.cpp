@@ -2,7 +2,6 @@
 
 #include "Widget/SharedJSON.h"
 
-#include <filesystem>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
@@ -14,7 +13,7 @@ WidgetSnapshotFile::WidgetSnapshotFile(QString path)
 {
 }
 
-std::expected<void, QString> WidgetSnapshotFile::write(const WidgetSnapshot &snapshot) const
+std::expected<void, QString> WidgetSnapshotFile::write(const WidgetSnapshot &snapshot, WidgetCenter &widgetCenter) const
 {
     const QString folder = QFileInfo(m_path).path();
     if (!QDir().mkpath(folder))
@@ -27,9 +26,7 @@ std::expected<void, QString> WidgetSnapshotFile::write(const WidgetSnapshot &sna
     part.close();
     if (!isWritten || part.error() != QFileDevice::NoError)
         return std::unexpected(QStringLiteral("%1: %2").arg(part.fileName(), part.errorString()));
-    std::error_code error;
-    std::filesystem::rename(part.filesystemFileName(), QFile(m_path).filesystemFileName(), error);
-    if (error)
+    if (const std::error_code error = widgetCenter.replaceFile(part.fileName(), m_path))
         return std::unexpected(QStringLiteral("%1: %2").arg(m_path, QString::fromStdString(error.message())));
     return {};
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Ports/WidgetCenter.h"
 #include "Widget/WidgetSnapshot.h"
 
 #include <expected>
@@ -17,7 +18,7 @@ public:
     [[nodiscard]] bool isAvailable() const noexcept { return !m_path.isEmpty(); }
     /// Replaces the file. It is not forced to the disk: after a power cut its figures are old in any case.
     /// @return what failed; the earlier file stays then
-    [[nodiscard]] std::expected<void, QString> write(const WidgetSnapshot &snapshot) const;
+    [[nodiscard]] std::expected<void, QString> write(const WidgetSnapshot &snapshot, WidgetCenter &widgetCenter) const;
     /// @return the snapshot, or what is wrong with the file
     [[nodiscard]] std::expected<WidgetSnapshot, QString> read() const;
 

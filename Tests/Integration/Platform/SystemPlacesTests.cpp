@@ -1,5 +1,6 @@
 #include "Fakes/CapturedLog.h"
 #include "Platform/Freedesktop/AutostartLoginItem.h"
+#include "Platform/Linux/FileExchange.h"
 #include "Platform/Posix/ApplicationDirectories.h"
 #include "Platform/Posix/FileInstanceLock.h"
 
@@ -62,4 +63,22 @@ TEST(InstanceLockTests, IsHeldByOneProcessUntilThatEndsHoweverItEnds)
     ASSERT_TRUE(getuid() != 0 || seteuid(0) == 0);
     ASSERT_EQ(chmod(QFile::encodeName(folder.path()).constData(), 0700), 0);
     EXPECT_TRUE(log.lastMessage().endsWith(QStringLiteral(": Permission denied")));
+}
+
+TEST(FileExchangeTests, TakesTheOthersPlaceAndLeavesItWhenItCannot)
+{
+    const QTemporaryDir folder;
+    const QString part = folder.filePath(QStringLiteral("file.part"));
+    const QString place = folder.filePath(QStringLiteral("file"));
+    for (const QByteArray &text : {QByteArrayLiteral("first"), QByteArrayLiteral("second")}) {
+        QFile file(part);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
+        file.close();
+        EXPECT_FALSE(exchangeFile(part, place));
+        QFile read(place);
+        EXPECT_TRUE(read.open(QIODevice::ReadOnly) && read.readAll() == text);
+        EXPECT_FALSE(QFile::exists(part));
+    }
+    EXPECT_EQ(exchangeFile(part, place), std::errc::no_such_file_or_directory);
+    EXPECT_TRUE(QFile::exists(place));
 }

@@ -70,8 +70,13 @@ TEST_F(WidgetBridgeTest, SaysWhatCountsInEachState)
     EXPECT_EQ(written().staticSeconds, 1440);
     EXPECT_TRUE(written().phaseEndsAt);
 
+    // The start, and after it nothing that a widget does not count by itself.
+    EXPECT_GE(center.reloads, 60);
+    EXPECT_EQ(center.changes, 1);
+
     machine.pause();
     settle();
+    EXPECT_EQ(center.changes, 2);
     EXPECT_TRUE(written().isPaused);
     EXPECT_FALSE(written().phaseEndsAt);
     EXPECT_EQ(written().staticSeconds, 1440);

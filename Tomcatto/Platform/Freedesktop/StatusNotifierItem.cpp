@@ -4,20 +4,24 @@
 
 #include <chrono>
 #include <QtCore/QPoint>
+#include <utility>
 
 namespace tomcatto {
+
+namespace {
+
+constexpr std::chrono::seconds toolTipPause{5};
+constexpr std::chrono::milliseconds longerThanATick{1'500};
+
+}
 
 StatusNotifierItem::StatusNotifierItem(QString menuPath)
     : m_menuPath(std::move(menuPath))
 {
     registerStatusNotifierTypes();
-    m_toolTipPause.setSingleShot(true);
-    m_toolTipPause.setTimerType(Qt::CoarseTimer);
-    m_toolTipPause.setInterval(std::chrono::seconds(5));
-    connect(&m_toolTipPause, &QTimer::timeout, this, [this] {
-        if (m_toolTip != m_announcedToolTip)
-            announceToolTip();
-    });
+    m_lastToolTip.setSingleShot(true);
+    m_lastToolTip.setInterval(longerThanATick);
+    connect(&m_lastToolTip, &QTimer::timeout, this, &StatusNotifierItem::announceToolTip);
 }
 
 QString StatusNotifierItem::id() const
@@ -40,17 +44,37 @@ void StatusNotifierItem::update(const QList<QImage> &images, const QString &tool
         m_icons.clear();
         for (const QImage &image : images)
             m_icons.append(iconPixmap(image));
-        Q_EMIT NewIcon();
+        announceIcon();
     }
-    if (m_toolTip != m_announcedToolTip && (isIconNew || !m_toolTipPause.isActive()))
+    if (m_toolTip == m_announcedToolTip)
+        return;
+    if (isIconNew || m_toolTipPause.hasExpired())
         announceToolTip();
+    else
+        m_lastToolTip.start();
+}
+
+void StatusNotifierItem::setHosted(bool isHosted)
+{
+    if (std::exchange(m_isHosted, isHosted) || !isHosted)
+        return;
+    announceIcon();
+    announceToolTip();
+}
+
+void StatusNotifierItem::announceIcon()
+{
+    if (m_isHosted)
+        Q_EMIT NewIcon();
 }
 
 void StatusNotifierItem::announceToolTip()
 {
+    m_lastToolTip.stop();
     m_announcedToolTip = m_toolTip;
-    m_toolTipPause.start();
-    Q_EMIT NewToolTip();
+    m_toolTipPause.setRemainingTime(toolTipPause);
+    if (m_isHosted)
+        Q_EMIT NewToolTip();
 }
 
 void StatusNotifierItem::Activate(int x, int y)

@@ -2,6 +2,7 @@
 
 #include "Platform/Freedesktop/StatusNotifierTypes.h"
 
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QObject>
 #include <QtCore/QTimer>
 #include <QtDBus/QDBusObjectPath>
@@ -35,9 +36,12 @@ public:
     /// @param menuPath where the menu is on the same connection.
     explicit StatusNotifierItem(QString menuPath);
 
-    /// Announces what differs. A tooltip alone is announced at most every few seconds: the tray answers each
-    /// announcement with questions, which would wake the application up more often than its own clock does.
+    /// Announces what differs while a tray shows it. A tooltip alone is announced at most every few seconds: the tray
+    /// answers each announcement with questions, which would wake the application up more often than its own clock
+    /// does.
     void update(const QList<QImage> &images, const QString &toolTip, const QString &accessibleText);
+    /// Whether a tray shows it; one that begins to asks for everything by itself, and for what has changed meanwhile.
+    void setHosted(bool isHosted);
 
     [[nodiscard]] QString category() const { return QStringLiteral("ApplicationStatus"); }
     [[nodiscard]] QString id() const;
@@ -66,6 +70,7 @@ Q_SIGNALS:
     void menuWanted(QPoint place);
 
 private:
+    void announceIcon();
     void announceToolTip();
 
     QString m_menuPath;
@@ -74,8 +79,11 @@ private:
     QString m_toolTip;
     QString m_announcedToolTip;
     QString m_accessibleText;
-    /// Runs for a while after each announcement of a tooltip.
-    QTimer m_toolTipPause;
+    bool m_isHosted = false;
+    /// How long no other tooltip is announced.
+    QDeadlineTimer m_toolTipPause;
+    /// For the last tooltip of a row within that pause; pushed on by each, so that it wakes nobody while they come.
+    QTimer m_lastToolTip;
 };
 
 }

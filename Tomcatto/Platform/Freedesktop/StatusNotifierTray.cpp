@@ -151,6 +151,7 @@ void StatusNotifierTray::decide(bool isHosted)
     m_isDecided = true;
     m_isHosted = isHosted;
     m_place.reset();
+    m_item.setHosted(isHosted);
     m_logger.debug(isHosted ? QStringLiteral("a tray shows the icon") : QStringLiteral("no tray shows the icon"));
     Q_EMIT hostChanged();
 }

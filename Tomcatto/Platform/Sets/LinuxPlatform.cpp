@@ -4,6 +4,7 @@
 #include "Platform/Freedesktop/WidgetSignal.h"
 #include "Platform/Linux/BirthTime.h"
 #include "Platform/Linux/BootTimeClock.h"
+#include "Platform/Linux/FileExchange.h"
 #include "Platform/Linux/PeerCredentials.h"
 #include "Platform/Linux/ProcessMemory.h"
 #include "Platform/Linux/TimerfdDayTimer.h"
@@ -34,7 +35,7 @@ std::unique_ptr<ApplicationPlatform> makeApplicationPlatform()
         .makeLoginItem = [] { return std::make_unique<AutostartLoginItem>(AutostartLoginItem::programAtLogin()); },
         .makeMonotonicClock = [] { return std::make_unique<BootTimeClock>(); },
         .makeWorkspacePower = [] { return std::make_unique<LogindWorkspacePower>(QDBusConnection::systemBus()); },
-        .makeWidgetCenter = [] { return std::make_unique<WidgetSignal>(QDBusConnection::sessionBus()); },
+        .makeWidgetCenter = [] { return std::make_unique<WidgetSignal>(QDBusConnection::sessionBus(), exchangeFile); },
     });
 }
 

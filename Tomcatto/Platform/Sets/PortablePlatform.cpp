@@ -2,6 +2,9 @@
 #include "Platform/Posix/SteadyClock.h"
 #include "Platform/Sets/PosixPlatform.h"
 
+#include <filesystem>
+#include <QtCore/QFile>
+
 namespace tomcatto {
 
 namespace {
@@ -32,7 +35,13 @@ public:
 class AbsentWidgetCenter final : public WidgetCenter
 {
 public:
-    void reloadTimelines(const QString & /*kind*/) override {}
+    [[nodiscard]] std::error_code replaceFile(const QString &part, const QString &file) override
+    {
+        std::error_code error;
+        std::filesystem::rename(QFile(part).filesystemFileName(), QFile(file).filesystemFileName(), error);
+        return error;
+    }
+    void reloadTimelines(const QString & /*kind*/, TimelineNews /*news*/) override {}
 };
 
 }
