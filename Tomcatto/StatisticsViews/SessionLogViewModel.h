@@ -1,0 +1,92 @@
+#pragma once
+
+#include "StatisticsViews/AddPhaseViewModel.h"
+#include "StatisticsViews/SessionLogModel.h"
+
+namespace tomcatto {
+
+class StatisticsViewModel;
+
+/// The log of the statistics page: the ended phases of the range that the figures show, of one kind or of all. A phase
+/// can be removed, which can be undone until another one is removed, and a forgotten one added. Main thread only.
+class SessionLogViewModel final : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QAbstractItemModel *rows READ rows CONSTANT FINAL)
+    /// What kinds can be shown, all of them first.
+    Q_PROPERTY(QList<QString> filterTexts READ filterTexts NOTIFY changed FINAL)
+    Q_PROPERTY(int filterIndex READ filterIndex NOTIFY changed FINAL)
+    /// What stands in the place of the rows while there are none; empty while there are some.
+    Q_PROPERTY(QString emptyTitle READ emptyTitle NOTIFY changed FINAL)
+    Q_PROPERTY(QString emptyHelp READ emptyHelp NOTIFY changed FINAL)
+    /// Whether there may be rows with another filter or range.
+    Q_PROPERTY(bool hasHistory READ hasHistory NOTIFY changed FINAL)
+    /// Names the phase that was removed last and can come back; empty where none can.
+    Q_PROPERTY(QString removedText READ removedText NOTIFY removedChanged FINAL)
+    /// Why the last action was not done, or where its phase is that the rows do not show; empty as a rule.
+    Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged FINAL)
+    Q_PROPERTY(bool isNoticeError READ isNoticeError NOTIFY noticeChanged FINAL)
+    /// What only a screen reader says of the last action.
+    Q_PROPERTY(QString spokenNotice READ spokenNotice NOTIFY noticeChanged FINAL)
+    Q_PROPERTY(tomcatto::AddPhaseViewModel *form READ form CONSTANT FINAL)
+
+public:
+    /// @param statistics whose range is shown; outlives the view model, as everything else does
+    SessionLogViewModel(const StatisticsViewModel &statistics, HistoryEditor &editor, const PomodoroSettings &settings,
+                        const SessionLogModel::Sources &sources, QObject *parent = nullptr);
+
+    [[nodiscard]] SessionLogModel *rows() { return &m_rows; }
+    [[nodiscard]] QStringList filterTexts() const;
+    [[nodiscard]] int filterIndex() const noexcept { return m_filterIndex; }
+    [[nodiscard]] QString emptyTitle() const { return emptyText("title"); }
+    [[nodiscard]] QString emptyHelp() const { return emptyText("help"); }
+    [[nodiscard]] bool hasHistory() const { return m_sources.aggregator.earliestSessionDate().has_value(); }
+    [[nodiscard]] QString removedText() const;
+    [[nodiscard]] QString notice() const { return m_notice; }
+    [[nodiscard]] bool isNoticeError() const noexcept { return m_isNoticeError; }
+    [[nodiscard]] QString spokenNotice() const { return m_spokenNotice; }
+    [[nodiscard]] AddPhaseViewModel *form() { return &m_form; }
+
+    /// The page is seen from now on.
+    Q_INVOKABLE void appear();
+    /// The page is gone: what was removed stays removed.
+    Q_INVOKABLE void disappear();
+    Q_INVOKABLE void selectFilter(int index);
+    Q_INVOKABLE void openForm();
+    /// Removes a phase of the rows from the history.
+    Q_INVOKABLE void remove(const QString &id);
+    /// Puts the phase back that was removed last.
+    Q_INVOKABLE void undoRemoval();
+    /// The phase that was removed last stays removed.
+    Q_INVOKABLE void forgetRemoval();
+
+Q_SIGNALS:
+    void changed();
+    void removedChanged();
+    void noticeChanged();
+    /// The phase in this row came by the user's own hand and is to be seen.
+    void revealed(int row);
+
+private:
+    void show();
+    void tellAdded(const EndedPhase &phase);
+    void reveal(const EndedPhase &phase);
+    void say(const QString &notice, bool isError, const QString &spoken);
+    void report(const StoreError &error);
+    [[nodiscard]] QString emptyText(const char *part) const;
+
+    const StatisticsViewModel &m_statistics;
+    HistoryEditor &m_editor;
+    SessionLogModel::Sources m_sources;
+    SessionLogModel m_rows;
+    AddPhaseViewModel m_form;
+    bool m_isShown = false;
+    bool m_isEmpty = true;
+    int m_filterIndex = 0;
+    std::optional<PomodoroSessionRecord> m_removed;
+    QString m_notice;
+    bool m_isNoticeError = false;
+    QString m_spokenNotice;
+};
+
+}
