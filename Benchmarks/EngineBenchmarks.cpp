@@ -92,9 +92,10 @@ public:
     TextStillFrame stillFrame;
     FakeLoginItem loginItem;
     FakeWidgetCenter widgetCenter;
+    FileWatch fileWatch;
     AppDependencies dependencies{
-        PlatformServices{clock, wallClock, runLoop, identifiers, defaults, power, widgetCenter, bookmarks, stillFrame,
-                         loginItem, history.applicationSupportDirectory(),
+        PlatformServices{clock, wallClock, runLoop, fileWatch, identifiers, defaults, power, widgetCenter, bookmarks,
+                         stillFrame, loginItem, history.applicationSupportDirectory(),
                          history.applicationSupportDirectory() + QStringLiteral("/widget-snapshot.json"), QString()}};
 };
 

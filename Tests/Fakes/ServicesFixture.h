@@ -45,9 +45,10 @@ public:
     TextStillFrame stillFrame;
     FakeLoginItem loginItem;
     FakeWidgetCenter widgetCenter;
+    FileWatch fileWatch;
     AppDependencies dependencies{PlatformServices{
-        clock, wallClock, runLoop, identifiers, defaults, power, widgetCenter, bookmarks, stillFrame, loginItem,
-        folder.path(), folder.filePath(QStringLiteral("widget-snapshot.json")), folder.path()}};
+        clock, wallClock, runLoop, fileWatch, identifiers, defaults, power, widgetCenter, bookmarks, stillFrame,
+        loginItem, folder.path(), folder.filePath(QStringLiteral("widget-snapshot.json")), folder.path()}};
 };
 
 }

@@ -107,10 +107,11 @@ int Program::runHoldingLock(const Invocation &invocation, const FrontEnd &frontE
     const auto storedDefaults = m_ports.openDefaults(false);
     ArgumentDomain defaults(*storedDefaults, invocation.argumentDomain);
     const auto desktop = frontEnd.makeServices ? std::optional(frontEnd.makeServices()) : std::nullopt;
-    AppDependencies dependencies({ports.monotonicClock, m_ports.wallClock, m_ports.runLoop, m_ports.identifiers,
-                                  defaults, ports.workspacePower, ports.widgetCenter, m_ports.bookmarks,
-                                  m_ports.stillFrame, m_ports.loginItem, m_ports.applicationSupportDirectory,
-                                  m_ports.widgetSnapshotFile, bundledVideosDirectory(), desktop ? &*desktop : nullptr});
+    AppDependencies dependencies({ports.monotonicClock, m_ports.wallClock, m_ports.runLoop, m_ports.fileWatch,
+                                  m_ports.identifiers, defaults, ports.workspacePower, ports.widgetCenter,
+                                  m_ports.bookmarks, m_ports.stillFrame, m_ports.loginItem,
+                                  m_ports.applicationSupportDirectory, m_ports.widgetSnapshotFile,
+                                  bundledVideosDirectory(), desktop ? &*desktop : nullptr});
     AppDelegate delegate(dependencies);
     const QString socket = m_ports.controlSocket();
     ApplicationControl control(dependencies, delegate, m_ports.localSockets, socket, [] { QCoreApplication::quit(); });

@@ -45,6 +45,7 @@ AppDependencies::AppDependencies(const PlatformServices &services)
     , sessionRepository(coreDataStack, platform.wallClock)
     , userVideoRepository(coreDataStack, platform.wallClock, platform.identifiers, *platform.bookmarks,
                           platform.stillFrame)
+    , storeFollower(coreDataStack, platform.fileWatch, platform.runLoop)
     , inFlightStore(platform.defaults)
     , session(stateMachine, timer, settings, sessionRepository, inFlightStore,
               {platform.monotonicClock, platform.wallClock, platform.runLoop, platform.identifiers})

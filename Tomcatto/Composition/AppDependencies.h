@@ -11,6 +11,7 @@
 #include "Persistence/CoreDataStack.h"
 #include "Persistence/Repositories/SessionRepository.h"
 #include "Persistence/Repositories/UserVideoRepository.h"
+#include "Persistence/StoreFollower.h"
 #include "Power/SleepWakeCoordinator.h"
 #include "QuillbayKit/NotificationAuthorization.h"
 #include "Recording/PomodoroSession.h"
@@ -39,6 +40,7 @@ public:
     PomodoroStateMachine stateMachine;
     SessionRepository sessionRepository;
     UserVideoRepository userVideoRepository;
+    StoreFollower storeFollower;
     InFlightSessionStore inFlightStore;
     PomodoroSession session;
     BundledVideoProvider bundledVideoProvider;

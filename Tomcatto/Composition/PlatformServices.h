@@ -2,6 +2,7 @@
 
 #include "Platform/Ports/Bookmarks.h"
 #include "Platform/Ports/DesktopServices.h"
+#include "Platform/Ports/FileWatch.h"
 #include "Platform/Ports/IdentifierSource.h"
 #include "Platform/Ports/LoginItem.h"
 #include "Platform/Ports/MainRunLoop.h"
@@ -22,6 +23,7 @@ struct PlatformServices
     const MonotonicClock &monotonicClock;
     WallClock &wallClock;
     MainRunLoop &runLoop;
+    FileWatch &fileWatch;
     IdentifierSource &identifiers;
     UserDefaults &defaults;
     WorkspacePower &workspacePower;

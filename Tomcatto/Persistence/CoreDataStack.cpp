@@ -78,6 +78,17 @@ void CoreDataStack::didSave(HistoryChange change, bool isSaved)
         Q_EMIT contextDidSave();
 }
 
+void CoreDataStack::announceForeignWrites()
+{
+    // The connection that writes: what this process has written is not foreign to it.
+    newBackgroundContext().perform([this](const ManagedObjectContext &context) {
+        if (!context.connection().noticeForeignWrites())
+            return;
+        Q_EMIT othersDidWrite();
+        didSave(HistoryChange::rewritten, true);
+    });
+}
+
 void CoreDataStack::save()
 {
     m_backgroundQueue.drain();

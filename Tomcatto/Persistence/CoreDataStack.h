@@ -31,6 +31,9 @@ public:
     /// A context for writing. All of them share one queue, so their blocks run in the order they were handed over, and
     /// one that is waited for runs after all before it. Any thread.
     [[nodiscard]] ManagedObjectContext newBackgroundContext();
+    /// Asks, in the background, whether another process has written to the store since this one last wrote or asked,
+    /// and announces that like a save. Main thread.
+    void announceForeignWrites();
     /// Returns when everything handed over to background contexts so far is on disk. Any thread.
     void save();
     /// How often ended phases that were stored may have changed or gone, by this process or another. It has grown
@@ -42,9 +45,11 @@ public:
     [[nodiscard]] const QString &storePath() const noexcept { return m_storePath; }
 
 Q_SIGNALS:
-    /// A context of this stack has saved. Emitted on the thread that saved: connect with a context object and
-    /// `Qt::QueuedConnection` to get it on the main thread.
+    /// A context of this stack has saved, or another process has written. Emitted on the thread that saved: connect
+    /// with a context object and `Qt::QueuedConnection` to get it on the main thread.
     void contextDidSave();
+    /// Another process has written, whatever it was. Emitted likewise, before `contextDidSave`.
+    void othersDidWrite();
 
 private:
     void loadPersistentStore();

@@ -1,11 +1,16 @@
+#include "Fakes/ManualRunLoop.h"
 #include "Fakes/ManualWallClock.h"
 #include "Foundation/FatalError.h"
 #include "Persistence/CoreDataStack.h"
 #include "Persistence/Repositories/SessionRepository.h"
+#include "Persistence/StoreFollower.h"
+#include "Platform/Qt/ToolkitFileWatch.h"
 #include "StoreFolder.h"
 
 #include <cstdlib>
 #include <latch>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
 
 using namespace tomcatto;
 using testing::ExitedWithCode;
@@ -129,6 +134,39 @@ TEST_F(CoreDataStackTests, readsDoNotWaitForAWriterAndWritesWaitForIt)
     stack.save();
     EXPECT_EQ(repository.completedWorkCount(), 2);
     EXPECT_EQ(takeErrors(), QStringList());
+}
+
+TEST_F(CoreDataStackTests, announcesWhatOthersWriteAndItsOwnOnlyOnce)
+{
+    CoreDataStack stack(directory());
+    SessionRepository repository(stack, m_clock);
+    insertOne(repository);
+    const QSignalSpy saves(&repository, &SessionRepository::didSave);
+    const QSignalSpy foreign(&stack, &CoreDataStack::othersDidWrite);
+    ManualRunLoop runLoop;
+    ToolkitFileWatch watch;
+    const StoreFollower follower(stack, watch, runLoop);
+    const auto ask = [&] {
+        ASSERT_TRUE(QTest::qWaitFor([&runLoop] { return runLoop.activeTimers() > 0; }));
+        runLoop.advance(std::chrono::milliseconds{200}, [](auto) {});
+        stack.save();
+        QCoreApplication::sendPostedEvents();
+    };
+    insertOne(repository);
+    ask();
+    EXPECT_EQ(foreign.size(), 0);
+    EXPECT_EQ(saves.size(), 2);
+    executeRaw("DELETE FROM PomodoroSessionRecord");
+    ask();
+    EXPECT_EQ(foreign.size(), 1);
+    // A log that is cut back and begun anew; its cutting may be taken for a write.
+    static_cast<void>(readRaw("PRAGMA wal_checkpoint(TRUNCATE)"));
+    ask();
+    const qsizetype before = foreign.size();
+    executeRaw("INSERT INTO PomodoroSessionRecord (phase, wasCompleted) VALUES ('work', 1)");
+    ask();
+    EXPECT_EQ(foreign.size(), before + 1);
+    EXPECT_EQ(repository.completedWorkCount(), 1);
 }
 
 TEST_F(CoreDataStackTests, aFullDiskLosesOnlyWhatDidNotFit)

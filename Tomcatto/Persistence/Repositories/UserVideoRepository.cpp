@@ -60,6 +60,7 @@ UserVideoRepository::UserVideoRepository(CoreDataStack &stack, const WallClock &
     , m_logger(QStringLiteral("UserVideoRepository"))
     , m_context(stack.newBackgroundContext())
 {
+    connect(&stack, &CoreDataStack::othersDidWrite, this, &UserVideoRepository::didChange, Qt::QueuedConnection);
 }
 
 UserVideoRepository::~UserVideoRepository()

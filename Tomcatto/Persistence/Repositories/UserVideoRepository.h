@@ -67,7 +67,7 @@ public:
     resolveBookmarks(const std::vector<UserVideo> &videos, QDeadlineTimer searchUntil) const;
 
 Q_SIGNALS:
-    /// A write of this repository was saved. On the main thread.
+    /// A write of this repository was saved, or another process has written. On the main thread.
     void didChange();
     /// The store could not be read, which is logged; the question was answered as if there were nothing.
     void fetchFailed() const;

@@ -2,6 +2,7 @@
 
 #include "Foundation/Logger.h"
 #include "Platform/Ports/Bookmarks.h"
+#include "Platform/Ports/FileWatch.h"
 #include "Platform/Ports/IdentifierSource.h"
 #include "Platform/Ports/InstanceLock.h"
 #include "Platform/Ports/LocalSockets.h"
@@ -48,6 +49,7 @@ struct ProgramPorts
     LocalSockets &localSockets;
     WallClock &wallClock;
     MainRunLoop &runLoop;
+    FileWatch &fileWatch;
     IdentifierSource &identifiers;
     /// Shared with threads that a disk may hold longer than anything lives.
     std::shared_ptr<const Bookmarks> bookmarks;

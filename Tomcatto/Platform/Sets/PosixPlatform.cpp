@@ -13,6 +13,7 @@
 #include "Platform/Qt/LoadedStillFrame.h"
 #include "Platform/Qt/QtMainRunLoop.h"
 #include "Platform/Qt/RandomIdentifierSource.h"
+#include "Platform/Qt/ToolkitFileWatch.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
@@ -38,6 +39,7 @@ struct ProgramAdapters
     UnixLocalSockets localSockets;
     SystemWallClock wallClock;
     QtMainRunLoop runLoop;
+    ToolkitFileWatch fileWatch;
     RandomIdentifierSource identifiers;
     std::shared_ptr<const FileBookmarks> bookmarks;
     LoadedStillFrame stillFrame{LoadedStillFrame::pluginPath(QCoreApplication::applicationDirPath())};
@@ -85,6 +87,7 @@ ProgramPorts PosixPlatform::programPorts() const
         program.localSockets,
         program.wallClock,
         program.runLoop,
+        program.fileWatch,
         program.identifiers,
         program.bookmarks,
         program.stillFrame,
