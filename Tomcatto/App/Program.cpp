@@ -15,18 +15,22 @@ namespace tomcatto {
 
 namespace {
 
-PrintOutcome printLine(std::FILE *file, const QString &line)
+PrintOutcome printBytes(std::FILE *file, const QByteArray &bytes)
 {
-    const QByteArray bytes = line.toUtf8() + '\n';
     const auto size = static_cast<std::size_t>(bytes.size());
     if (std::fwrite(bytes.constData(), 1, size, file) == size && std::fflush(file) == 0)
         return PrintOutcome::printed;
     return errno == EPIPE ? PrintOutcome::nobodyReads : PrintOutcome::failed;
 }
 
-PrintOutcome printOutput(const QString &line)
+PrintOutcome printLine(std::FILE *file, const QString &line)
 {
-    const PrintOutcome outcome = printLine(stdout, line);
+    return printBytes(file, line.toUtf8() + '\n');
+}
+
+PrintOutcome writeOutput(const QByteArray &bytes)
+{
+    const PrintOutcome outcome = printBytes(stdout, bytes);
     if (outcome == PrintOutcome::failed)
         printLine(stderr, QStringLiteral("tomcatto: standard output cannot be written: ") + qt_error_string(errno));
     return outcome;
@@ -50,7 +54,8 @@ void logQtMessage(QtMsgType type, const QMessageLogContext & /*context*/, const 
 
 CommandSurroundings surroundings(const ProgramPorts &ports)
 {
-    return {ports, printOutput, [](const QString &line) { printLine(stderr, QStringLiteral("tomcatto: ") + line); }};
+    return {ports, writeOutput, [](const QString &line) { return writeOutput(line.toUtf8() + '\n'); },
+            [](const QString &line) { printLine(stderr, QStringLiteral("tomcatto: ") + line); }};
 }
 
 /// Beside the program as it is built, else where an installation keeps shared files.

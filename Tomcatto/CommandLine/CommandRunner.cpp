@@ -2,10 +2,7 @@
 
 #include "Media/UserVideoCommands.h"
 #include "Persistence/CoreDataStack.h"
-#include "Persistence/Repositories/SessionRepository.h"
 #include "Persistence/Repositories/UserVideoRepository.h"
-#include "Statistics/StatsAggregator.h"
-#include "Statistics/StatsReport.h"
 
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QElapsedTimer>
@@ -25,14 +22,6 @@ constexpr int retryMilliseconds = 20;
 constexpr std::chrono::seconds longestOperation{30};
 
 const QString settingsCommand = QStringLiteral("settings");
-
-/// Whether there is certainly no file: a folder that may not be searched, or a file in a folder's place, could hide
-/// one.
-bool isMissing(const QString &path)
-{
-    const QFileInfo folder(QFileInfo(path).path());
-    return !folder.exists() || (folder.isDir() && folder.isExecutable() && !QFileInfo::exists(path));
-}
 
 /// The application has a working folder of its own.
 Json absolutePaths(Json arguments)
@@ -60,6 +49,7 @@ CommandRunner::CommandRunner(CommandSurroundings surroundings)
     : m_surroundings(std::move(surroundings))
     , m_client(m_surroundings.localSockets, m_surroundings.controlSockets)
     , m_files(m_surroundings)
+    , m_reports(m_surroundings)
 {
 }
 
@@ -74,7 +64,9 @@ ExitStatus CommandRunner::run(const Invocation &invocation) const
     case Invocation::Action::status:
         return runStatus(invocation);
     case Invocation::Action::stats:
-        return runStats(invocation);
+        return report(m_reports.stats(invocation));
+    case Invocation::Action::exportSessions:
+        return report(m_reports.exportSessions(invocation));
     case Invocation::Action::settingsList:
         return listSettings();
     case Invocation::Action::settingsGet:
@@ -147,34 +139,10 @@ ExitStatus CommandRunner::runStatus(const Invocation &invocation) const
     return report(reply);
 }
 
-ExitStatus CommandRunner::runStats(const Invocation &invocation) const
-{
-    // The store is read in place, also beside a running application. Where there is none yet, none is made.
-    const auto &support = m_surroundings.applicationSupportDirectory;
-    std::optional<CoreDataStack> stack;
-    std::optional<SessionRepository> repository;
-    const SessionHistory empty;
-    bool hasFailed = false;
-    if (!support || !isMissing(CoreDataStack::storePath(*support))) {
-        stack.emplace(support);
-        repository.emplace(*stack, m_surroundings.wallClock);
-        QObject::connect(&*repository, &SessionRepository::fetchFailed, &*repository,
-                         [&hasFailed] { hasFailed = true; });
-    }
-    const auto defaults = m_surroundings.openDefaults(true);
-    const PomodoroSettings settings(*defaults);
-    const StatsAggregator aggregator(repository ? *repository : empty, m_surroundings.wallClock);
-    const StatsReport figures = gatherStatsReport(aggregator, invocation.range, settings.dailyGoalPomodoros());
-    if (hasFailed)
-        return report(
-            controlReply(ExitStatus::failed, QStringLiteral("The history cannot be read; the log says why.")));
-    return print(invocation.isJson ? QString::fromStdString(toJson(figures).dump()) : toText(figures).trimmed());
-}
-
 ExitStatus CommandRunner::listVideos() const
 {
     const auto &support = m_surroundings.applicationSupportDirectory;
-    if (support && isMissing(CoreDataStack::storePath(*support)))
+    if (HistoryReports::hasNoStore(support))
         return ExitStatus::done;
     CoreDataStack stack(support);
     UserVideoRepository repository(stack, m_surroundings.wallClock, m_surroundings.identifiers,

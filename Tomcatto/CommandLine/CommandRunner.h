@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CommandLine/FileCommands.h"
+#include "CommandLine/HistoryReports.h"
 #include "CommandLine/Invocation.h"
 #include "Control/ControlClient.h"
 
@@ -25,7 +26,6 @@ public:
 private:
     [[nodiscard]] ExitStatus runRemote(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus runStatus(const Invocation &invocation) const;
-    [[nodiscard]] ExitStatus runStats(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus listVideos() const;
     [[nodiscard]] ExitStatus changeVideos(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus listSettings() const;
@@ -40,6 +40,7 @@ private:
     CommandSurroundings m_surroundings;
     ControlClient m_client;
     FileCommands m_files;
+    HistoryReports m_reports;
 };
 
 }

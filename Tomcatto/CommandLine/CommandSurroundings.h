@@ -15,6 +15,8 @@ enum class PrintOutcome {
 /// What commands need of their surroundings.
 struct CommandSurroundings : ProgramPorts
 {
+    /// Writes bytes to standard output; a failure is told on standard error.
+    std::function<PrintOutcome(const QByteArray &bytes)> write;
     /// Write a line to standard output and standard error.
     std::function<PrintOutcome(const QString &line)> print;
     std::function<void(const QString &line)> printError;

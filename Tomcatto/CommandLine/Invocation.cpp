@@ -60,6 +60,7 @@ public:
         addRemoteCommands();
         addStatus();
         addStats();
+        addExport();
         addSettings();
         addVideos();
         // Commands take over a footer that is there when they are added.
@@ -173,15 +174,31 @@ private:
     {
         CLI::App *const command = addCommand(m_app, "stats", "Show the figures of the history");
         command->add_flag("--json", m_invocation.isJson, "All figures as one JSON object");
+        addRange(*command);
+        command->callback([this] { m_invocation.action = Action::stats; });
+    }
+
+    void addRange(CLI::App &command)
+    {
         command
-            ->add_option_function<std::string>(
+            .add_option_function<std::string>(
                 "--range",
                 [this](const std::string &range) {
                     m_invocation.range = *statsRangeFromRawValue(QString::fromStdString(range));
                 },
                 "today, week, month or allTime")
             ->check(CLI::IsMember({"today", "week", "month", "allTime"}));
-        command->callback([this] { m_invocation.action = Action::stats; });
+    }
+
+    void addExport()
+    {
+        CLI::App *const command = addCommand(m_app, "export", "Write the history to a file for spreadsheets");
+        addRange(*command);
+        command->add_option("file", m_value, "The file, which is replaced; - for standard output")->required();
+        command->callback([this] {
+            m_invocation.action = Action::exportSessions;
+            m_invocation.text = QString::fromStdString(m_value);
+        });
     }
 
     void addSettings()

@@ -18,6 +18,8 @@ struct Invocation
         remote,
         status,
         stats,
+        /// Write the phases of `range` to the file `text`, or to standard output where that is "-".
+        exportSessions,
         settingsList,
         settingsGet,
         settingsSet,

@@ -149,6 +149,12 @@ std::vector<PomodoroSessionRecord> StatsAggregator::sessions(const DateInterval 
     return m_history.sessions(interval, phase, limit);
 }
 
+bool StatsAggregator::forEachSession(const DateInterval &interval,
+                                     const std::function<void(const PomodoroSessionRecord &)> &visit) const
+{
+    return m_history.forEachSession(interval, visit);
+}
+
 std::vector<EndedPhase> StatsAggregator::sessionLog(const DateInterval &interval, std::optional<PomodoroPhase> phase,
                                                     std::optional<int> limit) const
 {

@@ -60,7 +60,11 @@ public:
     [[nodiscard]] std::vector<PomodoroSessionRecord> sessions(const DateInterval &interval,
                                                               std::optional<PomodoroPhase> phase = {},
                                                               std::optional<int> limit = {}) const;
-    /// The same as ended phases for the session log; records of unknown phases are left out.
+    /// The same one by one, without keeping them all in memory. `visit` must not write to the history.
+    /// @return whether all were read
+    [[nodiscard]] bool forEachSession(const DateInterval &interval,
+                                      const std::function<void(const PomodoroSessionRecord &)> &visit) const;
+    /// Those of `sessions` as ended phases for the session log; records of unknown phases are left out.
     [[nodiscard]] std::vector<EndedPhase> sessionLog(const DateInterval &interval,
                                                      std::optional<PomodoroPhase> phase = {},
                                                      std::optional<int> limit = {}) const;

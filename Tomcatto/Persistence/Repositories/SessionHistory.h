@@ -36,6 +36,15 @@ public:
     {
         return {};
     }
+    /// Hands each record that started in the interval to `visit`, newest first, without keeping them all in memory.
+    /// `visit` must not write to the history.
+    /// @return whether all were read
+    [[nodiscard]] virtual bool
+    forEachSession(const DateInterval & /*interval*/,
+                   const std::function<void(const PomodoroSessionRecord &)> & /*visit*/) const
+    {
+        return true;
+    }
     /// Calls `saved` after every change of the stored history.
     // NOLINTNEXTLINE(performance-unnecessary-value-param): a history that changes keeps it.
     [[nodiscard]] virtual Cancellable onSave(std::function<void()> /*saved*/) const { return {}; }

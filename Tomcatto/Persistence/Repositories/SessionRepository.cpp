@@ -121,7 +121,7 @@ std::vector<PomodoroSessionRecord> SessionRepository::sessions(const DateInterva
     return records(sessionQueries::inIntervalOfPhase, values);
 }
 
-bool SessionRepository::forEachSession(DateInterval interval,
+bool SessionRepository::forEachSession(const DateInterval &interval,
                                        const std::function<void(const PomodoroSessionRecord &)> &visit) const
 {
     return fetch(sessionQueries::inInterval,

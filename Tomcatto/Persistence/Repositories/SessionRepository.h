@@ -35,13 +35,10 @@ public:
     [[nodiscard]] std::vector<PomodoroSessionRecord> sessions(const DateInterval &interval,
                                                               std::optional<PomodoroPhase> phase = {},
                                                               std::optional<int> limit = {}) const override;
+    [[nodiscard]] bool forEachSession(const DateInterval &interval,
+                                      const std::function<void(const PomodoroSessionRecord &)> &visit) const override;
     [[nodiscard]] Cancellable onSave(std::function<void()> saved) const override;
 
-    /// Hands each phase that started in the interval to `visit`, newest first, without keeping them all in memory.
-    /// `visit` must not write to the store.
-    /// @return whether all were read; a failure is logged
-    [[nodiscard]] bool forEachSession(DateInterval interval,
-                                      const std::function<void(const PomodoroSessionRecord &)> &visit) const;
     /// Start and length of every completed work phase, by ascending start.
     [[nodiscard]] std::vector<CompletedWorkStamp> completedWorkStamps() const;
     /// How many work phases were completed.

@@ -1,5 +1,6 @@
 #include "Platform/Posix/StandardDescriptors.h"
 
+#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <unistd.h>
@@ -13,6 +14,12 @@ void openMissingStandardDescriptors()
         if (::fcntl(descriptor, F_GETFD) < 0 && ::open("/dev/null", O_RDONLY) != descriptor)
             std::abort();
     }
+}
+
+void letWritesFail()
+{
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 }

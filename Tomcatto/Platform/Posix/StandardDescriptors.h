@@ -7,4 +7,8 @@ namespace tomcatto {
 /// then ends at once, and writing fails as it does on a closed descriptor. Called before anything else in `main`.
 void openMissingStandardDescriptors();
 
+/// Lets a write fail, and the writer tell why, where a pipe has no reader left or a file may not grow further, instead
+/// of ending the process. Called where the above is.
+void letWritesFail();
+
 }

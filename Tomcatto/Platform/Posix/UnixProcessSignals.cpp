@@ -74,8 +74,6 @@ UnixProcessSignals::UnixProcessSignals()
     hasTerminationCome = false;
     m_notifier = std::make_unique<QSocketNotifier>(m_readEnd, QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &UnixProcessSignals::readPipe);
-    setAction(SIGPIPE, SIG_IGN);
-    setAction(SIGXFSZ, SIG_IGN);
     for (const int signalNumber : terminationSignals) {
         if (signalNumber != SIGHUP || !isSwitchedOff(SIGHUP))
             setAction(signalNumber, forward);

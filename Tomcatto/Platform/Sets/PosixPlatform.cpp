@@ -68,6 +68,7 @@ PosixPlatform::PosixPlatform(PosixDifferences differences)
     : m_differences(std::move(differences))
 {
     openMissingStandardDescriptors();
+    letWritesFail();
 }
 
 ProgramPorts PosixPlatform::programPorts() const
