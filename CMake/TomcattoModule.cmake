@@ -67,7 +67,7 @@ function(tomcatto_view_models views)
         string(APPEND names "TOMCATTO_VIEW_VALUE(${name})\n")
     endforeach()
     file(CONFIGURE OUTPUT "${folder}/${views}Models.h" CONTENT
-        "#include \"Appearance/ViewModelName.h\"\n\nnamespace tomcatto {\n\n${names}\n}\n")
+        "#include \"Appearance/ViewModelName.h\"\n\n// Two modules may name the same class.\nnamespace tomcatto::${views} {\n\n${names}\n}\n")
     add_custom_command(OUTPUT "${folder}/metatypes.json"
         COMMAND Qt6::moc --collect-json -o "${folder}/metatypes.json" ${documents} DEPENDS ${documents} VERBATIM)
     target_sources(${views} PRIVATE "${folder}/${views}Models.h" "${folder}/metatypes.json")

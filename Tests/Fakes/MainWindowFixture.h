@@ -5,6 +5,7 @@
 #include "Fakes/VideosFixture.h"
 #include "MainWindow/MainWindowViewModel.h"
 #include "MainWindow/OnboardingViewModel.h"
+#include "Unit/Statistics/ManualSessionHistory.h"
 
 namespace tomcatto {
 
@@ -35,11 +36,14 @@ public:
     VideosPageViewModel videos{library.commands,         library.repository, library.files,
                                library.movedVideoSearch, library.bundled,    strings,
                                library.runLoop};
+    ManualSessionHistory history;
+    StatsAggregator aggregator{history, engine.wallClock};
+    StatisticsPageViewModel statistics{{aggregator, engine.settings, strings, engine.wallClock}};
     PermissionsPageViewModel permissions{engine.settings, launchAtLogin, authorization, systemSettings, strings};
     AboutPageViewModel about{QStringLiteral("1.0.0"), strings};
     MainWindowRouter router;
     AppMenuCommands commands{router, {[] {}, [] {}, [] {}}};
-    MainWindowViewModel window{{timer, general, videos, permissions, about}, commands, strings};
+    MainWindowViewModel window{{timer, general, videos, statistics, permissions, about}, commands, strings};
     OnboardingViewModel onboarding{engine.settings, authorization, systemSettings, strings, engine.wallClock};
 };
 

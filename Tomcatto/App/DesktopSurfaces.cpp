@@ -27,12 +27,14 @@ DesktopSurfaces::DesktopSurfaces(AppDependencies &dependencies, DesktopPorts des
     , m_videosPage(dependencies.userVideoCommands, dependencies.userVideoRepository, dependencies.videoFiles,
                    dependencies.movedVideoSearch, dependencies.bundledVideoProvider, dependencies.strings,
                    dependencies.platform.runLoop)
+    , m_statisticsPage(
+          {dependencies.statsAggregator, dependencies.settings, dependencies.strings, dependencies.platform.wallClock})
     , m_permissionsPage(dependencies.settings, dependencies.launchAtLoginService,
                         *dependencies.notificationAuthorization, dependencies.platform.desktop->systemSettings,
                         dependencies.strings)
     , m_aboutPage(applicationVersion(), dependencies.strings)
-    , m_mainWindowModel({m_timerPage, m_generalPage, m_videosPage, m_permissionsPage, m_aboutPage}, m_menuCommands,
-                        dependencies.strings)
+    , m_mainWindowModel({m_timerPage, m_generalPage, m_videosPage, m_statisticsPage, m_permissionsPage, m_aboutPage},
+                        m_menuCommands, dependencies.strings)
     , m_onboardingModel(dependencies.settings, *dependencies.notificationAuthorization,
                         dependencies.platform.desktop->systemSettings, dependencies.strings,
                         dependencies.platform.wallClock)

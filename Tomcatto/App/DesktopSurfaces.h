@@ -13,6 +13,7 @@
 #include "MainWindow/OnboardingController.h"
 #include "MainWindow/OnboardingViewModel.h"
 #include "MainWindow/PermissionsPageViewModel.h"
+#include "MainWindow/StatisticsPageViewModel.h"
 #include "MainWindow/TimerPageViewModel.h"
 #include "MainWindow/VideosPageViewModel.h"
 #include "MenuBar/StatusItemController.h"
@@ -102,6 +103,7 @@ private:
     /// Where the dialog opens: where it was closed the last time.
     QString m_videosFolder = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
     VideosPageViewModel m_videosPage;
+    StatisticsPageViewModel m_statisticsPage;
     PermissionsPageViewModel m_permissionsPage;
     AboutPageViewModel m_aboutPage;
     MainWindowViewModel m_mainWindowModel;

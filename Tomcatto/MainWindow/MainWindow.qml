@@ -89,6 +89,7 @@ Window {
 
             StatisticsPage {
                 anchors.fill: place
+                viewModel: window.viewModel.statistics
             }
         }
         Page {

@@ -5,6 +5,7 @@
 #include "MainWindow/AppMenuCommands.h"
 #include "MainWindow/GeneralPageViewModel.h"
 #include "MainWindow/PermissionsPageViewModel.h"
+#include "MainWindow/StatisticsPageViewModel.h"
 #include "MainWindow/TimerPageViewModel.h"
 #include "MainWindow/VideosPageViewModel.h"
 #include "Navigation/MainWindowPage.h"
@@ -24,6 +25,7 @@ class MainWindowViewModel final : public QObject
     Q_PROPERTY(tomcatto::TimerPageViewModel *timer READ timer CONSTANT FINAL)
     Q_PROPERTY(tomcatto::GeneralPageViewModel *general READ general CONSTANT FINAL)
     Q_PROPERTY(tomcatto::VideosPageViewModel *videos READ videos CONSTANT FINAL)
+    Q_PROPERTY(tomcatto::StatisticsPageViewModel *statistics READ statistics CONSTANT FINAL)
     Q_PROPERTY(tomcatto::PermissionsPageViewModel *permissions READ permissions CONSTANT FINAL)
     Q_PROPERTY(tomcatto::AboutPageViewModel *about READ about CONSTANT FINAL)
 
@@ -33,6 +35,7 @@ public:
         TimerPageViewModel &timer;
         GeneralPageViewModel &general;
         VideosPageViewModel &videos;
+        StatisticsPageViewModel &statistics;
         PermissionsPageViewModel &permissions;
         AboutPageViewModel &about;
     };
@@ -47,6 +50,7 @@ public:
     [[nodiscard]] TimerPageViewModel *timer() const { return &m_models.timer; }
     [[nodiscard]] GeneralPageViewModel *general() const { return &m_models.general; }
     [[nodiscard]] VideosPageViewModel *videos() const { return &m_models.videos; }
+    [[nodiscard]] StatisticsPageViewModel *statistics() const { return &m_models.statistics; }
     [[nodiscard]] PermissionsPageViewModel *permissions() const { return &m_models.permissions; }
     [[nodiscard]] AboutPageViewModel *about() const { return &m_models.about; }
 

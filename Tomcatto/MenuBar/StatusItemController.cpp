@@ -86,6 +86,7 @@ QVariantMap StatusItemController::makeModels(QObject &owner)
     connect(panel, &MenubarPanelViewModel::quitRequested, this, &StatusItemController::quitRequested);
     auto *statistics = new StatisticsViewModel(
         {m_services.statsAggregator, m_services.settings, m_services.strings, m_services.wallClock}, &owner);
+    statistics->setShown(true);
     return {{QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(panel)},
             {QStringLiteral("statistics"), QVariant::fromValue<QObject *>(statistics)}};
 }

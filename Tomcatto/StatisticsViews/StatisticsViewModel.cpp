@@ -67,7 +67,22 @@ StatisticsViewModel::StatisticsViewModel(const Sources &sources, QObject *parent
             rebuild();
     });
     m_cancellables.push_back(sources.wallClock.onDayChanged([this] { rebuild(); }));
-    rebuild();
+}
+
+void StatisticsViewModel::setShown(bool isShown)
+{
+    if (std::exchange(m_isShown, isShown) == isShown)
+        return;
+    if (isShown)
+        return rebuild();
+    m_figures = {};
+    m_chartBars = {};
+    m_heatCells = {};
+}
+
+StatsRange StatisticsViewModel::range() const
+{
+    return allStatsRanges.at(static_cast<std::size_t>(m_rangeIndex));
 }
 
 void StatisticsViewModel::selectRange(int index)
@@ -76,11 +91,14 @@ void StatisticsViewModel::selectRange(int index)
         return;
     m_rangeIndex = index;
     rebuild();
+    Q_EMIT rangeChanged();
 }
 
 void StatisticsViewModel::rebuild()
 {
-    const StatsRange range = allStatsRanges.at(static_cast<std::size_t>(m_rangeIndex));
+    if (!m_isShown)
+        return;
+    const StatsRange range = this->range();
     m_rangeTexts.clear();
     for (const StatsRange each : allStatsRanges)
         m_rangeTexts.append(m_sources.strings.text(QStringLiteral("stats.range.") + rawValue(each)));

@@ -10,7 +10,7 @@
 namespace tomcatto {
 
 /// The statistics of one range as the views draw them: texts, bars and cells as plain rows. Follows the history, the
-/// calendar, the goal and the language. Main thread only.
+/// calendar, the goal and the language while it is shown, and holds no rows while it is not. Main thread only.
 class StatisticsViewModel final : public QObject
 {
     Q_OBJECT
@@ -43,6 +43,10 @@ public:
 
     explicit StatisticsViewModel(const Sources &sources, QObject *parent = nullptr);
 
+    /// Whether a view looks at it; at first none does.
+    void setShown(bool isShown);
+    [[nodiscard]] StatsRange range() const;
+
     /// Names of the ranges, shortest first, and which one is shown; at first the week.
     [[nodiscard]] const QStringList &rangeTexts() const noexcept { return m_rangeTexts; }
     [[nodiscard]] int rangeIndex() const noexcept { return m_rangeIndex; }
@@ -69,6 +73,8 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     void changed();
+    /// The user wants another range; its rows are there.
+    void rangeChanged();
 
 private:
     void rebuild();
@@ -83,6 +89,7 @@ private:
 
     Sources m_sources;
     std::vector<Cancellable> m_cancellables;
+    bool m_isShown = false;
     int m_rangeIndex = 1;
     bool m_isEmpty = true;
     QString m_emptyTitle;

@@ -70,6 +70,7 @@ bool picture(const QString &state, bool dark, const QString &language, const QDi
     QCoreApplication::processEvents();
     MenubarPanelViewModel panel(services.services, navigation, router);
     StatisticsViewModel statistics({services.aggregator, services.settings, services.strings, services.wallClock});
+    statistics.setShown(true);
 
     QQmlEngine engine;
     AppearanceSettings appearance(nullptr);

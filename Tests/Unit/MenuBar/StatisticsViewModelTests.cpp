@@ -73,7 +73,8 @@ TEST(StatisticsViewModel, ShowsTheWeekInPlainRows)
         test.add(0, 1500);
     test.add(1, 3000);
     test.settings.setDailyGoalPomodoros(8);
-    const StatisticsViewModel model(test.sources());
+    StatisticsViewModel model(test.sources());
+    model.setShown(true);
     EXPECT_EQ(model.rangeTexts(), QStringList({u"Today"_qs, u"Week"_qs, u"Month"_qs, u"All time"_qs}));
     EXPECT_EQ(figureText(model, 0), u"2 h 05 min"_qs);
     EXPECT_EQ(figureText(model, 1), u"4"_qs);
@@ -103,6 +104,7 @@ TEST(StatisticsViewModel, FollowsRangeHistoryGoalAndLanguage)
 {
     Statistics test;
     StatisticsViewModel model(test.sources());
+    model.setShown(true);
     int changes = 0;
     QObject::connect(&model, &StatisticsViewModel::changed, &model, [&] { ++changes; });
     EXPECT_TRUE(model.isEmpty());

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "StatisticsViews/StatisticsViewModel.h"
+
+namespace tomcatto {
+
+/// The statistics page: the figures of the chosen range over the log of its phases. Main thread only.
+class StatisticsPageViewModel final : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(tomcatto::StatisticsViewModel *statistics READ statistics CONSTANT FINAL)
+
+public:
+    explicit StatisticsPageViewModel(const StatisticsViewModel::Sources &sources, QObject *parent = nullptr);
+
+    /// The range that is chosen, and all that stands over the log.
+    [[nodiscard]] StatisticsViewModel *statistics() noexcept { return &m_statistics; }
+
+    /// A page came into view, or went out of it. While none is there, nothing is kept and nothing followed.
+    Q_INVOKABLE void appear();
+    Q_INVOKABLE void disappear();
+
+private:
+    StatisticsViewModel m_statistics;
+    /// A window that closes may outlast the opening of the next one.
+    int m_pages = 0;
+};
+
+}
