@@ -1,5 +1,6 @@
 #include "CommandLine/HistoryReports.h"
 
+#include "CommandLine/StatsTable.h"
 #include "Persistence/CoreDataStack.h"
 #include "Persistence/Repositories/SessionRepository.h"
 #include "Statistics/StatsAggregator.h"
@@ -39,8 +40,9 @@ ControlReply HistoryReports::stats(const Invocation &invocation) const
         const auto defaults = m_surroundings.openDefaults(true);
         const PomodoroSettings settings(*defaults);
         const StatsReport figures = gatherStatsReport(aggregator, invocation.range, settings.dailyGoalPomodoros());
-        return controlReply(ExitStatus::done, invocation.isJson ? QString::fromStdString(toJson(figures).dump())
-                                                                : toText(figures).trimmed());
+        return controlReply(ExitStatus::done, invocation.isJson
+                                                  ? QString::fromStdString(toJson(figures).dump())
+                                                  : statsTable(figures, m_surroundings.outputDisplay()).trimmed());
     });
 }
 

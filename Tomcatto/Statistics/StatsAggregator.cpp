@@ -137,6 +137,13 @@ std::vector<std::vector<qint64>> StatsAggregator::weeklyHeatmap(qint64 weeks) co
     return grid;
 }
 
+QDate StatsAggregator::heatmapStart(qint64 weeks) const
+{
+    const Calendar calendar = m_wallClock.calendar();
+    const QDate thisWeek = calendar.firstDay(CalendarUnit::weekOfYear, calendar.dayOf(m_wallClock.now()));
+    return thisWeek.addDays(-7 * (weeks - 1));
+}
+
 std::optional<Date> StatsAggregator::earliestSessionDate() const
 {
     return m_history.earliestSessionDate();

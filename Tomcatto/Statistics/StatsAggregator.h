@@ -53,6 +53,8 @@ public:
     /// 7 rows, the calendar's first weekday on top, by `weeks` columns, the current week last: completed work phases of
     /// the last weeks × 7 days. Empty without weeks.
     [[nodiscard]] std::vector<std::vector<qint64>> weeklyHeatmap(qint64 weeks) const;
+    /// The day of that map's first row and column.
+    [[nodiscard]] QDate heatmapStart(qint64 weeks) const;
 
     /// When the first stored phase of any kind started.
     [[nodiscard]] std::optional<Date> earliestSessionDate() const;

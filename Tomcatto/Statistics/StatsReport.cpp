@@ -1,9 +1,9 @@
 #include "Statistics/StatsReport.h"
 
-#include "Foundation/EnumTexts.h"
 #include "Statistics/StatsAggregator.h"
 
 #include <nlohmann/json.hpp>
+#include <QtCore/QLocale>
 
 namespace tomcatto {
 
@@ -35,29 +35,6 @@ Json daysJson(const std::vector<DailyStat> &stats)
     return list;
 }
 
-QString rangeTitle(StatsRange range)
-{
-    return textOf(std::array{"Today", "This week", "This month", "All time"}, range);
-}
-
-QString durationText(qint64 minutes)
-{
-    if (minutes < 60)
-        return QStringLiteral("%1 min").arg(minutes);
-    return QStringLiteral("%1 h %2 min").arg(minutes / 60).arg(minutes % 60);
-}
-
-QString daysText(qint64 days)
-{
-    return days == 1 ? QStringLiteral("1 day") : QStringLiteral("%1 days").arg(days);
-}
-
-QString line(const QString &name, const QString &value)
-{
-    constexpr int valueColumn = 18;
-    return name.leftJustified(valueColumn) + value + u'\n';
-}
-
 }
 
 StatsReport gatherStatsReport(const StatsAggregator &aggregator, StatsRange range, qint64 dailyGoal)
@@ -75,11 +52,13 @@ StatsReport gatherStatsReport(const StatsAggregator &aggregator, StatsRange rang
     report.currentStreak = aggregator.currentStreak();
     report.bestStreak = aggregator.bestStreak();
     report.dailyAverageTenths = aggregator.dailyAverage(days, tenths);
+    report.dailyAverageDays = days;
     report.earliestSessionDate = aggregator.earliestSessionDate();
     report.chart = aggregator.chartLayout(range);
     report.focusBuckets = aggregator.focusBuckets(report.chart.start, report.chart.bucketUnit);
     report.dailyStats = aggregator.dailyStats(days - 1);
     report.weeklyHeatmap = aggregator.weeklyHeatmap(heatmapWeeks);
+    report.heatmapStart = aggregator.heatmapStart(heatmapWeeks);
     return report;
 }
 
@@ -96,7 +75,8 @@ Json toJson(const StatsReport &report)
               {"focusMinutes", report.focusMinutes},
               {"currentStreak", report.currentStreak},
               {"bestStreak", report.bestStreak},
-              {"dailyAverage", static_cast<double>(report.dailyAverageTenths) / tenths}};
+              {"dailyAverage", static_cast<double>(report.dailyAverageTenths) / tenths},
+              {"dailyAverageDays", report.dailyAverageDays}};
     if (report.earliestSessionDate)
         json["earliestSessionDate"] = toIso8601(*report.earliestSessionDate).toStdString();
     json["chart"] = {{"start", dayText(report.chart.start)},
@@ -105,24 +85,9 @@ Json toJson(const StatsReport &report)
     json["focusBuckets"] = bucketsJson(report.focusBuckets);
     json["dailyStats"] = daysJson(report.dailyStats);
     json["weeklyHeatmap"] = report.weeklyHeatmap;
+    json["heatmapStart"] = dayText(report.heatmapStart);
+    json["firstWeekday"] = QLocale::c().dayName(report.heatmapStart.dayOfWeek()).toLower().toStdString();
     return json;
-}
-
-QString toText(const StatsReport &report)
-{
-    if (report.bestStreak == 0)
-        return QStringLiteral("Nothing here yet. Your first finished focus phase shows up here.\n");
-    const QString average =
-        QStringLiteral("%1.%2 a day").arg(report.dailyAverageTenths / tenths).arg(report.dailyAverageTenths % tenths);
-    return rangeTitle(report.range) + u'\n' +
-           line(QStringLiteral("  Focus phases"), QString::number(report.completedWorkCount)) +
-           line(QStringLiteral("  Focus time"), durationText(report.focusMinutes)) +
-           line(QStringLiteral("  Average"), average) + u'\n' +
-           line(QStringLiteral("Today"), QStringLiteral("%1 of %2").arg(report.todayCount).arg(report.dailyGoal)) +
-           line(QStringLiteral("This week"), QString::number(report.completedThisWeek)) +
-           line(QStringLiteral("This month"), QString::number(report.completedThisMonth)) +
-           line(QStringLiteral("Current streak"), daysText(report.currentStreak)) +
-           line(QStringLiteral("Best streak"), daysText(report.bestStreak));
 }
 
 }

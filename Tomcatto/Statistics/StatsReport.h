@@ -28,6 +28,8 @@ struct StatsReport
     qint64 bestStreak = 0;
     /// Tenths of a completed work phase a day, over the range's days.
     qint64 dailyAverageTenths = 0;
+    /// How many days these are, today the last of them.
+    qint64 dailyAverageDays = 0;
     std::optional<Date> earliestSessionDate;
     StatsChartLayout chart;
     std::vector<FocusBucket> focusBuckets;
@@ -35,6 +37,8 @@ struct StatsReport
     std::vector<DailyStat> dailyStats;
     /// 7 rows by 16 weeks.
     std::vector<std::vector<qint64>> weeklyHeatmap;
+    /// The day of its first row and column; the rows' weekdays begin with this one's.
+    QDate heatmapStart;
 
     bool operator==(const StatsReport &) const = default;
 };
@@ -43,10 +47,7 @@ struct StatsReport
 [[nodiscard]] StatsReport gatherStatsReport(const StatsAggregator &aggregator, StatsRange range, qint64 dailyGoal);
 
 /// The report as one object: keys in camel case, instants in ISO 8601 UTC, days as yyyy-MM-dd, the average with one
-/// decimal. A date that is absent is left out.
+/// decimal, the first weekday as its English name in small letters. A date that is absent is left out.
 [[nodiscard]] nlohmann::ordered_json toJson(const StatsReport &report);
-
-/// The key figures in English, one to a line with aligned values, ending in a newline.
-[[nodiscard]] QString toText(const StatsReport &report);
 
 }

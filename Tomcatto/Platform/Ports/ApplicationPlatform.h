@@ -30,12 +30,21 @@ enum class StandardErrorCopy {
     everything,
 };
 
+/// How standard output shows text.
+struct OutputDisplay
+{
+    int columns = 80;
+    /// Whether escape sequences for colours are wanted; never where it is not a terminal.
+    bool hasColours = false;
+};
+
 /// What every program stands on, one that only carries out a command included. Nothing here asks a bus.
 struct ProgramPorts
 {
     /// Owns everything below, which lives no longer than the application object.
     std::shared_ptr<const void> adapters;
     LogSink log;
+    std::function<OutputDisplay()> outputDisplay;
     std::function<void(StandardErrorCopy)> copyLogToStandardError;
     /// The user's application-support folder; empty if there is none.
     std::optional<QString> applicationSupportDirectory;

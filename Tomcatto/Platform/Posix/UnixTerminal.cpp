@@ -63,6 +63,20 @@ void restoreAndStop(int signalNumber)
 
 }
 
+int columnsOf(int output)
+{
+    constexpr int usualColumns = 80;
+    winsize size{};
+    const bool isKnown = ::ioctl(output, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    return isKnown ? size.ws_col : usualColumns;
+}
+
+bool takesColours(int output)
+{
+    const QByteArray kind = qgetenv("TERM");
+    return ::isatty(output) == 1 && qEnvironmentVariableIsEmpty("NO_COLOR") && !kind.isEmpty() && kind != "dumb";
+}
+
 UnixTerminal::UnixTerminal(ProcessSignals &signals, int input, int output)
     : m_input(input)
     , m_output(output)
@@ -108,10 +122,7 @@ bool UnixTerminal::showsErrors() const
 
 int UnixTerminal::columns() const
 {
-    constexpr int usualColumns = 80;
-    winsize size{};
-    const bool isKnown = ::ioctl(m_output, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
-    return isKnown ? size.ws_col : usualColumns;
+    return columnsOf(m_output);
 }
 
 Cancellable UnixTerminal::readKeys(std::function<void(QChar)> handler)

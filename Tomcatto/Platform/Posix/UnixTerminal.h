@@ -12,6 +12,11 @@ class QSocketNotifier;
 
 namespace tomcatto {
 
+/// Columns of the terminal behind a descriptor, 80 where unknown.
+[[nodiscard]] int columnsOf(int output);
+/// Whether it is a terminal that colours are wanted on.
+[[nodiscard]] bool takesColours(int output);
+
 /// A Unix terminal. While keys are read it is in single-key mode without echo; Ctrl-C and Ctrl-Z keep their effect. The
 /// settings are restored when the process stops or ends by a fatal error, and single-key mode comes back with it in the
 /// foreground: at the signal that it goes on, or at the latest with the next text written. One object reads keys at a

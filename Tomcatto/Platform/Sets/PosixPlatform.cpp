@@ -79,6 +79,9 @@ ProgramPorts PosixPlatform::programPorts() const
     return {
         adapters,
         program.log,
+        [] {
+            return OutputDisplay{columnsOf(1), takesColours(1)};
+        },
         [&program](StandardErrorCopy copy) { program.log.copyToStandardError(copy); },
         program.directories.applicationSupport(),
         program.directories.widgetSnapshotFile(),
