@@ -67,6 +67,10 @@ ExitStatus CommandRunner::run(const Invocation &invocation) const
         return report(m_reports.stats(invocation));
     case Invocation::Action::exportSessions:
         return report(m_reports.exportSessions(invocation));
+    case Invocation::Action::historyList:
+        return report(m_reports.list(invocation));
+    case Invocation::Action::historyChange:
+        return changeHistory(invocation);
     case Invocation::Action::settingsList:
         return listSettings();
     case Invocation::Action::settingsGet:
@@ -167,6 +171,15 @@ ExitStatus CommandRunner::listVideos() const
 ExitStatus CommandRunner::changeVideos(const Invocation &invocation) const
 {
     return report(change({invocation.command, absolutePaths(invocation.arguments), false}, longestOperation));
+}
+
+ExitStatus CommandRunner::changeHistory(const Invocation &invocation) const
+{
+    Json arguments = invocation.arguments;
+    arguments["zone"] = m_surroundings.wallClock.calendar().timeZone.id().toStdString();
+    if (!arguments.contains("id"))
+        arguments["id"] = identifierText(m_surroundings.identifiers.next()).toStdString();
+    return report(change({invocation.command, arguments, false}, std::chrono::milliseconds(patienceMilliseconds)));
 }
 
 ExitStatus CommandRunner::listSettings() const

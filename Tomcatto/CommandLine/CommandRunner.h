@@ -28,6 +28,7 @@ private:
     [[nodiscard]] ExitStatus runStatus(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus listVideos() const;
     [[nodiscard]] ExitStatus changeVideos(const Invocation &invocation) const;
+    [[nodiscard]] ExitStatus changeHistory(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus listSettings() const;
     [[nodiscard]] ExitStatus getSetting(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus setSetting(const Invocation &invocation) const;

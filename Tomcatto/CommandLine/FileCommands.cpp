@@ -1,10 +1,13 @@
 #include "CommandLine/FileCommands.h"
 
+#include "Composition/HistoryCommands.h"
 #include "Composition/SettingsCommands.h"
 #include "Composition/VideoCommands.h"
 #include "Media/VideoFileValidator.h"
 #include "Persistence/CoreDataStack.h"
 #include "Persistence/Repositories/UserVideoRepository.h"
+#include "Recording/InFlightSessionRecovery.h"
+#include "Recording/InFlightSessionStore.h"
 
 #include <algorithm>
 #include <QtCore/QEventLoop>
@@ -43,6 +46,20 @@ std::optional<ControlReply> doneSince(Date asked, const std::vector<UserVideoLis
     return action == "remove" && found == videos.end() ? std::optional(ControlReply{}) : std::nullopt;
 }
 
+/// The phase that the next start of the application will record, with the end that it will have.
+std::optional<EndedPhase> phaseLeftBehind(const InFlightSessionStore &store, const WallClock &clock)
+{
+    const auto marker = store.load();
+    const auto request = marker ? recoveredRequest(*marker, clock.now(), clock.calendar(), {}) : std::nullopt;
+    if (!request)
+        return std::nullopt;
+    EndedPhase phase;
+    phase.phase = request->phase;
+    phase.startedAt = request->startedAt;
+    phase.endedAt = request->endedAt;
+    return phase;
+}
+
 }
 
 std::expected<VideoLook, StillFrameFailure> RememberedLook::look(const QString &path, StillFrameRequest request,
@@ -62,6 +79,8 @@ FileCommands::FileCommands(const CommandSurroundings &surroundings)
 
 ControlReply FileCommands::run(const ControlRequest &request, std::optional<Date> askedSince) const
 {
+    if (request.command == QStringLiteral("history"))
+        return history(request.arguments, askedSince.has_value());
     return request.command == QStringLiteral("videos") ? videos(request.arguments, askedSince)
                                                        : settings(request.arguments, false);
 }
@@ -83,12 +102,27 @@ ControlReply FileCommands::settings(const nlohmann::ordered_json &arguments, boo
 
 std::optional<ControlReply> FileCommands::refusal(const ControlRequest &request) const
 {
-    const auto path = request.arguments.find("path");
-    if (path == request.arguments.end())
+    if (request.command != QStringLiteral("videos") || !request.arguments.contains("path"))
         return std::nullopt;
-    const QString file = QString::fromStdString(path->get<std::string>());
+    const QString file = textArgument(request.arguments, "path");
     const auto valid = VideoFileValidator(m_look).validate(file, {});
     return valid ? std::nullopt : std::optional(controlReply(ExitStatus::failed, description(valid.error(), file)));
+}
+
+ControlReply FileCommands::history(const nlohmann::ordered_json &arguments, bool wasAsked) const
+{
+    CoreDataStack stack(m_surroundings.applicationSupportDirectory);
+    const auto defaults = m_surroundings.openDefaults(true);
+    const InFlightSessionStore marker(*defaults);
+    const auto leftBehind = [&] { return phaseLeftBehind(marker, m_surroundings.wallClock); };
+    HistoryEditor editor(stack, m_surroundings.wallClock, m_surroundings.identifiers, leftBehind);
+    CommandTable commands;
+    addHistoryCommands(commands, {editor, m_surroundings.wallClock});
+    ControlReply reply = answerOf(commands, QStringLiteral("history"), arguments);
+    // The application that got the request may have removed the phase already.
+    const bool isDone = wasAsked && reply.status == ExitStatus::notApplicable &&
+                        textArgument(arguments, "action") == QStringLiteral("remove");
+    return isDone ? ControlReply{} : reply;
 }
 
 ControlReply FileCommands::videos(const nlohmann::ordered_json &arguments, std::optional<Date> askedSince) const

@@ -24,8 +24,9 @@ private:
     mutable std::expected<VideoLook, StillFrameFailure> m_look;
 };
 
-/// Carries out on the files, while no application runs, the commands that need none: those on the settings and on the
-/// user's own videos. The answers are the application's. The caller holds the instance lock for a change. Blocking.
+/// Carries out on the files, while no application runs, the commands that need none: those on the settings, the
+/// history and the user's own videos. The answers are the application's. The caller holds the instance lock for a
+/// change. Blocking.
 class FileCommands final
 {
 public:
@@ -44,6 +45,7 @@ public:
 
 private:
     [[nodiscard]] ControlReply settings(const nlohmann::ordered_json &arguments, bool isReadOnly) const;
+    [[nodiscard]] ControlReply history(const nlohmann::ordered_json &arguments, bool wasAsked) const;
     [[nodiscard]] ControlReply videos(const nlohmann::ordered_json &arguments, std::optional<Date> askedSince) const;
 
     const CommandSurroundings &m_surroundings;

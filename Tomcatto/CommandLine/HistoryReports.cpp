@@ -1,5 +1,6 @@
 #include "CommandLine/HistoryReports.h"
 
+#include "CommandLine/SessionList.h"
 #include "CommandLine/StatsTable.h"
 #include "Persistence/CoreDataStack.h"
 #include "Persistence/Repositories/SessionRepository.h"
@@ -43,6 +44,23 @@ ControlReply HistoryReports::stats(const Invocation &invocation) const
         return controlReply(ExitStatus::done, invocation.isJson
                                                   ? QString::fromStdString(toJson(figures).dump())
                                                   : statsTable(figures, m_surroundings.outputDisplay()).trimmed());
+    });
+}
+
+ControlReply HistoryReports::list(const Invocation &invocation) const
+{
+    return onHistory([&](const StatsAggregator &aggregator) {
+        PrintOutcome printed = PrintOutcome::printed;
+        SessionList list(invocation.isJson, m_surroundings.wallClock.calendar(), [&](const QByteArray &piece) {
+            if (printed == PrintOutcome::printed)
+                printed = m_surroundings.write(piece);
+        });
+        const bool isRead = aggregator.forEachSession(
+            aggregator.interval(invocation.range), [&list](const PomodoroSessionRecord &record) { list.add(record); });
+        // A half list must not look like a whole one.
+        if (isRead)
+            list.end();
+        return controlReply(printed == PrintOutcome::failed ? ExitStatus::failed : ExitStatus::done, {});
     });
 }
 

@@ -21,6 +21,8 @@ public:
 
     /// The figures of a range.
     [[nodiscard]] ControlReply stats(const Invocation &invocation) const;
+    /// The phases of a range, newest first, printed as they are read.
+    [[nodiscard]] ControlReply list(const Invocation &invocation) const;
     /// Writes the phases of a range to a file or to standard output.
     [[nodiscard]] ControlReply exportSessions(const Invocation &invocation) const;
 

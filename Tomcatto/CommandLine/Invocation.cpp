@@ -1,5 +1,7 @@
 #include "CommandLine/Invocation.h"
 
+#include "Composition/HistoryCommands.h"
+
 #include <CLI/CLI.hpp>
 
 namespace tomcatto {
@@ -61,6 +63,7 @@ public:
         addStatus();
         addStats();
         addExport();
+        addHistory();
         addSettings();
         addVideos();
         // Commands take over a footer that is there when they are added.
@@ -201,6 +204,37 @@ private:
         });
     }
 
+    void addHistory()
+    {
+        CLI::App *const command = addCommand(m_app, "history", "The phases that ended, and setting them right");
+        command->require_subcommand(1);
+        CLI::App *const list = addCommand(*command, "list", "Every phase of a range, newest first");
+        list->add_flag("--json", m_invocation.isJson, "As a JSON array of objects");
+        addRange(*list);
+        list->callback([this] { m_invocation.action = Action::historyList; });
+        CLI::App *const add = addCommand(*command, "add", "Add a focus phase that was forgotten; prints its id");
+        addTextArgument(*add, "start", "Its start, a local date and time such as 2026-11-21T09:30");
+        addTextArgument(*add, "minutes", "Its length");
+        add->callback([this] {
+            if (const auto phase = forgottenPhase(textArgument(m_invocation.arguments, "start"),
+                                                  textArgument(m_invocation.arguments, "minutes"));
+                !phase)
+                throw UsageError{phase.error()};
+            chooseChange("history", "add", Action::historyChange);
+        });
+        CLI::App *const remove = addCommand(*command, "remove", "Remove a phase");
+        addTextArgument(*remove, "id", "The phase's id, as the list has it");
+        remove->callback([this] { chooseChange("history", "remove", Action::historyChange); });
+    }
+
+    void addTextArgument(CLI::App &command, const char *name, const char *help = "")
+    {
+        command
+            .add_option_function<std::string>(
+                name, [this, name](const std::string &text) { m_invocation.arguments[name] = text; }, help)
+            ->required();
+    }
+
     void addSettings()
     {
         CLI::App *const command = addCommand(m_app, "settings", "Show or change the settings");
@@ -240,15 +274,15 @@ private:
     void addVideosAction(CLI::App &videos, const char *name, const char *help, const char *argument)
     {
         CLI::App *const command = addCommand(videos, name, help);
-        command
-            ->add_option_function<std::string>(
-                argument, [this, argument](const std::string &text) { m_invocation.arguments[argument] = text; })
-            ->required();
-        command->callback([this, name] {
-            m_invocation.arguments["action"] = name;
-            chooseRemote("videos");
-            m_invocation.action = Action::videosChange;
-        });
+        addTextArgument(*command, argument);
+        command->callback([this, name] { chooseChange("videos", name, Action::videosChange); });
+    }
+
+    void chooseChange(const char *command, const char *name, Action action)
+    {
+        m_invocation.arguments["action"] = name;
+        chooseRemote(command);
+        m_invocation.action = action;
     }
 
     void chooseRemote(const char *command)

@@ -20,6 +20,9 @@ struct Invocation
         stats,
         /// Write the phases of `range` to the file `text`, or to standard output where that is "-".
         exportSessions,
+        historyList,
+        /// One of those that change the history.
+        historyChange,
         settingsList,
         settingsGet,
         settingsSet,

@@ -57,6 +57,13 @@ QByteArray encoded(const ControlReply &reply)
     return line(object);
 }
 
+QString textArgument(const Json &arguments, const char *name)
+{
+    const auto found = arguments.find(name);
+    return found != arguments.end() && found->is_string() ? QString::fromStdString(found->get<std::string>())
+                                                          : QString();
+}
+
 bool isWholeRequest(const QByteArray &bytes)
 {
     return bytes.trimmed().endsWith('}') && Json::accept(bytes.begin(), bytes.end());

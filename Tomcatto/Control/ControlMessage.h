@@ -35,6 +35,9 @@ struct ControlReply
 /// Makes a reply of a message alone.
 [[nodiscard]] ControlReply controlReply(ExitStatus status, QString message);
 
+/// The text among a request's arguments; empty where there is none.
+[[nodiscard]] QString textArgument(const nlohmann::ordered_json &arguments, const char *name);
+
 /// One line with its line feed.
 [[nodiscard]] QByteArray encoded(const ControlRequest &request);
 [[nodiscard]] QByteArray encoded(const ControlReply &reply);

@@ -8,6 +8,8 @@ namespace {
 
 constexpr qint64 secondsPerDay = 86'400;
 constexpr qint64 furthestDays = 700'000'000;
+// No zone is further from UTC than this.
+constexpr qint64 furthestOffset = qint64{16} * 3600;
 
 const QDate epochDay(1970, 1, 1);
 
@@ -37,9 +39,8 @@ Date Calendar::startOfDay(QDate day) const
 {
     const qint64 dayNumber = day.isValid() ? qBound(-furthestDays, epochDay.daysTo(day), furthestDays) : 0;
     const qint64 midnight = dayNumber * secondsPerDay;
-    // No zone is further from UTC than this, so local midnight and any change that hides it lie in between. Qt's own
-    // start of a day takes the second of two midnights and knows none for a date that a zone leaves out.
-    constexpr qint64 furthestOffset = qint64{16} * 3600;
+    // Local midnight and any change that hides it lie in between. Qt's own start of a day takes the second of two
+    // midnights and knows none for a date that a zone leaves out.
     const qint64 before = offsetAt(midnight - furthestOffset);
     const qint64 after = offsetAt(midnight + furthestOffset);
     qint64 start = midnight - before;
@@ -54,6 +55,18 @@ Date Calendar::startOfDay(QDate day) const
 DateInterval Calendar::dayInterval(QDate day) const
 {
     return {startOfDay(day), startOfDay(day.addDays(1))};
+}
+
+std::optional<Date> Calendar::instant(QDate day, QTime time) const
+{
+    const qint64 local = epochDay.daysTo(day) * secondsPerDay + time.msecsSinceStartOfDay() / 1000;
+    std::optional<Date> earliest;
+    for (const qint64 around : {local + furthestOffset, local - furthestOffset}) {
+        const qint64 candidate = local - offsetAt(around);
+        if (candidate + offsetAt(candidate) == local)
+            earliest = std::min(earliest.value_or(Date::max()), dateFromSeconds(static_cast<double>(candidate)));
+    }
+    return earliest;
 }
 
 QDate Calendar::firstDay(CalendarUnit unit, QDate day) const

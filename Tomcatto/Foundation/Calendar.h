@@ -38,6 +38,9 @@ struct Calendar
     [[nodiscard]] Date startOfDay(QDate day) const;
     /// The instants of one calendar date.
     [[nodiscard]] DateInterval dayInterval(QDate day) const;
+    /// The instant when the clocks showed that time on that date: the earlier one where they did so twice, nothing
+    /// where they skipped it.
+    [[nodiscard]] std::optional<Date> instant(QDate day, QTime time) const;
     /// The first date of the unit that contains `day`.
     [[nodiscard]] QDate firstDay(CalendarUnit unit, QDate day) const;
     /// The first date of the unit after the one that contains `day`.

@@ -2,6 +2,7 @@
 
 #include "Media/VideoFiles.h"
 #include "Persistence/Repositories/UserVideoRepository.h"
+#include "Platform/Ports/IdentifierSource.h"
 
 #include <QtCore/QDir>
 
@@ -147,16 +148,13 @@ void UserVideoCommands::deselect(const QString &id, const std::function<void(con
 void UserVideoCommands::change(const QString &id, const std::function<void(const Result &)> &done,
                                const Operation &operation)
 {
-    const QUuid uuid = QUuid::fromString(id);
-    // Its reader does not mind what comes behind.
-    const bool isWhole = uuid.toString(id.startsWith(QLatin1Char('{')) ? QUuid::WithBraces : QUuid::WithoutBraces)
-                             .compare(id, Qt::CaseInsensitive) == 0;
-    if (uuid.isNull() || !isWhole) {
+    const auto uuid = identifierFromText(id);
+    if (!uuid) {
         done(std::unexpected(UserVideoCommandError{
             Kind::usage, QStringLiteral("\"%1\" is no id of a video; see videos list.").arg(id), {}}));
         return;
     }
-    operation(uuid, [id, done](const std::expected<UserVideoSave, UserVideoRepositoryError> &written) {
+    operation(*uuid, [id, done](const std::expected<UserVideoSave, UserVideoRepositoryError> &written) {
         done(resultOf(written, id));
     });
 }

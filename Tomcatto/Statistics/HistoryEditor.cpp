@@ -59,12 +59,12 @@ std::expected<EndedPhase, AddRefusal> HistoryEditor::checked(Date start, qint64 
     return phase;
 }
 
-std::expected<EndedPhase, AddRefusal> HistoryEditor::add(Date start, qint64 minutes)
+std::expected<EndedPhase, AddRefusal> HistoryEditor::add(Date start, qint64 minutes, const std::optional<QUuid> &id)
 {
     auto phase = checkedOutsideStore(start, minutes);
     if (!phase)
         return phase;
-    phase->id = m_identifiers.next();
+    phase->id = id ? *id : m_identifiers.next();
     const auto taken = m_edits.insertUnlessOverlapping(request(*phase));
     if (!taken || *taken)
         return std::unexpected(refusal(taken));

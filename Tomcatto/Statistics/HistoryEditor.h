@@ -57,7 +57,9 @@ public:
     /// @return the phase as it would be added, without an identifier
     [[nodiscard]] std::expected<EndedPhase, AddRefusal> checked(Date start, qint64 minutes) const;
     /// Adds a completed focus phase whose plan was its length. @return the phase as it is stored
-    [[nodiscard]] std::expected<EndedPhase, AddRefusal> add(Date start, qint64 minutes);
+    /// @param id the identifier that it gets; a fresh one unless given
+    [[nodiscard]] std::expected<EndedPhase, AddRefusal> add(Date start, qint64 minutes,
+                                                            const std::optional<QUuid> &id = {});
     /// Removes a phase. @return all that was stored of it, to put it back; nothing if no phase has that identifier
     [[nodiscard]] StoreResult<std::optional<PomodoroSessionRecord>> remove(const QUuid &id);
     /// Puts back a phase that was removed, as it was. Does not ask whether its time is still free.

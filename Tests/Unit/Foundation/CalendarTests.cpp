@@ -50,6 +50,33 @@ TEST(Calendar, KnowsWhereDaysBeginAndHowLongTheyAre)
     }
 }
 
+TEST(Calendar, KnowsTheInstantOfALocalTime)
+{
+    struct Case
+    {
+        const char *zone;
+        const char *local;
+        const char *instant;
+    };
+    for (const auto &[zone, local, instant] : {
+             Case{"Europe/Berlin", "2026-11-21T09:30", "2026-11-21T08:30:00Z"},
+             {"Europe/Berlin", "2026-03-29T01:59", "2026-03-29T00:59:00Z"},
+             {"Europe/Berlin", "2026-03-29T02:00", nullptr},
+             {"Europe/Berlin", "2026-03-29T02:59", nullptr},
+             {"Europe/Berlin", "2026-03-29T03:00", "2026-03-29T01:00:00Z"},
+             {"Europe/Berlin", "2026-10-25T02:30", "2026-10-25T00:30:00Z"},
+             {"America/New_York", "2026-11-01T01:30", "2026-11-01T05:30:00Z"},
+             {"Pacific/Apia", "2011-12-30T12:00", nullptr},
+             {"Pacific/Kiritimati", "1969-12-31T23:59", "1970-01-01T10:39:00Z"},
+             {"", "0001-01-01T00:00", "0001-01-01T00:00:00Z"},
+         }) {
+        const QString text = QString::fromLatin1(local);
+        const auto found =
+            Calendar{QTimeZone(zone)}.instant(day(local), QTime::fromString(text.mid(11), QStringLiteral("HH:mm")));
+        EXPECT_EQ(found ? toIso8601(*found) : QString(), QString::fromLatin1(instant)) << zone << ' ' << local;
+    }
+}
+
 TEST(Calendar, MovesByDaysAndKnowsItsReach)
 {
     const Calendar berlin{QTimeZone("Europe/Berlin"), Qt::Monday};
