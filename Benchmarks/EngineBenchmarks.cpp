@@ -1,4 +1,5 @@
 #include "CommandLine/TerminalFrontEnd.h"
+#include "Fakes/FakeAlerts.h"
 #include "Fakes/FakeDesktopServices.h"
 #include "Fakes/FakeWidgetCenter.h"
 #include "Fakes/ManualClock.h"
@@ -93,9 +94,10 @@ public:
     FakeLoginItem loginItem;
     FakeWidgetCenter widgetCenter;
     FileWatch fileWatch;
+    FakeNotificationCenter notificationCenter;
     AppDependencies dependencies{
-        PlatformServices{clock, wallClock, runLoop, fileWatch, identifiers, defaults, power, widgetCenter, bookmarks,
-                         stillFrame, loginItem, history.applicationSupportDirectory(),
+        PlatformServices{clock, wallClock, runLoop, fileWatch, identifiers, defaults, power, widgetCenter,
+                         notificationCenter, bookmarks, stillFrame, loginItem, history.applicationSupportDirectory(),
                          history.applicationSupportDirectory() + QStringLiteral("/widget-snapshot.json"), QString()}};
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Composition/AppDependencies.h"
+#include "Fakes/FakeAlerts.h"
 #include "Fakes/FakeDesktopServices.h"
 #include "Fakes/FakeUserDefaults.h"
 #include "Fakes/FakeWidgetCenter.h"
@@ -46,9 +47,10 @@ public:
     FakeLoginItem loginItem;
     FakeWidgetCenter widgetCenter;
     FileWatch fileWatch;
+    FakeNotificationCenter notificationCenter;
     AppDependencies dependencies{PlatformServices{
-        clock, wallClock, runLoop, fileWatch, identifiers, defaults, power, widgetCenter, bookmarks, stillFrame,
-        loginItem, folder.path(), folder.filePath(QStringLiteral("widget-snapshot.json")), folder.path()}};
+        clock, wallClock, runLoop, fileWatch, identifiers, defaults, power, widgetCenter, notificationCenter, bookmarks,
+        stillFrame, loginItem, folder.path(), folder.filePath(QStringLiteral("widget-snapshot.json")), folder.path()}};
 };
 
 }

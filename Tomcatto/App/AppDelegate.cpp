@@ -33,6 +33,7 @@ void AppDelegate::applicationDidFinishLaunching(ApplicationSurfaces &surfaces)
     m_dependencies.launchAtLoginService.readStatus();
     m_dependencies.session.recover();
     m_dependencies.sessionRepository.prune(pruneDays);
+    m_dependencies.notificationCenterService.becomeDelegate();
     installAppUI(surfaces);
     surfaces.showOnboardingIfNeeded();
 }
@@ -70,6 +71,7 @@ void AppDelegate::installAppUI(ApplicationSurfaces &surfaces)
     if (std::exchange(m_appUIInstalled, true))
         return;
     surfaces.install();
+    m_dependencies.notificationCenterService.start();
     m_dependencies.sleepWakeCoordinator.start();
     // Connected after the coordinator, so that the pause is part of it.
     connect(&m_dependencies.sleepWakeObserver, &SleepWakeObserver::willSleep, this,

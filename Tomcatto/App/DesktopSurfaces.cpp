@@ -86,6 +86,8 @@ void DesktopSurfaces::install()
                                                                     m_activationPolicy, m_mainWindowModel);
     m_onboardingController = std::make_unique<OnboardingController>(m_windows, m_dependencies.settings,
                                                                     m_dependencies.stateMachine, m_onboardingModel);
+    connect(&m_dependencies.notificationCenterService, &NotificationCenterService::activationRequested, this,
+            &DesktopSurfaces::activate);
     connectPages();
     updateCapabilities();
     m_itemForms = m_desktop.statusItem.onFormsChanged([this] {
@@ -236,6 +238,17 @@ void DesktopSurfaces::previewFromPage(const QString &id)
 void DesktopSurfaces::previewFile(const QUrl &file)
 {
     m_breakPreviewController.open(oneVideo({file, posterBeside(file)}));
+}
+
+void DesktopSurfaces::activate()
+{
+    // A break lies over everything already.
+    if (m_breakOverlayController->isShown())
+        return;
+    if (m_mainWindowController->isOpen())
+        m_mainWindowController->openWindow();
+    else
+        m_statusItemController->showPopover();
 }
 
 void DesktopSurfaces::revealPopover()

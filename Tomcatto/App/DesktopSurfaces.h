@@ -67,6 +67,8 @@ private:
     void applyTheme();
     void updateCapabilities();
     void connectPages();
+    /// Brings what is open to the front, else opens the panel.
+    void activate();
     /// Does it once the status item shows somewhere.
     void onceItemShows(std::function<void()> action);
     void followItem();

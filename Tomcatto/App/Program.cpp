@@ -108,13 +108,13 @@ int Program::runApplication(const Invocation &invocation, const FrontEnd &frontE
 
 int Program::runHoldingLock(const Invocation &invocation, const FrontEnd &frontEnd) const
 {
-    const ApplicationPorts ports = m_platform.applicationPorts();
+    const ApplicationPorts ports = m_platform.applicationPorts(m_ports.runLoop);
     const auto storedDefaults = m_ports.openDefaults(false);
     ArgumentDomain defaults(*storedDefaults, invocation.argumentDomain);
     const auto desktop = frontEnd.makeServices ? std::optional(frontEnd.makeServices()) : std::nullopt;
     AppDependencies dependencies({ports.monotonicClock, m_ports.wallClock, m_ports.runLoop, m_ports.fileWatch,
                                   m_ports.identifiers, defaults, ports.workspacePower, ports.widgetCenter,
-                                  m_ports.bookmarks, m_ports.stillFrame, m_ports.loginItem,
+                                  ports.notificationCenter, m_ports.bookmarks, m_ports.stillFrame, m_ports.loginItem,
                                   m_ports.applicationSupportDirectory, m_ports.widgetSnapshotFile,
                                   bundledVideosDirectory(), desktop ? &*desktop : nullptr});
     AppDelegate delegate(dependencies);

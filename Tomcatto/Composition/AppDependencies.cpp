@@ -56,6 +56,9 @@ AppDependencies::AppDependencies(const PlatformServices &services)
     // The remote library's place between the two is still empty.
     , videoCatalog(bundledVideoProvider, userVideoProvider, nullptr, *QRandomGenerator::global())
     , userVideoCommands(userVideoRepository, platform.stillFrame, platform.runLoop)
+    // The texts are built later; it asks for none before the application starts.
+    , notificationCenterService(settings, stateMachine,
+                                {platform.notificationCenter, platform.runLoop, platform.identifiers, strings})
     , notificationAuthorization(makeNotificationAuthorization(platform.desktop))
     , statsAggregator(sessionRepository, platform.wallClock)
     , historyEditor(coreDataStack, platform.wallClock, platform.identifiers,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Alerts/NotificationCenterService.h"
 #include "Composition/PlatformServices.h"
 #include "Localization/LocalizedStrings.h"
 #include "Media/BundledVideoProvider.h"
@@ -49,6 +50,7 @@ public:
     UserVideoProvider userVideoProvider;
     VideoCatalog videoCatalog;
     UserVideoCommands userVideoCommands;
+    NotificationCenterService notificationCenterService;
     /// Nothing without a desktop.
     std::unique_ptr<quillbay::NotificationAuthorization> notificationAuthorization;
     StatsAggregator statsAggregator;

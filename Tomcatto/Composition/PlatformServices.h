@@ -9,6 +9,7 @@
 #include "Platform/Ports/MonotonicClock.h"
 #include "Platform/Ports/StillFrame.h"
 #include "Platform/Ports/UserDefaults.h"
+#include "Platform/Ports/UserNotificationCenter.h"
 #include "Platform/Ports/WallClock.h"
 #include "Platform/Ports/WidgetCenter.h"
 #include "Platform/Ports/WorkspacePower.h"
@@ -28,6 +29,7 @@ struct PlatformServices
     UserDefaults &defaults;
     WorkspacePower &workspacePower;
     WidgetCenter &widgetCenter;
+    UserNotificationCenter &notificationCenter;
     /// Shared with threads that a disk may hold longer than anything lives.
     std::shared_ptr<const Bookmarks> bookmarks;
     const StillFrame &stillFrame;

@@ -13,6 +13,7 @@
 #include "Platform/Ports/StillFrame.h"
 #include "Platform/Ports/Terminal.h"
 #include "Platform/Ports/UserDefaults.h"
+#include "Platform/Ports/UserNotificationCenter.h"
 #include "Platform/Ports/WallClock.h"
 #include "Platform/Ports/WidgetCenter.h"
 #include "Platform/Ports/WorkspacePower.h"
@@ -76,6 +77,7 @@ struct ApplicationPorts
     const MonotonicClock &monotonicClock;
     WorkspacePower &workspacePower;
     WidgetCenter &widgetCenter;
+    UserNotificationCenter &notificationCenter;
     ProcessSignals &processSignals;
     Terminal &terminal;
 };
@@ -90,7 +92,8 @@ public:
     /// Builds what every program needs, once. Needs Qt's application object, as all that follows.
     [[nodiscard]] virtual ProgramPorts programPorts() const = 0;
     /// Builds what the application needs, once; from then on the process's signals are its own.
-    [[nodiscard]] virtual ApplicationPorts applicationPorts() const = 0;
+    /// @param runLoop outlives the ports.
+    [[nodiscard]] virtual ApplicationPorts applicationPorts(MainRunLoop &runLoop) const = 0;
     /// Lets the desktop's program, which lies beside the running one, take this process over where there is a display.
     /// Nothing is unwound. Called from the only thread.
     /// @return only where it does not: the reason; empty where there is no display or no such program.

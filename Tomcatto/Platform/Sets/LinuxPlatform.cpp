@@ -1,4 +1,5 @@
 #include "Platform/Freedesktop/AutostartLoginItem.h"
+#include "Platform/Freedesktop/FreedesktopNotificationCenter.h"
 #include "Platform/Freedesktop/LogindWorkspacePower.h"
 #include "Platform/Freedesktop/TimeZoneSignal.h"
 #include "Platform/Freedesktop/WidgetSignal.h"
@@ -36,6 +37,10 @@ std::unique_ptr<ApplicationPlatform> makeApplicationPlatform()
         .makeMonotonicClock = [] { return std::make_unique<BootTimeClock>(); },
         .makeWorkspacePower = [] { return std::make_unique<LogindWorkspacePower>(QDBusConnection::systemBus()); },
         .makeWidgetCenter = [] { return std::make_unique<WidgetSignal>(QDBusConnection::sessionBus(), exchangeFile); },
+        .makeNotificationCenter =
+            [](MainRunLoop &runLoop) {
+                return std::make_unique<FreedesktopNotificationCenter>(QDBusConnection::sessionBus(), runLoop);
+            },
     });
 }
 

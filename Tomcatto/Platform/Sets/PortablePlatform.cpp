@@ -31,6 +31,16 @@ public:
     void setSleepDelayed(bool /*isDelayed*/) override {}
 };
 
+/// A terminal says by itself what changes.
+class AbsentNotificationCenter final : public UserNotificationCenter
+{
+public:
+    void setDelegate(UserNotificationCenterDelegate * /*delegate*/) override {}
+    void setNotificationCategories(std::vector<NotificationCategory> /*categories*/) override {}
+    void add(const NotificationRequest & /*request*/) override {}
+    void removePendingRequests(const QStringList & /*identifiers*/) override {}
+};
+
 /// Widgets here watch their file.
 class AbsentWidgetCenter final : public WidgetCenter
 {
@@ -55,6 +65,7 @@ std::unique_ptr<ApplicationPlatform> makeApplicationPlatform()
         .makeMonotonicClock = [] { return std::make_unique<SteadyClock>(); },
         .makeWorkspacePower = [] { return std::make_unique<UnnoticedSleep>(); },
         .makeWidgetCenter = [] { return std::make_unique<AbsentWidgetCenter>(); },
+        .makeNotificationCenter = [](MainRunLoop &) { return std::make_unique<AbsentNotificationCenter>(); },
     });
 }
 

@@ -48,16 +48,18 @@ struct ProgramAdapters
 
 struct ApplicationAdapters
 {
-    explicit ApplicationAdapters(const PosixDifferences &differences)
+    ApplicationAdapters(const PosixDifferences &differences, MainRunLoop &runLoop)
         : monotonicClock(differences.makeMonotonicClock())
         , workspacePower(differences.makeWorkspacePower())
         , widgetCenter(differences.makeWidgetCenter())
+        , notificationCenter(differences.makeNotificationCenter(runLoop))
     {
     }
 
     std::unique_ptr<MonotonicClock> monotonicClock;
     std::unique_ptr<WorkspacePower> workspacePower;
     std::unique_ptr<WidgetCenter> widgetCenter;
+    std::unique_ptr<UserNotificationCenter> notificationCenter;
     UnixProcessSignals processSignals;
     UnixTerminal terminal{processSignals};
 };
@@ -104,13 +106,14 @@ ProgramPorts PosixPlatform::programPorts() const
     };
 }
 
-ApplicationPorts PosixPlatform::applicationPorts() const
+ApplicationPorts PosixPlatform::applicationPorts(MainRunLoop &runLoop) const
 {
-    const auto adapters = std::make_shared<ApplicationAdapters>(m_differences);
+    const auto adapters = std::make_shared<ApplicationAdapters>(m_differences, runLoop);
     return {adapters,
             *adapters->monotonicClock,
             *adapters->workspacePower,
             *adapters->widgetCenter,
+            *adapters->notificationCenter,
             adapters->processSignals,
             adapters->terminal};
 }

@@ -19,6 +19,7 @@ struct PosixDifferences
     std::function<std::unique_ptr<MonotonicClock>()> makeMonotonicClock;
     std::function<std::unique_ptr<WorkspacePower>()> makeWorkspacePower;
     std::function<std::unique_ptr<WidgetCenter>()> makeWidgetCenter;
+    std::function<std::unique_ptr<UserNotificationCenter>(MainRunLoop &)> makeNotificationCenter;
 };
 
 /// What all systems of the Unix kind share: their calls and the toolkit's, put together once.
@@ -29,7 +30,7 @@ public:
     explicit PosixPlatform(PosixDifferences differences);
 
     [[nodiscard]] ProgramPorts programPorts() const override;
-    [[nodiscard]] ApplicationPorts applicationPorts() const override;
+    [[nodiscard]] ApplicationPorts applicationPorts(MainRunLoop &runLoop) const override;
     [[nodiscard]] QString becomeDesktop(const QStringList &arguments) const override;
 
 private:

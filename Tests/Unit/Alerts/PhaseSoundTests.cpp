@@ -1,0 +1,58 @@
+#include "Alerts/PhaseSoundService.h"
+#include "Fakes/CapturedLog.h"
+#include "Fakes/EngineFixture.h"
+#include "Fakes/FakeAlerts.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace tomcatto;
+using namespace std::chrono_literals;
+
+TEST(PhaseSoundServiceTest, SaysWhereAPhaseGoesAndStartsAnewInsteadOfTwice)
+{
+    EngineFixture engine;
+    FakeSounds sounds;
+    PhaseSoundService service(engine.settings, sounds);
+    service.bind(engine.machine);
+    engine.settings.setSoundEnabled(true);
+    engine.settings.setOverflowEnabled(true);
+    const auto heard = [&sounds] { return std::exchange(sounds.log, {}).join(QLatin1Char(',')).toStdString(); };
+
+    engine.machine.start();
+    EXPECT_EQ(heard(), "rewind Pop,play Pop");
+    engine.pass(1500s);
+    EXPECT_EQ(heard(), "rewind Glass,play Glass") << "the plan is reached";
+    engine.machine.takeBreak();
+    engine.machine.skip();
+    EXPECT_EQ(heard(), "rewind Glass,play Glass,rewind Pop,play Pop");
+    engine.machine.skip();
+    engine.machine.reset();
+    engine.machine.start();
+    engine.machine.skip();
+    EXPECT_EQ(heard(), "rewind Glass,play Glass,rewind Pop,play Pop,stop Glass,rewind Glass,play Glass")
+        << "a reset is silent, a sound that still plays begins anew";
+
+    engine.settings.setSoundEnabled(false);
+    engine.machine.skip();
+    engine.pass(1500s);
+    EXPECT_EQ(heard(), "");
+}
+
+TEST(PhaseSoundServiceTest, LogsASoundThatTheSystemDoesNotHave)
+{
+    struct Silence final : SystemSounds
+    {
+        [[nodiscard]] SystemSound *named(const QString & /*name*/) override { return nullptr; }
+    } silence;
+    EngineFixture engine;
+    engine.settings.setSoundEnabled(true);
+    PhaseSoundService service(engine.settings, silence);
+    service.bind(engine.machine);
+    const CapturedLog log;
+    engine.machine.start();
+    EXPECT_EQ(log.count(LogLevel::error), 1);
+}
+
+}

@@ -1,0 +1,161 @@
+#include "Alerts/NotificationCenterService.h"
+
+#include "Alerts/NotificationIdentifiers.h"
+#include "Timer/PhaseSequence.h"
+
+namespace tomcatto {
+
+namespace {
+
+constexpr std::chrono::milliseconds postDelay{100};
+constexpr qint64 secondsPerMinute = 60;
+
+}
+
+NotificationCenterService::NotificationCenterService(const PomodoroSettings &settings,
+                                                     PomodoroStateMachine &stateMachine,
+                                                     const Surroundings &surroundings, QObject *parent)
+    : QObject(parent)
+    , m_settings(settings)
+    , m_stateMachine(&stateMachine)
+    , m_surroundings(surroundings)
+{
+}
+
+NotificationCenterService::~NotificationCenterService()
+{
+    m_surroundings.center.setDelegate(nullptr);
+}
+
+void NotificationCenterService::becomeDelegate()
+{
+    m_surroundings.center.setDelegate(this);
+    registerCategories();
+    // The buttons of those to come speak the language that was chosen since.
+    connect(&m_surroundings.strings, &LocalizedStrings::changed, this, &NotificationCenterService::registerCategories);
+}
+
+void NotificationCenterService::start()
+{
+    connect(m_stateMachine, &PomodoroStateMachine::transitioned, this, &NotificationCenterService::follow);
+    connect(m_stateMachine, &PomodoroStateMachine::overflowBegan, this,
+            [this] { post(NotificationPayload::workEnded()); });
+    connect(m_stateMachine, &PomodoroStateMachine::ceilingReached, this,
+            [this] { post(NotificationPayload::overflowCeiling()); });
+}
+
+NotificationPresentation NotificationCenterService::willPresent() const
+{
+    return {.isBanner = true, .isInList = true};
+}
+
+void NotificationCenterService::didReceive(const NotificationResponse &response)
+{
+    std::optional<QString> token;
+    if (const auto found = response.userInfo.find(NotificationUserInfoKey::phaseToken);
+        found != response.userInfo.end())
+        token = *found;
+    m_surroundings.runLoop.async(*this, [this, action = response.actionIdentifier, token] { route(action, token); });
+}
+
+void NotificationCenterService::registerCategories()
+{
+    namespace Action = NotificationActionIdentifier;
+    namespace Category = NotificationCategoryIdentifier;
+    namespace Key = NotificationStringKey;
+    const auto action = [this](QLatin1String identifier, QLatin1String titleKey) {
+        return NotificationAction{identifier, m_surroundings.strings.text(titleKey)};
+    };
+    m_surroundings.center.setNotificationCategories(
+        {{Category::breakStarted, {}},
+         {Category::breakEnded, {action(Action::startWork, Key::startWork), action(Action::snooze, Key::snooze)}},
+         {Category::workEnded, {action(Action::takeBreak, Key::takeBreak), action(Action::extend, Key::extend)}},
+         {Category::breakReady, {action(Action::startBreak, Key::startBreak)}},
+         {Category::overflowCeiling, {}}});
+}
+
+void NotificationCenterService::follow(const PhaseTransition &transition)
+{
+    // A reminder of a phase never outlives it.
+    m_surroundings.center.removePendingRequests({snoozeRequestIdentifier});
+    const bool isPending = m_stateMachine && m_stateMachine->isPhasePending();
+    if (const auto payload = notificationPayload(transition.previous, transition.current, isPending))
+        post(*payload);
+}
+
+void NotificationCenterService::post(const NotificationPayload &payload)
+{
+    if (!m_settings.notificationsEnabled())
+        return;
+    NotificationRequest posted = request(payload);
+    posted.identifier =
+        payload.categoryIdentifier + QLatin1Char('.') + identifierText(m_surroundings.identifiers.next());
+    posted.delay = postDelay;
+    m_surroundings.center.add(posted);
+}
+
+void NotificationCenterService::scheduleSnoozeReminder()
+{
+    if (!m_settings.notificationsEnabled())
+        return;
+    m_surroundings.center.removePendingRequests({snoozeRequestIdentifier});
+    NotificationRequest reminder = request(NotificationPayload::breakEnded());
+    reminder.identifier = snoozeRequestIdentifier;
+    reminder.delay = snoozeTime;
+    m_surroundings.center.add(reminder);
+}
+
+NotificationRequest NotificationCenterService::request(const NotificationPayload &payload) const
+{
+    NotificationRequest request;
+    request.title = m_surroundings.strings.text(payload.titleKey);
+    request.body = body(payload);
+    request.categoryIdentifier = payload.categoryIdentifier;
+    request.userInfo = {
+        {NotificationUserInfoKey::phaseToken, m_stateMachine ? m_stateMachine->phaseToken() : QString()}};
+    return request;
+}
+
+QString NotificationCenterService::body(const NotificationPayload &payload) const
+{
+    // How long the focus was says more, where it fits into whole minutes.
+    const qint64 seconds = m_stateMachine ? m_stateMachine->currentPlannedSeconds() : 0;
+    if (payload == NotificationPayload::workEnded() && seconds > 0 && seconds % secondsPerMinute == 0)
+        return m_surroundings.strings.plural(payload.bodyKey + QStringLiteral("_minutes"), seconds / secondsPerMinute);
+    return m_surroundings.strings.text(payload.bodyKey);
+}
+
+void NotificationCenterService::route(const QString &actionIdentifier, const std::optional<QString> &token)
+{
+    if (!m_stateMachine)
+        return;
+    carryOut(NotificationActionRouter::decision(actionIdentifier, token,
+                                                {m_stateMachine->phaseToken(), m_stateMachine->currentPhase(),
+                                                 m_settings.hasCompletedOnboarding(), m_stateMachine->isOverflowing(),
+                                                 m_stateMachine->isPhasePending()}));
+}
+
+void NotificationCenterService::carryOut(NotificationRouteDecision decision)
+{
+    switch (decision) {
+    case NotificationRouteDecision::ignore:
+        return;
+    case NotificationRouteDecision::startWork:
+        m_stateMachine->resume();
+        return;
+    case NotificationRouteDecision::snooze:
+        m_stateMachine->pause();
+        return scheduleSnoozeReminder();
+    case NotificationRouteDecision::takeBreak:
+        m_stateMachine->takeBreak();
+        return;
+    case NotificationRouteDecision::extend:
+        m_stateMachine->extend(extensionSeconds);
+        m_stateMachine->resume();
+        return;
+    case NotificationRouteDecision::openApp:
+        Q_EMIT activationRequested();
+    }
+}
+
+}
