@@ -1,5 +1,6 @@
 #include "CommandLine/CommandRunner.h"
 
+#include "Composition/HistoryCommands.h"
 #include "Media/UserVideoCommands.h"
 #include "Persistence/CoreDataStack.h"
 #include "Persistence/Repositories/UserVideoRepository.h"
@@ -71,6 +72,10 @@ ExitStatus CommandRunner::run(const Invocation &invocation) const
         return report(m_reports.list(invocation));
     case Invocation::Action::historyChange:
         return changeHistory(invocation);
+    case Invocation::Action::historyBackup:
+        return report(m_reports.backUp(invocation));
+    case Invocation::Action::historyRestore:
+        return restoreHistory(invocation);
     case Invocation::Action::settingsList:
         return listSettings();
     case Invocation::Action::settingsGet:
@@ -180,6 +185,18 @@ ExitStatus CommandRunner::changeHistory(const Invocation &invocation) const
     if (!arguments.contains("id"))
         arguments["id"] = identifierText(m_surroundings.identifiers.next()).toStdString();
     return report(change({invocation.command, arguments, false}, std::chrono::milliseconds(patienceMilliseconds)));
+}
+
+ExitStatus CommandRunner::restoreHistory(const Invocation &invocation) const
+{
+    // Looking all through a copy takes its time, so the application only has to put in place what is made here.
+    const auto prepared = m_files.prepareStore(invocation.text);
+    if (!prepared)
+        return report(replyTo(prepared));
+    const Json arguments{{"action", "restore"}, {"path", prepared->toStdString()}};
+    const ControlReply reply = change({QStringLiteral("history"), arguments, false}, longestOperation);
+    QFile::remove(*prepared);
+    return report(reply);
 }
 
 ExitStatus CommandRunner::listSettings() const

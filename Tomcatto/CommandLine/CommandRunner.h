@@ -29,6 +29,7 @@ private:
     [[nodiscard]] ExitStatus listVideos() const;
     [[nodiscard]] ExitStatus changeVideos(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus changeHistory(const Invocation &invocation) const;
+    [[nodiscard]] ExitStatus restoreHistory(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus listSettings() const;
     [[nodiscard]] ExitStatus getSetting(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus setSetting(const Invocation &invocation) const;

@@ -6,6 +6,7 @@
 #include "Media/VideoFileValidator.h"
 #include "Persistence/CoreDataStack.h"
 #include "Persistence/Repositories/UserVideoRepository.h"
+#include "Persistence/StoreReplacement.h"
 #include "Recording/InFlightSessionRecovery.h"
 #include "Recording/InFlightSessionStore.h"
 
@@ -79,6 +80,9 @@ FileCommands::FileCommands(const CommandSurroundings &surroundings)
 
 ControlReply FileCommands::run(const ControlRequest &request, std::optional<Date> askedSince) const
 {
+    if (request.command == QStringLiteral("history") &&
+        textArgument(request.arguments, "action") == QStringLiteral("restore"))
+        return restoreHistory(request.arguments, askedSince.has_value());
     if (request.command == QStringLiteral("history"))
         return history(request.arguments, askedSince.has_value());
     return request.command == QStringLiteral("videos") ? videos(request.arguments, askedSince)
@@ -117,12 +121,33 @@ ControlReply FileCommands::history(const nlohmann::ordered_json &arguments, bool
     const auto leftBehind = [&] { return phaseLeftBehind(marker, m_surroundings.wallClock); };
     HistoryEditor editor(stack, m_surroundings.wallClock, m_surroundings.identifiers, leftBehind);
     CommandTable commands;
-    addHistoryCommands(commands, {editor, m_surroundings.wallClock});
+    addHistoryCommands(commands, {editor, m_surroundings.wallClock, stack});
     ControlReply reply = answerOf(commands, QStringLiteral("history"), arguments);
     // The application that got the request may have removed the phase already.
     const bool isDone = wasAsked && reply.status == ExitStatus::notApplicable &&
                         textArgument(arguments, "action") == QStringLiteral("remove");
     return isDone ? ControlReply{} : reply;
+}
+
+StoreCopyResult<QString> FileCommands::prepareStore(const QString &copy) const
+{
+    const auto &support = m_surroundings.applicationSupportDirectory;
+    if (!support)
+        return std::unexpected(
+            StoreCopyError{StoreCopyError::Kind::file, QStringLiteral("There is no place for the history.")});
+    return storeReplacement::prepare(copy, CoreDataStack::storePath(*support));
+}
+
+ControlReply FileCommands::restoreHistory(const nlohmann::ordered_json &arguments, bool wasAsked) const
+{
+    const QString prepared = textArgument(arguments, "path");
+    // The application that got the request may have put it in place before it ended.
+    if (wasAsked && !QFileInfo::exists(prepared))
+        return ControlReply{};
+    // Without the store's own classes, since it may be one that they cannot open.
+    return replyTo(storeReplacement::putInPlace(prepared,
+                                                CoreDataStack::storePath(*m_surroundings.applicationSupportDirectory),
+                                                keptStoreName(m_surroundings.wallClock)));
 }
 
 ControlReply FileCommands::videos(const nlohmann::ordered_json &arguments, std::optional<Date> askedSince) const

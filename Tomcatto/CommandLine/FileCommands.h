@@ -2,6 +2,7 @@
 
 #include "CommandLine/CommandSurroundings.h"
 #include "Control/ControlMessage.h"
+#include "Persistence/StoreCopy.h"
 
 namespace tomcatto {
 
@@ -37,6 +38,8 @@ public:
     /// @param askedSince when an application got the request that ended without an answer: what it has done by then is
     /// not done twice
     [[nodiscard]] ControlReply run(const ControlRequest &request, std::optional<Date> askedSince = {}) const;
+    /// Makes a store of a copy, ready to be put in place by "history" with the action "restore".
+    [[nodiscard]] StoreCopyResult<QString> prepareStore(const QString &copy) const;
     /// Lists the settings or gets one; their file is left alone.
     [[nodiscard]] ControlReply readSettings(const nlohmann::ordered_json &arguments) const;
     /// Looks into the file of a video that is to be added, once, which may take seconds and needs no lock.
@@ -46,6 +49,7 @@ public:
 private:
     [[nodiscard]] ControlReply settings(const nlohmann::ordered_json &arguments, bool isReadOnly) const;
     [[nodiscard]] ControlReply history(const nlohmann::ordered_json &arguments, bool wasAsked) const;
+    [[nodiscard]] ControlReply restoreHistory(const nlohmann::ordered_json &arguments, bool wasAsked) const;
     [[nodiscard]] ControlReply videos(const nlohmann::ordered_json &arguments, std::optional<Date> askedSince) const;
 
     const CommandSurroundings &m_surroundings;

@@ -2,6 +2,7 @@
 
 #include "CommandLine/SessionList.h"
 #include "CommandLine/StatsTable.h"
+#include "Composition/HistoryCommands.h"
 #include "Persistence/CoreDataStack.h"
 #include "Persistence/Repositories/SessionRepository.h"
 #include "Statistics/StatsAggregator.h"
@@ -72,6 +73,15 @@ ControlReply HistoryReports::exportSessions(const Invocation &invocation) const
         const auto written = exportRange(aggregator, invocation.range, invocation.text);
         return written ? ControlReply{} : controlReply(ExitStatus::failed, written.error());
     });
+}
+
+ControlReply HistoryReports::backUp(const Invocation &invocation) const
+{
+    const auto &support = m_surroundings.applicationSupportDirectory;
+    if (!support || hasNoStore(support))
+        return controlReply(ExitStatus::notApplicable, QStringLiteral("There is no history yet."));
+    const auto copied = backUpStore(CoreDataStack::storePath(*support), invocation.text);
+    return copied ? ControlReply{} : replyTo(std::unexpected(copied.error()));
 }
 
 ControlReply HistoryReports::exportToOutput(const StatsAggregator &aggregator, StatsRange range) const

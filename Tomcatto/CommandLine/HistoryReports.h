@@ -26,6 +26,9 @@ public:
     /// Writes the phases of a range to a file or to standard output.
     [[nodiscard]] ControlReply exportSessions(const Invocation &invocation) const;
 
+    /// Copies the history into a file.
+    [[nodiscard]] ControlReply backUp(const Invocation &invocation) const;
+
     /// Whether there is certainly no store below an application-support directory.
     [[nodiscard]] static bool hasNoStore(const std::optional<QString> &applicationSupportDirectory);
 

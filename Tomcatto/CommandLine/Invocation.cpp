@@ -225,6 +225,20 @@ private:
         CLI::App *const remove = addCommand(*command, "remove", "Remove a phase");
         addTextArgument(*remove, "id", "The phase's id, as the list has it");
         remove->callback([this] { chooseChange("history", "remove", Action::historyChange); });
+        addFileAction(*command, "backup", "Copy the history into a file; a copy that is there is replaced",
+                      Action::historyBackup);
+        addFileAction(*command, "restore", "Put a copy in the place of the history, which is kept beside it",
+                      Action::historyRestore);
+    }
+
+    void addFileAction(CLI::App &parent, const char *name, const char *help, Action action)
+    {
+        CLI::App *const command = addCommand(parent, name, help);
+        command->add_option("file", m_value, "The copy")->required();
+        command->callback([this, action] {
+            m_invocation.action = action;
+            m_invocation.text = QString::fromStdString(m_value);
+        });
     }
 
     void addTextArgument(CLI::App &command, const char *name, const char *help = "")

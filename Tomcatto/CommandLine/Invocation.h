@@ -23,6 +23,9 @@ struct Invocation
         historyList,
         /// One of those that change the history.
         historyChange,
+        /// Copy the history into the file `text`, or put that copy in its place.
+        historyBackup,
+        historyRestore,
         settingsList,
         settingsGet,
         settingsSet,

@@ -1,6 +1,7 @@
 #include "Composition/HistoryCommands.h"
 
 #include "Foundation/EnumTexts.h"
+#include "Persistence/CoreDataStack.h"
 #include "Platform/Ports/IdentifierSource.h"
 
 namespace tomcatto {
@@ -112,6 +113,29 @@ std::expected<ForgottenPhase, QString> forgottenPhase(const QString &start, cons
     return ForgottenPhase{day, time, number};
 }
 
+QString keptStoreName(const WallClock &wallClock)
+{
+    return QStringLiteral("Tomcatto ") +
+           localText(wallClock.now(), wallClock.calendar(), QStringLiteral("yyyy-MM-dd HH.mm.ss"));
+}
+
+ControlReply replyTo(const StoreCopyResult<QString> &kept)
+{
+    if (kept)
+        return controlReply(ExitStatus::done, kept->isEmpty()
+                                                  ? QString()
+                                                  : QStringLiteral("The earlier history is kept as %1").arg(*kept));
+    switch (kept.error().kind) {
+    case StoreCopyError::Kind::usage:
+        return controlReply(ExitStatus::usage, kept.error().text);
+    case StoreCopyError::Kind::notNow:
+        return controlReply(ExitStatus::notApplicable, kept.error().text);
+    case StoreCopyError::Kind::file:
+        break;
+    }
+    return controlReply(ExitStatus::failed, kept.error().text);
+}
+
 void addHistoryCommands(CommandTable &table, const HistoryCommandParts &parts)
 {
     table.addLater(QStringLiteral("history"), [parts](const Json &arguments, const CommandTable::Answer &answer) {
@@ -120,6 +144,9 @@ void addHistoryCommands(CommandTable &table, const HistoryCommandParts &parts)
             return answer(addPhase(parts, arguments));
         if (action == QStringLiteral("remove"))
             return answer(removePhase(parts, arguments));
+        if (action == QStringLiteral("restore"))
+            return answer(
+                replyTo(parts.stack.replaceStore(textArgument(arguments, "path"), keptStoreName(parts.wallClock))));
         answer(controlReply(ExitStatus::usage, QStringLiteral("Unknown action \"%1\" on the history").arg(action)));
     });
 }

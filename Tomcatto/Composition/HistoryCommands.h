@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Control/CommandTable.h"
+#include "Persistence/StoreCopy.h"
 #include "Platform/Ports/WallClock.h"
 #include "Statistics/HistoryEditor.h"
 
@@ -20,14 +21,21 @@ struct ForgottenPhase
 /// bounds. The error is what to tell the user.
 [[nodiscard]] std::expected<ForgottenPhase, QString> forgottenPhase(const QString &start, const QString &minutes);
 
-/// What the commands on the history work on. Both outlive the table.
+/// What the commands on the history work on. All outlive the table.
 struct HistoryCommandParts
 {
     HistoryEditor &editor;
     const WallClock &wallClock;
+    CoreDataStack &stack;
 };
 
-/// Adds the "history" command, by which phases are added and removed. Where the one who asks names a "zone", times are
+/// The name that an earlier store is kept by, with the local date and time.
+[[nodiscard]] QString keptStoreName(const WallClock &wallClock);
+/// What to tell of a restoration: where the earlier store is kept, or why it failed.
+[[nodiscard]] ControlReply replyTo(const StoreCopyResult<QString> &kept);
+
+/// Adds the "history" command, by which phases are added and removed and a copy, which was prepared for it, is
+/// restored. Where the one who asks names a "zone", times are
 /// those of that time zone. An addition with the "id" that the phase is to have is done once, however often it is
 /// asked for.
 void addHistoryCommands(CommandTable &table, const HistoryCommandParts &parts);

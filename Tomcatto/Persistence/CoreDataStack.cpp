@@ -1,6 +1,7 @@
 #include "Persistence/CoreDataStack.h"
 
 #include "Foundation/FatalError.h"
+#include "Persistence/StoreReplacement.h"
 #include "Persistence/StoreSchema.h"
 
 #include <filesystem>
@@ -67,6 +68,24 @@ void CoreDataStack::loadPersistentStore()
 ManagedObjectContext CoreDataStack::newBackgroundContext()
 {
     return {*m_backgroundConnection, &m_backgroundQueue, std::bind_front(&CoreDataStack::didSave, this)};
+}
+
+StoreCopyResult<QString> CoreDataStack::replaceStore(const QString &prepared, const QString &keptName)
+{
+    StoreCopyResult<QString> replaced;
+    // This thread waits, so neither connection is in use.
+    m_backgroundQueue.sync([&] {
+        m_backgroundConnection->close();
+        m_viewConnection->close();
+        replaced = storeReplacement::putInPlace(prepared, m_storePath, keptName);
+    });
+    // An earlier store that stayed has no log any more, either.
+    loadPersistentStore();
+    if (replaced) {
+        Q_EMIT othersDidWrite();
+        didSave(HistoryChange::rewritten, true);
+    }
+    return replaced;
 }
 
 void CoreDataStack::didSave(HistoryChange change, bool isSaved)

@@ -3,6 +3,7 @@
 #include "Foundation/Logger.h"
 #include "Persistence/ManagedObjectContext.h"
 #include "Persistence/SerialQueue.h"
+#include "Persistence/StoreCopy.h"
 
 #include <atomic>
 #include <memory>
@@ -36,6 +37,10 @@ public:
     void announceForeignWrites();
     /// Returns when everything handed over to background contexts so far is on disk. Any thread.
     void save();
+    /// Puts a store that was prepared for it in the store's place, after everything handed over so far is written, and
+    /// announces that as if others had written. Takes some hundredths of a second. Main thread.
+    /// @return as `storeReplacement::putInPlace`; after an error everything is as before
+    [[nodiscard]] StoreCopyResult<QString> replaceStore(const QString &prepared, const QString &keptName);
     /// How often ended phases that were stored may have changed or gone, by this process or another. It has grown
     /// before the save that it grows for is announced. Any thread.
     [[nodiscard]] quint64 rewrites() const noexcept { return m_rewrites; }

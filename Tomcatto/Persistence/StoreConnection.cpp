@@ -1,6 +1,9 @@
 #include "Persistence/StoreConnection.h"
 
+#include <QtCore/QFileInfo>
+#include <QtCore/QUrl>
 #include <sqlite3.h>
+#include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/SQLiteCpp.h>
 
 namespace tomcatto {
@@ -53,8 +56,31 @@ StoreConnection::StoreConnection(QString path, Access access)
 
 StoreConnection::~StoreConnection() = default;
 
+void StoreConnection::close()
+{
+    m_database.reset();
+    m_dataVersion.reset();
+}
+
+StoreResult<void> StoreConnection::openToRead()
+{
+    // A copy that was taken with its log is read with it, which takes a lock file beside it.
+    const bool isWhole = !QFileInfo::exists(m_path + QStringLiteral("-wal"));
+    const QByteArray address = "file:" + QUrl::toPercentEncoding(m_path, "/") + (isWhole ? "?immutable=1" : "");
+    try {
+        m_database = std::make_unique<SQLite::Database>(address.toStdString(),
+                                                        SQLite::OPEN_READONLY | SQLite::OPEN_URI | SQLITE_OPEN_NOMUTEX,
+                                                        busyTimeoutMilliseconds);
+    } catch (const SQLite::Exception &exception) {
+        return std::unexpected(errorFrom(exception, m_path));
+    }
+    return {};
+}
+
 StoreResult<void> StoreConnection::open()
 {
+    if (m_access == Access::readOnly)
+        return openToRead();
     // One thread at a time uses the connection, so SQLite need not lock it.
     const int flags = SQLite::OPEN_READWRITE | SQLITE_OPEN_NOMUTEX |
                       (m_access == Access::createWhenMissing ? SQLite::OPEN_CREATE : 0);
@@ -141,6 +167,30 @@ bool StoreConnection::noticeForeignWrites()
     const bool isSame = asked && version && version == m_dataVersion;
     m_dataVersion = version;
     return !isSame;
+}
+
+StoreResult<void> StoreConnection::copyInto(const QString &file)
+{
+    const auto copied = withDatabase([&file](SQLite::Database &database) -> StoreResult<void> {
+        try {
+            const std::string path = file.toStdString();
+            {
+                SQLite::Database copy(path, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, busyTimeoutMilliseconds);
+                // Nobody needs the half of a copy.
+                copy.exec("PRAGMA journal_mode = MEMORY");
+                SQLite::Backup pages(copy, database);
+                if (const int code = pages.executeStep(); code != SQLITE_DONE)
+                    return std::unexpected(
+                        StoreError::fromResultCode(code, file, QString::fromUtf8(sqlite3_errstr(code))));
+            }
+            // With the pages it took over that it has a log.
+            SQLite::Database(path, SQLite::OPEN_READWRITE).exec("PRAGMA journal_mode = DELETE");
+        } catch (const SQLite::Exception &exception) {
+            return std::unexpected(errorFrom(exception, file));
+        }
+        return {};
+    });
+    return copied ? *copied : std::unexpected(copied.error());
 }
 
 StoreResult<void> StoreConnection::checkpointOnClose()

@@ -24,8 +24,9 @@ using StoreValue = std::variant<std::monostate, qint64, double, QString, QByteAr
 class StoreConnection final
 {
 public:
-    /// Whether a missing file is made.
-    enum class Access { createWhenMissing, existingOnly };
+    /// Whether a missing file is made. One that is only read is opened without touching it, since nobody else writes
+    /// it.
+    enum class Access { createWhenMissing, existingOnly, readOnly };
 
     StoreConnection(QString path, Access access);
     ~StoreConnection();
@@ -48,12 +49,18 @@ public:
     /// Whether another connection, of this process or another, has written to the store since this was asked last. Also
     /// true the first time and where it cannot be told. Certain only within a transaction.
     [[nodiscard]] bool noticeForeignWrites();
+    /// Copies everything that is committed, as of one moment, into a file that is empty or missing; others may write
+    /// meanwhile. The copy is on disk when this returns, and whole without a file beside it.
+    [[nodiscard]] StoreResult<void> copyInto(const QString &file);
+    /// Lets go of the file until the next use.
+    void close();
     /// Lets the last connection's close copy the write-ahead log into the file. Until this is called a close leaves the
     /// files as they are, so that a store that is refused is not touched.
     [[nodiscard]] StoreResult<void> checkpointOnClose();
 
 private:
     [[nodiscard]] StoreResult<void> open();
+    [[nodiscard]] StoreResult<void> openToRead();
     template<typename Action>
     [[nodiscard]] auto withDatabase(Action action) -> StoreResult<decltype(action(std::declval<SQLite::Database &>()))>;
 

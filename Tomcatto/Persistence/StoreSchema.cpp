@@ -18,6 +18,9 @@ constexpr const char *countForeignTables =
     "SELECT count(*) FROM sqlite_master WHERE type = 'table' AND NOT EXISTS"
     " (SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = 'PomodoroSessionRecord')";
 
+constexpr const char *countOwnTables =
+    "SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name = 'PomodoroSessionRecord'";
+
 // Dates are seconds since 1970 in UTC, identifiers upper-case UUID texts, flags 0 or 1. Every column may be missing.
 constexpr const char *createTables = R"sql(
 CREATE TABLE IF NOT EXISTS PomodoroSessionRecord (
@@ -100,6 +103,11 @@ StoreResult<void> StoreSchema::prepare()
             return checked;
     }
     return m_connection.checkpointOnClose();
+}
+
+bool StoreSchema::isStore()
+{
+    return number(countOwnTables).value_or(0) > 0;
 }
 
 int StoreSchema::knownVersion() const
