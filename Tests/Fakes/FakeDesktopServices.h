@@ -4,6 +4,7 @@
 #include "Platform/Ports/Alert.h"
 #include "Platform/Ports/LoginItem.h"
 #include "Platform/Ports/NotificationProbe.h"
+#include "Platform/Ports/SavePanel.h"
 #include "Platform/Ports/SystemSettings.h"
 
 #include <vector>
@@ -49,6 +50,20 @@ public:
 
     std::vector<AlertDescription> shown;
     std::function<void(AlertButton)> close;
+};
+
+/// A save panel that a test closes with a path of its choice.
+class FakeSavePanel final : public SavePanel
+{
+public:
+    void ask(const SavePanelRequest &request, std::function<void(const QString &)> onChosen) override
+    {
+        requests.push_back(request);
+        choose = std::move(onChosen);
+    }
+
+    std::vector<SavePanelRequest> requests;
+    std::function<void(const QString &)> choose;
 };
 
 class FakeSystemSettings final : public SystemSettings

@@ -5,6 +5,7 @@
 #include "Fakes/VideosFixture.h"
 #include "MainWindow/MainWindowViewModel.h"
 #include "MainWindow/OnboardingViewModel.h"
+#include "StatisticsViews/SessionExport.h"
 #include "Unit/Statistics/ManualSessionHistory.h"
 
 namespace tomcatto {
@@ -38,7 +39,9 @@ public:
                                library.runLoop};
     ManualSessionHistory history;
     StatsAggregator aggregator{history, engine.wallClock};
-    StatisticsPageViewModel statistics{{aggregator, engine.settings, strings, engine.wallClock}};
+    FakeSavePanel savePanel;
+    SessionExport sessionExport{aggregator, strings, engine.wallClock, savePanel};
+    StatisticsPageViewModel statistics{{aggregator, engine.settings, strings, engine.wallClock, sessionExport}};
     PermissionsPageViewModel permissions{engine.settings, launchAtLogin, authorization, systemSettings, strings};
     AboutPageViewModel about{QStringLiteral("1.0.0"), strings};
     MainWindowRouter router;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Fakes/EngineFixture.h"
+#include "Fakes/FakeDesktopServices.h"
 #include "MenuBar/MenuBarServices.h"
 #include "Unit/Statistics/ManualSessionHistory.h"
 
@@ -18,7 +19,10 @@ struct MenuBarFixture : EngineFixture
     StatsAggregator aggregator{history, wallClock};
     LanguageOverrideService language;
     LocalizedStrings strings{language};
-    MenuBarServices services{machine, timer, settings, aggregator, strings, clock, wallClock, runLoop, defaults};
+    FakeSavePanel savePanel;
+    SessionExport sessionExport{aggregator, strings, wallClock, savePanel};
+    MenuBarServices services{machine, timer,     settings, aggregator, strings,
+                             clock,   wallClock, runLoop,  defaults,   sessionExport};
 };
 
 }

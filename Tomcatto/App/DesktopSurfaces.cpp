@@ -20,6 +20,8 @@ DesktopSurfaces::DesktopSurfaces(AppDependencies &dependencies, DesktopPorts des
     , m_desktop(std::move(desktop))
     , m_activationPolicy(m_desktop.activationPolicy)
     , m_menuCommands(dependencies.mainWindowRouter, menuActions())
+    , m_sessionExport(dependencies.statsAggregator, dependencies.strings, dependencies.platform.wallClock,
+                      m_desktop.savePanel)
     , m_timerPage(dependencies.settings, dependencies.stateMachine, dependencies.strings)
     , m_generalPage(dependencies.settings, dependencies.launchAtLoginService, *dependencies.notificationAuthorization,
                     dependencies.platform.desktop->systemSettings, dependencies.languageOverrideService,
@@ -27,8 +29,8 @@ DesktopSurfaces::DesktopSurfaces(AppDependencies &dependencies, DesktopPorts des
     , m_videosPage(dependencies.userVideoCommands, dependencies.userVideoRepository, dependencies.videoFiles,
                    dependencies.movedVideoSearch, dependencies.bundledVideoProvider, dependencies.strings,
                    dependencies.platform.runLoop)
-    , m_statisticsPage(
-          {dependencies.statsAggregator, dependencies.settings, dependencies.strings, dependencies.platform.wallClock})
+    , m_statisticsPage({dependencies.statsAggregator, dependencies.settings, dependencies.strings,
+                        dependencies.platform.wallClock, m_sessionExport})
     , m_permissionsPage(dependencies.settings, dependencies.launchAtLoginService,
                         *dependencies.notificationAuthorization, dependencies.platform.desktop->systemSettings,
                         dependencies.strings)
@@ -63,7 +65,7 @@ void DesktopSurfaces::install()
     m_statusItemController = std::make_unique<StatusItemController>(
         MenuBarServices{m_dependencies.stateMachine, m_dependencies.timer, m_dependencies.settings,
                         m_dependencies.statsAggregator, m_dependencies.strings, platform.monotonicClock,
-                        platform.wallClock, platform.runLoop, platform.defaults},
+                        platform.wallClock, platform.runLoop, platform.defaults, m_sessionExport},
         StatusItemController::Platform{m_desktop.statusItem, m_windows, m_desktop.clickMonitor},
         m_dependencies.mainWindowRouter);
     connect(m_statusItemController.get(), &StatusItemController::quitRequested, this, m_quit);

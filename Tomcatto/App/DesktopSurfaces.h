@@ -99,6 +99,7 @@ private:
     ActivationPolicy m_activationPolicy;
     AppMenuCommands m_menuCommands;
 
+    SessionExport m_sessionExport;
     TimerPageViewModel m_timerPage;
     GeneralPageViewModel m_generalPage;
     QPointer<QFileDialog> m_videosDialog;

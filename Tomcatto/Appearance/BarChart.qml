@@ -15,6 +15,8 @@ Item {
     property real maximum: 1
     property string name
     property real textScale: Theme.textScale
+    /// Room at least for the texts of the ticks.
+    property real axisWidth: 0
     property int currentIndex: -1
     property int hoveredIndex: -1
     property bool byKey: false
@@ -22,6 +24,15 @@ Item {
     readonly property real slotWidth: plot.width / Math.max(1, bars.length)
     readonly property real barWidth: Math.min(40, Math.round(slotWidth * 0.6))
     readonly property real labelHeight: Theme.lineHeight("micro", textScale)
+
+    /// Only so many that they do not touch, the last one among them.
+    readonly property var labelled: {
+        const places = bars.map((bar, index) => bar.label ? index : -1).filter(index => index >= 0)
+        const gap = places.reduce((least, place, index) => index > 0 ? Math.min(least, place - places[index - 1]) : least, bars.length)
+        const widest = Math.max(0, ...places.map(place => labelMetrics.advanceWidth(bars[place].label)))
+        const step = Math.max(1, Math.ceil((widest + 8) / Math.max(1, gap * slotWidth)))
+        return places.filter((_, index) => (places.length - 1 - index) % step === 0)
+    }
 
     function heightOf(value: real): real {
         return maximum > 0 ? Math.round(plot.height * Math.max(0, Math.min(1, value / maximum))) : 0
@@ -46,6 +57,11 @@ Item {
     Keys.onLeftPressed: move(currentIndex - 1)
     Keys.onRightPressed: move(currentIndex + 1)
 
+    FontMetrics {
+        id: labelMetrics
+
+        font: Theme.sizedFont(Math.round(11 * chart.textScale), Font.DemiBold, 0)
+    }
     FocusRing {
         shown: chart.activeFocus && chart.byKey
         parentRadius: 4
@@ -70,7 +86,7 @@ Item {
     Item {
         id: plot
 
-        x: Math.ceil(axis.implicitWidth) + 8
+        x: Math.max(chart.axisWidth, Math.ceil(axis.implicitWidth)) + 8
         y: 7
         width: chart.width - x
         height: chart.height - y - chart.labelHeight - 7
@@ -145,8 +161,8 @@ Item {
                 }
                 QuietText {
                     anchors.horizontalCenter: parent.horizontalCenter
-                    y: plot.height + 7
-                    text: slot.modelData.label ?? ""
+                    y: plot.height + 8
+                    text: chart.labelled.includes(slot.index) ? slot.modelData.label : ""
                     font: slot.isToday ? Theme.sizedFont(Math.round(11 * chart.textScale), Font.DemiBold, 0) : Theme.font("micro", chart.textScale)
                     lineHeight: chart.labelHeight
                     color: slot.isToday ? Theme.ink : Theme.ink2

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tomcatto.Appearance
 
@@ -6,6 +8,7 @@ Row {
     id: legend
 
     property real textScale: Theme.textScale
+    property real cellSize: 10
 
     spacing: 6
 
@@ -26,8 +29,8 @@ Row {
             Rectangle {
                 required property color modelData
 
-                width: 10
-                height: 10
+                width: legend.cellSize
+                height: legend.cellSize
                 radius: 3
                 color: modelData
             }

@@ -18,6 +18,8 @@ Item {
     property real cellHeight: 19
     property real gap: 5
     property real cellRadius: 6
+    /// Room at least for the names of the days.
+    property real labelWidth: 0
     property string name
     property real textScale: Theme.textScale
     property int currentIndex: -1
@@ -60,7 +62,8 @@ Item {
     Column {
         id: days
 
-        y: grid.y
+        // Of the small texts the lower half is fuller.
+        y: grid.y + (map.cellHeight > 15 ? 1 : 0)
         spacing: map.gap
 
         Repeater {
@@ -87,6 +90,7 @@ Item {
             required property var modelData
 
             x: grid.x + modelData.column * (map.cellWidth + map.gap)
+            y: 2
             text: modelData.text
             role: "micro"
             textScale: map.textScale
@@ -97,7 +101,7 @@ Item {
     Item {
         id: grid
 
-        x: days.width > 0 ? Math.ceil(days.width) + 10 : 0
+        x: days.width > 0 ? Math.max(map.labelWidth, Math.ceil(days.width)) + 10 : 0
         y: map.monthLabels.length > 0 ? Theme.lineHeight("micro", map.textScale) + 10 : 0
         width: map.columns * (map.cellWidth + map.gap) - map.gap
         height: map.rows * (map.cellHeight + map.gap) - map.gap

@@ -105,6 +105,8 @@ QtObject {
     readonly property var typeRoles: ({
             "dialTime": [50, 58, Font.DemiBold, -1],
             "dialTimeLong": [44, 58, Font.DemiBold, -1],
+            "figure": [26, 32, Font.DemiBold, 0],
+            "figureUnit": [14, 32, Font.Medium, 0],
             "figureSmall": [20, 24, Font.DemiBold, -0.2],
             "figureUnitSmall": [12, 24, Font.Medium, 0],
             "onboardingTitle": [26, 32, Font.Bold, -0.4],

@@ -62,7 +62,7 @@ Rectangle {
         x: page.columnX
         y: 28
         width: page.columnWidth
-        height: (stacked ? trailing.y + trailing.height : Math.max(titles.implicitHeight, trailing.implicitHeight)) + Theme.cardGap
+        height: (stacked ? trailing.y + trailing.height : titles.implicitHeight) + Theme.cardGap
 
         TextMetrics {
             id: titleWidth
@@ -73,7 +73,6 @@ Rectangle {
         Column {
             id: titles
 
-            y: head.stacked ? 0 : Math.max(0, (trailing.implicitHeight - implicitHeight) / 2)
             width: parent.width - (trailing.width > 0 && !head.stacked ? trailing.width + 16 : 0)
             spacing: 2
 
@@ -95,7 +94,7 @@ Rectangle {
             id: trailing
 
             anchors.right: parent.right
-            y: head.stacked ? titles.implicitHeight + 8 : Math.max(0, (titles.implicitHeight - height) / 2)
+            y: head.stacked ? titles.implicitHeight + 8 : (titles.implicitHeight - height) / 2
             spacing: 12
         }
     }

@@ -16,12 +16,31 @@ TitledPage {
     Component.onCompleted: viewModel.appear()
     Component.onDestruction: viewModel?.disappear()
 
-    header: Segmented {
-        texts: page.statistics.rangeTexts
-        currentIndex: page.statistics.rangeIndex
-        name: Texts.text("stats.range.accessibility")
-        onActivated: index => page.statistics.selectRange(index)
-    }
+    header: [
+        Segmented {
+            id: ranges
+
+            width: Math.min(Math.max(330, implicitWidth), page.columnWidth - exportButton.width - 12)
+            equal: true
+            texts: page.statistics.rangeTexts
+            currentIndex: page.statistics.rangeIndex
+            name: Texts.text("stats.range.accessibility")
+            onActivated: index => page.statistics.selectRange(index)
+        },
+        PushButton {
+            id: exportButton
+
+            height: ranges.height
+            // Quieter than a button of a dialog that cannot be pressed yet.
+            fill: enabled ? Theme.card : "transparent"
+            lineColor: Theme.line
+            enabled: page.statistics.canExport
+            symbol: "square.and.arrow.up"
+            text: Texts.text("stats.export")
+            Accessible.name: Texts.text("stats.export.accessibility")
+            onClicked: page.statistics.exportSessions()
+        }
+    ]
     flickable: ListView {
         id: list
 
@@ -34,30 +53,25 @@ TitledPage {
         keyNavigationEnabled: false
         T.ScrollBar.vertical: PageScrollBar {}
 
-        header: Column {
+        // A header of the list could not see what is around it.
+        topMargin: head.height
+        bottomMargin: Theme.pageMargin
+        Component.onCompleted: contentY = head.y
+
+        Column {
+            id: head
+
+            parent: list.contentItem
             x: page.columnX
+            y: list.originY - height
             // The focus ring of the first control is not clipped.
-            topPadding: 6
+            topPadding: 4
+            onHeightChanged: list.contentY = y
 
             StatisticsOverview {
                 width: page.columnWidth
                 statistics: page.statistics
             }
-            LogHeading {
-                width: page.columnWidth
-            }
-        }
-        model: null
-        delegate: LogRow {
-            x: page.columnX
-            width: page.columnWidth
-        }
-        footer: Item {
-            width: 1
-            height: Theme.pageMargin
         }
     }
-
-    component LogHeading: Item {}
-    component LogRow: Item {}
 }

@@ -2,9 +2,9 @@
 
 namespace tomcatto {
 
-StatisticsPageViewModel::StatisticsPageViewModel(const StatisticsViewModel::Sources &sources, QObject *parent)
+StatisticsPageViewModel::StatisticsPageViewModel(const StatisticsSources &sources, QObject *parent)
     : QObject(parent)
-    , m_statistics(sources)
+    , m_statistics(sources, StatisticsForm::page)
 {
 }
 

@@ -11,7 +11,7 @@ class StatisticsPageViewModel final : public QObject
     Q_PROPERTY(tomcatto::StatisticsViewModel *statistics READ statistics CONSTANT FINAL)
 
 public:
-    explicit StatisticsPageViewModel(const StatisticsViewModel::Sources &sources, QObject *parent = nullptr);
+    explicit StatisticsPageViewModel(const StatisticsSources &sources, QObject *parent = nullptr);
 
     /// The range that is chosen, and all that stands over the log.
     [[nodiscard]] StatisticsViewModel *statistics() noexcept { return &m_statistics; }

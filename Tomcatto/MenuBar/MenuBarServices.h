@@ -3,7 +3,7 @@
 #include "Localization/LocalizedStrings.h"
 #include "Platform/Ports/MonotonicClock.h"
 #include "Platform/Ports/WallClock.h"
-#include "Statistics/StatsAggregator.h"
+#include "StatisticsViews/SessionExport.h"
 #include "Timer/PomodoroStateMachine.h"
 
 namespace tomcatto {
@@ -20,6 +20,7 @@ struct MenuBarServices
     WallClock &wallClock;
     MainRunLoop &runLoop;
     UserDefaults &defaults;
+    SessionExport &sessionExport;
 };
 
 }

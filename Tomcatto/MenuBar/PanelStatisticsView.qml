@@ -4,7 +4,7 @@ import QtQuick
 import Tomcatto.Appearance
 import Tomcatto.MenuBar
 
-/// The statistics route: range, three figures, chart and heat map.
+/// The statistics route: range, figures, chart and heat map.
 Item {
     id: view
 
@@ -33,6 +33,15 @@ Item {
         wrapMode: Text.NoWrap
         Accessible.role: Accessible.Heading
     }
+    IconButton {
+        x: view.width - width - 8
+        y: 8
+        objectName: "export"
+        enabled: view.statistics.canExport
+        symbol: "square.and.arrow.up"
+        text: Texts.text("stats.export.accessibility")
+        onClicked: view.statistics.exportSessions()
+    }
     Segmented {
         id: ranges
 
@@ -52,7 +61,7 @@ Item {
         spacing: 8
 
         Repeater {
-            // The panel has room for three.
+            // There is room for three; the average stands over the chart.
             model: Math.min(3, view.statistics.figures.length)
 
             PanelFigure {
@@ -93,6 +102,19 @@ Item {
         height: 172
         title: view.statistics.chartTitle
 
+        ThemedText {
+            readonly property var average: view.statistics.figures[3] ?? ({"label": "", "parts": [{"text": ""}]})
+
+            x: parent.width - width - 15
+            y: 14
+            objectName: "average"
+            text: average.label + " " + average.parts[0].text
+            role: "micro"
+            textScale: 1
+            color: Theme.ink2
+            wrapMode: Text.NoWrap
+            Accessible.name: average.name ?? ""
+        }
         BarChart {
             x: 15
             y: 36

@@ -84,8 +84,9 @@ QVariantMap StatusItemController::makeModels(QObject &owner)
     auto *panel = new MenubarPanelViewModel(m_services, m_navigationStore, m_router, &owner);
     connect(panel, &MenubarPanelViewModel::dismissRequested, this, &StatusItemController::closePopover);
     connect(panel, &MenubarPanelViewModel::quitRequested, this, &StatusItemController::quitRequested);
-    auto *statistics = new StatisticsViewModel(
-        {m_services.statsAggregator, m_services.settings, m_services.strings, m_services.wallClock}, &owner);
+    auto *statistics = new StatisticsViewModel({m_services.statsAggregator, m_services.settings, m_services.strings,
+                                                m_services.wallClock, m_services.sessionExport},
+                                               StatisticsForm::panel, &owner);
     statistics->setShown(true);
     return {{QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(panel)},
             {QStringLiteral("statistics"), QVariant::fromValue<QObject *>(statistics)}};

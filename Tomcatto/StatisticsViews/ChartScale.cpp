@@ -30,4 +30,19 @@ ChartScale chartScale(qint64 peak)
     return scale;
 }
 
+ChartScale chartScaleAbove(qint64 peak)
+{
+    const auto scale = [](qint64 step) { return ChartScale{step, 3 * step, step >= 60}; };
+    const qint64 least = peak / 3 + (peak % 3 > 0 ? 1 : 0);
+    for (const qint64 step : {5, 10, 20, 30, 60, 120, 180, 300}) {
+        if (step >= least)
+            return scale(step);
+    }
+    // 10, 20, 50, 100 … hours; the quotient keeps far from overflow.
+    qint64 unit = 600;
+    while (unit < least / 5)
+        unit *= 10;
+    return scale(unit >= least ? unit : 2 * unit >= least ? 2 * unit : unit * 5 >= least ? 5 * unit : 10 * unit);
+}
+
 }

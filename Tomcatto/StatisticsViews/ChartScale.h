@@ -20,4 +20,7 @@ struct ChartScale
 /// The scale for a highest bar of `peak` minutes; negative counts as 0.
 [[nodiscard]] ChartScale chartScale(qint64 peak);
 
+/// The same for a chart with three lines above the base, the uppermost at the edge and not below the highest bar.
+[[nodiscard]] ChartScale chartScaleAbove(qint64 peak);
+
 }

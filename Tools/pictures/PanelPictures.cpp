@@ -4,6 +4,7 @@
 #include "MenuBar/MenubarPanelViewModel.h"
 #include "MenuBar/StatusPillRenderer.h"
 #include "MenuBar/TrayIconRenderer.h"
+#include "pictures/SampleHistory.h"
 #include "StatisticsViews/StatisticsViewModel.h"
 #include "StatusPill/StatusPillSource.h"
 
@@ -24,17 +25,6 @@ using namespace tomcatto;
 
 const char *const states[] = {"idle",    "working",  "paused",     "short-break", "long-paused",
                               "pending", "overtime", "statistics", "empty"};
-
-/// Phases on most days of the last weeks, so that chart and heat map have something to show.
-void fillHistory(MenuBarFixture &services)
-{
-    for (int day = 109; day >= 0; --day) {
-        for (int phase = (day * 7 + day / 3) % 9 - 1; phase >= 0; --phase)
-            services.history.stamps.push_back(
-                {services.wallClock.now() - Seconds(86400.0 * day + 1800.0 * phase), 1500});
-    }
-    services.history.earliest = services.history.stamps.front().startedAt;
-}
 
 void reach(MenuBarFixture &services, PopoverNavigationStore &navigation, const QString &state)
 {
@@ -63,13 +53,15 @@ bool picture(const QString &state, bool dark, const QString &language, const QDi
 {
     MenuBarFixture services(language);
     if (state != QLatin1String("empty"))
-        fillHistory(services);
+        fillHistory(services.history, services.wallClock.now(), 109);
     PopoverNavigationStore navigation;
     MainWindowRouter router;
     reach(services, navigation, state);
     QCoreApplication::processEvents();
     MenubarPanelViewModel panel(services.services, navigation, router);
-    StatisticsViewModel statistics({services.aggregator, services.settings, services.strings, services.wallClock});
+    StatisticsViewModel statistics(
+        {services.aggregator, services.settings, services.strings, services.wallClock, services.sessionExport},
+        StatisticsForm::panel);
     statistics.setShown(true);
 
     QQmlEngine engine;

@@ -2,6 +2,7 @@
 #include "Appearance/Texts.h"
 #include "Fakes/MainWindowFixture.h"
 #include "Media/BundledVideoProvider.h"
+#include "pictures/SampleHistory.h"
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QDir>
@@ -25,6 +26,8 @@ struct Variant
     qreal textScale = 1;
     QSize size = {};
     bool highContrast = false;
+    /// How far back the history goes in days; none where it is negative.
+    int days = 110;
 };
 
 class Studio
@@ -39,6 +42,7 @@ public:
                                    true};
         m_fixture.onboarding.setCapabilities({.showsPill = true});
         addVideos();
+        addHistory();
         m_appearance.setDark(variant.dark);
         m_appearance.setReducedMotion(true);
         m_appearance.setTextScale(variant.textScale);
@@ -90,6 +94,18 @@ public:
     }
 
 private:
+    /// Over all time where it is a long one.
+    void addHistory()
+    {
+        // Tuesday 18 November 2025, 14:30.
+        m_fixture.engine.wallClock.setNow(dateFromSeconds(1'763'476'200));
+        if (m_variant.days >= 0)
+            fillHistory(m_fixture.history, m_fixture.engine.wallClock.now(), m_variant.days);
+        if (m_variant.days > 365)
+            m_fixture.statistics.statistics()->selectRange(3);
+        m_fixture.engine.settings.setDailyGoalPomodoros(8);
+    }
+
     /// Disks and views take time of their own; the page's passes with it.
     void settle(int milliseconds)
     {
@@ -161,6 +177,9 @@ int main(int argc, char **argv)
         {.name = QStringLiteral("large"), .language = SelectedLanguage::fr, .textScale = 2},
         {.name = QStringLiteral("small"), .language = SelectedLanguage::fr, .textScale = 2, .size = QSize(720, 520)},
         {.name = QStringLiteral("contrast"), .highContrast = true},
+        {.name = QStringLiteral("turkish"), .language = SelectedLanguage::tr, .size = QSize(720, 520)},
+        {.name = QStringLiteral("empty"), .days = -1},
+        {.name = QStringLiteral("alltime"), .days = 3400},
     };
     bool isComplete = true;
     for (const Variant &variant : variants) {

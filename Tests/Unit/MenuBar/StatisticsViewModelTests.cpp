@@ -1,10 +1,15 @@
+#include "Fakes/CapturedLog.h"
+#include "Fakes/FakeDesktopServices.h"
 #include "Fakes/FakeUserDefaults.h"
 #include "Fakes/ManualWallClock.h"
 #include "StatisticsViews/ChartScale.h"
+#include "StatisticsViews/SessionExport.h"
 #include "StatisticsViews/StatisticsViewModel.h"
 #include "Unit/Statistics/ManualSessionHistory.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <QtCore/QTemporaryDir>
 
 namespace tomcatto {
 namespace {
@@ -31,6 +36,12 @@ TEST(ChartScale, TakesRoundStepsThatFitTwice)
     };
     for (const Row &row : rows)
         EXPECT_EQ(chartScale(row.peak), row.expected) << row.peak << " gives " << chartScale(row.peak).step;
+
+    const std::pair<qint64, qint64> stepsAbove[] = {{0, 5},       {15, 5},          {16, 10},        {150, 60},
+                                                    {900, 300},   {901, 600},       {3604, 3000},    {9000, 3000},
+                                                    {9001, 6000}, {30'720, 12'000}, {36'001, 30'000}};
+    for (const auto &[peak, step] : stepsAbove)
+        EXPECT_EQ(chartScaleAbove(peak), (ChartScale{step, 3 * step, step >= 60})) << peak;
 }
 
 /// Thursday 9 October 2025, 08:53 UTC, weeks from Monday.
@@ -50,7 +61,9 @@ struct Statistics
         history.stamps.insert(history.stamps.begin(), {start, seconds});
         history.earliest = history.stamps.front().startedAt;
     }
-    [[nodiscard]] StatisticsViewModel::Sources sources() { return {aggregator, settings, strings, wallClock}; }
+    [[nodiscard]] StatisticsSources sources() { return {aggregator, settings, strings, wallClock, sessionExport}; }
+    FakeSavePanel savePanel;
+    SessionExport sessionExport{aggregator, strings, wallClock, savePanel};
 };
 
 QVariant field(const QVariantList &rows, qsizetype index, const QString &key)
@@ -73,7 +86,7 @@ TEST(StatisticsViewModel, ShowsTheWeekInPlainRows)
         test.add(0, 1500);
     test.add(1, 3000);
     test.settings.setDailyGoalPomodoros(8);
-    StatisticsViewModel model(test.sources());
+    StatisticsViewModel model(test.sources(), StatisticsForm::panel);
     model.setShown(true);
     EXPECT_EQ(model.rangeTexts(), QStringList({u"Today"_qs, u"Week"_qs, u"Month"_qs, u"All time"_qs}));
     EXPECT_EQ(figureText(model, 0), u"2 h 05 min"_qs);
@@ -103,7 +116,7 @@ TEST(StatisticsViewModel, ShowsTheWeekInPlainRows)
 TEST(StatisticsViewModel, FollowsRangeHistoryGoalAndLanguage)
 {
     Statistics test;
-    StatisticsViewModel model(test.sources());
+    StatisticsViewModel model(test.sources(), StatisticsForm::panel);
     model.setShown(true);
     int changes = 0;
     QObject::connect(&model, &StatisticsViewModel::changed, &model, [&] { ++changes; });
@@ -118,12 +131,6 @@ TEST(StatisticsViewModel, FollowsRangeHistoryGoalAndLanguage)
     EXPECT_FALSE(model.isEmpty());
     EXPECT_EQ(model.chartTitle(), u"Focus per month"_qs);
     EXPECT_EQ(field(model.chartTicks(), 1, u"label"_qs).toString(), u"5 h"_qs);
-    qsizetype labels = 0;
-    for (const QVariant &bar : model.chartBars())
-        labels += !bar.toMap().value(u"label"_qs).toString().isEmpty();
-    EXPECT_GE(labels, 4);
-    EXPECT_LE(labels, 8);
-
     test.add(0, 60);
     test.settings.setDailyGoalPomodoros(1);
     test.history.announceSave();
@@ -141,6 +148,63 @@ TEST(StatisticsViewModel, FollowsRangeHistoryGoalAndLanguage)
     model.selectRange(4);
     model.selectRange(-1);
     EXPECT_EQ(changes, 0);
+}
+
+TEST(StatisticsViewModel, TellsThePageWhichDaysAFigureIsAbout)
+{
+    Statistics test;
+    StatisticsViewModel model(test.sources(), StatisticsForm::page);
+    model.setShown(true);
+    EXPECT_EQ(figureText(model, 3), u"0 sessions"_qs);
+    EXPECT_FALSE(model.canExport());
+    test.add(0, 1500);
+    test.add(8, 1500);
+    test.add(400, 356'999);
+    test.history.announceSave();
+    EXPECT_TRUE(model.canExport());
+    EXPECT_EQ(field(model.figures(), 1, u"tip"_qs).toString(), u"1 today, 1 this week, 2 this month"_qs);
+    EXPECT_EQ(field(model.figures(), 2, u"caption"_qs).toString(), u"best 1"_qs);
+    EXPECT_EQ(field(model.figures(), 3, u"name"_qs).toString(), u"Daily average: 0.1 sessions, last 7 days"_qs);
+    EXPECT_EQ(field(model.chartBars(), 6, u"tip"_qs).toString(), u"25 min"_qs) << "its day stands below it";
+    // The last days of June have no room before July.
+    ASSERT_EQ(model.heatMonthLabels().size(), 4);
+    EXPECT_EQ(field(model.heatMonthLabels(), 0, u"column"_qs).toInt(), 1);
+    EXPECT_EQ(field(model.heatMonthLabels(), 3, u"text"_qs).toString(), u"Oct"_qs);
+
+    model.selectRange(3);
+    EXPECT_EQ(figureText(model, 0), u"99 h 59 min"_qs);
+    test.history.stamps.push_back({test.wallClock.now(), 60});
+    test.history.announceSave();
+    EXPECT_EQ(figureText(model, 0), u"100 h"_qs);
+    EXPECT_EQ(field(model.figures(), 3, u"caption"_qs).toString(), u"last 401 days"_qs);
+    model.selectRange(2);
+    EXPECT_EQ(field(model.chartBars(), 29, u"tip"_qs).toString(), u"Thursday 9 October, 26 min of focus"_qs);
+    model.setShown(false);
+    EXPECT_TRUE(model.heatCells().isEmpty());
+    test.history.announceSave();
+    EXPECT_TRUE(model.heatCells().isEmpty());
+}
+
+TEST(SessionExport, SavesTheRangeWhereTheUserWantsItAndLogsWhatFails)
+{
+    Statistics test;
+    test.add(0, 1500);
+    const QTemporaryDir folder;
+    const CapturedLog log;
+    const QString path = folder.filePath(u"mine.csv"_qs);
+    {
+        StatisticsViewModel model(test.sources(), StatisticsForm::panel);
+        model.exportSessions();
+    }
+    ASSERT_EQ(test.savePanel.requests.size(), 1U);
+    EXPECT_EQ(test.savePanel.requests[0].fileName, u"tomcatto-sessions-2025-10-09.csv"_qs);
+    EXPECT_FALSE(QFile::exists(path));
+    test.savePanel.choose(path);
+    EXPECT_TRUE(QFile::exists(path)) << "the panel that asked is closed by then";
+    EXPECT_EQ(log.count(LogLevel::error), 0);
+    test.savePanel.choose(folder.filePath(u"nowhere/mine.csv"_qs));
+    EXPECT_EQ(log.count(LogLevel::error), 1);
+    EXPECT_THAT(log.lastMessage().toStdString(), testing::StartsWith("CSV export failed: "));
 }
 
 }

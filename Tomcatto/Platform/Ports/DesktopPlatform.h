@@ -5,6 +5,7 @@
 #include "Platform/Ports/GlobalClickMonitor.h"
 #include "Platform/Ports/KeyMonitor.h"
 #include "Platform/Ports/MainRunLoop.h"
+#include "Platform/Ports/SavePanel.h"
 #include "Platform/Ports/Screens.h"
 #include "Platform/Ports/StatusItem.h"
 #include "Platform/Ports/UserDefaults.h"
@@ -27,6 +28,7 @@ struct DesktopPorts
     KeyMonitor &keyMonitor;
     ViewHost &viewHost;
     StatusItem &statusItem;
+    SavePanel &savePanel;
     /// Whether windows come where the application wants them, in the layer that it wants, and take the keyboard only
     /// when they ask for it.
     bool canPlaceWindows = true;

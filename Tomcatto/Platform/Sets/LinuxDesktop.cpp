@@ -10,6 +10,7 @@
 #include "Platform/Qt/ApplicationKeyMonitor.h"
 #include "Platform/Qt/DesktopScreens.h"
 #include "Platform/Qt/DisplayLoss.h"
+#include "Platform/Qt/FileDialogSavePanel.h"
 #include "Platform/Qt/MessageBoxAlert.h"
 #include "Platform/Qt/PluginViewHost.h"
 #include "Platform/Qt/StatusItemSwitch.h"
@@ -71,6 +72,7 @@ struct SurfaceAdapters
     ApplicationKeyMonitor keyMonitor;
     PluginViewHost viewHost;
     StatusItemSwitch statusItem;
+    FileDialogSavePanel savePanel;
 };
 
 class LinuxDesktop final : public DesktopPlatform
@@ -100,6 +102,7 @@ public:
                 adapters->keyMonitor,
                 adapters->viewHost,
                 adapters->statusItem,
+                adapters->savePanel,
                 adapters->windowSystem.canPlaceWindows()};
     }
     [[nodiscard]] Cancellable onDisplayLost(std::function<void()> onLost) override

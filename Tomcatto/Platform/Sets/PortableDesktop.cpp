@@ -4,6 +4,7 @@
 #include "Platform/Qt/ApplicationKeyMonitor.h"
 #include "Platform/Qt/DesktopScreens.h"
 #include "Platform/Qt/DisplayLoss.h"
+#include "Platform/Qt/FileDialogSavePanel.h"
 #include "Platform/Qt/MessageBoxAlert.h"
 #include "Platform/Qt/PluginViewHost.h"
 #include "Platform/Qt/StatusItemSwitch.h"
@@ -81,6 +82,7 @@ struct SurfaceAdapters
     ApplicationKeyMonitor keyMonitor;
     PluginViewHost viewHost;
     StatusItemSwitch statusItem;
+    FileDialogSavePanel savePanel;
 };
 
 class PortableDesktop final : public DesktopPlatform
@@ -109,6 +111,7 @@ public:
                 adapters->keyMonitor,
                 adapters->viewHost,
                 adapters->statusItem,
+                adapters->savePanel,
                 adapters->windowSystem.canPlaceWindows()};
     }
     [[nodiscard]] Cancellable onDisplayLost(std::function<void()> onLost) override

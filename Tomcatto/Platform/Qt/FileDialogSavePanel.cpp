@@ -1,0 +1,53 @@
+#include "Platform/Qt/FileDialogSavePanel.h"
+
+#include <QtCore/QStandardPaths>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QWindow>
+#include <QtWidgets/QFileDialog>
+
+namespace tomcatto {
+namespace {
+
+/// The ordinary window with the keyboard, which the dialog stays in front of: neither a panel, which closes when it
+/// loses the keyboard, nor a break.
+QWindow *windowBehind()
+{
+    QWindow *const focused = QGuiApplication::focusWindow();
+    return focused && !focused->flags().testFlag(Qt::FramelessWindowHint) ? focused : nullptr;
+}
+
+}
+
+FileDialogSavePanel::FileDialogSavePanel() = default;
+
+FileDialogSavePanel::~FileDialogSavePanel()
+{
+    delete m_dialog;
+}
+
+void FileDialogSavePanel::ask(const SavePanelRequest &request, std::function<void(const QString &path)> onChosen)
+{
+    if (m_dialog) {
+        m_dialog->raise();
+        m_dialog->activateWindow();
+        return;
+    }
+    if (!QDir(m_folder).exists() || m_folder.isEmpty())
+        m_folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    m_dialog = new QFileDialog(nullptr, request.title, QDir(m_folder).exists() ? m_folder : QDir::homePath());
+    m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+    m_dialog->setAttribute(Qt::WA_QuitOnClose, false);
+    m_dialog->setAcceptMode(QFileDialog::AcceptSave);
+    m_dialog->setNameFilter(QStringLiteral("%1 (*.%2)").arg(request.typeName, request.suffix));
+    m_dialog->setDefaultSuffix(request.suffix);
+    m_dialog->selectFile(request.fileName);
+    QObject::connect(m_dialog, &QDialog::accepted, m_dialog, [this, onChosen = std::move(onChosen)] {
+        m_folder = m_dialog->directory().path();
+        onChosen(m_dialog->selectedFiles().value(0));
+    });
+    m_dialog->winId();
+    m_dialog->windowHandle()->setTransientParent(windowBehind());
+    m_dialog->show();
+}
+
+}
