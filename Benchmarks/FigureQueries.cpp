@@ -61,6 +61,17 @@ std::string buckets(Date since, const std::string &unit)
            " GROUP BY unit";
 }
 
+std::string csv()
+{
+    return ".mode csv\n"
+           "SELECT CASE phase WHEN 'work' THEN 'Work' WHEN 'shortBreak' THEN 'Short Break' WHEN 'longBreak' THEN 'Long "
+           "Break'"
+           " ELSE 'Unknown' END, printf('%02d:%02d', actualDurationSeconds / 60, actualDurationSeconds % 60),"
+           " CASE WHEN wasCompleted THEN 'Completed' WHEN wasSkipped THEN 'Skipped' ELSE 'Interrupted' END,"
+           " strftime('%Y-%m-%dT%H:%M:%SZ', startedAt, 'unixepoch') FROM PomodoroSessionRecord"
+           " WHERE startedAt IS NOT NULL ORDER BY startedAt DESC";
+}
+
 std::string longestRun()
 {
     return runs("length");

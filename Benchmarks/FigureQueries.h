@@ -26,6 +26,8 @@ inline constexpr const char *stamps = "SELECT startedAt, actualDurationSeconds F
 [[nodiscard]] std::string days(Date since);
 /// Minutes of each unit from `since` on; the unit as a format of `strftime`.
 [[nodiscard]] std::string buckets(Date since, const std::string &unit);
+/// Every phase with the fields of an exported file, newest first, as comma-separated text.
+[[nodiscard]] std::string csv();
 /// The lengths of the longest run of days with completed work, and of the last one.
 [[nodiscard]] std::string longestRun();
 [[nodiscard]] std::string lastRun();

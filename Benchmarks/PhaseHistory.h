@@ -4,9 +4,8 @@
 
 namespace tomcatto {
 
-/// A made-up store of ended phases, the same each time: work and breaks in sets of four, some skipped, some days off,
-/// over about forty years at most, up to today. It is made once for a size and kept below a folder; making a million
-/// phases takes about ten seconds.
+/// A made-up store of ended phases, the same each time, as `Tools/make-history` writes it. It is made once for a size
+/// and kept below a folder; making a million phases takes about ten seconds.
 class PhaseHistory final
 {
 public:
@@ -28,7 +27,6 @@ public:
 
 private:
     void make() const;
-    void fill() const;
 
     QString m_directory;
     qint64 m_phases;

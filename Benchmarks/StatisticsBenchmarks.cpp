@@ -1,8 +1,10 @@
 #include "FigureQueries.h"
 #include "Persistence/Repositories/SessionQueries.h"
+#include "Statistics/StatsCSVExporter.h"
 #include "Statistics/StatsReport.h"
 #include "Suites.h"
 
+#include <QtCore/QProcess>
 #include <SQLiteCpp/SQLiteCpp.h>
 
 namespace tomcatto {
@@ -126,10 +128,22 @@ void registerCharts(Workshop &workshop)
         [](const auto &) { return std::string(sessionQueries::earliestStart); });
 }
 
+void registerExport(Workshop &workshop)
+{
+    registerBesideShell(
+        workshop, "CSV of all time", "at most 2 × `sqlite3`",
+        [](OpenHistory &open) {
+            const auto written = exportRange(open.aggregator, StatsRange::allTime, QProcess::nullDevice());
+            benchmark::DoNotOptimize(written);
+        },
+        [](OpenHistory &) { return figureQueries::csv(); });
+}
+
 }
 
 void registerStatisticsBenchmarks(Workshop &workshop)
 {
+    registerExport(workshop);
     registerFirstStatistics(workshop);
     registerCounts(workshop);
     registerCharts(workshop);

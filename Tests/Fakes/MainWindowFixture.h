@@ -5,9 +5,8 @@
 #include "Fakes/VideosFixture.h"
 #include "MainWindow/MainWindowViewModel.h"
 #include "MainWindow/OnboardingViewModel.h"
-#include "Persistence/Repositories/SessionRepository.h"
-#include "Statistics/HistoryEditor.h"
 #include "StatisticsViews/SessionExport.h"
+#include "Unit/Statistics/ManualSessionHistory.h"
 
 namespace tomcatto {
 
@@ -38,9 +37,8 @@ public:
     VideosPageViewModel videos{library.commands,         library.repository, library.files,
                                library.movedVideoSearch, library.bundled,    strings,
                                library.runLoop};
-    SessionRepository history{library.stack, engine.wallClock};
+    ManualSessionHistory history;
     StatsAggregator aggregator{history, engine.wallClock};
-    HistoryEditor editor{library.stack, engine.wallClock, engine.identifiers, [] { return std::nullopt; }};
     FakeSavePanel savePanel;
     SessionExport sessionExport{aggregator, strings, engine.wallClock, savePanel};
     StatisticsPageViewModel statistics{{aggregator, engine.settings, strings, engine.wallClock, sessionExport}};

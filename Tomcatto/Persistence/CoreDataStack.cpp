@@ -79,8 +79,9 @@ StoreCopyResult<QString> CoreDataStack::replaceStore(const QString &prepared, co
         m_viewConnection->close();
         replaced = storeReplacement::putInPlace(prepared, m_storePath, keptName);
     });
-    // An earlier store that stayed has no log any more, either.
-    loadPersistentStore();
+    // An earlier store that stayed has no log any more, either. Without one, readers wait for writers.
+    if (const auto opened = StoreSchema(*m_viewConnection).prepare(); !opened)
+        m_logger.error(QStringLiteral("The history is without its log: ") + opened.error().description());
     if (replaced) {
         Q_EMIT othersDidWrite();
         didSave(HistoryChange::rewritten, true);
