@@ -92,6 +92,10 @@ int Program::run(const std::function<int(const Invocation &)> &startApplication)
     m_ports.copyLogToStandardError(invocation->isVerbose ? StandardErrorCopy::everything : StandardErrorCopy::errors);
     if (invocation->action == Invocation::Action::application)
         return startApplication(*invocation);
+    if (invocation->action == Invocation::Action::widget) {
+        printLine(stderr, QStringLiteral("tomcatto: ") + m_platform.becomeWidget(invocation->widgetArguments));
+        return static_cast<int>(ExitStatus::failed);
+    }
     return static_cast<int>(m_runner.run(*invocation));
 }
 

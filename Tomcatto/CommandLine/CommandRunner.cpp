@@ -58,6 +58,7 @@ ExitStatus CommandRunner::run(const Invocation &invocation) const
 {
     switch (invocation.action) {
     case Invocation::Action::application:
+    case Invocation::Action::widget:
     case Invocation::Action::print:
         return print(invocation.text);
     case Invocation::Action::remote:

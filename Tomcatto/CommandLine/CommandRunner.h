@@ -14,7 +14,7 @@ class CommandRunner final
 public:
     explicit CommandRunner(CommandSurroundings surroundings);
 
-    /// Runs any invocation but the application.
+    /// Runs any invocation but the application and the widget.
     [[nodiscard]] ExitStatus run(const Invocation &invocation) const;
     /// Makes this process the application, or tells the one that runs already that somebody started it again. While
     /// neither succeeds, because the other one is starting, ending or hanging or a command holds the lock for a moment,

@@ -61,6 +61,7 @@ public:
         m_app.require_subcommand(0, 1);
         addRemoteCommands();
         addStatus();
+        addWidget();
         addStats();
         addExport();
         addHistory();
@@ -144,6 +145,20 @@ private:
         CLI::App *const command = addCommand(m_app, name, help);
         command->callback([this, name] { chooseRemote(name); });
         return command;
+    }
+
+    void addWidget()
+    {
+        CLI::App *const command = addCommand(m_app, "widget", "Show the timer in a small window on the desktop");
+        command
+            ->add_option_function<std::string>(
+                "--size",
+                [this](const std::string &size) {
+                    m_invocation.widgetArguments = {QStringLiteral("--size"), QString::fromStdString(size)};
+                },
+                "small, medium or large; without, the one it had last")
+            ->check(CLI::IsMember({"small", "medium", "large"}));
+        command->callback([this] { m_invocation.action = Action::widget; });
     }
 
     void addStatus()

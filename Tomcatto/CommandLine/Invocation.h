@@ -14,6 +14,8 @@ struct Invocation
     enum class Action {
         /// Start the application.
         application,
+        /// Start the widget, a program of its own.
+        widget,
         /// One of the commands that only the running application carries out.
         remote,
         status,
@@ -50,6 +52,9 @@ struct Invocation
     /// The command as it is sent and its arguments.
     QString command;
     nlohmann::ordered_json arguments = nlohmann::ordered_json::object();
+
+    /// The widget's arguments.
+    QStringList widgetArguments;
 
     StatusFormat format = StatusFormat::text;
     bool isFollowing = false;

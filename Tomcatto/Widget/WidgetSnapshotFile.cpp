@@ -33,6 +33,9 @@ std::expected<void, QString> WidgetSnapshotFile::write(const WidgetSnapshot &sna
 
 std::expected<WidgetSnapshot, QString> WidgetSnapshotFile::read() const
 {
+    // To open a pipe would wait for its other end.
+    if (const QFileInfo info(m_path); info.exists() && !info.isFile())
+        return std::unexpected(QStringLiteral("not a file"));
     QFile file(m_path);
     if (!file.open(QIODevice::ReadOnly))
         return std::unexpected(file.errorString());

@@ -98,6 +98,8 @@ public:
     /// Nothing is unwound. Called from the only thread.
     /// @return only where it does not: the reason; empty where there is no display or no such program.
     [[nodiscard]] virtual QString becomeDesktop(const QStringList &arguments) const = 0;
+    /// The same with the widget's program. @return only where it does not: the reason.
+    [[nodiscard]] virtual QString becomeWidget(const QStringList &arguments) const = 0;
 };
 
 /// Makes the platform that this build is for and prepares the process. Called first of all in `main`.

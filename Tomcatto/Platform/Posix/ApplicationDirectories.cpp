@@ -65,6 +65,17 @@ QString runtimeFolder()
     return temporaryRuntimeFolder();
 }
 
+QString socketNamed(const QString &name)
+{
+    // A socket's address holds 108 bytes on Linux, 104 elsewhere, with the closing zero.
+    constexpr qsizetype longestAddress = 103;
+    QString path = inFolder(runtimeFolder(), name);
+    if (QFile::encodeName(path).size() <= longestAddress)
+        return path;
+    const QByteArray digest = QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha256).toHex().left(16);
+    return inFolder(temporaryRuntimeFolder(), QString::fromLatin1(digest) + QStringLiteral(".sock"));
+}
+
 }
 
 std::optional<QString> ApplicationDirectories::applicationSupport() const
@@ -97,13 +108,22 @@ QString ApplicationDirectories::fallbackInstanceLockFile() const
 
 QString ApplicationDirectories::controlSocket() const
 {
-    // A socket's address holds 108 bytes on Linux, 104 elsewhere, with the closing zero.
-    constexpr qsizetype longestAddress = 103;
-    QString path = inFolder(runtimeFolder(), applicationIdentifier + QStringLiteral(".sock"));
-    if (QFile::encodeName(path).size() <= longestAddress)
-        return path;
-    const QByteArray digest = QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha256).toHex().left(16);
-    return inFolder(temporaryRuntimeFolder(), QString::fromLatin1(digest) + QStringLiteral(".sock"));
+    return socketNamed(applicationIdentifier + QStringLiteral(".sock"));
+}
+
+QString ApplicationDirectories::widgetSettingsFile() const
+{
+    return configurationFile(QStringLiteral("widget.json"));
+}
+
+QString ApplicationDirectories::widgetLockFile() const
+{
+    return inFolder(runtimeFolder(), applicationIdentifier + QStringLiteral(".widget.lock"));
+}
+
+QString ApplicationDirectories::widgetSocket() const
+{
+    return socketNamed(applicationIdentifier + QStringLiteral(".widget.sock"));
 }
 
 QStringList ApplicationDirectories::reachableControlSockets(const QString &announced) const

@@ -17,6 +17,11 @@ public:
     [[nodiscard]] std::optional<QString> applicationSupport() const;
     /// The snapshot that widgets read, in a folder that they share with the application.
     [[nodiscard]] QString widgetSnapshotFile() const;
+    /// What the widget's window keeps of itself, a file of its own.
+    [[nodiscard]] QString widgetSettingsFile() const;
+    /// The lock that lets one widget show, and the socket where that one hears of others; short enough for an address.
+    [[nodiscard]] QString widgetLockFile() const;
+    [[nodiscard]] QString widgetSocket() const;
     /// The JSON file of the user defaults.
     [[nodiscard]] QString userDefaultsFile() const;
     /// The instance lock, beside the user defaults; where these have no place, as below.

@@ -16,6 +16,8 @@ public:
 
     /// Keeps a window above the others, on every workspace, and out of taskbar and pager.
     virtual void setFloating(QWindow & /*window*/) const {}
+    /// Keeps a window below the others and out of taskbar and pager, on every workspace or on its own.
+    virtual void setOnDesktop(QWindow & /*window*/, bool /*isEverywhere*/) const {}
     /// Prepares a hidden window, which has a colour as its property of that name, for covering a screen.
     virtual void setCovering(QWindow & /*window*/) const {}
     /// Asks for the keyboard as the user would who chose the window: after what was done elsewhere a plain request

@@ -6,7 +6,6 @@
 #include "Platform/Linux/ProcessMemory.h"
 #include "Platform/Linux/RenderDevice.h"
 #include "Platform/Ports/DesktopPlatform.h"
-#include "Platform/Posix/DisplayProbe.h"
 #include "Platform/Qt/ApplicationKeyMonitor.h"
 #include "Platform/Qt/DesktopScreens.h"
 #include "Platform/Qt/DisplayLoss.h"
@@ -16,13 +15,11 @@
 #include "Platform/Qt/StatusItemSwitch.h"
 #include "Platform/Qt/ToolkitTheme.h"
 #include "Platform/Qt/ToolkitTray.h"
-#include "Platform/X11/X11Access.h"
+#include "Platform/Sets/LinuxDisplay.h"
 #include "Platform/X11/X11ClickMonitor.h"
 #include "Platform/X11/X11TaskbarPresence.h"
 #include "Platform/X11/X11TrayWatcher.h"
 #include "Platform/X11/X11WindowSystem.h"
-
-#include <algorithm>
 
 namespace tomcatto {
 
@@ -78,16 +75,10 @@ struct SurfaceAdapters
 class LinuxDesktop final : public DesktopPlatform
 {
 public:
-    [[nodiscard]] bool opensDisplay() override
-    {
-        QString platforms = qEnvironmentVariable("QT_QPA_PLATFORM");
-        if (platforms.isEmpty())
-            platforms = QStringLiteral("wayland;xcb");
-        return std::ranges::any_of(platforms.split(u';'), [this](const QString &name) { return opens(name); });
-    }
+    [[nodiscard]] bool opensDisplay() override { return m_display.opens(); }
     [[nodiscard]] DesktopServices services() override
     {
-        m_access.reset();
+        m_display.letGo();
         const auto adapters = std::make_shared<ServiceAdapters>();
         return {adapters, adapters->alert, adapters->systemSettings, adapters->notificationProbe};
     }
@@ -111,18 +102,7 @@ public:
     }
 
 private:
-    [[nodiscard]] bool opens(const QString &platform)
-    {
-        if (platform.startsWith(QLatin1String("wayland")))
-            return DisplayProbe().isWaylandReachable();
-        if (!platform.startsWith(QLatin1String("xcb")))
-            return true;
-        m_access.emplace();
-        return m_access->isGranted();
-    }
-
-    /// Until the toolkit has a connection of its own.
-    std::optional<X11Access> m_access;
+    LinuxDisplay m_display;
 };
 
 }

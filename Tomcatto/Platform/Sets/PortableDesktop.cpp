@@ -1,5 +1,4 @@
 #include "Platform/Ports/DesktopPlatform.h"
-#include "Platform/Posix/DisplayProbe.h"
 #include "Platform/Qt/ApplicationClickMonitor.h"
 #include "Platform/Qt/ApplicationKeyMonitor.h"
 #include "Platform/Qt/DesktopScreens.h"
@@ -12,6 +11,7 @@
 #include "Platform/Qt/ToolkitTray.h"
 #include "Platform/Qt/ToolkitTrayPresence.h"
 #include "Platform/Qt/ToolkitWindowSystem.h"
+#include "Platform/Sets/PortableDisplay.h"
 
 #include <QtCore/QTimer>
 
@@ -88,13 +88,7 @@ struct SurfaceAdapters
 class PortableDesktop final : public DesktopPlatform
 {
 public:
-    [[nodiscard]] bool opensDisplay() override
-    {
-        // A platform of the toolkit's that needs no server is chosen by name.
-        const QString platform = qEnvironmentVariable("QT_QPA_PLATFORM", QStringLiteral("xcb"));
-        const bool needsServer = platform.contains(QLatin1String("xcb")) || platform.contains(QLatin1String("wayland"));
-        return !needsServer || DisplayProbe().isReachable();
-    }
+    [[nodiscard]] bool opensDisplay() override { return opensPortableDisplay(); }
     [[nodiscard]] DesktopServices services() override
     {
         const auto adapters = std::make_shared<ServiceAdapters>();

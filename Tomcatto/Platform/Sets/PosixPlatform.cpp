@@ -124,4 +124,15 @@ QString PosixPlatform::becomeDesktop(const QStringList &arguments) const
     return desktop.isPossible() && DisplayProbe().isReachable() ? desktop.run(arguments) : QString();
 }
 
+QString PosixPlatform::becomeWidget(const QStringList &arguments) const
+{
+    const auto widget = ProcessReplacement::beside(QStringLiteral("tomcatto-widget"));
+    if (!widget.isPossible())
+        return QStringLiteral("The widget's program, tomcatto-widget, is not beside this one");
+    // A platform of the toolkit's that needs no server is chosen by name.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && !DisplayProbe().isReachable())
+        return QStringLiteral("There is no display to show a widget on");
+    return widget.run(arguments);
+}
+
 }

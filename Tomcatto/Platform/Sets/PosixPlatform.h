@@ -32,6 +32,7 @@ public:
     [[nodiscard]] ProgramPorts programPorts() const override;
     [[nodiscard]] ApplicationPorts applicationPorts(MainRunLoop &runLoop) const override;
     [[nodiscard]] QString becomeDesktop(const QStringList &arguments) const override;
+    [[nodiscard]] QString becomeWidget(const QStringList &arguments) const override;
 
 private:
     PosixDifferences m_differences;

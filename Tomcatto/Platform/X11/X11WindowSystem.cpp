@@ -33,6 +33,15 @@ bool isMapped(const X11Display &display, xcb_window_t window)
     return reply && reply->map_state != XCB_MAP_STATE_UNMAPPED;
 }
 
+std::optional<uint32_t> cardinalOf(const X11Display &display, xcb_window_t window, xcb_atom_t property)
+{
+    const auto request = xcb_get_property(display.connection(), 0, window, property, XCB_ATOM_CARDINAL, 0, 1);
+    const X11Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(display.connection(), request, nullptr));
+    if (!reply || reply->format != 32 || xcb_get_property_value_length(reply.get()) < 4)
+        return std::nullopt;
+    return *static_cast<const uint32_t *>(xcb_get_property_value(reply.get()));
+}
+
 QList<uint32_t> atomsOf(const X11Display &display, xcb_window_t window, xcb_atom_t property)
 {
     constexpr uint32_t most = 64;
@@ -58,13 +67,30 @@ void X11WindowSystem::setFloating(QWindow &window) const
     setStates(window,
               {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_STICKY", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"},
               true);
+    setWorkspace(window, allWorkspaces);
+}
+
+void X11WindowSystem::setOnDesktop(QWindow &window, bool isEverywhere) const
+{
+    if (!m_display.isValid())
+        return;
+    setStates(window, {"_NET_WM_STATE_BELOW", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"}, true);
+    setStates(window, {"_NET_WM_STATE_STICKY"}, isEverywhere);
+    // A window that was everywhere comes to rest on the workspace that is seen.
+    const auto seen = cardinalOf(m_display, m_display.root(), m_display.atom("_NET_CURRENT_DESKTOP"));
+    if (isEverywhere || seen)
+        setWorkspace(window, isEverywhere ? allWorkspaces : *seen);
+}
+
+void X11WindowSystem::setWorkspace(QWindow &window, uint32_t workspace) const
+{
     const auto id = static_cast<xcb_window_t>(window.winId());
     const xcb_atom_t desktop = m_display.atom("_NET_WM_DESKTOP");
     if (isMapped(m_display, id))
-        sendToManager(m_display, id, desktop, {allWorkspaces, fromApplication});
+        sendToManager(m_display, id, desktop, {workspace, fromApplication});
     else
         xcb_change_property(m_display.connection(), XCB_PROP_MODE_REPLACE, id, desktop, XCB_ATOM_CARDINAL, 32, 1,
-                            &allWorkspaces);
+                            &workspace);
     xcb_flush(m_display.connection());
 }
 

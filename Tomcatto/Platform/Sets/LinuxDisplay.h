@@ -1,0 +1,24 @@
+#pragma once
+
+#include "Platform/X11/X11Access.h"
+
+#include <optional>
+#include <QtCore/QString>
+
+namespace tomcatto {
+
+/// Whether the toolkit, as the environment sets it up, would get to a display.
+class LinuxDisplay final
+{
+public:
+    [[nodiscard]] bool opens();
+    /// To be called once the toolkit has a connection of its own.
+    void letGo() { m_access.reset(); }
+
+private:
+    [[nodiscard]] bool opens(const QString &platform);
+
+    std::optional<X11Access> m_access;
+};
+
+}

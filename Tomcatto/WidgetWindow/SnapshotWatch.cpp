@@ -1,0 +1,38 @@
+#include "WidgetWindow/SnapshotWatch.h"
+
+#include <QtCore/QFileInfo>
+
+namespace tomcatto {
+
+SnapshotWatch::SnapshotWatch(QString path, FileWatch &fileWatch, std::function<void()> changed)
+    : m_file(std::move(path))
+    , m_fileWatch(fileWatch)
+    , m_changed(std::move(changed))
+{
+    read();
+}
+
+void SnapshotWatch::read()
+{
+    follow();
+    auto found = m_file.isAvailable() ? m_file.read() : std::unexpected(QString());
+    m_snapshot = found ? std::optional(std::move(*found)) : std::nullopt;
+}
+
+void SnapshotWatch::follow()
+{
+    if (!m_file.isAvailable())
+        return;
+    // Where folders are missing, the first of them is waited for.
+    QString wanted = m_file.path();
+    for (QString folder = QFileInfo(wanted).path(); folder != wanted && !QFileInfo(folder).isDir();
+         folder = QFileInfo(folder).path())
+        wanted = folder;
+    if (std::exchange(m_followed, wanted) != wanted)
+        m_watch = m_fileWatch.watch({wanted}, [this] {
+            read();
+            m_changed();
+        });
+}
+
+}
