@@ -5,8 +5,9 @@
 #include "Fakes/VideosFixture.h"
 #include "MainWindow/MainWindowViewModel.h"
 #include "MainWindow/OnboardingViewModel.h"
+#include "Persistence/Repositories/SessionRepository.h"
+#include "Statistics/HistoryEditor.h"
 #include "StatisticsViews/SessionExport.h"
-#include "Unit/Statistics/ManualSessionHistory.h"
 
 namespace tomcatto {
 
@@ -37,8 +38,9 @@ public:
     VideosPageViewModel videos{library.commands,         library.repository, library.files,
                                library.movedVideoSearch, library.bundled,    strings,
                                library.runLoop};
-    ManualSessionHistory history;
+    SessionRepository history{library.stack, engine.wallClock};
     StatsAggregator aggregator{history, engine.wallClock};
+    HistoryEditor editor{library.stack, engine.wallClock, engine.identifiers, [] { return std::nullopt; }};
     FakeSavePanel savePanel;
     SessionExport sessionExport{aggregator, strings, engine.wallClock, savePanel};
     StatisticsPageViewModel statistics{{aggregator, engine.settings, strings, engine.wallClock, sessionExport}};

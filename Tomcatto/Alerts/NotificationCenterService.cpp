@@ -42,6 +42,10 @@ void NotificationCenterService::start()
             [this] { post(NotificationPayload::workEnded()); });
     connect(m_stateMachine, &PomodoroStateMachine::ceilingReached, this,
             [this] { post(NotificationPayload::overflowCeiling()); });
+    connect(&m_settings, &PomodoroSettings::changed, this, [this] {
+        if (!m_settings.notificationsEnabled())
+            m_surroundings.center.removePendingRequests({snoozeRequestIdentifier});
+    });
 }
 
 NotificationPresentation NotificationCenterService::willPresent() const

@@ -1,4 +1,4 @@
-#include "Integration/Platform/PrivateBus.h"
+#include "MockedBus.h"
 #include "Platform/Freedesktop/AppearancePortal.h"
 #include "Platform/Freedesktop/AutostartLoginItem.h"
 #include "Platform/Freedesktop/DesktopSystemSettings.h"
@@ -6,13 +6,10 @@
 #include "Platform/Posix/DisplayProbe.h"
 #include "Platform/Posix/ProcessReplacement.h"
 #include "Platform/Qt/ToolkitTheme.h"
-#include "TestScreen.h"
 
 #include <gmock/gmock.h>
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
-#include <QtDBus/QDBusConnectionInterface>
-#include <QtDBus/QDBusMessage>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPalette>
 #include <QtWidgets/QMenu>
@@ -22,26 +19,9 @@ using namespace tomcatto;
 
 namespace {
 
-class DesktopBusTests : public testing::Test
+class DesktopBusTests : public MockedBus
 {
 protected:
-    /// Starts a mocked service and waits until it is there.
-    [[nodiscard]] std::unique_ptr<SideProgram> startMock(const QString &arguments, const QString &service)
-    {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_bus.address());
-        auto mock = std::make_unique<SideProgram>(
-            QStringLiteral("/usr/bin/python3"), (QStringLiteral("-m dbusmock ") + arguments).split(u' '), environment);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return m_test.interface()->isServiceRegistered(service); }, 20'000));
-        return mock;
-    }
-    void call(const QString &service, const QString &path, const QString &method, const QVariantList &arguments)
-    {
-        QDBusMessage message =
-            QDBusMessage::createMethodCall(service, path, QStringLiteral("org.freedesktop.DBus.Mock"), method);
-        message.setArguments(arguments);
-        EXPECT_EQ(m_test.call(message).type(), QDBusMessage::ReplyMessage);
-    }
     [[nodiscard]] std::unique_ptr<SideProgram> startPortal(const QString &settings)
     {
         auto portal = startMock(QStringLiteral("%1 %2 %3").arg(m_portal, m_portalPath, m_portalSettings), m_portal);
@@ -54,8 +34,6 @@ protected:
     const QString m_portal = QStringLiteral("org.freedesktop.portal.Desktop");
     const QString m_portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
     const QString m_portalSettings = QStringLiteral("org.freedesktop.portal.Settings");
-    PrivateBus m_bus;
-    QDBusConnection m_test = m_bus.connection();
 };
 
 }

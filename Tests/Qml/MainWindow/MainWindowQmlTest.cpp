@@ -39,6 +39,18 @@ public:
     Q_INVOKABLE void speakGerman() { m_fixture->languageService.setLanguage(SelectedLanguage::de); }
     Q_INVOKABLE void speakEnglish() { m_fixture->languageService.setLanguage(SelectedLanguage::en); }
     Q_INVOKABLE void failLaunchAtLogin() { m_fixture->loginItem.failure = QStringLiteral("refused"); }
+    /// A focus phase that began so many days ago at this time.
+    Q_INVOKABLE void addPhase(int daysAgo, int minutes)
+    {
+        const Date start = m_fixture->engine.wallClock.now() - Seconds(86400.0 * daysAgo + 60.0 * minutes);
+        static_cast<void>(m_fixture->editor.add(start, minutes));
+    }
+    Q_INVOKABLE void moveTo(const QString &zone)
+    {
+        m_fixture->engine.wallClock.setCalendar({QTimeZone(zone.toUtf8()), Qt::Monday});
+        m_fixture->engine.wallClock.announceDay();
+    }
+    Q_INVOKABLE int exports() const { return static_cast<int>(m_fixture->savePanel.requests.size()); }
     Q_INVOKABLE int alerts() const { return static_cast<int>(m_fixture->alert.shown.size()); }
 
 private:

@@ -88,18 +88,15 @@ struct NotificationCenterServiceTest : EngineFixture, testing::Test
     {
         settings.setHasCompletedOnboarding(true);
         settings.setNotificationsEnabled(true);
-        QObject::connect(&service, &NotificationCenterService::activationRequested, &service,
-                         [this] { ++activations; });
         service.becomeDelegate();
         service.start();
     }
     /// The user's answer to a notification.
-    void respond(const QMap<QString, QString> &userInfo, const QString &action)
+    void respond(const NotificationRequest &request, const QString &action)
     {
-        center.respond(action, userInfo);
+        center.respond(action, request.userInfo);
         runLoop.drain();
     }
-    void respond(const NotificationRequest &request, const QString &action) { respond(request.userInfo, action); }
     [[nodiscard]] std::vector<QString> posted() const
     {
         std::vector<QString> kinds;
@@ -112,7 +109,6 @@ struct NotificationCenterServiceTest : EngineFixture, testing::Test
     LocalizedStrings strings{language};
     FakeNotificationCenter center;
     NotificationCenterService service{settings, machine, {center, runLoop, identifiers, strings}};
-    int activations = 0;
 };
 
 TEST_F(NotificationCenterServiceTest, PostsWithTheTokenOfTheMomentAndTheLanguageChosen)
@@ -135,27 +131,13 @@ TEST_F(NotificationCenterServiceTest, PostsWithTheTokenOfTheMomentAndTheLanguage
     EXPECT_EQ(ended.delay, 100ms);
     EXPECT_THAT(ended.identifier.toStdString(),
                 testing::MatchesRegex("phase.workEnded.[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}"));
-
-    respond(ended, Action::takeBreak);
-    EXPECT_EQ(machine.currentPhase(), shortBreak);
-    EXPECT_FALSE(machine.isPaused());
-    EXPECT_EQ(posted().back(), Category::breakStarted);
-    respond(ended, Action::extend);
-    EXPECT_EQ(machine.currentPlannedSeconds(), 300) << "of an earlier phase";
-    respond(ended, UserNotificationCenter::defaultActionIdentifier);
-    EXPECT_EQ(activations, 1);
 }
 
-TEST_F(NotificationCenterServiceTest, SnoozesUntilTheNextPhase)
+TEST_F(NotificationCenterServiceTest, SnoozesOnceAndPostsNothingWhileNotificationsAreOff)
 {
-    settings.setAutoStartFocus(false);
-    settings.setAutoStartBreaks(false);
-    settings.setOverflowEnabled(false);
     machine.start();
-    pass(1500s);
-    ASSERT_EQ(posted(), std::vector<QString>{Category::breakReady});
-    respond(center.requests.back(), Action::startBreak);
-    pass(300s);
+    machine.skip();
+    machine.skip();
     ASSERT_EQ(posted().back(), Category::breakEnded);
     const NotificationRequest over = center.requests.back();
     center.requests.clear();
@@ -164,17 +146,12 @@ TEST_F(NotificationCenterServiceTest, SnoozesUntilTheNextPhase)
     ASSERT_EQ(center.requests.size(), 1U) << "a reminder takes the earlier one's place";
     EXPECT_EQ(center.requests.front().identifier, NotificationCenterService::snoozeRequestIdentifier);
     EXPECT_EQ(center.requests.front().delay, 300s);
-    EXPECT_TRUE(machine.isPaused());
-    respond(center.requests.front(), Action::startWork);
-    EXPECT_FALSE(machine.isPaused());
-    machine.skip();
-    EXPECT_EQ(posted(), std::vector<QString>{Category::breakStarted}) << "no reminder outlives its phase";
 
     settings.setNotificationsEnabled(false);
-    pass(300s);
-    EXPECT_EQ(machine.currentPhase(), working);
-    respond({{NotificationUserInfoKey::phaseToken, machine.phaseToken()}}, QString(Action::snooze));
-    EXPECT_EQ(center.requests.size(), 1U);
+    EXPECT_TRUE(center.requests.empty()) << "nor does a reminder come that was scheduled before";
+    respond(over, Action::snooze);
+    machine.skip();
+    EXPECT_TRUE(center.requests.empty());
 }
 
 }
