@@ -3,11 +3,13 @@
 
 import json
 import os
+import signal
 import subprocess
 import time
 import unittest
 
 from desktop_test import Desktop
+from tomcatto_process import PROGRAM
 
 READER = ["/usr/bin/python3", os.path.join(os.path.dirname(os.path.abspath(__file__)), "screen_reader.py")]
 
@@ -53,6 +55,32 @@ class AccessibilityTest(unittest.TestCase):
         desktop.wait_for(lambda: self.notices() == [*expected, planned])
         renamed = [line for line in self.lines() if "accessible-name" in line and ("s left" in line or "00:" in line)]
         self.assertLess(len(renamed), 3, "nobody hears the clock tick")
+
+    def test_the_widget_follows_the_application_and_says_when_that_is_gone(self):
+        desktop = self.desktop
+        widget = subprocess.Popen([PROGRAM, "widget", "--size", "small"], env=desktop.environment)
+        desktop.helpers.insert(0, widget)
+
+        def wait_for(words):
+            desktop.wait_for(lambda: words in self.names())
+
+        wait_for("Tomcatto is not running")
+        desktop.start("--terminal")
+        wait_for("Focus, 25 minutes planned, goal 0 of 8")
+        for command, words in (("start", "Focus, 24 minutes left"), ("pause", "Focus, paused, 24 minutes left"),
+                               ("resume", "Focus, 24 minutes left")):
+            self.assertEqual(desktop.run(command).returncode, 0)
+            wait_for(words + ", goal 0 of 8")
+        desktop.end(signal.SIGKILL)
+        path = os.path.join(desktop.folder, "data", "group.studio.quillbay.Tomcatto", "widget-snapshot.json")
+        with open(path, "r+", encoding="utf-8") as file:
+            left = json.load(file) | {"phaseEndsAt": "2026-01-01T00:00:00Z"}
+            file.seek(0)
+            file.truncate()
+            json.dump(left, file)
+        wait_for("Tomcatto is not running, goal 0 of 8")
+        widget.terminate()
+        self.assertEqual(widget.wait(60), 0)
 
 
 if __name__ == "__main__":
