@@ -43,7 +43,8 @@ public:
     HistoryEditor editor{library.stack, engine.wallClock, engine.identifiers, [] { return std::nullopt; }};
     FakeSavePanel savePanel;
     SessionExport sessionExport{aggregator, strings, engine.wallClock, savePanel};
-    StatisticsPageViewModel statistics{{aggregator, engine.settings, strings, engine.wallClock, sessionExport}};
+    StatisticsPageViewModel statistics{
+        {aggregator, engine.settings, strings, engine.wallClock, sessionExport}, editor, engine.runLoop};
     PermissionsPageViewModel permissions{engine.settings, launchAtLogin, authorization, systemSettings, strings};
     AboutPageViewModel about{QStringLiteral("1.0.0"), strings};
     MainWindowRouter router;

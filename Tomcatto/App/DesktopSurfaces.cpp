@@ -30,7 +30,8 @@ DesktopSurfaces::DesktopSurfaces(AppDependencies &dependencies, DesktopPorts des
                    dependencies.movedVideoSearch, dependencies.bundledVideoProvider, dependencies.strings,
                    dependencies.platform.runLoop)
     , m_statisticsPage({dependencies.statsAggregator, dependencies.settings, dependencies.strings,
-                        dependencies.platform.wallClock, m_sessionExport})
+                        dependencies.platform.wallClock, m_sessionExport},
+                       dependencies.historyEditor, dependencies.platform.runLoop)
     , m_permissionsPage(dependencies.settings, dependencies.launchAtLoginService,
                         *dependencies.notificationAuthorization, dependencies.platform.desktop->systemSettings,
                         dependencies.strings)

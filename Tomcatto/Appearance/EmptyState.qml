@@ -10,6 +10,7 @@ Item {
     property string actionText
     /// Replaces the mark, for example "exclamationmark.triangle".
     property string symbol
+    property bool hasMark: true
     property string phase: "work"
     property real textScale: Theme.textScale
 
@@ -27,7 +28,7 @@ Item {
 
         Logo {
             anchors.horizontalCenter: parent.horizontalCenter
-            visible: empty.symbol.length === 0
+            visible: empty.hasMark && empty.symbol.length === 0
             size: 48
             variant: Logo.Mono
             color: Theme.phase(empty.phase).track
@@ -41,7 +42,7 @@ Item {
         }
         Item {
             width: 1
-            height: empty.symbol.length > 0 ? 4 : 8
+            height: empty.symbol.length > 0 ? 4 : empty.hasMark ? 8 : 0
         }
         ThemedText {
             width: parent.width

@@ -14,6 +14,8 @@ Rectangle {
     /// What scrolls, a child of the page that begins at `contentTop`.
     required property Flickable flickable
     readonly property real contentTop: head.y + head.height
+    /// Where it begins.
+    readonly property real firstY: flickable.originY - flickable.topMargin
 
     /// Scrolls so far that the item can be seen.
     function reveal(item: Item) {
@@ -26,8 +28,8 @@ Rectangle {
     }
 
     function scrollTo(y: real) {
-        const first = flickable.originY
-        flickable.contentY = Math.max(first, Math.min(first + flickable.contentHeight - flickable.height, y))
+        const last = flickable.originY + flickable.contentHeight + flickable.bottomMargin - flickable.height
+        flickable.contentY = Math.max(firstY, Math.min(last, y))
     }
 
     function holds(item: Item): bool {
@@ -102,7 +104,7 @@ Rectangle {
         y: page.contentTop - 1
         width: page.width
         height: 1
-        visible: page.flickable.contentY > page.flickable.originY
+        visible: page.flickable.contentY > page.firstY
         color: Theme.line
     }
 }

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import Tomcatto.Appearance
 import Tomcatto.MainWindow
 
@@ -41,37 +40,45 @@ TitledPage {
             onClicked: page.statistics.exportSessions()
         }
     ]
-    flickable: ListView {
-        id: list
-
+    flickable: LogList {
         parent: page
         y: page.contentTop
         width: page.width
         height: page.height - y
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
-        keyNavigationEnabled: false
-        T.ScrollBar.vertical: PageScrollBar {}
+        columnX: page.columnX
+        columnWidth: page.columnWidth
+        viewModel: page.viewModel
+    }
 
-        // A header of the list could not see what is around it.
-        topMargin: head.height
-        bottomMargin: Theme.pageMargin
-        Component.onCompleted: contentY = head.y
+    UndoBar {
+        id: undo
 
-        Column {
-            id: head
-
-            parent: list.contentItem
-            x: page.columnX
-            y: list.originY - height
-            // The focus ring of the first control is not clipped.
-            topPadding: 4
-            onHeightChanged: list.contentY = y
-
-            StatisticsOverview {
-                width: page.columnWidth
-                statistics: page.statistics
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        z: 1
+        columnWidth: page.columnWidth
+        time: 8000
+        offersUndo: page.viewModel.log.canUndo
+        isError: page.viewModel.log.isToldError
+        onUndone: page.viewModel.log.undoRemoval()
+        onExpired: page.viewModel.log.forget()
+    }
+    Shortcut {
+        sequence: "Ctrl+Z"
+        enabled: undo.open && undo.offersUndo
+        onActivated: undo.undo()
+    }
+    Connections {
+        function onToldChanged() {
+            // Closed first: what comes next has its own eight seconds.
+            undo.open = false
+            if (page.viewModel.log.told.length > 0) {
+                undo.text = page.viewModel.log.told
+                undo.open = true
             }
         }
+
+        target: page.viewModel.log
     }
 }

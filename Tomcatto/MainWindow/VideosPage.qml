@@ -195,10 +195,10 @@ Item {
     UndoBar {
         id: undo
 
-        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.left: parent.left
+        anchors.right: parent.right
         anchors.bottom: parent.bottom
-        anchors.bottomMargin: 20
-        width: Math.min(implicitWidth, page.columnWidth)
+        columnWidth: page.columnWidth
         onUndone: root.viewModel.undoRemoval()
         onExpired: root.viewModel.forgetRemoval()
     }

@@ -159,6 +159,7 @@ void SessionLogModel::removeRows(std::ptrdiff_t first, std::ptrdiff_t end)
     m_rows.erase(m_rows.begin() + first, m_rows.begin() + end);
     endRemoveRows();
     retellDays(first, first);
+    Q_EMIT counted();
 }
 
 void SessionLogModel::insertRows(std::ptrdiff_t place, std::span<const Row> rows)
@@ -169,6 +170,7 @@ void SessionLogModel::insertRows(std::ptrdiff_t place, std::span<const Row> rows
     m_rows.insert(m_rows.begin() + place, rows.begin(), rows.end());
     endInsertRows();
     retellDays(place, place + std::ssize(rows));
+    Q_EMIT counted();
 }
 
 /// Rows came to this place or went from it: the days on both sides have other ends and other numbers of phases.

@@ -51,6 +51,10 @@ public:
     /// How phases are worded now.
     [[nodiscard]] SessionTexts texts() const { return {m_sources.strings, m_calendar}; }
 
+Q_SIGNALS:
+    /// The number of rows is another one, and every view of them knows it.
+    void counted();
+
 private:
     struct Row
     {

@@ -26,18 +26,13 @@ SessionLogViewModel::SessionLogViewModel(const StatisticsViewModel &statistics, 
     , m_form({editor, sources.aggregator, settings, sources.strings, sources.wallClock})
 {
     connect(&statistics, &StatisticsViewModel::changed, this, &SessionLogViewModel::show);
-    connect(&sources.strings, &LocalizedStrings::changed, this, [this] {
-        say({}, false, {});
+    connect(&sources.strings, &LocalizedStrings::changed, this, &SessionLogViewModel::changed);
+    connect(&m_rows, &SessionLogModel::counted, this, [this] {
+        if (std::exchange(m_isEmpty, m_rows.rowCount() == 0) == m_isEmpty)
+            return;
         Q_EMIT changed();
-        Q_EMIT removedChanged();
+        Q_EMIT isEmptyChanged();
     });
-    // Only the first row and the last one make a difference here.
-    const auto counted = [this] {
-        if (std::exchange(m_isEmpty, m_rows.rowCount() == 0) != m_isEmpty)
-            Q_EMIT changed();
-    };
-    connect(&m_rows, &QAbstractItemModel::rowsInserted, this, counted);
-    connect(&m_rows, &QAbstractItemModel::rowsRemoved, this, counted);
     connect(&m_form, &AddPhaseViewModel::added, this, &SessionLogViewModel::tellAdded);
 }
 
@@ -59,13 +54,6 @@ QString SessionLogViewModel::emptyText(const char *part) const
     return m_sources.strings.text(QLatin1String(state) + QLatin1String(part));
 }
 
-QString SessionLogViewModel::removedText() const
-{
-    const auto phase = m_removed ? endedPhase(*m_removed) : std::nullopt;
-    return phase ? m_sources.strings.format(QStringLiteral("stats.log.removed"), m_rows.texts().summary(*phase))
-                 : QString();
-}
-
 void SessionLogViewModel::appear()
 {
     m_isShown = true;
@@ -76,16 +64,19 @@ void SessionLogViewModel::disappear()
 {
     m_isShown = false;
     m_form.close();
-    m_rows.clear();
-    forgetRemoval();
-    say({}, false, {});
+    forget();
+    // Not under the eyes of a list that is on its way out.
+    m_sources.runLoop.async(*this, [this] {
+        if (!m_isShown)
+            m_rows.clear();
+    });
 }
 
 void SessionLogViewModel::show()
 {
     if (!m_isShown)
         return;
-    m_rows.show(allStatsRanges.at(static_cast<std::size_t>(m_statistics.rangeIndex())), kindOf(m_filterIndex));
+    m_rows.show(m_statistics.range(), kindOf(m_filterIndex));
     Q_EMIT changed();
 }
 
@@ -94,68 +85,65 @@ void SessionLogViewModel::selectFilter(int index)
     if (index < 0 || index > static_cast<int>(kinds.size()) || index == m_filterIndex)
         return;
     m_filterIndex = index;
-    say({}, false, {});
     show();
 }
 
 void SessionLogViewModel::openForm()
 {
-    say({}, false, {});
+    say({});
     const Calendar calendar = m_sources.wallClock.calendar();
-    const StatsRange range = allStatsRanges.at(static_cast<std::size_t>(m_statistics.rangeIndex()));
-    const QDate first = calendar.dayOf(m_sources.aggregator.interval(range).start);
+    const QDate first = calendar.dayOf(m_sources.aggregator.interval(m_statistics.range()).start);
     m_form.open(first.daysTo(calendar.dayOf(m_sources.wallClock.now())));
 }
 
 void SessionLogViewModel::remove(const QString &id)
 {
-    say({}, false, {});
+    m_removed.reset();
     const auto removed = m_editor.remove(QUuid::fromString(id));
     if (!removed)
         return report(removed.error());
     // Nothing where another process was faster; the rows follow the history by themselves.
     if (!*removed)
-        return;
+        return forget();
     m_removed = *removed;
-    Q_EMIT removedChanged();
     if (m_removed->startedAt)
         m_rows.catchUp(*m_removed->startedAt);
+    if (const auto phase = endedPhase(*m_removed))
+        tell(m_sources.strings.format(QStringLiteral("stats.log.removed"), m_rows.texts().summary(*phase)));
 }
 
 void SessionLogViewModel::undoRemoval()
 {
-    say({}, false, {});
     if (!m_removed)
         return;
-    const PomodoroSessionRecord record = *m_removed;
-    if (const auto restored = m_editor.restore(record); !restored) {
-        // It can be tried again.
-        Q_EMIT removedChanged();
+    if (const auto restored = m_editor.restore(*m_removed); !restored)
         return report(restored.error());
-    }
-    forgetRemoval();
-    if (const auto phase = endedPhase(record))
+    const auto phase = endedPhase(*m_removed);
+    forget();
+    if (phase)
         reveal(*phase);
 }
 
-void SessionLogViewModel::forgetRemoval()
+void SessionLogViewModel::forget()
 {
-    if (!m_removed)
-        return;
     m_removed.reset();
-    Q_EMIT removedChanged();
+    tell({});
 }
 
 void SessionLogViewModel::tellAdded(const EndedPhase &phase)
 {
     if (m_filterIndex > 0 && kindOf(m_filterIndex) != phase.phase)
         selectFilter(0);
+    forget();
     reveal(phase);
     const SessionTexts texts = m_rows.texts();
     const QString added = m_sources.strings.format(
         QStringLiteral("stats.log.added"), texts.summary(phase),
         texts.day(texts.calendar.dayOf(*phase.startedAt), texts.calendar.dayOf(m_sources.wallClock.now())));
-    say(m_rows.rowOf(phase.id) < 0 ? added : QString(), false, added);
+    if (m_rows.rowOf(phase.id) < 0)
+        tell(added);
+    else
+        say(added);
 }
 
 void SessionLogViewModel::reveal(const EndedPhase &phase)
@@ -167,12 +155,17 @@ void SessionLogViewModel::reveal(const EndedPhase &phase)
         Q_EMIT revealed(row);
 }
 
-void SessionLogViewModel::say(const QString &notice, bool isError, const QString &spoken)
+void SessionLogViewModel::tell(const QString &text, bool isError)
 {
-    m_notice = notice;
-    m_isNoticeError = isError;
-    m_spokenNotice = spoken;
-    Q_EMIT noticeChanged();
+    m_told = text;
+    m_isToldError = isError;
+    Q_EMIT toldChanged();
+}
+
+void SessionLogViewModel::say(const QString &text)
+{
+    m_spoken = text;
+    Q_EMIT spokenChanged();
 }
 
 void SessionLogViewModel::report(const StoreError &error)
@@ -180,8 +173,7 @@ void SessionLogViewModel::report(const StoreError &error)
     const char *const reason = error.failure == StoreFailure::locked     ? "locked"
                                : error.failure == StoreFailure::diskFull ? "disk_full"
                                                                          : "other";
-    const QString text = m_sources.strings.text(QStringLiteral("stats.log.error.") + QLatin1String(reason));
-    say(text, true, text);
+    tell(m_sources.strings.text(QStringLiteral("stats.log.error.") + QLatin1String(reason)), true);
 }
 
 }

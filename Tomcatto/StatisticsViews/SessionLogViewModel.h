@@ -16,18 +16,19 @@ class SessionLogViewModel final : public QObject
     /// What kinds can be shown, all of them first.
     Q_PROPERTY(QList<QString> filterTexts READ filterTexts NOTIFY changed FINAL)
     Q_PROPERTY(int filterIndex READ filterIndex NOTIFY changed FINAL)
+    Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY isEmptyChanged FINAL)
     /// What stands in the place of the rows while there are none; empty while there are some.
     Q_PROPERTY(QString emptyTitle READ emptyTitle NOTIFY changed FINAL)
     Q_PROPERTY(QString emptyHelp READ emptyHelp NOTIFY changed FINAL)
     /// Whether there may be rows with another filter or range.
     Q_PROPERTY(bool hasHistory READ hasHistory NOTIFY changed FINAL)
-    /// Names the phase that was removed last and can come back; empty where none can.
-    Q_PROPERTY(QString removedText READ removedText NOTIFY removedChanged FINAL)
-    /// Why the last action was not done, or where its phase is that the rows do not show; empty as a rule.
-    Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged FINAL)
-    Q_PROPERTY(bool isNoticeError READ isNoticeError NOTIFY noticeChanged FINAL)
-    /// What only a screen reader says of the last action.
-    Q_PROPERTY(QString spokenNotice READ spokenNotice NOTIFY noticeChanged FINAL)
+    /// What the last action did that the rows do not show, or why it was not done; empty after a while.
+    Q_PROPERTY(QString told READ told NOTIFY toldChanged FINAL)
+    Q_PROPERTY(bool isToldError READ isToldError NOTIFY toldChanged FINAL)
+    /// Whether the phase that was removed last can come back.
+    Q_PROPERTY(bool canUndo READ canUndo NOTIFY toldChanged FINAL)
+    /// What only a screen reader says: the rows show it.
+    Q_PROPERTY(QString spoken READ spoken NOTIFY spokenChanged FINAL)
     Q_PROPERTY(tomcatto::AddPhaseViewModel *form READ form CONSTANT FINAL)
 
 public:
@@ -38,13 +39,14 @@ public:
     [[nodiscard]] SessionLogModel *rows() { return &m_rows; }
     [[nodiscard]] QStringList filterTexts() const;
     [[nodiscard]] int filterIndex() const noexcept { return m_filterIndex; }
+    [[nodiscard]] bool isEmpty() const noexcept { return m_isEmpty; }
     [[nodiscard]] QString emptyTitle() const { return emptyText("title"); }
     [[nodiscard]] QString emptyHelp() const { return emptyText("help"); }
     [[nodiscard]] bool hasHistory() const { return m_sources.aggregator.earliestSessionDate().has_value(); }
-    [[nodiscard]] QString removedText() const;
-    [[nodiscard]] QString notice() const { return m_notice; }
-    [[nodiscard]] bool isNoticeError() const noexcept { return m_isNoticeError; }
-    [[nodiscard]] QString spokenNotice() const { return m_spokenNotice; }
+    [[nodiscard]] QString told() const { return m_told; }
+    [[nodiscard]] bool isToldError() const noexcept { return m_isToldError; }
+    [[nodiscard]] bool canUndo() const noexcept { return m_removed.has_value(); }
+    [[nodiscard]] QString spoken() const { return m_spoken; }
     [[nodiscard]] AddPhaseViewModel *form() { return &m_form; }
 
     /// The page is seen from now on.
@@ -57,13 +59,14 @@ public:
     Q_INVOKABLE void remove(const QString &id);
     /// Puts the phase back that was removed last.
     Q_INVOKABLE void undoRemoval();
-    /// The phase that was removed last stays removed.
-    Q_INVOKABLE void forgetRemoval();
+    /// Enough was told; the phase that was removed last stays removed.
+    Q_INVOKABLE void forget();
 
 Q_SIGNALS:
     void changed();
-    void removedChanged();
-    void noticeChanged();
+    void isEmptyChanged();
+    void toldChanged();
+    void spokenChanged();
     /// The phase in this row came by the user's own hand and is to be seen.
     void revealed(int row);
 
@@ -71,7 +74,8 @@ private:
     void show();
     void tellAdded(const EndedPhase &phase);
     void reveal(const EndedPhase &phase);
-    void say(const QString &notice, bool isError, const QString &spoken);
+    void tell(const QString &text, bool isError = false);
+    void say(const QString &text);
     void report(const StoreError &error);
     [[nodiscard]] QString emptyText(const char *part) const;
 
@@ -84,9 +88,9 @@ private:
     bool m_isEmpty = true;
     int m_filterIndex = 0;
     std::optional<PomodoroSessionRecord> m_removed;
-    QString m_notice;
-    bool m_isNoticeError = false;
-    QString m_spokenNotice;
+    QString m_told;
+    bool m_isToldError = false;
+    QString m_spoken;
 };
 
 }

@@ -53,11 +53,7 @@ bool picture(const QString &state, bool dark, const QString &language, const QDi
 {
     MenuBarFixture services(language);
     if (state != QLatin1String("empty"))
-        fillHistory(services.wallClock.now(), 109, [&](Date start) {
-            services.history.stamps.push_back({start, 1500});
-        });
-    if (!services.history.stamps.empty())
-        services.history.earliest = services.history.stamps.front().startedAt;
+        fillHistory(services.history, services.wallClock.now(), 109);
     PopoverNavigationStore navigation;
     MainWindowRouter router;
     reach(services, navigation, state);

@@ -1,20 +1,20 @@
 #pragma once
 
-#include "Foundation/Date.h"
+#include "Unit/Statistics/ManualSessionHistory.h"
 
 namespace tomcatto {
 
-/// Hands the starts of phases of 25 minutes on most of the days up to `now`, the same ones each time, to `add`.
+/// Fills a history with phases of 25 minutes on most of the days up to `now`, the same ones each time.
 /// @param days how far back
-template<typename Add>
-void fillHistory(Date now, int days, const Add &add)
+inline void fillHistory(ManualSessionHistory &history, Date now, int days)
 {
     constexpr int lastDays[] = {5, 6, 1, 2, 5, 6, 4};
     for (int day = days; day >= 0; --day) {
         const int phases = day < 7 ? lastDays[day] : (day * 7 + day / 3) % 9;
         for (int phase = phases - 1; phase >= 0; --phase)
-            add(now - Seconds(86400.0 * day + 1800.0 * (phase + 1)));
+            history.stamps.push_back({now - Seconds(86400.0 * day + 1800.0 * phase), 1500});
     }
+    history.earliest = history.stamps.front().startedAt;
 }
 
 }

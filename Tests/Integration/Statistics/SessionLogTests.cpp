@@ -1,4 +1,5 @@
 #include "Fakes/ServicesFixture.h"
+#include "StatisticsViews/SessionExport.h"
 #include "StatisticsViews/SessionLogViewModel.h"
 #include "StatisticsViews/StatisticsViewModel.h"
 
@@ -188,8 +189,11 @@ TEST_F(SessionLogTest, RemovesPutsBackAndAdds)
 {
     const QUuid first = store(at(27, 13 * 60 + 29), 29min, 1500);
     store(at(20, 600), 5min, 300, "shortBreak");
-    StatisticsViewModel statistics(
-        {dependencies.statsAggregator, dependencies.settings, dependencies.strings, wallClock});
+    FakeSavePanel savePanel;
+    SessionExport exports{dependencies.statsAggregator, dependencies.strings, wallClock, savePanel};
+    const StatisticsViewModel statistics(
+        {dependencies.statsAggregator, dependencies.settings, dependencies.strings, wallClock, exports},
+        StatisticsForm::page);
     SessionLogViewModel log(statistics, dependencies.historyEditor, dependencies.settings, sources);
     AddPhaseViewModel &form = *log.form();
     const auto id = [](const QUuid &each) { return each.toString(QUuid::WithoutBraces); };
@@ -198,10 +202,10 @@ TEST_F(SessionLogTest, RemovesPutsBackAndAdds)
     log.appear();
     const auto before = dependencies.sessionRepository.allSessions();
     log.remove(id(first));
-    EXPECT_EQ(log.removedText(), u"Focus, 29 min removed"_qs);
+    EXPECT_EQ(log.told(), u"Focus, 29 min removed"_qs);
     EXPECT_EQ(log.emptyTitle(), u"Nothing in this period"_qs);
     log.undoRemoval();
-    EXPECT_EQ(log.removedText(), QString());
+    EXPECT_EQ(log.told(), QString());
     EXPECT_EQ(revealed, 0);
     EXPECT_THAT(dependencies.sessionRepository.allSessions(), testing::UnorderedElementsAreArray(before));
     log.selectFilter(3);
@@ -236,7 +240,7 @@ TEST_F(SessionLogTest, RemovesPutsBackAndAdds)
     }
     form.add();
     EXPECT_FALSE(form.isOpen());
-    EXPECT_EQ(log.notice(), u"Focus, 25 min added: Friday 24 October"_qs) << "the week does not show it";
+    EXPECT_EQ(log.told(), u"Focus, 25 min added: Friday 24 October"_qs) << "the week does not show it";
     EXPECT_EQ(log.filterIndex(), 0);
     log.openForm();
     form.writeStart(u"13:40"_qs);
@@ -244,12 +248,12 @@ TEST_F(SessionLogTest, RemovesPutsBackAndAdds)
     EXPECT_TRUE(form.isOpen());
     form.writeStart(u"9:30"_qs);
     form.add();
-    EXPECT_EQ(log.notice() + log.spokenNotice(), u"Focus, 25 min added: Today"_qs);
+    EXPECT_EQ(log.told() + log.spoken(), u"Focus, 25 min added: Today"_qs);
     EXPECT_EQ(revealed, 1);
     // The second removal makes the first one final, leaving the page the second.
     log.remove(id(first));
     log.remove(log.rows()->index(0).data(SessionLogModel::phaseId).toString());
-    EXPECT_EQ(log.removedText(), u"Focus, 25 min removed"_qs);
+    EXPECT_EQ(log.told(), u"Focus, 25 min removed"_qs);
     log.disappear();
     log.undoRemoval();
     EXPECT_EQ(dependencies.sessionRepository.allSessions().size(), 2);
@@ -261,6 +265,6 @@ TEST_F(SessionLogTest, RemovesPutsBackAndAdds)
     SQLite::Database(dependencies.coreDataStack.storePath().toStdString(), SQLite::OPEN_READWRITE)
         .exec("DROP TABLE PomodoroSessionRecord");
     log.remove(id(first));
-    EXPECT_EQ(log.notice(), u"The history could not be changed. It stays as it was."_qs);
-    EXPECT_EQ(log.removedText(), QString());
+    EXPECT_EQ(log.told(), u"The history could not be changed. It stays as it was."_qs);
+    EXPECT_FALSE(log.canUndo());
 }

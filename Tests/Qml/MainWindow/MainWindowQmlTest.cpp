@@ -51,6 +51,14 @@ public:
         m_fixture->engine.wallClock.announceDay();
     }
     Q_INVOKABLE int exports() const { return static_cast<int>(m_fixture->savePanel.requests.size()); }
+    /// Focus phases of 25 minutes, one an hour, the last one an hour ago.
+    Q_INVOKABLE void addPhases(int count)
+    {
+        for (int hour = 1; hour <= count; ++hour) {
+            const Date start = m_fixture->engine.wallClock.now() - std::chrono::hours(hour);
+            static_cast<void>(m_fixture->editor.add(start, 25));
+        }
+    }
     Q_INVOKABLE int alerts() const { return static_cast<int>(m_fixture->alert.shown.size()); }
 
 private:
