@@ -19,8 +19,8 @@ ApplicationControl::ApplicationControl(AppDependencies &dependencies, AppDelegat
     addSettingsCommands(m_commands, {dependencies.settings, dependencies.launchAtLoginService,
                                      dependencies.platform.defaults, QStringLiteral(" It holds until Tomcatto ends.")});
     addVideoCommands(m_commands, dependencies.userVideoCommands);
-    addHistoryCommands(m_commands,
-                       {dependencies.historyEditor, dependencies.platform.wallClock, dependencies.coreDataStack});
+    addHistoryCommands(m_commands, {dependencies.historyEditor, dependencies.historyImporter,
+                                    dependencies.platform.wallClock, dependencies.coreDataStack});
     m_commands.add(QStringLiteral("quit"), [this, &dependencies, &delegate](const auto &) {
         m_isEnding = true;
         // The record is on disk before the answer, so the one who asked may read it.

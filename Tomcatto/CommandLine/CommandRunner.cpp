@@ -21,6 +21,8 @@ constexpr int patienceMilliseconds = 5000;
 constexpr int retryMilliseconds = 20;
 // Looking into a video file that is being added takes its time.
 constexpr std::chrono::seconds longestOperation{30};
+// So do the largest files that are imported.
+constexpr std::chrono::minutes longestImport{2};
 
 const QString settingsCommand = QStringLiteral("settings");
 
@@ -181,11 +183,11 @@ ExitStatus CommandRunner::changeVideos(const Invocation &invocation) const
 
 ExitStatus CommandRunner::changeHistory(const Invocation &invocation) const
 {
-    Json arguments = invocation.arguments;
+    Json arguments = absolutePaths(invocation.arguments);
     arguments["zone"] = m_surroundings.wallClock.calendar().timeZone.id().toStdString();
     if (!arguments.contains("id"))
         arguments["id"] = identifierText(m_surroundings.identifiers.next()).toStdString();
-    return report(change({invocation.command, arguments, false}, std::chrono::milliseconds(patienceMilliseconds)));
+    return report(change({invocation.command, arguments, false}, longestImport));
 }
 
 ExitStatus CommandRunner::restoreHistory(const Invocation &invocation) const

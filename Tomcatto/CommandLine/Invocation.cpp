@@ -240,6 +240,9 @@ private:
         CLI::App *const remove = addCommand(*command, "remove", "Remove a phase");
         addTextArgument(*remove, "id", "The phase's id, as the list has it");
         remove->callback([this] { chooseChange("history", "remove", Action::historyChange); });
+        CLI::App *const take = addCommand(*command, "import", "Add what an exported file has and the history has not");
+        addTextArgument(*take, "path", "The file, as export writes it");
+        take->callback([this] { chooseChange("history", "import", Action::historyChange); });
         addFileAction(*command, "backup", "Copy the history into a file; a copy that is there is replaced",
                       Action::historyBackup);
         addFileAction(*command, "restore", "Put a copy in the place of the history, which is kept beside it",

@@ -17,6 +17,7 @@
 #include "QuillbayKit/NotificationAuthorization.h"
 #include "Recording/PomodoroSession.h"
 #include "Statistics/HistoryEditor.h"
+#include "Statistics/HistoryImporter.h"
 #include "Statistics/StatsAggregator.h"
 #include "SystemIntegration/LaunchAtLoginService.h"
 #include "Widget/WidgetBridge.h"
@@ -55,6 +56,7 @@ public:
     std::unique_ptr<quillbay::NotificationAuthorization> notificationAuthorization;
     StatsAggregator statsAggregator;
     HistoryEditor historyEditor;
+    HistoryImporter historyImporter;
     LaunchAtLoginService launchAtLoginService;
     LanguageOverrideService languageOverrideService;
     LocalizedStrings strings;

@@ -4,6 +4,8 @@
 #include "Persistence/CoreDataStack.h"
 #include "Platform/Ports/IdentifierSource.h"
 
+#include <QtCore/QDir>
+
 namespace tomcatto {
 
 namespace {
@@ -92,6 +94,29 @@ ControlReply removePhase(const HistoryCommandParts &parts, const Json &arguments
     return *removed ? ControlReply{} : refused(QStringLiteral("There is no phase \"%1\".").arg(text));
 }
 
+QString countText(qint64 phases)
+{
+    return phases == 1 ? QStringLiteral("1 phase") : QStringLiteral("%1 phases").arg(phases);
+}
+
+QString importedText(const HistoryImporter::Imported &imported)
+{
+    const qint64 present = imported.all - imported.added;
+    const QString added = QStringLiteral("%1 added").arg(countText(imported.added));
+    return present == 0 ? added + u'.' : QStringLiteral("%1, %2 there already.").arg(added).arg(present);
+}
+
+void importFile(const HistoryCommandParts &parts, const Json &arguments, const CommandTable::Answer &answer)
+{
+    const QString path = textArgument(arguments, "path");
+    if (!QDir::isAbsolutePath(path))
+        return answer(controlReply(ExitStatus::usage, QStringLiteral("\"%1\" is not an absolute path").arg(path)));
+    parts.importer.importFile(path, [answer](const HistoryImporter::Result &imported) {
+        answer(imported ? controlReply(ExitStatus::done, importedText(*imported))
+                        : controlReply(ExitStatus::failed, imported.error()));
+    });
+}
+
 }
 
 std::expected<ForgottenPhase, QString> forgottenPhase(const QString &start, const QString &minutes)
@@ -144,6 +169,8 @@ void addHistoryCommands(CommandTable &table, const HistoryCommandParts &parts)
             return answer(addPhase(parts, arguments));
         if (action == QStringLiteral("remove"))
             return answer(removePhase(parts, arguments));
+        if (action == QStringLiteral("import"))
+            return importFile(parts, arguments, answer);
         if (action == QStringLiteral("restore"))
             return answer(
                 replyTo(parts.stack.replaceStore(textArgument(arguments, "path"), keptStoreName(parts.wallClock))));

@@ -4,6 +4,7 @@
 #include "Persistence/StoreCopy.h"
 #include "Platform/Ports/WallClock.h"
 #include "Statistics/HistoryEditor.h"
+#include "Statistics/HistoryImporter.h"
 
 #include <QtCore/QDateTime>
 
@@ -25,6 +26,7 @@ struct ForgottenPhase
 struct HistoryCommandParts
 {
     HistoryEditor &editor;
+    HistoryImporter &importer;
     const WallClock &wallClock;
     CoreDataStack &stack;
 };
@@ -34,10 +36,9 @@ struct HistoryCommandParts
 /// What to tell of a restoration: where the earlier store is kept, or why it failed.
 [[nodiscard]] ControlReply replyTo(const StoreCopyResult<QString> &kept);
 
-/// Adds the "history" command, by which phases are added and removed and a copy, which was prepared for it, is
-/// restored. Where the one who asks names a "zone", times are
-/// those of that time zone. An addition with the "id" that the phase is to have is done once, however often it is
-/// asked for.
+/// Adds the "history" command, by which phases are added and removed, exported files imported and a copy, which was
+/// prepared for it, restored. Where the one who asks names a "zone", times are those of that time zone. An addition
+/// with the "id" that the phase is to have is done once, however often it is asked for.
 void addHistoryCommands(CommandTable &table, const HistoryCommandParts &parts);
 
 }

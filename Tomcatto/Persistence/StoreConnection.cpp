@@ -143,6 +143,23 @@ StoreResult<void> StoreConnection::fetch(const char *sql, const std::vector<Stor
     });
 }
 
+StoreResult<void> StoreConnection::fetchEach(const char *sql, std::size_t count, const FillValues &fill,
+                                             const std::function<void(std::size_t, const StoreRow &)> &row)
+{
+    return withDatabase([&](SQLite::Database &database) {
+        SQLite::Statement statement(database, sql);
+        const StoreRow current(statement);
+        std::vector<StoreValue> values;
+        for (std::size_t run = 0; run < count; ++run) {
+            fill(run, values);
+            bindAll(statement, values);
+            while (statement.executeStep())
+                row(run, current);
+            statement.reset();
+        }
+    });
+}
+
 StoreResult<void> StoreConnection::transaction(const std::function<StoreResult<void>()> &changes)
 {
     if (const auto begun = execute("BEGIN IMMEDIATE"); !begun)

@@ -44,6 +44,11 @@ public:
     /// Runs one query and calls `row` for each row of its answer.
     [[nodiscard]] StoreResult<void> fetch(const char *sql, const std::vector<StoreValue> &values,
                                           const std::function<void(const StoreRow &)> &row);
+    using FillValues = std::function<void(std::size_t run, std::vector<StoreValue> &values)>;
+    /// Runs one statement or query `count` times, each time with other values, which `fill` gives by the run's number,
+    /// and calls `row` for each row of an answer; it may be empty.
+    [[nodiscard]] StoreResult<void> fetchEach(const char *sql, std::size_t count, const FillValues &fill,
+                                              const std::function<void(std::size_t, const StoreRow &)> &row);
     /// Runs `changes` between a begin that takes the write lock and a commit; when either fails, all is rolled back.
     [[nodiscard]] StoreResult<void> transaction(const std::function<StoreResult<void>()> &changes);
     /// Whether another connection, of this process or another, has written to the store since this was asked last. Also

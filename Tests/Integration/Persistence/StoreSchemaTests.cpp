@@ -59,6 +59,7 @@ TEST_F(StoreSchemaTests, everyQueryUsesItsIndexAndSortsNothing)
         Case{sessionQueries::earliestStart, "USING COVERING INDEX PomodoroSessionRecord_startedAt"},
         Case{sessionQueries::addedAfterRow, "USING INTEGER PRIMARY KEY (rowid>?)"},
         Case{sessionQueries::overlapping, "USING INDEX PomodoroSessionRecord_startedAt (startedAt>? AND startedAt<?)"},
+        Case{sessionQueries::countEqual, "USING INDEX PomodoroSessionRecord_startedAt (startedAt>? AND startedAt<?)"},
         Case{sessionQueries::prune, "USING INDEX PomodoroSessionRecord_startedAt (startedAt<?)"},
     };
     SQLite::Database database = openRaw();

@@ -68,6 +68,14 @@ inline constexpr const char *withIdentifier =
     "SELECT id, phase, startedAt, endedAt, plannedDurationSeconds, actualDurationSeconds, cycleIndex, wasCompleted,"
     " wasSkipped, rowid FROM PomodoroSessionRecord WHERE id = ?1 ORDER BY rowid DESC LIMIT 1";
 
+/// ?1 start in whole seconds, ?2 actual seconds, ?3 phase, "unknown" for all that are not known, ?4 how it ended: how
+/// many an exported file would show alike.
+inline constexpr const char *countEqual =
+    "SELECT count(*) FROM PomodoroSessionRecord WHERE startedAt >= ?1 AND startedAt < ?1 + 1"
+    " AND actualDurationSeconds = ?2"
+    " AND CASE WHEN phase IN ('work', 'shortBreak', 'longBreak') THEN phase ELSE 'unknown' END = ?3"
+    " AND CASE WHEN wasCompleted = 1 THEN 0 WHEN wasSkipped = 1 THEN 1 ELSE 2 END = ?4";
+
 /// ?1 the row's number.
 inline constexpr const char *removeRow = "DELETE FROM PomodoroSessionRecord WHERE rowid = ?1";
 
