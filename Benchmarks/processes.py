@@ -12,7 +12,11 @@ import argparse
 import json
 import os
 import pathlib
+import shutil
+import statistics
+import subprocess
 import sys
+import tempfile
 
 import desktop
 from figures import memory_rows, resting, row, starts
@@ -20,6 +24,8 @@ from measured_process import Places, Running
 
 COMMANDS = 50
 LARGEST_HISTORY = 1_000_000
+IMPORTS = 5
+IMPORTED = 100_000
 STAMPS = ("SELECT startedAt, actualDurationSeconds FROM PomodoroSessionRecord"
           " WHERE phase = 'work' AND wasCompleted = 1 ORDER BY startedAt")
 
@@ -65,7 +71,35 @@ def commands(build, _):
               ("`sqlite3`", reading[1] * 1e3), "at most 2 × `sqlite3`", True)
 
 
-MEASUREMENTS = (terminal, commands, *desktop.MEASUREMENTS)
+def store_below(data):
+    return str(data / "Tomcatto" / "Tomcatto.sqlite")
+
+
+def imports(build, _):
+    """An exported file into an empty history, beside the same rows loaded into the same table."""
+    program = str(build.resolve() / "tomcatto")
+    make_history = pathlib.Path(__file__).parent.parent / "Tools" / "make-history"
+    with Places() as places, tempfile.TemporaryDirectory() as name:
+        folder = pathlib.Path(name)
+        for phases, data in ((IMPORTED, folder / "full"), (1, folder / "empty")):
+            subprocess.run([make_history, "--phases", str(phases), data], check=True, stdout=subprocess.DEVNULL)
+        subprocess.run(["sqlite3", store_below(folder / "empty"), "DELETE FROM PomodoroSessionRecord"], check=True)
+        with open(folder / "rows.csv", "w", encoding="utf-8") as rows:
+            subprocess.run(["sqlite3", "-csv", store_below(folder / "full"), "SELECT * FROM PomodoroSessionRecord"],
+                           check=True, stdout=rows)
+        places.run(program, "export", "--range", "allTime", str(folder / "phases.csv"), XDG_DATA_HOME=str(folder / "full"))
+        taken = []
+        for round_number in range(IMPORTS):
+            ours, theirs = (shutil.copytree(folder / "empty", folder / f"{kind}{round_number}") for kind in ("ours", "theirs"))
+            taken.append((places.run(program, "history", "import", str(folder / "phases.csv"), XDG_DATA_HOME=str(ours))[1],
+                          places.run("sqlite3", store_below(theirs),
+                                     f".import --csv {folder / 'rows.csv'} PomodoroSessionRecord")[1]))
+    imported, loaded = (statistics.median(column) * 1e3 for column in zip(*taken))
+    yield row(f"`tomcatto history import` of {IMPORTED:,} phases, processor time", imported, "ms", 2, ("`sqlite3`", loaded),
+              "at most 2 × `sqlite3`", True)
+
+
+MEASUREMENTS = (terminal, commands, imports, *desktop.MEASUREMENTS)
 
 
 def main():
