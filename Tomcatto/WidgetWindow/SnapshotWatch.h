@@ -24,7 +24,7 @@ private:
     FileWatch &m_fileWatch;
     std::function<void()> m_changed;
     std::optional<WidgetSnapshot> m_snapshot;
-    QString m_followed;
+    QStringList m_followed;
     Cancellable m_watch;
 };
 
