@@ -217,12 +217,11 @@ class CommandLineTest(unittest.TestCase):
             time.sleep(0.5)
         tomcatto.wait_for(lambda: tomcatto.run("status").returncode == 0)
 
-    def test_a_video_is_added_once_though_the_application_ends(self):
-        video = os.path.join(os.path.dirname(PROGRAM), "BundledVideos", "2-the-fish.mp4")
-        identifier = self.expect(0, "videos", "add", video).stdout.strip()
+    def expect_of_one_that_ends(self, work, *command):
+        """Runs a command while an application reads its request, does the work and hangs up; then it is gone."""
+        ready = threading.Event()
 
-        def end_after(work):
-            """An application that reads one request, does the work and hangs up; then it is gone."""
+        def end_after_work():
             with open(os.path.join(os.path.dirname(self.tomcatto.defaults_path), "lock"), "wb") as lock, \
                     socket.socket(socket.AF_UNIX) as listener:
                 fcntl.flock(lock, fcntl.LOCK_EX)
@@ -230,26 +229,78 @@ class CommandLineTest(unittest.TestCase):
                 listener.listen()
                 ready.set()
                 connection = listener.accept()[0]
-                connection.recv(65536)
+                arguments = json.loads(connection.recv(65536))["arguments"]
                 with sqlite3.connect(self.tomcatto.store_path) as store:
-                    work(store)
+                    work(store, arguments)
                 os.remove(self.tomcatto.socket_path)
                 connection.close()
                 time.sleep(0.3)
 
-        def add(store):
+        ending = threading.Thread(target=end_after_work)
+        ending.start()
+        self.assertTrue(ready.wait(60))
+        self.expect(0, *command)
+        ending.join()
+
+    def test_nothing_is_done_twice_though_the_application_ends(self):
+        video = os.path.join(os.path.dirname(PROGRAM), "BundledVideos", "2-the-fish.mp4")
+        identifier = self.expect(0, "videos", "add", video).stdout.strip()
+
+        def add(store, _):
             store.execute("update UserVideo set addedAt = ?", (time.time(),))
 
-        for work, command, count in ((add, ("add", video), 1), (lambda _: None, ("add", video), 2),
-                                     (lambda store: store.execute("delete from UserVideo where id = ?", (identifier,)),
-                                      ("remove", identifier), 1)):
-            ready = threading.Event()
-            ending = threading.Thread(target=end_after, args=(work,))
-            ending.start()
-            self.assertTrue(ready.wait(60))
-            self.expect(0, "videos", *command)
-            ending.join()
+        def remove(store, _):
+            store.execute("delete from UserVideo where id = ?", (identifier,))
+
+        for work, command, count in ((add, ("add", video), 1), (lambda *_: None, ("add", video), 2),
+                                     (remove, ("remove", identifier), 1)):
+            self.expect_of_one_that_ends(work, "videos", *command)
             self.assertEqual(len(self.expect(0, "videos", "list").stdout.splitlines()), count, command)
+
+        def add_phase(store, arguments):
+            start = 1767605400  # 2026-01-05T09:30
+            store.execute("insert into PomodoroSessionRecord values (?, 'work', ?, ?, 1500, 1500, 0, 1, 0)",
+                          (arguments["id"], start, start + 1500))
+
+        self.expect_of_one_that_ends(add_phase, "history", "add", "2026-01-05T09:30", "25")
+        [phase] = self.phases()
+        self.expect_of_one_that_ends(lambda store, _: store.execute("delete from PomodoroSessionRecord"),
+                                     "history", "remove", phase["id"])
+        self.assertEqual(self.phases(), [])
+
+    def phases(self):
+        return json.loads(self.expect(0, "history", "list", "--range", "allTime", "--json").stdout)
+
+    def test_sets_the_history_right_with_and_without_an_application(self):
+        one, other = (os.path.join(self.tomcatto.folder, name) for name in ("one.csv", "other.csv"))
+        for runs in (False, True):
+            if runs:
+                self.tomcatto.start()
+            added = self.expect(0, "history", "add", "2026-01-05T09:30", "25").stdout.strip()
+            self.assertIn("Focus, 2026-01-05 09:30 – 09:55, is there already",
+                          self.expect(1, "history", "add", "2026-01-05T09:54", "25").stderr)
+            self.expect(0, "history", "add", "2026-01-05T09:55", "30")
+            self.assertEqual([(phase["startedAt"], phase["actualSeconds"]) for phase in self.phases()],
+                             [("2026-01-05T09:55:00Z", 1800), ("2026-01-05T09:30:00Z", 1500)])
+            self.expect(0, "export", "--range", "allTime", one)
+            for status in (0, 1):
+                self.expect(status, "history", "remove", added)
+            self.assertEqual(self.expect(0, "history", "import", one).stdout, "1 phase added, 1 there already.\n")
+            self.expect(0, "export", "--range", "allTime", other)
+            with open(one, encoding="utf-8") as first, open(other, "a+", encoding="utf-8") as second:
+                second.seek(0)
+                self.assertEqual(first.read(), second.read())
+                second.write("Work,25:00\n")
+            self.assertIn("line 4", self.expect(4, "history", "import", other).stderr)
+            for phase in self.phases():
+                self.expect(0, "history", "remove", phase["id"])
+        read_end, write_end = os.pipe()
+        os.close(read_end)
+        unread = subprocess.run([PROGRAM, "export", "-"], env=self.tomcatto.environment, stdout=write_end,
+                                stderr=subprocess.PIPE, text=True, timeout=60, check=False)
+        os.close(write_end)
+        self.assertEqual(unread.returncode, 4)
+        self.assertIn("closed before the end", unread.stderr)
 
     def test_two_starts_at_one_moment_recover_one_marker(self):
         self.tomcatto.start()
