@@ -177,10 +177,16 @@ Item {
             color: Theme.controlLine
         }
         MouseArea {
+            function point() {
+                chart.hoveredIndex = Math.max(0, Math.min(chart.bars.length - 1, Math.floor(mouseX / chart.slotWidth)))
+            }
+
             anchors.fill: parent
             hoverEnabled: true
             acceptedButtons: Qt.NoButton
-            onPositionChanged: mouse => chart.hoveredIndex = Math.max(0, Math.min(chart.bars.length - 1, Math.floor(mouse.x / chart.slotWidth)))
+            // A page that scrolls comes under a pointer that rests.
+            onEntered: point()
+            onPositionChanged: point()
             onExited: chart.hoveredIndex = -1
         }
         ToolTip {

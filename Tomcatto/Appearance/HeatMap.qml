@@ -152,14 +152,17 @@ Item {
             border.color: Theme.focus
         }
         MouseArea {
+            function point() {
+                const column = Math.floor(mouseX / (map.cellWidth + map.gap))
+                const index = column * map.rows + Math.floor(mouseY / (map.cellHeight + map.gap))
+                map.hoveredIndex = index < map.cells.length && map.cells[index].level >= 0 ? index : -1
+            }
+
             anchors.fill: parent
             hoverEnabled: true
             acceptedButtons: Qt.NoButton
-            onPositionChanged: mouse => {
-                const column = Math.floor(mouse.x / (map.cellWidth + map.gap))
-                const index = column * map.rows + Math.floor(mouse.y / (map.cellHeight + map.gap))
-                map.hoveredIndex = index < map.cells.length && map.cells[index].level >= 0 ? index : -1
-            }
+            onEntered: point()
+            onPositionChanged: point()
             onExited: map.hoveredIndex = -1
         }
         ToolTip {
