@@ -2,6 +2,7 @@
 
 #include "Composition/HistoryCommands.h"
 #include "Composition/SettingsCommands.h"
+#include "Composition/StatsCommand.h"
 #include "Composition/TimerCommands.h"
 #include "Composition/VideoCommands.h"
 
@@ -10,12 +11,14 @@ namespace tomcatto {
 ApplicationControl::ApplicationControl(AppDependencies &dependencies, AppDelegate &delegate, LocalSockets &sockets,
                                        const QString &socketPath, std::function<void()> quit, QObject *parent)
     : QObject(parent)
+    , m_stateMachine(dependencies.stateMachine)
     , m_status({dependencies.stateMachine, dependencies.timer, dependencies.settings, dependencies.statsAggregator,
                 dependencies.strings, dependencies.platform.wallClock, dependencies.platform.runLoop})
     , m_server(m_commands, sockets, dependencies.platform.runLoop, socketPath)
     , m_quit(std::move(quit))
 {
     addTimerCommands(m_commands, dependencies.stateMachine, m_status);
+    addStatsCommand(m_commands, dependencies.statsAggregator, dependencies.settings);
     addSettingsCommands(m_commands, {dependencies.settings, dependencies.launchAtLoginService,
                                      dependencies.platform.defaults, QStringLiteral(" It holds until Tomcatto ends.")});
     addVideoCommands(m_commands, dependencies.userVideoCommands);
@@ -46,6 +49,12 @@ void ApplicationControl::answerActivation(const ProcessSignals &signals, const Q
 std::optional<ExitStatus> ApplicationControl::listen(const CommandRunner &runner)
 {
     return runner.becomeApplication([this] { return m_server.listen() != ControlServer::ListenResult::taken; });
+}
+
+void ApplicationControl::offer(MessageBus &bus)
+{
+    m_busInterface =
+        std::make_unique<BusInterface>(bus, m_commands, m_status, m_stateMachine, [this] { return m_isEnding; });
 }
 
 void ApplicationControl::end()

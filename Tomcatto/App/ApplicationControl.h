@@ -2,6 +2,7 @@
 
 #include "App/AppDelegate.h"
 #include "CommandLine/CommandRunner.h"
+#include "Control/BusInterface.h"
 #include "Control/ControlServer.h"
 #include "Control/StatusSource.h"
 #include "Platform/Ports/ProcessSignals.h"
@@ -26,16 +27,21 @@ public:
     void answerActivation(const ProcessSignals &signals, const QString &message);
     /// Opens the socket. @return the status to end with where another application serves it; else nothing
     [[nodiscard]] std::optional<ExitStatus> listen(const CommandRunner &runner);
+    /// Lets other programs in over the bus, which outlives this object; `withdraw` shuts them out again.
+    void offer(MessageBus &bus);
+    void withdraw() { m_busInterface.reset(); }
     /// Ends the main loop.
     void end();
 
 private:
     void followStatus();
 
+    const PomodoroStateMachine &m_stateMachine;
     StatusSource m_status;
     CommandTable m_commands;
     ControlServer m_server;
     std::function<void()> m_quit;
+    std::unique_ptr<BusInterface> m_busInterface;
     bool m_isEnding = false;
     bool m_isFollowed = false;
 };

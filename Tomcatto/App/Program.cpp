@@ -134,7 +134,9 @@ int Program::runHoldingLock(const Invocation &invocation, const FrontEnd &frontE
     if (desktop)
         delegate.applicationWillFinishLaunching({invocation.isBackground, invocation.isUiTest});
     delegate.applicationDidFinishLaunching(*surfaces);
+    control.offer(ports.messageBus);
     const int status = QCoreApplication::exec();
+    control.withdraw();
     delegate.applicationWillTerminate();
     return status;
 }

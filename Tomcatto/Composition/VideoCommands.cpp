@@ -22,6 +22,17 @@ ExitStatus exitStatus(UserVideoCommandError::Kind kind)
     return ExitStatus::failed;
 }
 
+ControlReply list(const UserVideoCommands &videos)
+{
+    Json lines = Json::array();
+    for (const UserVideo &video : videos.stored())
+        lines.push_back({{"id", identifierText(video.id).toStdString()},
+                         {"name", video.displayName.toStdString()},
+                         {"seconds", video.durationSeconds},
+                         {"isSelected", video.userSelected}});
+    return {ExitStatus::done, {}, lines};
+}
+
 }
 
 void addVideoCommands(CommandTable &table, UserVideoCommands &videos)
@@ -31,6 +42,8 @@ void addVideoCommands(CommandTable &table, UserVideoCommands &videos)
         const auto finish = [answer](const UserVideoCommands::Result &result) {
             answer(result ? ControlReply{} : controlReply(exitStatus(result.error().kind), result.error().text));
         };
+        if (action == QStringLiteral("list"))
+            return answer(list(videos));
         if (action == QStringLiteral("add"))
             return videos.add(textArgument(arguments, "path"), [answer](const UserVideoCommands::AddResult &result) {
                 answer(result ? controlReply(ExitStatus::done, identifierText(*result))

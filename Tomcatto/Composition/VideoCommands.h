@@ -5,8 +5,8 @@
 
 namespace tomcatto {
 
-/// Adds the "videos" command, by which the user's own videos are added, removed and chosen. `videos` outlives the
-/// table.
+/// Adds the "videos" command, by which the user's own videos are listed, added, removed and chosen. `videos` outlives
+/// the table.
 void addVideoCommands(CommandTable &table, UserVideoCommands &videos);
 
 }

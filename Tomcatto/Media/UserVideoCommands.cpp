@@ -56,6 +56,11 @@ UserVideoCommands::~UserVideoCommands()
     m_queue.drain();
 }
 
+std::vector<UserVideo> UserVideoCommands::stored() const
+{
+    return m_repository.allVideos();
+}
+
 std::vector<UserVideoListing> UserVideoCommands::list() const
 {
     auto videos = m_repository.allVideos();

@@ -68,6 +68,8 @@ public:
     /// Every video, the earliest added first, and where its file is. Moved files are looked for 30 ms at most, nothing
     /// is written. Waits for the disks of all files.
     [[nodiscard]] std::vector<UserVideoListing> list() const;
+    /// Every video as it is stored, the earliest added first, without a look at its file.
+    [[nodiscard]] std::vector<UserVideo> stored() const;
     /// Adds a video file after looking into it, in the background; `done` is called on the main thread when it is
     /// stored with length and thumbnail, or refused.
     /// @param path absolute

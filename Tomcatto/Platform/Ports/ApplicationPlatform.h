@@ -8,6 +8,7 @@
 #include "Platform/Ports/LocalSockets.h"
 #include "Platform/Ports/LoginItem.h"
 #include "Platform/Ports/MainRunLoop.h"
+#include "Platform/Ports/MessageBus.h"
 #include "Platform/Ports/MonotonicClock.h"
 #include "Platform/Ports/ProcessSignals.h"
 #include "Platform/Ports/StillFrame.h"
@@ -78,6 +79,7 @@ struct ApplicationPorts
     WorkspacePower &workspacePower;
     WidgetCenter &widgetCenter;
     UserNotificationCenter &notificationCenter;
+    MessageBus &messageBus;
     ProcessSignals &processSignals;
     Terminal &terminal;
 };

@@ -1,6 +1,7 @@
 #include "Platform/Freedesktop/AutostartLoginItem.h"
 #include "Platform/Freedesktop/FreedesktopNotificationCenter.h"
 #include "Platform/Freedesktop/LogindWorkspacePower.h"
+#include "Platform/Freedesktop/SessionMessageBus.h"
 #include "Platform/Freedesktop/TimeZoneSignal.h"
 #include "Platform/Freedesktop/WidgetSignal.h"
 #include "Platform/Linux/BirthTime.h"
@@ -40,6 +41,10 @@ std::unique_ptr<ApplicationPlatform> makeApplicationPlatform()
         .makeNotificationCenter =
             [](MainRunLoop &runLoop) {
                 return std::make_unique<FreedesktopNotificationCenter>(QDBusConnection::sessionBus(), runLoop);
+            },
+        .makeMessageBus =
+            [](MainRunLoop &runLoop) {
+                return std::make_unique<SessionMessageBus>(QDBusConnection::sessionBus(), runLoop);
             },
     });
 }

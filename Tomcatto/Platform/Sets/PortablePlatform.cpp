@@ -41,6 +41,16 @@ public:
     void removePendingRequests(const QStringList & /*identifiers*/) override {}
 };
 
+/// Other programs have the control socket.
+class AbsentMessageBus final : public MessageBus
+{
+public:
+    void offer(BusObject & /*object*/) override {}
+    void withdraw() override {}
+    void announceChange(const QVariantMap & /*properties*/) override {}
+    void announce(const QString & /*signal*/, const QVariantList & /*arguments*/) override {}
+};
+
 /// Widgets here watch their file.
 class AbsentWidgetCenter final : public WidgetCenter
 {
@@ -66,6 +76,7 @@ std::unique_ptr<ApplicationPlatform> makeApplicationPlatform()
         .makeWorkspacePower = [] { return std::make_unique<UnnoticedSleep>(); },
         .makeWidgetCenter = [] { return std::make_unique<AbsentWidgetCenter>(); },
         .makeNotificationCenter = [](MainRunLoop &) { return std::make_unique<AbsentNotificationCenter>(); },
+        .makeMessageBus = [](MainRunLoop &) { return std::make_unique<AbsentMessageBus>(); },
     });
 }
 

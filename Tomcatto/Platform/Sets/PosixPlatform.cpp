@@ -53,6 +53,7 @@ struct ApplicationAdapters
         , workspacePower(differences.makeWorkspacePower())
         , widgetCenter(differences.makeWidgetCenter())
         , notificationCenter(differences.makeNotificationCenter(runLoop))
+        , messageBus(differences.makeMessageBus(runLoop))
     {
     }
 
@@ -60,6 +61,7 @@ struct ApplicationAdapters
     std::unique_ptr<WorkspacePower> workspacePower;
     std::unique_ptr<WidgetCenter> widgetCenter;
     std::unique_ptr<UserNotificationCenter> notificationCenter;
+    std::unique_ptr<MessageBus> messageBus;
     UnixProcessSignals processSignals;
     UnixTerminal terminal{processSignals};
 };
@@ -114,6 +116,7 @@ ApplicationPorts PosixPlatform::applicationPorts(MainRunLoop &runLoop) const
             *adapters->workspacePower,
             *adapters->widgetCenter,
             *adapters->notificationCenter,
+            *adapters->messageBus,
             adapters->processSignals,
             adapters->terminal};
 }

@@ -20,6 +20,7 @@ struct PosixDifferences
     std::function<std::unique_ptr<WorkspacePower>()> makeWorkspacePower;
     std::function<std::unique_ptr<WidgetCenter>()> makeWidgetCenter;
     std::function<std::unique_ptr<UserNotificationCenter>(MainRunLoop &)> makeNotificationCenter;
+    std::function<std::unique_ptr<MessageBus>(MainRunLoop &)> makeMessageBus;
 };
 
 /// What all systems of the Unix kind share: their calls and the toolkit's, put together once.
