@@ -17,6 +17,11 @@ Item {
         add.forceActiveFocus(Qt.OtherFocusReason)
     }
 
+    /// Takes the height of what is shown now, not with the next frame.
+    function layOut() {
+        column.forceLayout()
+    }
+
     implicitHeight: column.y + column.height
 
     ThemedText {

@@ -112,8 +112,11 @@ ListView {
         // A list without rows begins where they would.
         function onIsEmptyChanged() {
             const place = Math.min(list.contentY, list.originY) - head.y
+            heading.layOut()
+            head.forceLayout()
             list.forceLayout()
-            list.contentY = head.y + place
+            settling.place = place
+            settling.restart()
         }
 
         function onRevealed(row: int) {
@@ -121,6 +124,19 @@ ListView {
                 list.show(row)
             else
                 list.takeRow(row)
+        }
+    }
+
+    // After an empty list has gone to its beginning by itself.
+    Timer {
+        id: settling
+
+        property real place
+
+        interval: 1
+        onTriggered: {
+            const last = list.originY + list.contentHeight + list.bottomMargin - list.height
+            list.contentY = Math.max(head.y, Math.min(head.y + place, last))
         }
     }
 }
