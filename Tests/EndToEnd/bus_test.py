@@ -1,9 +1,11 @@
 #!/usr/bin/python3
 """The program on a session bus of its own: other programs follow and drive it, flood it, and lose the bus."""
 
+import itertools
 import json
 import os
 import re
+import select
 import signal
 import socket
 import subprocess
@@ -95,7 +97,9 @@ class BusTest(unittest.TestCase):
                                     f"type='signal',path='{OBJECT[1]}'"], env=self.tomcatto.environment, text=True,
                                    stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         self.addCleanup(monitor.stdout.close)
-        self.tomcatto.wait_for(lambda: "busctl" in self.busctl("list", "--acquired", "--unique").stdout)
+        goals = itertools.cycle("34")
+        self.tomcatto.wait_for(lambda: self.call("SetSetting", "ss", "dailyGoalPomodoros", next(goals)) == [] and
+                               select.select([monitor.stdout], [], [], 0.2)[0])
         self.call("Start")
         self.tomcatto.wait_for(lambda: self.property("RemainingSeconds") <= 97)
         self.call("Skip")
@@ -107,7 +111,8 @@ class BusTest(unittest.TestCase):
         transitions = [values for member, values in data if member == "PhaseChanged"]
         self.assertEqual([values[:3] + values[4:] for values in transitions[:2]],
                          [["idle", "work", "started", 0, 0, False], ["work", "shortBreak", "skipped", 0, 100, False]])
-        changes = [values[1] for member, values in data if member == "PropertiesChanged"]
+        changes = [values[1] for member, values in data
+                   if member == "PropertiesChanged" and "DailyGoal" not in values[1]]
         self.assertEqual([change["Phase"]["data"] for change in changes if "Phase" in change][:2], ["work", "shortBreak"])
         self.assertEqual(changes[0]["PhaseToken"]["data"], transitions[0][3])
         self.assertFalse({"RemainingSeconds", "OverflowSeconds", "Title"} & {name for change in changes for name in change})
@@ -128,6 +133,7 @@ class BusTest(unittest.TestCase):
         self.tomcatto.process.send_signal(signal.SIGCONT)
         # Others are answered between the calls that wait, and few of those are kept.
         self.assertIn("whole number", self.call("SetSetting", "ss", "dailyGoalPomodoros", "0"))
+        self.bus.kill()
         self.assertEqual(self.tomcatto.run("status").returncode, 0)
         self.assertEqual(self.tomcatto.end(), 0)
 
@@ -145,16 +151,18 @@ class BusTest(unittest.TestCase):
             self.tomcatto.process.send_signal(signal.SIGSTOP)
             call = subprocess.Popen(["busctl", "--user", "call", *OBJECT, "Extend"], env=self.tomcatto.environment,
                                     stderr=subprocess.PIPE, text=True)
-            self.tomcatto.wait_for(lambda: "busctl" in self.busctl("list", "--unique").stdout)
+            self.busctl("list")
             self.tomcatto.process.send_signal(signal.SIGTERM)
             self.assertEqual(self.tomcatto.end(signal.SIGCONT), 0)
-            self.assertRegex(call.communicate(timeout=60)[1], "No phase is running|Tomcatto is ending")
+            self.assertRegex(call.communicate(timeout=60)[1], "No phase is running|Tomcatto is ending|not provided")
             self.start()
         for with_signal in (signal.SIGSTOP, signal.SIGKILL):
             self.bus.send_signal(with_signal)
             self.assertEqual(self.tomcatto.run("start").returncode, 0)
             self.assertEqual(self.tomcatto.run("reset").returncode, 0)
-        self.assertEqual(self.tomcatto.end(), 0)
+            # The second start of this loop finds a bus that takes connections and says nothing, the last one none at all.
+            self.assertEqual(self.tomcatto.end(), 0)
+            self.tomcatto.start()
 
 
 def message(destination, path, interface, member, serial):

@@ -1,5 +1,6 @@
 #include "Platform/Sets/LinuxDisplay.h"
 
+#include "Platform/Freedesktop/SilentBuses.h"
 #include "Platform/Posix/DisplayProbe.h"
 
 #include <algorithm>
@@ -9,6 +10,8 @@ namespace tomcatto {
 
 bool LinuxDisplay::opens()
 {
+    // The toolkit asks them when it opens the display.
+    avoidSilentBuses();
     QString platforms = qEnvironmentVariable("QT_QPA_PLATFORM");
     if (platforms.isEmpty())
         platforms = QStringLiteral("wayland;xcb");

@@ -2,6 +2,7 @@
 #include "Platform/Freedesktop/FreedesktopNotificationCenter.h"
 #include "Platform/Freedesktop/LogindWorkspacePower.h"
 #include "Platform/Freedesktop/SessionMessageBus.h"
+#include "Platform/Freedesktop/SilentBuses.h"
 #include "Platform/Freedesktop/TimeZoneSignal.h"
 #include "Platform/Freedesktop/WidgetSignal.h"
 #include "Platform/Linux/BirthTime.h"
@@ -36,7 +37,12 @@ std::unique_ptr<ApplicationPlatform> makeApplicationPlatform()
         .makeDayTimer = makeDayTimer,
         .makeLoginItem = [] { return std::make_unique<AutostartLoginItem>(AutostartLoginItem::programAtLogin()); },
         .makeMonotonicClock = [] { return std::make_unique<BootTimeClock>(); },
-        .makeWorkspacePower = [] { return std::make_unique<LogindWorkspacePower>(QDBusConnection::systemBus()); },
+        .makeWorkspacePower =
+            [] {
+                // The first of all that asks a bus.
+                avoidSilentBuses();
+                return std::make_unique<LogindWorkspacePower>(QDBusConnection::systemBus());
+            },
         .makeWidgetCenter = [] { return std::make_unique<WidgetSignal>(QDBusConnection::sessionBus(), exchangeFile); },
         .makeNotificationCenter =
             [](MainRunLoop &runLoop) {
