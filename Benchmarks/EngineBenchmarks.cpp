@@ -37,6 +37,24 @@ public:
     [[nodiscard]] Cancellable onTerminalChanged(std::function<void()> /*handler*/) override { return {}; }
 };
 
+/// Knows every sound, and none is heard.
+class UnheardSounds final : public SystemSounds
+{
+public:
+    [[nodiscard]] SystemSound *named(const QString & /*name*/) override { return &m_sound; }
+
+private:
+    struct Sound final : SystemSound
+    {
+        [[nodiscard]] bool isPlaying() const override { return false; }
+        void stop() override {}
+        void rewind() override {}
+        void play() override {}
+    };
+
+    Sound m_sound;
+};
+
 QString freshFile(const QString &path)
 {
     QFile::remove(path);
@@ -95,10 +113,11 @@ public:
     FakeWidgetCenter widgetCenter;
     FileWatch fileWatch;
     FakeNotificationCenter notificationCenter;
-    AppDependencies dependencies{
-        PlatformServices{clock, wallClock, runLoop, fileWatch, identifiers, defaults, power, widgetCenter,
-                         notificationCenter, bookmarks, stillFrame, loginItem, history.applicationSupportDirectory(),
-                         history.applicationSupportDirectory() + QStringLiteral("/widget-snapshot.json"), QString()}};
+    UnheardSounds sounds;
+    AppDependencies dependencies{PlatformServices{
+        clock, wallClock, runLoop, fileWatch, identifiers, defaults, power, widgetCenter, notificationCenter, sounds,
+        bookmarks, stillFrame, loginItem, history.applicationSupportDirectory(),
+        history.applicationSupportDirectory() + QStringLiteral("/widget-snapshot.json"), QString()}};
 };
 
 constexpr qint64 longPhase = 1'000'000'000;

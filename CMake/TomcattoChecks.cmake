@@ -16,6 +16,9 @@ add_test(NAME Rooms COMMAND "${PROJECT_SOURCE_DIR}/Tools/rooms" --check)
 add_test(NAME Clips COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/Tools/clips/check")
 set_tests_properties(Clips PROPERTIES TIMEOUT 300)
 
+# The sounds of phases are those that their program makes.
+add_test(NAME Sounds COMMAND "${PROJECT_SOURCE_DIR}/Tools/sounds" --check)
+
 # Tests whose names begin with Core look at the product built without its desktop; ./test builds that for them.
 if(TARGET tomcatto)
     add_test(NAME CoreLinks COMMAND "${PROJECT_SOURCE_DIR}/Tools/check-core-links" "${PROJECT_SOURCE_DIR}/build/core/tomcatto")

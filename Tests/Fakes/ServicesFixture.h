@@ -48,9 +48,11 @@ public:
     FakeWidgetCenter widgetCenter;
     FileWatch fileWatch;
     FakeNotificationCenter notificationCenter;
-    AppDependencies dependencies{PlatformServices{
-        clock, wallClock, runLoop, fileWatch, identifiers, defaults, power, widgetCenter, notificationCenter, bookmarks,
-        stillFrame, loginItem, folder.path(), folder.filePath(QStringLiteral("widget-snapshot.json")), folder.path()}};
+    FakeSounds sounds;
+    AppDependencies dependencies{
+        PlatformServices{clock, wallClock, runLoop, fileWatch, identifiers, defaults, power, widgetCenter,
+                         notificationCenter, sounds, bookmarks, stillFrame, loginItem, folder.path(),
+                         folder.filePath(QStringLiteral("widget-snapshot.json")), folder.path()}};
 };
 
 }

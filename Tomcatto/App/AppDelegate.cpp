@@ -72,6 +72,7 @@ void AppDelegate::installAppUI(ApplicationSurfaces &surfaces)
         return;
     surfaces.install();
     m_dependencies.notificationCenterService.start();
+    m_dependencies.phaseSoundService.bind(m_dependencies.stateMachine);
     m_dependencies.sleepWakeCoordinator.start();
     // Connected after the coordinator, so that the pause is part of it.
     connect(&m_dependencies.sleepWakeObserver, &SleepWakeObserver::willSleep, this,

@@ -8,8 +8,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <QtCore/QCoreApplication>
-#include <QtCore/QDir>
-#include <QtCore/QFileInfo>
 
 namespace tomcatto {
 
@@ -56,18 +54,6 @@ CommandSurroundings surroundings(const ProgramPorts &ports)
 {
     return {ports, writeOutput, [](const QString &line) { return writeOutput(line.toUtf8() + '\n'); },
             [](const QString &line) { printLine(stderr, QStringLiteral("tomcatto: ") + line); }};
-}
-
-/// Beside the program as it is built, else where an installation keeps shared files.
-QString bundledVideosDirectory()
-{
-    const QDir program(QCoreApplication::applicationDirPath());
-    for (const char *place : {"BundledVideos", "../share/Tomcatto/BundledVideos"}) {
-        const QString folder = program.filePath(QString::fromLatin1(place));
-        if (QFileInfo(folder).isDir())
-            return QDir::cleanPath(folder);
-    }
-    return program.filePath(QStringLiteral("BundledVideos"));
 }
 
 }
@@ -118,9 +104,9 @@ int Program::runHoldingLock(const Invocation &invocation, const FrontEnd &frontE
     const auto desktop = frontEnd.makeServices ? std::optional(frontEnd.makeServices()) : std::nullopt;
     AppDependencies dependencies({ports.monotonicClock, m_ports.wallClock, m_ports.runLoop, m_ports.fileWatch,
                                   m_ports.identifiers, defaults, ports.workspacePower, ports.widgetCenter,
-                                  ports.notificationCenter, m_ports.bookmarks, m_ports.stillFrame, m_ports.loginItem,
-                                  m_ports.applicationSupportDirectory, m_ports.widgetSnapshotFile,
-                                  bundledVideosDirectory(), desktop ? &*desktop : nullptr});
+                                  ports.notificationCenter, ports.systemSounds, m_ports.bookmarks, m_ports.stillFrame,
+                                  m_ports.loginItem, m_ports.applicationSupportDirectory, m_ports.widgetSnapshotFile,
+                                  m_ports.bundledVideosDirectory, desktop ? &*desktop : nullptr});
     AppDelegate delegate(dependencies);
     const QString socket = m_ports.controlSocket();
     ApplicationControl control(dependencies, delegate, m_ports.localSockets, socket, [] { QCoreApplication::quit(); });

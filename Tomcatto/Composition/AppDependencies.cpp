@@ -60,6 +60,7 @@ AppDependencies::AppDependencies(const PlatformServices &services)
     , notificationCenterService(settings, stateMachine,
                                 {platform.notificationCenter, platform.runLoop, platform.identifiers, strings})
     , notificationAuthorization(makeNotificationAuthorization(platform.desktop))
+    , phaseSoundService(settings, platform.systemSounds)
     , statsAggregator(sessionRepository, platform.wallClock)
     , historyEditor(coreDataStack, platform.wallClock, platform.identifiers,
                     [this] { return runningPhase(inFlightStore.load()); })

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Alerts/NotificationCenterService.h"
+#include "Alerts/PhaseSoundService.h"
 #include "Composition/PlatformServices.h"
 #include "Localization/LocalizedStrings.h"
 #include "Media/BundledVideoProvider.h"
@@ -54,6 +55,7 @@ public:
     NotificationCenterService notificationCenterService;
     /// Nothing without a desktop.
     std::unique_ptr<quillbay::NotificationAuthorization> notificationAuthorization;
+    PhaseSoundService phaseSoundService;
     StatsAggregator statsAggregator;
     HistoryEditor historyEditor;
     HistoryImporter historyImporter;

@@ -8,6 +8,7 @@
 #include "Platform/Ports/MainRunLoop.h"
 #include "Platform/Ports/MonotonicClock.h"
 #include "Platform/Ports/StillFrame.h"
+#include "Platform/Ports/SystemSounds.h"
 #include "Platform/Ports/UserDefaults.h"
 #include "Platform/Ports/UserNotificationCenter.h"
 #include "Platform/Ports/WallClock.h"
@@ -30,6 +31,7 @@ struct PlatformServices
     WorkspacePower &workspacePower;
     WidgetCenter &widgetCenter;
     UserNotificationCenter &notificationCenter;
+    SystemSounds &systemSounds;
     /// Shared with threads that a disk may hold longer than anything lives.
     std::shared_ptr<const Bookmarks> bookmarks;
     const StillFrame &stillFrame;

@@ -83,6 +83,7 @@ TEST(AppDelegate, WhatEndsOrSleepsIsOnDiskInOrder)
     };
     machine.start();
     machine.skip();
+    EXPECT_EQ(application.sounds.log.join(u' '), QStringLiteral("rewind Pop play Pop rewind Glass play Glass"));
     application.pass(7s);
     application.delegate.applicationMayTerminate();
     EXPECT_EQ(machine.currentPhase(), PomodoroPhase::shortBreak) << "a session may go on after all";

@@ -1,10 +1,9 @@
 #include "Platform/Film/FilmProcess.h"
 
 #include "Platform/Film/RunningFilm.h"
+#include "Platform/Posix/CompanionProgram.h"
 #include "Platform/Posix/SharedMemory.h"
 
-#include <QtCore/QCoreApplication>
-#include <QtCore/QDeadlineTimer>
 #include <QtCore/QFile>
 #include <QtCore/QProcess>
 #include <QtCore/QTimer>
@@ -15,32 +14,6 @@ namespace {
 
 /// For the frames of many large films at once; it is only an address until there are some.
 constexpr qint64 memorySize = 1LL << 30;
-
-/// Beside the program as it is built, and where an installation keeps plugins.
-QString program()
-{
-    const QString folder = QCoreApplication::applicationDirPath();
-    const QString name = QStringLiteral("/tomcatto-film");
-    const QString installed = folder + QStringLiteral("/../" TOMCATTO_LIBRARY_FOLDER "/tomcatto") + name;
-    return QFile::exists(folder + name) ? folder + name : installed;
-}
-
-/// Processes that were told to end.
-QList<QPointer<QProcess>> &ending()
-{
-    static QList<QPointer<QProcess>> all;
-    return all;
-}
-
-/// One that hangs in a disk keeps nobody from quitting.
-void waitForEnding()
-{
-    const QDeadlineTimer deadline(std::chrono::seconds(2));
-    for (const QPointer<QProcess> &process : std::exchange(ending(), {})) {
-        if (process && process->waitForFinished(static_cast<int>(deadline.remainingTime())))
-            delete process.data();
-    }
-}
 
 /// For as long as somebody has a frame in it.
 struct HeldFrame
@@ -77,16 +50,7 @@ FilmProcess::FilmProcess()
 FilmProcess::~FilmProcess()
 {
     m_process->disconnect(this);
-    if (m_process->state() == QProcess::NotRunning) {
-        delete m_process;
-        return;
-    }
-    connect(m_process, &QProcess::finished, m_process, &QObject::deleteLater);
-    m_process->kill();
-    if (ending().isEmpty())
-        qAddPostRoutine(waitForEnding);
-    ending().removeAll(nullptr);
-    ending().append(m_process);
+    endCompanion(m_process);
 }
 
 QString FilmProcess::start()
@@ -105,7 +69,8 @@ QString FilmProcess::start()
     });
     m_process->setChildProcessModifier([memory] { handOn(memory); });
     m_process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_process->start(program(), {QString::number(memory), QString::number(memorySize)}, QIODevice::ReadWrite);
+    m_process->start(companionProgram(QStringLiteral("tomcatto-film")),
+                     {QString::number(memory), QString::number(memorySize)}, QIODevice::ReadWrite);
     return {};
 }
 

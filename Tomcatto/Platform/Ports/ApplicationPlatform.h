@@ -12,6 +12,7 @@
 #include "Platform/Ports/MonotonicClock.h"
 #include "Platform/Ports/ProcessSignals.h"
 #include "Platform/Ports/StillFrame.h"
+#include "Platform/Ports/SystemSounds.h"
 #include "Platform/Ports/Terminal.h"
 #include "Platform/Ports/UserDefaults.h"
 #include "Platform/Ports/UserNotificationCenter.h"
@@ -52,6 +53,8 @@ struct ProgramPorts
     std::optional<QString> applicationSupportDirectory;
     /// The file that widgets read; empty if it has no place.
     QString widgetSnapshotFile;
+    /// The folder with the videos that ship with the application; it may be missing.
+    QString bundledVideosDirectory;
     /// Where the application is to listen.
     std::function<QString()> controlSocket;
     /// Where it may listen now, the likeliest place first.
@@ -80,6 +83,7 @@ struct ApplicationPorts
     WidgetCenter &widgetCenter;
     UserNotificationCenter &notificationCenter;
     MessageBus &messageBus;
+    SystemSounds &systemSounds;
     ProcessSignals &processSignals;
     Terminal &terminal;
 };

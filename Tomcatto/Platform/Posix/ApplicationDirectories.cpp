@@ -2,6 +2,7 @@
 
 #include "Foundation/ApplicationIdentity.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -88,6 +89,14 @@ QString ApplicationDirectories::widgetSnapshotFile() const
 {
     return inFolder(folderAt(QStandardPaths::GenericDataLocation, "XDG_DATA_HOME"),
                     QStringLiteral("group.") + applicationIdentifier + QStringLiteral("/widget-snapshot.json"));
+}
+
+QString ApplicationDirectories::bundled(const QString &name) const
+{
+    const QDir program(QCoreApplication::applicationDirPath());
+    const QString beside = program.filePath(name);
+    const QString installed = QDir::cleanPath(program.filePath(QStringLiteral("../share/Tomcatto/") + name));
+    return !QFile::exists(beside) && QFile::exists(installed) ? installed : beside;
 }
 
 QString ApplicationDirectories::userDefaultsFile() const

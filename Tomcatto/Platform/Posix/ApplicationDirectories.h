@@ -22,6 +22,9 @@ public:
     /// The lock that lets one widget show, and the socket where that one hears of others; short enough for an address.
     [[nodiscard]] QString widgetLockFile() const;
     [[nodiscard]] QString widgetSocket() const;
+    /// A folder that ships with the application: beside the program as it is built, else where an installation keeps
+    /// shared files; it may be missing.
+    [[nodiscard]] QString bundled(const QString &name) const;
     /// The JSON file of the user defaults.
     [[nodiscard]] QString userDefaultsFile() const;
     /// The instance lock, beside the user defaults; where these have no place, as below.

@@ -3,6 +3,7 @@
 #include "Platform/Freedesktop/LogindWorkspacePower.h"
 #include "Platform/Freedesktop/SessionMessageBus.h"
 #include "Platform/Freedesktop/SilentBuses.h"
+#include "Platform/Freedesktop/SoundThemes.h"
 #include "Platform/Freedesktop/TimeZoneSignal.h"
 #include "Platform/Freedesktop/WidgetSignal.h"
 #include "Platform/Linux/BirthTime.h"
@@ -52,6 +53,7 @@ std::unique_ptr<ApplicationPlatform> makeApplicationPlatform()
             [](MainRunLoop &runLoop) {
                 return std::make_unique<SessionMessageBus>(QDBusConnection::sessionBus(), runLoop);
             },
+        .findSystemSound = [](const QString &name) { return SoundThemes::ofSession().file(name); },
     });
 }
 

@@ -1,6 +1,7 @@
 #include "Platform/Sets/PosixPlatform.h"
 
 #include "Platform/Posix/ApplicationDirectories.h"
+#include "Platform/Posix/CompanionProgram.h"
 #include "Platform/Posix/DisplayProbe.h"
 #include "Platform/Posix/FileBookmarks.h"
 #include "Platform/Posix/FileInstanceLock.h"
@@ -17,6 +18,7 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
+#include <QtCore/QFile>
 
 namespace tomcatto {
 
@@ -46,6 +48,16 @@ struct ProgramAdapters
     std::unique_ptr<LoginItem> loginItem;
 };
 
+/// By the system's own way, then among those that ship with the application.
+CompanionSounds::Finder soundFinder(CompanionSounds::Finder findSystemSound)
+{
+    return [findSystemSound = std::move(findSystemSound)](const QString &name) {
+        const QString found = findSystemSound ? findSystemSound(name) : QString();
+        const QString own = ApplicationDirectories().bundled(QStringLiteral("Sounds/%1.wav").arg(name));
+        return found.isEmpty() && QFile::exists(own) ? own : found;
+    };
+}
+
 struct ApplicationAdapters
 {
     ApplicationAdapters(const PosixDifferences &differences, MainRunLoop &runLoop)
@@ -54,6 +66,8 @@ struct ApplicationAdapters
         , widgetCenter(differences.makeWidgetCenter())
         , notificationCenter(differences.makeNotificationCenter(runLoop))
         , messageBus(differences.makeMessageBus(runLoop))
+        , systemSounds(companionProgram(QStringLiteral("tomcatto-sound")), soundFinder(differences.findSystemSound),
+                       runLoop)
     {
     }
 
@@ -62,6 +76,7 @@ struct ApplicationAdapters
     std::unique_ptr<WidgetCenter> widgetCenter;
     std::unique_ptr<UserNotificationCenter> notificationCenter;
     std::unique_ptr<MessageBus> messageBus;
+    CompanionSounds systemSounds;
     UnixProcessSignals processSignals;
     UnixTerminal terminal{processSignals};
 };
@@ -89,6 +104,7 @@ ProgramPorts PosixPlatform::programPorts() const
         [&program](StandardErrorCopy copy) { program.log.copyToStandardError(copy); },
         program.directories.applicationSupport(),
         program.directories.widgetSnapshotFile(),
+        program.directories.bundled(QStringLiteral("BundledVideos")),
         [&program] { return program.directories.controlSocket(); },
         [&program] { return program.directories.reachableControlSockets(program.instanceLock.announced()); },
         program.instanceLock,
@@ -117,6 +133,7 @@ ApplicationPorts PosixPlatform::applicationPorts(MainRunLoop &runLoop) const
             *adapters->widgetCenter,
             *adapters->notificationCenter,
             *adapters->messageBus,
+            adapters->systemSounds,
             adapters->processSignals,
             adapters->terminal};
 }

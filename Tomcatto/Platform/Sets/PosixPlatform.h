@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/Ports/ApplicationPlatform.h"
+#include "Platform/Posix/CompanionSounds.h"
 #include "Platform/Posix/FileIdentity.h"
 #include "Platform/Posix/SystemWallClock.h"
 #include "Platform/Posix/UnixLocalSockets.h"
@@ -21,6 +22,8 @@ struct PosixDifferences
     std::function<std::unique_ptr<WidgetCenter>()> makeWidgetCenter;
     std::function<std::unique_ptr<UserNotificationCenter>(MainRunLoop &)> makeNotificationCenter;
     std::function<std::unique_ptr<MessageBus>(MainRunLoop &)> makeMessageBus;
+    /// The file of a sound that the system knows by name, where it has any; the application's own stand in.
+    CompanionSounds::Finder findSystemSound = nullptr;
 };
 
 /// What all systems of the Unix kind share: their calls and the toolkit's, put together once.

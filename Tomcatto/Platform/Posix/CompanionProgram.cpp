@@ -1,0 +1,53 @@
+#include "Platform/Posix/CompanionProgram.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDeadlineTimer>
+#include <QtCore/QFile>
+#include <QtCore/QPointer>
+#include <QtCore/QProcess>
+#include <utility>
+
+namespace tomcatto {
+namespace {
+
+/// Processes that were told to end.
+QList<QPointer<QProcess>> &ending()
+{
+    static QList<QPointer<QProcess>> all;
+    return all;
+}
+
+/// One that hangs in a disk keeps nobody from quitting.
+void waitForEnding()
+{
+    const QDeadlineTimer deadline(std::chrono::seconds(2));
+    for (const QPointer<QProcess> &process : std::exchange(ending(), {})) {
+        if (process && process->waitForFinished(static_cast<int>(deadline.remainingTime())))
+            delete process.data();
+    }
+}
+
+}
+
+QString companionProgram(const QString &name)
+{
+    const QString folder = QCoreApplication::applicationDirPath();
+    const QString beside = folder + u'/' + name;
+    return QFile::exists(beside) ? beside : folder + QStringLiteral("/../" TOMCATTO_LIBRARY_FOLDER "/tomcatto/") + name;
+}
+
+void endCompanion(QProcess *process)
+{
+    if (process->state() == QProcess::NotRunning) {
+        delete process;
+        return;
+    }
+    QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
+    process->kill();
+    if (ending().isEmpty())
+        qAddPostRoutine(waitForEnding);
+    ending().removeAll(nullptr);
+    ending().append(process);
+}
+
+}
