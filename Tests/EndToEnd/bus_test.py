@@ -103,14 +103,15 @@ class BusTest(unittest.TestCase):
         self.call("Start")
         self.tomcatto.wait_for(lambda: self.property("RemainingSeconds") <= 97)
         self.call("Skip")
-        self.call("Quit")
+        self.assertEqual(self.tomcatto.end(), 0)
         self.tomcatto.wait_for(lambda: self.busctl("status", NAME).returncode != 0)
         monitor.terminate()
         lines = [json.loads(line) for line in monitor.communicate()[0].splitlines()]
         data = [(line["member"], line["payload"]["data"]) for line in lines if line["member"] != "NameOwnerChanged"]
         transitions = [values for member, values in data if member == "PhaseChanged"]
-        self.assertEqual([values[:3] + values[4:] for values in transitions[:2]],
-                         [["idle", "work", "started", 0, 0, False], ["work", "shortBreak", "skipped", 0, 100, False]])
+        self.assertEqual([values[:3] + values[4:] for values in transitions],
+                         [["idle", "work", "started", 0, 0, False], ["work", "shortBreak", "skipped", 0, 100, False]],
+                         "the interface goes before what runs is ended")
         changes = [values[1] for member, values in data
                    if member == "PropertiesChanged" and "DailyGoal" not in values[1]]
         self.assertEqual([change["Phase"]["data"] for change in changes if "Phase" in change][:2], ["work", "shortBreak"])
