@@ -18,6 +18,8 @@ public:
     [[nodiscard]] tomcatto::NotificationPermission permission() const noexcept { return m_result.permission; }
     /// Whether notifications can carry buttons.
     [[nodiscard]] bool hasActions() const noexcept { return m_result.hasActions; }
+    /// The program that shows them; empty where it is not known.
+    [[nodiscard]] const QString &serverName() const noexcept { return m_result.serverName; }
 
     /// Reads the state anew, without asking the user.
     void refresh();

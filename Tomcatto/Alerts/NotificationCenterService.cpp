@@ -48,6 +48,13 @@ void NotificationCenterService::start()
     });
 }
 
+void NotificationCenterService::postTest()
+{
+    NotificationRequest test = request({{}, NotificationStringKey::testTitle, NotificationStringKey::testBody});
+    test.identifier = QStringLiteral("test");
+    m_surroundings.center.add(test);
+}
+
 NotificationPresentation NotificationCenterService::willPresent() const
 {
     return {.isBanner = true, .isInList = true};

@@ -42,6 +42,8 @@ public:
     void becomeDelegate();
     /// Follows the state machine from now on.
     void start();
+    /// Shows what notifications look like here, one at a time, also while they are turned off.
+    void postTest();
 
     [[nodiscard]] NotificationPresentation willPresent() const override;
     void didReceive(const NotificationResponse &response) override;

@@ -37,6 +37,8 @@ inline constexpr QLatin1String breakReadyTitle{"notifications.break_ready.title"
 inline constexpr QLatin1String breakReadyBody{"notifications.break_ready.body"};
 inline constexpr QLatin1String overflowCeilingTitle{"notifications.overflow_ceiling.title"};
 inline constexpr QLatin1String overflowCeilingBody{"notifications.overflow_ceiling.body"};
+inline constexpr QLatin1String testTitle{"notifications.test.title"};
+inline constexpr QLatin1String testBody{"notifications.test.body"};
 inline constexpr QLatin1String startWork{"notifications.action.start_work"};
 inline constexpr QLatin1String snooze{"notifications.action.snooze"};
 inline constexpr QLatin1String takeBreak{"notifications.action.take_break"};

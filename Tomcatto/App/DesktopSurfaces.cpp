@@ -113,6 +113,9 @@ void DesktopSurfaces::connectPages()
     connect(&m_videosPage, &VideosPageViewModel::previewBundledRequested, this, &DesktopSurfaces::previewFile);
     connect(&m_videosPage, &VideosPageViewModel::previewBreakRequested, this,
             [this] { previewVideo({}, [](PreviewOutcome) {}); });
+    const auto postTest = [this] { m_dependencies.notificationCenterService.postTest(); };
+    connect(&m_permissionsPage, &PermissionsPageViewModel::testNotificationRequested, this, postTest);
+    connect(&m_onboardingModel, &OnboardingViewModel::testNotificationRequested, this, postTest);
     connect(&m_aboutPage, &AboutPageViewModel::copyRequested, this,
             [](const QString &text) { QGuiApplication::clipboard()->setText(text); });
     connect(&m_aboutPage, &AboutPageViewModel::linkRequested, this,

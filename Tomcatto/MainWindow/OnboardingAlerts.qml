@@ -32,16 +32,9 @@ Item {
             height: Math.max(66, implicitHeight)
             symbol: "bell"
             title: Texts.text("onboarding.alerts.notifications.title")
-            help: isBlocked ? step.viewModel.notificationsText : Texts.text("onboarding.alerts.notifications.help")
+            help: step.viewModel.notificationsHelp
             helpIsError: isBlocked
 
-            PushButton {
-                visible: card.state === "ask" || card.state === "denied"
-                text: Texts.text(card.state === "denied" ? "button.open_settings" : "onboarding.alerts.allow")
-                ink: Theme.work.text
-                Accessible.description: Texts.text("onboarding.alerts.notifications.title")
-                onClicked: step.viewModel.allowNotifications()
-            }
             Symbol {
                 visible: card.state === "allowed"
                 name: "checkmark"
@@ -53,6 +46,19 @@ Item {
                 text: step.viewModel.notificationsText
                 color: Theme.longBreak.text
                 wrapMode: Text.NoWrap
+            }
+            PushButton {
+                readonly property var texts: ({
+                        "ask": "onboarding.alerts.allow",
+                        "denied": "button.open_settings",
+                        "allowed": "window.permissions.button.test"
+                    })
+
+                visible: card.state in texts
+                text: visible ? Texts.text(texts[card.state]) : ""
+                ink: Theme.work.text
+                Accessible.description: Texts.text("onboarding.alerts.notifications.title")
+                onClicked: step.viewModel.allowNotifications()
             }
         }
         ListRow {

@@ -1,6 +1,7 @@
 #include "MainWindow/OnboardingViewModel.h"
 
 #include "Foundation/EnumTexts.h"
+#include "MainWindow/NotificationTexts.h"
 #include "MainWindow/SetSegments.h"
 #include "StatusPill/StatusPillSource.h"
 
@@ -75,6 +76,21 @@ QString OnboardingViewModel::notificationsText() const
     return m_strings.text(textOf(keys, m_authorization.permission()));
 }
 
+QString OnboardingViewModel::notificationsHelp() const
+{
+    const QString usual = QStringLiteral("onboarding.alerts.notifications.help");
+    switch (m_authorization.permission()) {
+    case NotificationPermission::notDetermined:
+        return m_strings.text(usual);
+    case NotificationPermission::authorised:
+        return allowedNotificationsText(m_authorization, m_strings, usual);
+    case NotificationPermission::denied:
+    case NotificationPermission::unavailable:
+        return notificationsText();
+    }
+    return {};
+}
+
 QString OnboardingViewModel::focusTime() const
 {
     return clockText(m_settings.workDurationSeconds());
@@ -134,6 +150,8 @@ void OnboardingViewModel::allowNotifications()
         m_systemSettings.openNotifications();
         return;
     }
+    if (m_authorization.permission() == NotificationPermission::authorised)
+        Q_EMIT testNotificationRequested();
     m_settings.setNotificationsEnabled(true);
     m_authorization.request();
 }

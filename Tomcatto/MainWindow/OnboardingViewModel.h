@@ -27,6 +27,8 @@ class OnboardingViewModel final : public QObject
     /// "ask", "allowed", "denied" or "unavailable".
     Q_PROPERTY(QString notifications READ notifications NOTIFY changed FINAL)
     Q_PROPERTY(QString notificationsText READ notificationsText NOTIFY changed FINAL)
+    /// What is said of notifications under their title.
+    Q_PROPERTY(QString notificationsHelp READ notificationsHelp NOTIFY changed FINAL)
     Q_PROPERTY(bool sound READ sound NOTIFY changed FINAL)
     Q_PROPERTY(bool launchAtLogin READ launchAtLogin NOTIFY changed FINAL)
     /// Whether the system offers it at all.
@@ -50,6 +52,7 @@ public:
     [[nodiscard]] QString preset() const;
     [[nodiscard]] QString notifications() const;
     [[nodiscard]] QString notificationsText() const;
+    [[nodiscard]] QString notificationsHelp() const;
     [[nodiscard]] bool sound() const { return m_settings.soundEnabled(); }
     [[nodiscard]] bool launchAtLogin() const { return m_settings.launchAtLogin(); }
     [[nodiscard]] QString focusTime() const;
@@ -65,7 +68,7 @@ public:
     Q_INVOKABLE void next();
     Q_INVOKABLE void back();
     Q_INVOKABLE void choosePreset(const QString &id);
-    /// Asks for the permission; where it was denied, opens the system's settings.
+    /// Asks for the permission; where it was denied, opens the system's settings, and where it is there, shows one.
     Q_INVOKABLE void allowNotifications();
     Q_INVOKABLE void setSound(bool isOn);
     Q_INVOKABLE void setLaunchAtLogin(bool isOn);
@@ -75,6 +78,8 @@ public:
 Q_SIGNALS:
     void changed();
     void stepChanged();
+    /// The user wants to see a notification.
+    void testNotificationRequested();
     /// The user is done and wants a focus phase.
     void finished();
 

@@ -1,5 +1,7 @@
 #include "MainWindow/PermissionsPageViewModel.h"
 
+#include "MainWindow/NotificationTexts.h"
+
 namespace tomcatto {
 
 using quillbay::NotificationAuthorization;
@@ -13,6 +15,8 @@ struct PermissionsPageViewModel::Row
     bool isGood = false;
     bool isProblem = false;
     QString button = {};
+    /// Takes the place of the text under the key `help`.
+    QString helpText = {};
 };
 
 PermissionsPageViewModel::PermissionsPageViewModel(const PomodoroSettings &settings,
@@ -58,7 +62,7 @@ QVariantMap PermissionsPageViewModel::makeRow(const Row &row) const
         row.button.isEmpty() ? QString() : m_strings.text(QStringLiteral("window.permissions.button.") + row.button);
     return {{QStringLiteral("id"), row.id},
             {QStringLiteral("title"), title},
-            {QStringLiteral("help"), m_strings.text(key + row.help)},
+            {QStringLiteral("help"), row.helpText.isEmpty() ? m_strings.text(key + row.help) : row.helpText},
             {QStringLiteral("isProblem"), row.isProblem},
             {QStringLiteral("state"), state},
             {QStringLiteral("isGood"), row.isGood},
@@ -78,8 +82,9 @@ PermissionsPageViewModel::Row PermissionsPageViewModel::notifications() const
     case NotificationPermission::authorised:
         row.state = QStringLiteral("allowed");
         row.isGood = true;
-        if (!m_authorization.hasActions())
-            row.help = QStringLiteral("help_no_actions");
+        row.button = QStringLiteral("test");
+        row.helpText = allowedNotificationsText(m_authorization, m_strings,
+                                                QStringLiteral("window.permissions.notifications.help"));
         break;
     case NotificationPermission::denied:
         row.state = QStringLiteral("denied");
@@ -174,7 +179,14 @@ void PermissionsPageViewModel::act(const QString &id)
     else if (id == QLatin1StringView("notifications") && m_authorization.permission() == NotificationPermission::denied)
         m_systemSettings.openNotifications();
     else if (id == QLatin1StringView("notifications"))
-        m_authorization.request();
+        requestNotifications();
+}
+
+void PermissionsPageViewModel::requestNotifications()
+{
+    if (m_authorization.permission() == NotificationPermission::authorised)
+        Q_EMIT testNotificationRequested();
+    m_authorization.request();
 }
 
 void PermissionsPageViewModel::refresh()

@@ -39,6 +39,8 @@ Q_SIGNALS:
     void hotKeysRequested();
     /// The user wants to go to the general page.
     void generalRequested();
+    /// The user wants to see a notification.
+    void testNotificationRequested();
 
 private:
     struct Row;
@@ -49,6 +51,7 @@ private:
     [[nodiscard]] Row overlay() const;
     [[nodiscard]] Row hotKeys() const;
     [[nodiscard]] Row launchAtLogin() const;
+    void requestNotifications();
 
     const PomodoroSettings &m_settings;
     LaunchAtLoginService &m_launchAtLogin;

@@ -131,7 +131,9 @@ TEST_F(DesktopBusTests, NotificationsAreWhatTheServerSays)
     EXPECT_TRUE(asked(4)) << "no bus is an answer too";
     const NotificationProbeResult none{NotificationPermission::unavailable, false};
     EXPECT_THAT(results, testing::ElementsAre(none, none,
-                                              NotificationProbeResult{NotificationPermission::authorised, true}, none));
+                                              (NotificationProbeResult{NotificationPermission::authorised, true,
+                                                                       QStringLiteral("mock-notify")}),
+                                              none));
 }
 
 TEST(AutostartLoginItemTests, WritesAnEntryThatDesktopsStartAndReadsWhatTheySwitched)

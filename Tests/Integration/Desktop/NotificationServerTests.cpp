@@ -55,7 +55,7 @@ struct NotificationServerTests : MockedBus, EngineFixture
     {
         pass(100ms);
         QList<QVariantList> all;
-        EXPECT_TRUE(QTest::qWaitFor([&] { return (all = calls(QStringLiteral("Notify"))).size() >= number; }, 5'000));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return (all = calls(QStringLiteral("Notify"))).size() >= number; }, 20'000));
         EXPECT_EQ(all.size(), number);
         const QVariantList last = all.isEmpty() ? QVariantList() : all.constLast();
         return QStringList({last.value(1).toString(), last.value(3).toString(), last.value(4).toString(),
@@ -70,7 +70,7 @@ struct NotificationServerTests : MockedBus, EngineFixture
     }
     [[nodiscard]] bool becomes(const std::function<bool()> &condition)
     {
-        return QTest::qWaitFor([&] { return runLoop.drain(), condition(); }, 5'000);
+        return QTest::qWaitFor([&] { return runLoop.drain(), condition(); }, 20'000);
     }
 
     const QString name = QStringLiteral("org.freedesktop.Notifications");

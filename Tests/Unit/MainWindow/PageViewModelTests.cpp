@@ -2,6 +2,7 @@
 #include "Localization/DurationText.h"
 
 #include <gtest/gtest.h>
+#include <QtTest/QSignalSpy>
 
 namespace tomcatto {
 
@@ -166,13 +167,23 @@ TEST(PermissionsPage, SaysWhatTheDesktopCanDo)
         EXPECT_EQ(row.value(QStringLiteral("isGood")).toBool(), isGood) << id;
         EXPECT_FALSE(row.value(QStringLiteral("help")).toString().startsWith(QStringLiteral("window."))) << id;
     };
-    expect("notifications", "Allowed", "", true);
+    expect("notifications", "Allowed", "Try it", true);
     expect("tray", "Not available", "", false);
     expect("overlay", "Limited", "", false);
     expect("hotkeys", "Not asked yet", "Ask now", false);
     expect("launch_at_login", "Off", "General", false);
-    EXPECT_EQ(permission(fixture, QStringLiteral("notifications")).value(QStringLiteral("help")).toString(),
-              QStringLiteral("They come without buttons on this desktop"));
+    for (const auto &[hasActions, server, help] : {std::tuple(false, "", "They come without buttons on this desktop"),
+                                                   std::tuple(false, "plain", "plain shows them, without buttons"),
+                                                   std::tuple(true, "dunst", "dunst shows them, with buttons")}) {
+        fixture.probe.current = {NotificationPermission::authorised, hasActions, QString::fromLatin1(server)};
+        fixture.permissions.refresh();
+        EXPECT_EQ(permission(fixture, QStringLiteral("notifications")).value(QStringLiteral("help")).toString(),
+                  QString::fromLatin1(help));
+        EXPECT_EQ(fixture.onboarding.notificationsHelp(), QString::fromLatin1(help));
+    }
+    const QSignalSpy tests(&fixture.permissions, &PermissionsPageViewModel::testNotificationRequested);
+    fixture.permissions.act(QStringLiteral("notifications"));
+    EXPECT_EQ(tests.size(), 1);
 
     EXPECT_EQ(fixture.permissions.rows().size(), 5);
     fixture.permissions.setCapabilities({.hotKeys = HotKeySupport::none, .opensAtLogin = false, .noticesSleep = false});

@@ -12,7 +12,7 @@ const QString path = QStringLiteral("/org/freedesktop/Notifications");
 const QString busService = QStringLiteral("org.freedesktop.DBus");
 const QString busPath = QStringLiteral("/org/freedesktop/DBus");
 constexpr int answerLimitMilliseconds = 3000;
-constexpr NotificationProbeResult unavailable{NotificationPermission::unavailable, false};
+const NotificationProbeResult unavailable{NotificationPermission::unavailable, false};
 
 }
 
@@ -36,11 +36,22 @@ void FreedesktopNotificationProbe::askCapabilities(bool startsServer, OnResult o
 {
     QDBusMessage message = QDBusMessage::createMethodCall(service, path, service, QStringLiteral("GetCapabilities"));
     message.setAutoStartService(startsServer);
-    call(message, [onResult = std::move(onResult), onFailure = std::move(onFailure)](const QDBusMessage &reply) {
+    call(message, [this, onResult = std::move(onResult), onFailure = std::move(onFailure)](const QDBusMessage &reply) {
         if (reply.type() != QDBusMessage::ReplyMessage)
             return onFailure();
         const QStringList capabilities = reply.arguments().value(0).toStringList();
-        onResult({NotificationPermission::authorised, capabilities.contains(QLatin1String("actions"))});
+        askName({NotificationPermission::authorised, capabilities.contains(QLatin1String("actions"))}, onResult);
+    });
+}
+
+void FreedesktopNotificationProbe::askName(NotificationProbeResult result, OnResult onResult)
+{
+    const QDBusMessage message =
+        QDBusMessage::createMethodCall(service, path, service, QStringLiteral("GetServerInformation"));
+    call(message, [result, onResult = std::move(onResult)](const QDBusMessage &reply) mutable {
+        if (reply.type() == QDBusMessage::ReplyMessage)
+            result.serverName = reply.arguments().value(0).toString();
+        onResult(result);
     });
 }
 
@@ -50,7 +61,7 @@ void FreedesktopNotificationProbe::askStartable(OnResult onResult)
         QDBusMessage::createMethodCall(busService, busPath, busService, QStringLiteral("ListActivatableNames"));
     call(message, [onResult = std::move(onResult)](const QDBusMessage &reply) {
         const bool isStartable = reply.arguments().value(0).toStringList().contains(service);
-        onResult(isStartable ? NotificationProbeResult{NotificationPermission::authorised, false} : unavailable);
+        onResult(isStartable ? NotificationProbeResult{NotificationPermission::authorised, true} : unavailable);
     });
 }
 

@@ -18,7 +18,7 @@ class FreedesktopNotificationProbe final : public QObject, public NotificationPr
 public:
     explicit FreedesktopNotificationProbe(const QDBusConnection &sessionBus);
 
-    /// A server that the bus would only start when needed counts as allowed, without buttons: those are known once it
+    /// A server that the bus would only start when needed counts as allowed, with buttons: what it can is known once it
     /// runs.
     void query(std::function<void(NotificationProbeResult)> onResult) override;
     /// Starts the server where it can be started.
@@ -29,6 +29,7 @@ private:
     using OnReply = std::function<void(const QDBusMessage &)>;
 
     void askCapabilities(bool startsServer, OnResult onResult, std::function<void()> onFailure);
+    void askName(NotificationProbeResult result, OnResult onResult);
     void askStartable(OnResult onResult);
     void call(const QDBusMessage &message, OnReply onReply);
 

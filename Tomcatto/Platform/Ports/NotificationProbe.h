@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <QtCore/QString>
 
 namespace tomcatto {
 
@@ -21,6 +22,8 @@ struct NotificationProbeResult
     NotificationPermission permission = NotificationPermission::notDetermined;
     /// Notifications can carry buttons.
     bool hasActions = false;
+    /// The program that shows them; empty where the system does not say, or has not started it yet.
+    QString serverName = {};
 
     bool operator==(const NotificationProbeResult &) const = default;
 };
