@@ -44,6 +44,9 @@ ListView {
     model: log.rows
     Accessible.role: Accessible.List
     Accessible.name: Texts.text("stats.log.title")
+    // A list that takes its rows from a pool does not ask for more of them at its end.
+    onContentYChanged: if (contentY + 2 * height > originY + contentHeight)
+        log.loadMore()
     T.ScrollBar.vertical: PageScrollBar {}
 
     // Above the rows without being one of them. A header of the list could not see what is around it.

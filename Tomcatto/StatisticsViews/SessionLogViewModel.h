@@ -54,6 +54,8 @@ public:
     /// The page is gone: what was removed stays removed.
     Q_INVOKABLE void disappear();
     Q_INVOKABLE void selectFilter(int index);
+    /// The end of the rows is near: loads the next ones where there are any.
+    Q_INVOKABLE void loadMore() { m_rows.fetchMore({}); }
     Q_INVOKABLE void openForm();
     /// Removes a phase of the rows from the history.
     Q_INVOKABLE void remove(const QString &id);

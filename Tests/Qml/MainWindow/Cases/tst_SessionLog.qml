@@ -31,8 +31,8 @@ TestCase {
     }
 
     function initTestCase() {
-        // Thursday, the hours before 8:53.
-        world.addPhases(60)
+        // Thursday, the hours before 8:53; more than are loaded at once.
+        world.addPhases(260)
         page = maker.createObject(test)
         waitForRendering(page)
     }
@@ -66,6 +66,17 @@ TestCase {
         compare(focused().Accessible.name, "Remove: Focus, 04:53 – 05:18, 25 min, Done")
         keyClick(Qt.Key_Z, Qt.ControlModifier)
         compare(list.count, all - 1, "the first removal is final")
+    }
+
+    function test_scrollsToTheOldest() {
+        world.window.statistics.statistics.selectRange(3)
+        tabTo("Add a phase")
+        for (let key = 0; key < 60 && page.flickable.count < 260; ++key) {
+            keyClick(Qt.Key_PageDown)
+            wait(0)
+        }
+        verify(page.flickable.count > 255, page.flickable.count)
+        world.window.statistics.statistics.selectRange(1)
     }
 
     function test_saysAtOnceWhatIsWrong() {
