@@ -19,6 +19,11 @@ set_tests_properties(Clips PROPERTIES TIMEOUT 300)
 # The sounds of phases are those that their program makes.
 add_test(NAME Sounds COMMAND "${PROJECT_SOURCE_DIR}/Tools/sounds" --check)
 
+# What an installation puts where, started from there.
+if(TARGET command-line-documents AND TOMCATTO_DESKTOP)
+    add_test(NAME Installation COMMAND "${PROJECT_SOURCE_DIR}/Tools/check-installation" "${CMAKE_BINARY_DIR}")
+endif()
+
 # Tests whose names begin with Core look at the product built without its desktop; ./test builds that for them.
 if(TARGET tomcatto)
     add_test(NAME CoreLinks COMMAND "${PROJECT_SOURCE_DIR}/Tools/check-core-links" "${PROJECT_SOURCE_DIR}/build/core/tomcatto")

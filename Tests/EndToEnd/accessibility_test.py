@@ -70,6 +70,8 @@ class AccessibilityTest(unittest.TestCase):
         for command, words in (("start", "Focus, 24 minutes left"), ("pause", "Focus, paused, 24 minutes left"),
                                ("resume", "Focus, 24 minutes left")):
             self.assertEqual(desktop.run(command).returncode, 0)
+            # A pause within the first second would keep all twenty-five.
+            desktop.wait_for(lambda: desktop.status()["remainingSeconds"] < 1500)
             wait_for(words + ", goal 0 of 8")
         desktop.end(signal.SIGKILL)
         path = os.path.join(desktop.folder, "data", "group.studio.quillbay.Tomcatto", "widget-snapshot.json")

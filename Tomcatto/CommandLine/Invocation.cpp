@@ -1,5 +1,6 @@
 #include "CommandLine/Invocation.h"
 
+#include "CommandLine/CommandDescription.h"
 #include "Composition/HistoryCommands.h"
 
 #include <CLI/CLI.hpp>
@@ -72,6 +73,7 @@ public:
                      "for example: tomcatto -workDurationSeconds 1200");
     }
 
+    [[nodiscard]] const CLI::App &app() const noexcept { return m_app; }
     std::expected<void, QString> parse(const QStringList &words)
     {
         std::vector<std::string> reversed;
@@ -345,6 +347,12 @@ private:
     std::string m_value;
 };
 
+}
+
+CommandDescription describeCommandLine()
+{
+    Invocation invocation;
+    return described(Grammar(invocation).app());
 }
 
 std::expected<Invocation, QString> parseCommandLine(const QStringList &words)

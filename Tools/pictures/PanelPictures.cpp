@@ -52,8 +52,10 @@ void reach(MenuBarFixture &services, PopoverNavigationStore &navigation, const Q
 bool picture(const QString &state, bool dark, const QString &language, const QDir &folder)
 {
     MenuBarFixture services(language);
-    if (state != QLatin1String("empty"))
-        fillHistory(services.history, services.wallClock.now(), 109);
+    if (state != QLatin1String("empty")) {
+        services.history.stamps = samplePhases(services.wallClock.now(), 109);
+        services.history.earliest = services.history.stamps.front().startedAt;
+    }
     PopoverNavigationStore navigation;
     MainWindowRouter router;
     reach(services, navigation, state);

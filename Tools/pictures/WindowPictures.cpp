@@ -2,8 +2,10 @@
 #include "Appearance/Texts.h"
 #include "Fakes/MainWindowFixture.h"
 #include "Media/BundledVideoProvider.h"
+#include "Persistence/Repositories/SessionImport.h"
 #include "pictures/SampleHistory.h"
 
+#include <algorithm>
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QDir>
 #include <QtCore/QTimer>
@@ -100,10 +102,22 @@ private:
         // Tuesday 18 November 2025, 14:30.
         m_fixture.engine.wallClock.setNow(dateFromSeconds(1'763'476'200));
         if (m_variant.days >= 0)
-            fillHistory(m_fixture.history, m_fixture.engine.wallClock.now(), m_variant.days);
+            addPhases();
         if (m_variant.days > 365)
             m_fixture.statistics.statistics()->selectRange(3);
         m_fixture.engine.settings.setDailyGoalPomodoros(8);
+    }
+
+    void addPhases()
+    {
+        std::vector<ImportedSession> sessions;
+        for (const CompletedWorkStamp &stamp : samplePhases(m_fixture.engine.wallClock.now(), m_variant.days))
+            sessions.push_back({static_cast<qint64>(secondsSince1970(stamp.startedAt)),
+                                static_cast<qint32>(stamp.actualSeconds), PomodoroPhase::working,
+                                SessionEnding::completed});
+        std::ranges::reverse(sessions);
+        if (!importSessions(m_fixture.library.stack, std::move(sessions), m_fixture.engine.identifiers.next()))
+            qCritical("The history of the pictures cannot be written.");
     }
 
     /// Disks and views take time of their own; the page's passes with it.
