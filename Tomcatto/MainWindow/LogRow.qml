@@ -101,6 +101,22 @@ FocusScope {
         HoverHandler {
             id: hover
         }
+        // Within what the pointer is looked for in: from above it, it would take the pointer away.
+        Wanted {
+            when: row.armed
+
+            IconButton {
+                x: row.width - width - 12
+                y: (row.rowHeight - height) / 2
+                focus: true
+                focusPolicy: Qt.NoFocus
+                showFocus: activeFocus
+                symbol: "trash"
+                text: Texts.format("stats.log.remove.accessibility", row.spoken)
+                help: Texts.text("stats.log.remove")
+                onClicked: row.removed(row.phaseId, activeFocus)
+            }
+        }
     }
     Rectangle {
         x: 17
@@ -143,20 +159,5 @@ FocusScope {
         name: "checkmark"
         size: 14
         color: Theme.phase(row.phase).text
-    }
-    Wanted {
-        when: row.armed
-
-        IconButton {
-            x: row.width - width - 12
-            y: body.y + (row.rowHeight - height) / 2
-            focus: true
-            focusPolicy: Qt.NoFocus
-            showFocus: activeFocus
-            symbol: "trash"
-            text: Texts.format("stats.log.remove.accessibility", row.spoken)
-            help: Texts.text("stats.log.remove")
-            onClicked: row.removed(row.phaseId, activeFocus)
-        }
     }
 }

@@ -68,6 +68,22 @@ TestCase {
         compare(list.count, all - 1, "the first removal is final")
     }
 
+    function test_removesByPointer() {
+        const list = page.flickable
+        const all = list.count
+        tabTo("Remove")
+        const row = list.itemAtIndex(2)
+        for (const x of [300, row.width - 28]) {
+            mouseMove(row, x, row.height - 22)
+            wait(20)
+            verify(row.armed, x)
+        }
+        mouseClick(row, row.width - 28, row.height - 22)
+        compare(list.count, all - 1)
+        keyClick(Qt.Key_Z, Qt.ControlModifier)
+        compare(list.count, all)
+    }
+
     function test_scrollsToTheOldest() {
         world.window.statistics.statistics.selectRange(3)
         tabTo("Add a phase")
