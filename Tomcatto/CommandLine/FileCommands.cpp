@@ -145,9 +145,11 @@ ControlReply FileCommands::restoreHistory(const nlohmann::ordered_json &argument
     // The application that got the request may have put it in place before it ended.
     if (wasAsked && !QFileInfo::exists(prepared))
         return ControlReply{};
+    const auto &support = m_surroundings.applicationSupportDirectory;
+    if (!support)
+        return controlReply(ExitStatus::failed, QStringLiteral("There is no place for the history."));
     // Without the store's own classes, since it may be one that they cannot open.
-    return replyTo(storeReplacement::putInPlace(prepared,
-                                                CoreDataStack::storePath(*m_surroundings.applicationSupportDirectory),
+    return replyTo(storeReplacement::putInPlace(prepared, CoreDataStack::storePath(*support),
                                                 keptStoreName(m_surroundings.wallClock)));
 }
 

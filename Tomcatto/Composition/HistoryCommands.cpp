@@ -39,7 +39,7 @@ QString localText(Date date, const Calendar &calendar, const QString &format)
 
 QString overlapText(const EndedPhase &phase, const Calendar &calendar)
 {
-    const QString start = localText(*phase.startedAt, calendar, QStringLiteral("yyyy-MM-dd HH:mm"));
+    const QString start = localText(phase.startedAt.value_or(Date()), calendar, QStringLiteral("yyyy-MM-dd HH:mm"));
     if (!phase.endedAt)
         return QStringLiteral("%1 has been there since %2.").arg(phaseName(phase.phase), start);
     return QStringLiteral("%1, %2 – %3, is there already.")
@@ -54,7 +54,7 @@ ControlReply replyTo(const AddRefusal &refusal, const Calendar &calendar)
     case AddRefusal::Reason::future:
         return refused(QStringLiteral("It would end after now."));
     case AddRefusal::Reason::overlap:
-        return refused(overlapText(*refusal.phase, calendar));
+        return refused(overlapText(refusal.phase.value_or(EndedPhase{}), calendar));
     case AddRefusal::Reason::store:
         return controlReply(ExitStatus::failed, refusal.problem);
     }

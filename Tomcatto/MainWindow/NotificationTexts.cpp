@@ -6,7 +6,7 @@ QString allowedNotificationsText(const quillbay::NotificationAuthorization &auth
                                  const LocalizedStrings &strings, const QString &usualKey)
 {
     const QString key = QStringLiteral("window.permissions.notifications.");
-    const QString server = authorization.serverName();
+    const QString &server = authorization.serverName();
     if (authorization.hasActions())
         return server.isEmpty() ? strings.text(usualKey) : strings.format(key + QStringLiteral("help_by"), server);
     return server.isEmpty() ? strings.text(key + QStringLiteral("help_no_actions"))

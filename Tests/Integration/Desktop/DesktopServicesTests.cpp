@@ -112,7 +112,7 @@ TEST_F(DesktopBusTests, NotificationsAreWhatTheServerSays)
 {
     FreedesktopNotificationProbe probe(m_bus.connection());
     std::vector<NotificationProbeResult> results;
-    const auto take = [&](NotificationProbeResult result) { results.push_back(result); };
+    const auto take = [&](const NotificationProbeResult &result) { results.push_back(result); };
     const auto asked = [&](std::size_t count) {
         return QTest::qWaitFor([&] { return results.size() == count; }, 10'000);
     };
