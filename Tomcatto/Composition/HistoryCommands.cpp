@@ -54,7 +54,8 @@ ControlReply replyTo(const AddRefusal &refusal, const Calendar &calendar)
     case AddRefusal::Reason::future:
         return refused(QStringLiteral("It would end after now."));
     case AddRefusal::Reason::overlap:
-        return refused(overlapText(refusal.phase.value_or(EndedPhase{}), calendar));
+        return refused(refusal.phase ? overlapText(*refusal.phase, calendar)
+                                     : QStringLiteral("A phase of another kind is there already."));
     case AddRefusal::Reason::store:
         return controlReply(ExitStatus::failed, refusal.problem);
     }

@@ -18,8 +18,8 @@ AddRefusal refusal(const SessionEdits::Found &taken)
 {
     if (!taken)
         return {.reason = Reason::store, .problem = taken.error().description()};
-    auto phase = endedPhase(**taken);
-    if (!phase->endedAt)
+    auto phase = *taken ? endedPhase(**taken) : std::nullopt;
+    if (phase && phase->startedAt && !phase->endedAt)
         phase->endedAt = *phase->startedAt + std::chrono::seconds(phase->actualSeconds);
     return {.reason = Reason::overlap, .phase = phase};
 }
@@ -28,8 +28,8 @@ PomodoroSessionInsertRequest request(const EndedPhase &phase)
 {
     return {.id = phase.id,
             .phase = phase.phase,
-            .startedAt = *phase.startedAt,
-            .endedAt = *phase.endedAt,
+            .startedAt = phase.startedAt.value_or(Date()),
+            .endedAt = phase.endedAt.value_or(Date()),
             .plannedDurationSeconds = phase.plannedSeconds,
             .actualDurationSeconds = phase.actualSeconds,
             .cycleIndex = phase.cycleIndex,
@@ -53,7 +53,7 @@ std::expected<EndedPhase, AddRefusal> HistoryEditor::checked(Date start, qint64 
     auto phase = checkedOutsideStore(start, minutes);
     if (!phase)
         return phase;
-    const auto taken = m_edits.overlapping({start, *phase->endedAt});
+    const auto taken = m_edits.overlapping({start, phase->endedAt.value_or(start)});
     if (!taken || *taken)
         return std::unexpected(refusal(taken));
     return phase;

@@ -103,12 +103,13 @@ void SessionLogViewModel::remove(const QString &id)
     if (!removed)
         return report(removed.error());
     // Nothing where another process was faster; the rows follow the history by themselves.
-    if (!*removed)
+    const std::optional<PomodoroSessionRecord> &record = *removed;
+    if (!record)
         return forget();
-    m_removed = *removed;
-    if (m_removed->startedAt)
-        m_rows.catchUp(*m_removed->startedAt);
-    if (const auto phase = endedPhase(*m_removed))
+    m_removed = record;
+    if (record->startedAt)
+        m_rows.catchUp(*record->startedAt);
+    if (const auto phase = endedPhase(*record))
         tell(m_sources.strings.format(QStringLiteral("stats.log.removed"), m_rows.texts().summary(*phase)));
 }
 
@@ -137,9 +138,9 @@ void SessionLogViewModel::tellAdded(const EndedPhase &phase)
     forget();
     reveal(phase);
     const SessionTexts texts = m_rows.texts();
-    const QString added = m_sources.strings.format(
-        QStringLiteral("stats.log.added"), texts.summary(phase),
-        texts.day(texts.calendar.dayOf(*phase.startedAt), texts.calendar.dayOf(m_sources.wallClock.now())));
+    const QString added = m_sources.strings.format(QStringLiteral("stats.log.added"), texts.summary(phase),
+                                                   texts.day(texts.calendar.dayOf(phase.startedAt.value_or(Date())),
+                                                             texts.calendar.dayOf(m_sources.wallClock.now())));
     if (m_rows.rowOf(phase.id) < 0)
         tell(added);
     else
