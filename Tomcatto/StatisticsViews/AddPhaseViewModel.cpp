@@ -148,9 +148,11 @@ void AddPhaseViewModel::suggestStart()
     Date start = endingBy(m_sources.wallClock.now());
     for (int step = 0; step < mostSteps; ++step) {
         const auto phase = m_sources.editor.checked(start, m_minutes);
-        if (phase || !phase.error().phase || !phase.error().phase->startedAt)
+        const auto taken = phase ? std::nullopt : phase.error().phase;
+        const auto takenFrom = taken ? taken->startedAt : std::nullopt;
+        if (!takenFrom)
             break;
-        start = endingBy(*phase.error().phase->startedAt);
+        start = endingBy(*takenFrom);
     }
     const QDateTime local = localTime(start, m_sources.wallClock.calendar());
     m_dayIndex = static_cast<int>(std::clamp<qint64>(local.date().daysTo(m_today), 0, m_dayTexts.size() - 1));

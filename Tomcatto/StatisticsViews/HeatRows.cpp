@@ -52,13 +52,14 @@ HeatRows heatRows(const StatisticsSources &sources, StatisticsForm form)
     const QLocale locale = sources.strings.locale();
     const QDate firstWeek = sources.wallClock.calendar()
                                 .firstDay(CalendarUnit::weekOfYear, sources.today())
-                                .addDays(-7 * (HeatRows::weeks - 1));
+                                .addDays(qint64{-7} * (HeatRows::weeks - 1));
     HeatRows rows;
     rows.title = sources.strings.format(QStringLiteral("stats.heatmap.title"), HeatRows::weeks);
+    QDate day = firstWeek;
     for (std::size_t column = 0; column < HeatRows::weeks; ++column) {
-        for (std::size_t row = 0; row < counts.size(); ++row) {
-            const QDate day = firstWeek.addDays(static_cast<qint64>(7 * column + row));
-            rows.cells.append(cell(sources, day, counts[row][column]));
+        for (const std::vector<qint64> &weekday : counts) {
+            rows.cells.append(cell(sources, day, weekday[column]));
+            day = day.addDays(1);
         }
     }
     const bool namesAll = form == StatisticsForm::page;

@@ -120,8 +120,9 @@ SessionLogModel::Chunk SessionLogModel::readBefore(Date end) const
     Chunk chunk{{m_interval.start, end}, {}};
     // Unknown phases count here, and are left out below.
     const auto newest = m_sources.aggregator.sessions(chunk.interval, m_kind, chunkSize);
-    if (newest.size() == chunkSize && newest.back().startedAt) {
-        const QDate last = m_calendar.dayOf(*newest.back().startedAt);
+    const std::optional<Date> oldest = newest.size() == chunkSize ? newest.back().startedAt : std::nullopt;
+    if (oldest) {
+        const QDate last = m_calendar.dayOf(*oldest);
         chunk.interval.start = std::max(m_calendar.startOfDay(last), m_interval.start);
     }
     for (EndedPhase &ended : m_sources.aggregator.sessionLog(chunk.interval, m_kind)) {
@@ -223,7 +224,7 @@ void SessionLogModel::followCalendar()
 {
     m_calendar = m_sources.wallClock.calendar();
     for (Row &row : m_rows)
-        row.day = m_calendar.dayOf(*row.phase.startedAt);
+        row.day = m_calendar.dayOf(row.phase.startedAt.value_or(Date()));
     retell();
     refresh();
 }

@@ -34,14 +34,14 @@ std::optional<double> secondsLeft(const WidgetSnapshot &snapshot, Date now)
     return snapshot.isOverflowing ? -still : still;
 }
 
-std::optional<double> PhaseArc::length(const WidgetSnapshot &next, double left, double uptime) const
+std::optional<double> PhaseArc::length(const Seen &seen, const WidgetSnapshot &next, double left, double uptime) const
 {
-    const WidgetSnapshot &before = m_seen->snapshot;
+    const WidgetSnapshot &before = seen.snapshot;
     if (before.isPending || !isSamePhase(before, next))
         return next.isOverflowing || next.isPaused ? std::nullopt : std::optional(left);
-    if (!m_length || !m_seen->left)
+    if (!m_length || !seen.left)
         return std::nullopt;
-    const double expected = *m_seen->left - (isCounting(before) ? uptime - m_seen->uptime : 0);
+    const double expected = *seen.left - (isCounting(before) ? uptime - seen.uptime : 0);
     // The countdown ran out unnoticed: whoever wrote the file was not there any more.
     if (!before.isOverflowing && !next.isOverflowing && expected < -jitterSeconds)
         return std::nullopt;
@@ -52,7 +52,7 @@ std::optional<double> PhaseArc::length(const WidgetSnapshot &next, double left, 
 void PhaseArc::follow(const std::optional<WidgetSnapshot> &snapshot, Date now, double uptime)
 {
     const auto left = snapshot ? secondsLeft(*snapshot, now) : std::nullopt;
-    m_length = m_seen && left && !snapshot->isPending ? length(*snapshot, *left, uptime) : std::nullopt;
+    m_length = m_seen && left && !snapshot->isPending ? length(*m_seen, *snapshot, *left, uptime) : std::nullopt;
     m_seen = snapshot ? std::optional(Seen{*snapshot, left, uptime}) : std::nullopt;
 }
 

@@ -29,7 +29,8 @@ private:
         double uptime = 0;
     };
 
-    [[nodiscard]] std::optional<double> length(const WidgetSnapshot &next, double left, double uptime) const;
+    [[nodiscard]] std::optional<double> length(const Seen &seen, const WidgetSnapshot &next, double left,
+                                               double uptime) const;
 
     std::optional<Seen> m_seen;
     std::optional<double> m_length;

@@ -29,8 +29,8 @@ SnapshotWatch::SnapshotWatch(QString path, FileWatch &fileWatch, std::function<v
 void SnapshotWatch::read()
 {
     follow();
-    auto found = m_file.isAvailable() ? m_file.read() : std::unexpected(QString());
-    m_snapshot = found ? std::optional(std::move(*found)) : std::nullopt;
+    const auto found = m_file.isAvailable() ? m_file.read() : std::unexpected(QString());
+    m_snapshot = found ? std::optional(*found) : std::nullopt;
 }
 
 void SnapshotWatch::follow()
