@@ -18,7 +18,8 @@ AddRefusal refusal(const SessionEdits::Found &taken)
 {
     if (!taken)
         return {.reason = Reason::store, .problem = taken.error().description()};
-    auto phase = *taken ? endedPhase(**taken) : std::nullopt;
+    const std::optional<PomodoroSessionRecord> &record = *taken;
+    auto phase = record ? endedPhase(*record) : std::nullopt;
     if (phase && phase->startedAt && !phase->endedAt)
         phase->endedAt = *phase->startedAt + std::chrono::seconds(phase->actualSeconds);
     return {.reason = Reason::overlap, .phase = phase};
