@@ -3,8 +3,10 @@
 #include "App/TerminalSurfaces.h"
 #include "Foundation/ApplicationIdentity.h"
 
+#include <cstdio>
 #include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
+#include <string_view>
 
 using namespace tomcatto;
 
@@ -21,12 +23,23 @@ int runInTerminal(const ApplicationPlatform &platform, int &argc, char **argv)
     });
 }
 
+/// For the command that tells what was found: in a process of its own, which may hang.
+int tellFindings(DesktopPlatform &desktop, int &argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    for (const Finding &finding : desktop.findings())
+        std::fputs(findingLine(finding).constData(), stdout);
+    return 0;
+}
+
 }
 
 int main(int argc, char **argv)
 {
     const auto platform = makeApplicationPlatform();
     const auto desktop = makeDesktopPlatform();
+    if (argc == 2 && std::string_view(argv[1]) == "--findings")
+        return tellFindings(*desktop, argc, argv);
     if (!desktop->opensDisplay())
         return runInTerminal(*platform, argc, argv);
     const QApplication application(argc, argv);

@@ -1,5 +1,6 @@
 #include "CommandLine/CommandRunner.h"
 
+#include "CommandLine/Doctor.h"
 #include "Composition/HistoryCommands.h"
 #include "Media/UserVideoCommands.h"
 #include "Persistence/CoreDataStack.h"
@@ -89,6 +90,8 @@ ExitStatus CommandRunner::run(const Invocation &invocation) const
         return listVideos();
     case Invocation::Action::videosChange:
         return changeVideos(invocation);
+    case Invocation::Action::doctor:
+        return Doctor(m_surroundings, m_client).report(invocation.isJson);
     }
     return ExitStatus::usage;
 }

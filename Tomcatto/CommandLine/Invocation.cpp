@@ -68,6 +68,7 @@ public:
         addHistory();
         addSettings();
         addVideos();
+        addDoctor();
         // Commands take over a footer that is there when they are added.
         m_app.footer("Without a command the application starts. -KEY VALUE sets a settings key for this run only,\n"
                      "for example: tomcatto -workDurationSeconds 1200");
@@ -310,6 +311,13 @@ private:
         CLI::App *const command = addCommand(videos, name, help);
         addTextArgument(*command, argument);
         command->callback([this, name] { chooseChange("videos", name, Action::videosChange); });
+    }
+
+    void addDoctor()
+    {
+        CLI::App *const command = addCommand(m_app, "doctor", "Look what Tomcatto finds here, and what it lacks");
+        command->add_flag("--json", m_invocation.isJson, "As a JSON array of objects");
+        command->callback([this] { m_invocation.action = Action::doctor; });
     }
 
     void chooseChange(const char *command, const char *name, Action action)

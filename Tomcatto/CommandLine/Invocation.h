@@ -34,6 +34,8 @@ struct Invocation
         videosList,
         /// One of those that change the user's own videos.
         videosChange,
+        /// Tell what the application stands on.
+        doctor,
         /// Print `text` and be done: the help or the version.
         print,
     };

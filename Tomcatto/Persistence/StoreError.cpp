@@ -47,9 +47,14 @@ StoreError StoreError::fromResultCode(int extendedCode, const QString &path, con
     return {failureOf(extendedCode), extendedCode, path, message};
 }
 
+QString StoreError::advice() const
+{
+    return textOf(advices, failure);
+}
+
 QString StoreError::description() const
 {
-    return path + QStringLiteral(": ") + detail + QStringLiteral(". ") + textOf(advices, failure);
+    return path + QStringLiteral(": ") + detail + QStringLiteral(". ") + advice();
 }
 
 QString StoreError::userInfo() const

@@ -24,6 +24,8 @@ struct StoreError
     /// Makes the error for a result code of SQLite and the text that came with it.
     [[nodiscard]] static StoreError fromResultCode(int extendedCode, const QString &path, const QString &message);
 
+    /// What to do about it.
+    [[nodiscard]] QString advice() const;
     /// One line for people: the file, what happened, what to do.
     [[nodiscard]] QString description() const;
     /// The particulars for a closer look, as a dictionary text.

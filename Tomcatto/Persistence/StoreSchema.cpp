@@ -105,6 +105,15 @@ StoreResult<void> StoreSchema::prepare()
     return m_connection.checkpointOnClose();
 }
 
+StoreResult<void> StoreSchema::check()
+{
+    const auto version = acceptedVersion();
+    if (!version)
+        return std::unexpected(version.error());
+    // An older one gets its missing tables with the next start.
+    return *version == knownVersion() ? checkTables() : StoreResult<void>();
+}
+
 bool StoreSchema::isStore()
 {
     return number(countOwnTables).value_or(0) > 0;

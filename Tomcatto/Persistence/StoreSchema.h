@@ -27,6 +27,8 @@ public:
     /// Checks that the file is ours and no newer than this program, turns on the write-ahead log, and applies what is
     /// missing. Several processes may do this at once. A file that is refused is left as it is.
     [[nodiscard]] StoreResult<void> prepare();
+    /// Checks that the file is ours, no newer than this program, and has its tables; changes nothing.
+    [[nodiscard]] StoreResult<void> check();
     /// Whether the file holds phases of ours, of whatever version; changes nothing.
     [[nodiscard]] bool isStore();
 

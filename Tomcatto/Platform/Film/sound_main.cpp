@@ -1,10 +1,12 @@
 // Plays the one sound that it is given, as loud as the system wants it, and ends: with 0 where it was heard, else with
-// 1 and the reason on standard output. What playing loads goes with the process.
+// 1 and the reason on standard output. What playing loads goes with the process. Called with "--findings", it tells
+// whether it would be heard.
 
 #include <csignal>
 #include <cstdio>
 #include <gst/gst.h>
 #include <string>
+#include <string_view>
 #include <unistd.h>
 
 namespace {
@@ -56,16 +58,41 @@ std::string errorOf(GstMessage *message)
     return error->message;
 }
 
+GstElement *makePipeline()
+{
+    return gst_parse_launch("filesrc name=file ! decodebin ! audioconvert ! audioresample ! autoaudiosink name=sound",
+                            nullptr);
+}
+
+constexpr auto nothingInstalled = "nothing that plays sounds is installed";
+constexpr auto noDevice = "there is no audio device";
+
+/// One line: what was looked at, the mark, what was found, what to do.
+int tellFindings()
+{
+    GstElement *pipeline = makePipeline();
+    auto *sink = pipeline ? gst_bin_get_by_name(reinterpret_cast<GstBin *>(pipeline), "sound") : nullptr;
+    GstElement *device = sink ? openDevice(sink) : nullptr;
+    if (device)
+        std::printf("audio\tthere\tsounds go to %s\t\n",
+                    gst_plugin_feature_get_name(reinterpret_cast<GstPluginFeature *>(gst_element_get_factory(device))));
+    else
+        std::printf("audio\tlacking\t%s, so phases end without a sound\t%s\n", pipeline ? noDevice : nothingInstalled,
+                    pipeline ? "Start the audio server of the session, such as PipeWire or PulseAudio"
+                             : "Install gstreamer1.0-plugins-good and gstreamer1.0-plugins-base");
+    std::fflush(stdout);
+    return 0;
+}
+
 int play(const char *file)
 {
-    GstElement *pipeline = gst_parse_launch(
-        "filesrc name=file ! decodebin ! audioconvert ! audioresample ! autoaudiosink name=sound", nullptr);
+    GstElement *pipeline = makePipeline();
     if (!pipeline)
-        return fail("nothing that plays sounds is installed");
+        return fail(nothingInstalled);
     auto *bin = reinterpret_cast<GstBin *>(pipeline);
     GstElement *device = openDevice(gst_bin_get_by_name(bin, "sound"));
     if (!device)
-        return fail("there is no audio device");
+        return fail(noDevice);
     prepare(device);
     g_object_set(gst_bin_get_by_name(bin, "file"), "location", file, nullptr);
     gst_element_set_state(pipeline, GST_STATE_PLAYING);
@@ -86,5 +113,5 @@ int main(int argc, char **argv)
     std::signal(SIGHUP, SIG_IGN);
     gst_init(nullptr, nullptr);
     // The system takes everything back, and a server that hangs keeps nobody.
-    ::_exit(play(argv[1]));
+    ::_exit(std::string_view(argv[1]) == "--findings" ? tellFindings() : play(argv[1]));
 }

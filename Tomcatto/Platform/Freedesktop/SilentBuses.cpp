@@ -57,23 +57,29 @@ bool isSilent(const QByteArray &path)
     return result;
 }
 
-void avoid(const char *variable, const QByteArray &usualAddress)
+/// Whether it was to be avoided.
+bool avoid(const char *variable, const QByteArray &usualAddress)
 {
     const QByteArray address = qgetenv(variable);
     if (!isSilent(socketPath(address.isEmpty() ? usualAddress : address)))
-        return;
+        return false;
     Logger(QStringLiteral("SilentBuses"))
         .error(QStringLiteral("a message bus does not answer, so Tomcatto goes without: ") +
                QString::fromLatin1(variable));
     qputenv(variable, "disabled:");
+    return true;
 }
 
 }
 
-void avoidSilentBuses()
+QByteArrayList avoidSilentBuses()
 {
-    avoid("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + qgetenv("XDG_RUNTIME_DIR") + "/bus");
-    avoid("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/run/dbus/system_bus_socket");
+    QByteArrayList avoided;
+    if (avoid("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + qgetenv("XDG_RUNTIME_DIR") + "/bus"))
+        avoided << "DBUS_SESSION_BUS_ADDRESS";
+    if (avoid("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/run/dbus/system_bus_socket"))
+        avoided << "DBUS_SYSTEM_BUS_ADDRESS";
+    return avoided;
 }
 
 }

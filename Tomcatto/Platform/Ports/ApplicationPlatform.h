@@ -3,6 +3,7 @@
 #include "Foundation/Logger.h"
 #include "Platform/Ports/Bookmarks.h"
 #include "Platform/Ports/FileWatch.h"
+#include "Platform/Ports/Finding.h"
 #include "Platform/Ports/IdentifierSource.h"
 #include "Platform/Ports/InstanceLock.h"
 #include "Platform/Ports/LocalSockets.h"
@@ -41,7 +42,8 @@ struct OutputDisplay
     bool hasColours = false;
 };
 
-/// What every program stands on, one that only carries out a command included. Nothing here asks a bus.
+/// What every program stands on, one that only carries out a command included. Nothing here asks a bus but
+/// `diagnose`.
 struct ProgramPorts
 {
     /// Owns everything below, which lives no longer than the application object.
@@ -71,6 +73,9 @@ struct ProgramPorts
     LoginItem &loginItem;
     /// Opens the user defaults, for reading only or for a change.
     std::function<std::unique_ptr<UserDefaults>(bool isReadOnly)> openDefaults;
+    /// Looks at what the system gives the application: places on disk, buses, display, sound and the like. Takes some
+    /// seconds at most, also where something hangs, and changes nothing.
+    std::function<Findings()> diagnose;
 };
 
 /// What the running application needs besides.

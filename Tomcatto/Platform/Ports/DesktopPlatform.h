@@ -2,6 +2,7 @@
 
 #include "Platform/Ports/ActivationPolicyPort.h"
 #include "Platform/Ports/DesktopServices.h"
+#include "Platform/Ports/Finding.h"
 #include "Platform/Ports/GlobalClickMonitor.h"
 #include "Platform/Ports/KeyMonitor.h"
 #include "Platform/Ports/MainRunLoop.h"
@@ -43,9 +44,12 @@ public:
     /// Whether the toolkit would get to a display; where it does not, it aborts the process. Asked before its
     /// application object is made.
     [[nodiscard]] virtual bool opensDisplay() = 0;
+    /// Looks at what windows and the icon need: display, tray, views. May hang where one of them does. Needs an
+    /// application object, of the kind that opens no display.
+    [[nodiscard]] virtual Findings findings() = 0;
     /// Builds what services need, once. Needs the toolkit's application object, as all that follows.
     [[nodiscard]] virtual DesktopServices services() = 0;
-    /// Builds what surfaces need, once.
+    /// Builds what surfaces need, once, while the services have theirs.
     /// @param defaults keep what belongs to the display, such as places of windows.
     /// @param texts the `LocalizedStrings` that views take their texts from. All three outlive the ports.
     [[nodiscard]] virtual DesktopPorts ports(MainRunLoop &runLoop, UserDefaults &defaults, QObject &texts) = 0;

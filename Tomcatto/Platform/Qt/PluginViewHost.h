@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Foundation/Logger.h"
+#include "Platform/Ports/Finding.h"
 #include "Platform/Ports/ViewHost.h"
 #include "Platform/Qt/ViewPlugin.h"
 #include "Platform/Qt/WindowSystem.h"
@@ -27,6 +28,8 @@ public:
 
     /// Beside the program as it is built, and where an installation keeps plugins.
     [[nodiscard]] static QStringList pluginFolders();
+    /// Looks whether the plugin and what views import are there, which loads the plugin.
+    [[nodiscard]] static Finding findPlugin(const QStringList &folders = pluginFolders());
 
     [[nodiscard]] std::unique_ptr<HostedView> create(const ViewDescription &description) override;
     [[nodiscard]] QString problem() const override { return m_problem; }

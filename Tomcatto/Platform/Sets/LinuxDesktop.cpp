@@ -76,6 +76,12 @@ class LinuxDesktop final : public DesktopPlatform
 {
 public:
     [[nodiscard]] bool opensDisplay() override { return m_display.opens(); }
+    [[nodiscard]] Findings findings() override
+    {
+        Findings findings = LinuxDisplay::findings();
+        findings.push_back(PluginViewHost::findPlugin());
+        return findings;
+    }
     [[nodiscard]] DesktopServices services() override
     {
         m_display.letGo();

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Platform/Ports/Finding.h"
 #include "Platform/X11/X11Access.h"
 
-#include <optional>
 #include <QtCore/QString>
 
 namespace tomcatto {
@@ -12,6 +12,8 @@ class LinuxDisplay final
 {
 public:
     [[nodiscard]] bool opens();
+    /// Looks at the display and its tray.
+    [[nodiscard]] static Findings findings();
     /// To be called once the toolkit has a connection of its own.
     void letGo() { m_access.reset(); }
 

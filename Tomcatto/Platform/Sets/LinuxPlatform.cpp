@@ -1,4 +1,5 @@
 #include "Platform/Freedesktop/AutostartLoginItem.h"
+#include "Platform/Freedesktop/BusFindings.h"
 #include "Platform/Freedesktop/FreedesktopNotificationCenter.h"
 #include "Platform/Freedesktop/LogindWorkspacePower.h"
 #include "Platform/Freedesktop/SessionMessageBus.h"
@@ -53,6 +54,7 @@ std::unique_ptr<ApplicationPlatform> makeApplicationPlatform()
             [](MainRunLoop &runLoop) {
                 return std::make_unique<SessionMessageBus>(QDBusConnection::sessionBus(), runLoop);
             },
+        .findOwn = findOnBuses,
         .findSystemSound = [](const QString &name) { return SoundThemes::ofSession().file(name); },
     });
 }

@@ -89,6 +89,11 @@ class PortableDesktop final : public DesktopPlatform
 {
 public:
     [[nodiscard]] bool opensDisplay() override { return opensPortableDisplay(); }
+    [[nodiscard]] Findings findings() override
+    {
+        return {{QStringLiteral("display"), Finding::Mark::there, QStringLiteral("it answers"), {}},
+                PluginViewHost::findPlugin()};
+    }
     [[nodiscard]] DesktopServices services() override
     {
         const auto adapters = std::make_shared<ServiceAdapters>();

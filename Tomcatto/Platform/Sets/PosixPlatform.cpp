@@ -15,6 +15,7 @@
 #include "Platform/Qt/QtMainRunLoop.h"
 #include "Platform/Qt/RandomIdentifierSource.h"
 #include "Platform/Qt/ToolkitFileWatch.h"
+#include "Platform/Sets/PosixFindings.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
@@ -120,6 +121,9 @@ ProgramPorts PosixPlatform::programPorts() const
             return std::make_unique<JsonFileUserDefaults>(program.directories.userDefaultsFile(),
                                                           isReadOnly ? JsonFileUserDefaults::Access::readOnly
                                                                      : JsonFileUserDefaults::Access::readWrite);
+        },
+        [&program, findOwn = m_differences.findOwn, findSound = soundFinder(m_differences.findSystemSound)] {
+            return posixFindings(program.directories, findOwn, findSound);
         },
     };
 }

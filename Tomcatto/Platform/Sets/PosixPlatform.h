@@ -22,6 +22,8 @@ struct PosixDifferences
     std::function<std::unique_ptr<WidgetCenter>()> makeWidgetCenter;
     std::function<std::unique_ptr<UserNotificationCenter>(MainRunLoop &)> makeNotificationCenter;
     std::function<std::unique_ptr<MessageBus>(MainRunLoop &)> makeMessageBus;
+    /// Looks at what only this system has, beside what all of them share; asked before anything else that is looked at.
+    std::function<Findings()> findOwn = [] { return Findings(); };
     /// The file of a sound that the system knows by name, where it has any; the application's own stand in.
     CompanionSounds::Finder findSystemSound = nullptr;
 };

@@ -16,6 +16,8 @@ public:
 
     /// Whether the server is there and lets this user in, which only a connection shows.
     [[nodiscard]] bool isGranted() const;
+    /// The connection; of no use where access is not granted.
+    [[nodiscard]] xcb_connection_t *connection() const noexcept { return m_connection; }
 
 private:
     xcb_connection_t *m_connection;

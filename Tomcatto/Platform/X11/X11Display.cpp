@@ -5,6 +5,12 @@
 
 namespace tomcatto {
 
+X11Display::X11Display(xcb_connection_t *connection)
+    : m_connection(connection)
+    , m_root(xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root)
+{
+}
+
 X11Display::X11Display()
 {
     auto *application = qGuiApp == nullptr ? nullptr : qGuiApp->nativeInterface<QNativeInterface::QX11Application>();

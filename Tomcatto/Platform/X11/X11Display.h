@@ -22,6 +22,8 @@ class X11Display final
 public:
     /// The display in use; `isValid` is false where it is not an X server.
     X11Display();
+    /// The display of another connection, which is open and stays so.
+    explicit X11Display(xcb_connection_t *connection);
 
     [[nodiscard]] bool isValid() const noexcept { return m_connection != nullptr; }
     [[nodiscard]] xcb_connection_t *connection() const noexcept { return m_connection; }

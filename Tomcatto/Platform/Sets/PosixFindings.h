@@ -1,0 +1,17 @@
+#pragma once
+
+#include "Platform/Ports/Finding.h"
+#include "Platform/Posix/ApplicationDirectories.h"
+#include "Platform/Posix/CompanionSounds.h"
+
+#include <functional>
+
+namespace tomcatto {
+
+/// Looks at what systems of the Unix kind share: places on disk, display, sounds, and what companions find.
+/// @param findOwn looks at the rest. Asked before the companions, which it may spare what does not answer.
+[[nodiscard]] Findings posixFindings(const ApplicationDirectories &directories,
+                                     const std::function<Findings()> &findOwn,
+                                     const CompanionSounds::Finder &findSound);
+
+}
