@@ -53,6 +53,20 @@ class Session(unittest.TestCase):
         self.assertEqual([row[0] for row in desktop.records()], ["work", "shortBreak", "work"])
         self.assertNotIn("TypeError", desktop.output())
 
+    def test_a_message_of_the_tray(self):
+        desktop = self.desktop
+        desktop.helpers.insert(0, subprocess.Popen(["trayer"], env=desktop.environment, stderr=subprocess.DEVNULL))
+        desktop.start("-hasCompletedOnboarding", "true", "--ui-test", "-workDurationSeconds", "1", "-autoStartBreaks", "false")
+        windows = lambda: set(desktop.tool("search", "--onlyvisible", "--class", "tomcatto"))  # noqa: E731
+        desktop.wait_for(lambda: windows() and not self.has_pill())
+        others = windows()
+        desktop.run("start")
+        desktop.wait_for(lambda: windows() - others)
+        message = (windows() - others).pop()
+        desktop.tool("mousemove", "--window", message, "40", "40", "click", "1")
+        desktop.wait_for(lambda: desktop.is_focused("Tomcatto"))
+        self.assertEqual(desktop.end(), 0, desktop.output())
+
 
 class Making(unittest.TestCase):
     def test_what_every_system_has(self):

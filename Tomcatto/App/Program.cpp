@@ -102,9 +102,11 @@ int Program::runHoldingLock(const Invocation &invocation, const FrontEnd &frontE
     const auto storedDefaults = m_ports.openDefaults(false);
     ArgumentDomain defaults(*storedDefaults, invocation.argumentDomain);
     const auto desktop = frontEnd.makeServices ? std::optional(frontEnd.makeServices()) : std::nullopt;
+    UserNotificationCenter &notificationCenter =
+        desktop && desktop->notificationCenter ? *desktop->notificationCenter : ports.notificationCenter;
     AppDependencies dependencies({ports.monotonicClock, m_ports.wallClock, m_ports.runLoop, m_ports.fileWatch,
                                   m_ports.identifiers, defaults, ports.workspacePower, ports.widgetCenter,
-                                  ports.notificationCenter, ports.systemSounds, m_ports.bookmarks, m_ports.stillFrame,
+                                  notificationCenter, ports.systemSounds, m_ports.bookmarks, m_ports.stillFrame,
                                   m_ports.loginItem, m_ports.applicationSupportDirectory, m_ports.widgetSnapshotFile,
                                   m_ports.bundledVideosDirectory, desktop ? &*desktop : nullptr});
     AppDelegate delegate(dependencies);

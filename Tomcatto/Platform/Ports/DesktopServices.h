@@ -3,6 +3,7 @@
 #include "Platform/Ports/Alert.h"
 #include "Platform/Ports/NotificationProbe.h"
 #include "Platform/Ports/SystemSettings.h"
+#include "Platform/Ports/UserNotificationCenter.h"
 
 #include <memory>
 
@@ -16,6 +17,8 @@ struct DesktopServices
     Alert &alert;
     SystemSettings &systemSettings;
     NotificationProbe &notificationProbe;
+    /// Shows notifications where the platform itself does not; `nullptr` where it does.
+    UserNotificationCenter *notificationCenter = nullptr;
 };
 
 }

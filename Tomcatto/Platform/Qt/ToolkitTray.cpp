@@ -11,6 +11,8 @@ namespace tomcatto {
 
 namespace {
 
+constexpr std::chrono::milliseconds messageTime = std::chrono::seconds(10);
+
 QIcon iconOf(const std::vector<QImage> &images)
 {
     QIcon icon;
@@ -64,6 +66,12 @@ void ToolkitTray::show(const StatusItemPresentation &presentation)
         followEdge();
 }
 
+void ToolkitTray::showMessage(const QString &title, const QString &text)
+{
+    if (m_icon)
+        m_icon->showMessage(title, text, m_icon->icon(), static_cast<int>(messageTime.count()));
+}
+
 void ToolkitTray::update()
 {
     // Without a picture the tray would keep an empty place.
@@ -92,6 +100,7 @@ void ToolkitTray::makeIcon()
             break;
         }
     });
+    connect(m_icon.get(), &QSystemTrayIcon::messageClicked, this, &ToolkitTray::messagePressed);
     m_icon->show();
     m_fitting.start();
 }

@@ -31,6 +31,11 @@ public:
     void setShown(bool isShown) override;
     void show(const StatusItemPresentation &presentation) override;
     void setMenu(const TrayMenu &menu) override { m_popup.setMenu(menu); }
+    /// Shows a message at the icon for some seconds, in the place of one that still shows; none where there is no icon.
+    void showMessage(const QString &title, const QString &text);
+
+Q_SIGNALS:
+    void messagePressed();
 
 private:
     void update();

@@ -6,14 +6,17 @@
 #include "Platform/Qt/FileDialogSavePanel.h"
 #include "Platform/Qt/MessageBoxAlert.h"
 #include "Platform/Qt/PluginViewHost.h"
+#include "Platform/Qt/QtMainRunLoop.h"
 #include "Platform/Qt/StatusItemSwitch.h"
 #include "Platform/Qt/ToolkitTheme.h"
 #include "Platform/Qt/ToolkitTray.h"
 #include "Platform/Qt/ToolkitTrayPresence.h"
 #include "Platform/Qt/ToolkitWindowSystem.h"
+#include "Platform/Qt/TrayNotificationCenter.h"
 #include "Platform/Sets/PortableDisplay.h"
 
 #include <QtCore/QTimer>
+#include <QtWidgets/QSystemTrayIcon>
 
 namespace tomcatto {
 
@@ -34,14 +37,15 @@ public:
     bool openNotifications() override { return false; }
 };
 
-/// The toolkit has no notifications with buttons, and nobody to ask for the permission.
-class AbsentNotificationProbe final : public NotificationProbe
+/// The tray's messages, which have no buttons. There is nobody to ask for the permission.
+class TrayMessageProbe final : public NotificationProbe
 {
 public:
     void query(std::function<void(NotificationProbeResult)> onResult) override
     {
         QTimer::singleShot(0, &m_context, [onResult = std::move(onResult)] {
-            onResult({NotificationPermission::unavailable, false});
+            const bool showsAny = QSystemTrayIcon::isSystemTrayAvailable() && QSystemTrayIcon::supportsMessages();
+            onResult({showsAny ? NotificationPermission::authorised : NotificationPermission::unavailable, false});
         });
     }
     void request(std::function<void(NotificationProbeResult)> onResult) override { query(std::move(onResult)); }
@@ -54,22 +58,27 @@ struct ServiceAdapters
 {
     MessageBoxAlert alert;
     AbsentSystemSettings systemSettings;
-    AbsentNotificationProbe notificationProbe;
+    TrayMessageProbe notificationProbe;
+    QtMainRunLoop runLoop;
+    TrayNotificationCenter notificationCenter{runLoop};
 };
 
-std::vector<std::unique_ptr<TrayIcon>> makeTrays()
+std::vector<std::unique_ptr<TrayIcon>> makeTrays(TrayNotificationCenter &notificationCenter)
 {
+    auto tray = std::make_unique<ToolkitTray>(std::make_unique<ToolkitTrayPresence>());
+    notificationCenter.setTray(*tray);
     std::vector<std::unique_ptr<TrayIcon>> trays;
-    trays.push_back(std::make_unique<ToolkitTray>(std::make_unique<ToolkitTrayPresence>()));
+    trays.push_back(std::move(tray));
     return trays;
 }
 
 struct SurfaceAdapters
 {
-    SurfaceAdapters(MainRunLoop &runLoop, UserDefaults &defaults, QObject &texts)
+    SurfaceAdapters(MainRunLoop &runLoop, UserDefaults &defaults, QObject &texts,
+                    TrayNotificationCenter &notificationCenter)
         : screens(runLoop, windowSystem)
         , viewHost(appearance, texts, windowSystem)
-        , statusItem(makeTrays(), appearance, defaults, windowSystem)
+        , statusItem(makeTrays(notificationCenter), appearance, defaults, windowSystem)
     {
     }
 
@@ -97,11 +106,14 @@ public:
     [[nodiscard]] DesktopServices services() override
     {
         const auto adapters = std::make_shared<ServiceAdapters>();
-        return {adapters, adapters->alert, adapters->systemSettings, adapters->notificationProbe};
+        m_services = adapters;
+        return {adapters, adapters->alert, adapters->systemSettings, adapters->notificationProbe,
+                &adapters->notificationCenter};
     }
     [[nodiscard]] DesktopPorts ports(MainRunLoop &runLoop, UserDefaults &defaults, QObject &texts) override
     {
-        const auto adapters = std::make_shared<SurfaceAdapters>(runLoop, defaults, texts);
+        const auto services = m_services.lock();
+        const auto adapters = std::make_shared<SurfaceAdapters>(runLoop, defaults, texts, services->notificationCenter);
         return {adapters,
                 adapters->appearance,
                 adapters->activationPolicy,
@@ -117,6 +129,10 @@ public:
     {
         return Cancellable([loss = std::make_shared<DisplayLoss>(std::move(onLost))]() mutable { loss.reset(); });
     }
+
+private:
+    /// Theirs is the application, which uses them.
+    std::weak_ptr<ServiceAdapters> m_services;
 };
 
 }
