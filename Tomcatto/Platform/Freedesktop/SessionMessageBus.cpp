@@ -21,6 +21,8 @@ const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Propert
 constexpr std::size_t mostWaiting = 256;
 /// For how long calls are answered before everything else gets its turn.
 constexpr std::chrono::milliseconds turnLength{4};
+/// Such as calls from somebody who does not wait for answers take, with what follows from them.
+constexpr std::chrono::seconds rushLength{5};
 /// How long the end waits for the bus.
 constexpr std::chrono::milliseconds farewell{500};
 
@@ -59,9 +61,11 @@ bool isOurs(const QString &interface)
 
 }
 
-SessionMessageBus::SessionMessageBus(const QDBusConnection &sessionBus, MainRunLoop &runLoop)
+SessionMessageBus::SessionMessageBus(const QDBusConnection &sessionBus, MainRunLoop &runLoop,
+                                     std::function<void()> afterRush)
     : m_bus(sessionBus)
     , m_runLoop(runLoop)
+    , m_afterRush(std::move(afterRush))
 {
     qDBusRegisterMetaType<QList<QVariantMap>>();
 }
@@ -130,6 +134,7 @@ bool SessionMessageBus::handleMessage(const QDBusMessage &message, const QDBusCo
         return false;
     auto &calls = m_calls[message.service()];
     if (calls.size() >= mostWaiting) {
+        noteRush();
         reply(message, message.createErrorReply(QDBusError::LimitsExceeded,
                                                 QStringLiteral("Too many of your calls wait for an answer.")));
         return true;
@@ -138,6 +143,15 @@ bool SessionMessageBus::handleMessage(const QDBusMessage &message, const QDBusCo
     if (!m_turn.isActive())
         m_turn = m_runLoop.after(std::chrono::milliseconds{0}, [this] { answerSome(); });
     return true;
+}
+
+void SessionMessageBus::noteRush()
+{
+    if (m_afterRush && !m_rush.isActive())
+        m_rush = m_runLoop.after(rushLength, [this] {
+            m_afterRush();
+            m_rush.cancel();
+        });
 }
 
 void SessionMessageBus::answerSome()

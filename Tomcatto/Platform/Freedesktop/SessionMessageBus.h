@@ -22,7 +22,8 @@ class SessionMessageBus final : public QDBusVirtualObject, public MessageBus
 public:
     /// @param sessionBus it may be without a connection; then nothing is offered.
     /// @param runLoop outlives the bus.
-    SessionMessageBus(const QDBusConnection &sessionBus, MainRunLoop &runLoop);
+    /// @param afterRush called some time after more calls than can wait have come, which leave much unused memory.
+    SessionMessageBus(const QDBusConnection &sessionBus, MainRunLoop &runLoop, std::function<void()> afterRush = {});
 
     void offer(BusObject &object) override;
     void withdraw() override;
@@ -33,6 +34,7 @@ public:
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
 
 private:
+    void noteRush();
     void answerSome();
     void answerNext();
     void answer(const QDBusMessage &message);
@@ -48,6 +50,8 @@ private:
     std::map<QString, std::deque<QDBusMessage>> m_calls;
     QString m_lastCaller;
     Cancellable m_turn;
+    std::function<void()> m_afterRush;
+    Cancellable m_rush;
 };
 
 }

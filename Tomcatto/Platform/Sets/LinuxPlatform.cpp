@@ -52,7 +52,8 @@ std::unique_ptr<ApplicationPlatform> makeApplicationPlatform()
             },
         .makeMessageBus =
             [](MainRunLoop &runLoop) {
-                return std::make_unique<SessionMessageBus>(QDBusConnection::sessionBus(), runLoop);
+                return std::make_unique<SessionMessageBus>(QDBusConnection::sessionBus(), runLoop,
+                                                           giveBackUnusedMemory);
             },
         .findOwn = findOnBuses,
         .findSystemSound = [](const QString &name) { return SoundThemes::ofSession().file(name); },
