@@ -1,6 +1,7 @@
 #include "CommandLine/TerminalFrontEnd.h"
 #include "Fakes/FakeAlerts.h"
 #include "Fakes/FakeDesktopServices.h"
+#include "Fakes/FakeHttpSession.h"
 #include "Fakes/FakeWidgetCenter.h"
 #include "Fakes/ManualClock.h"
 #include "Fakes/ManualPower.h"
@@ -110,13 +111,14 @@ public:
     std::shared_ptr<PathBookmarks> bookmarks = std::make_shared<PathBookmarks>();
     TextStillFrame stillFrame;
     FakeLoginItem loginItem;
+    FakeHttpSession http;
     FakeWidgetCenter widgetCenter;
     FileWatch fileWatch;
     FakeNotificationCenter notificationCenter;
     UnheardSounds sounds;
     AppDependencies dependencies{PlatformServices{
         clock, wallClock, runLoop, fileWatch, identifiers, defaults, power, widgetCenter, notificationCenter, sounds,
-        bookmarks, stillFrame, loginItem, history.applicationSupportDirectory(),
+        bookmarks, stillFrame, loginItem, http, history.applicationSupportDirectory(),
         history.applicationSupportDirectory() + QStringLiteral("/widget-snapshot.json"), QString()}};
 };
 

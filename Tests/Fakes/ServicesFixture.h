@@ -3,6 +3,7 @@
 #include "Composition/AppDependencies.h"
 #include "Fakes/FakeAlerts.h"
 #include "Fakes/FakeDesktopServices.h"
+#include "Fakes/FakeHttpSession.h"
 #include "Fakes/FakeUserDefaults.h"
 #include "Fakes/FakeWidgetCenter.h"
 #include "Fakes/ManualClock.h"
@@ -45,13 +46,14 @@ public:
     std::shared_ptr<PathBookmarks> bookmarks = std::make_shared<PathBookmarks>();
     TextStillFrame stillFrame;
     FakeLoginItem loginItem;
+    FakeHttpSession http;
     FakeWidgetCenter widgetCenter;
     FileWatch fileWatch;
     FakeNotificationCenter notificationCenter;
     FakeSounds sounds;
     AppDependencies dependencies{
         PlatformServices{clock, wallClock, runLoop, fileWatch, identifiers, defaults, power, widgetCenter,
-                         notificationCenter, sounds, bookmarks, stillFrame, loginItem, folder.path(),
+                         notificationCenter, sounds, bookmarks, stillFrame, loginItem, http, folder.path(),
                          folder.filePath(QStringLiteral("widget-snapshot.json")), folder.path()}};
 };
 

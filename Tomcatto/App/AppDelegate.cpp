@@ -29,6 +29,7 @@ void AppDelegate::applicationWillFinishLaunching(const LaunchConditions &conditi
 
 void AppDelegate::applicationDidFinishLaunching(ApplicationSurfaces &surfaces)
 {
+    m_dependencies.platform.httpSession.configureUrlCache(remoteLibraryUrlCache);
     surfaces.prepare();
     m_dependencies.launchAtLoginService.readStatus();
     m_dependencies.session.recover();
@@ -36,6 +37,7 @@ void AppDelegate::applicationDidFinishLaunching(ApplicationSurfaces &surfaces)
     m_dependencies.notificationCenterService.becomeDelegate();
     installAppUI(surfaces);
     surfaces.showOnboardingIfNeeded();
+    m_dependencies.remoteVideoProvider.start();
 }
 
 void AppDelegate::applicationMayTerminate()

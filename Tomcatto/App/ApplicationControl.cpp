@@ -21,7 +21,7 @@ ApplicationControl::ApplicationControl(AppDependencies &dependencies, AppDelegat
     addStatsCommand(m_commands, dependencies.statsAggregator, dependencies.settings);
     addSettingsCommands(m_commands, {dependencies.settings, dependencies.launchAtLoginService,
                                      dependencies.platform.defaults, QStringLiteral(" It holds until Tomcatto ends.")});
-    addVideoCommands(m_commands, dependencies.userVideoCommands);
+    addVideoCommands(m_commands, dependencies.userVideoCommands, dependencies.remoteVideoProvider);
     addHistoryCommands(m_commands, {dependencies.historyEditor, dependencies.historyImporter,
                                     dependencies.platform.wallClock, dependencies.coreDataStack});
     m_commands.add(QStringLiteral("quit"), [this, &dependencies, &delegate](const auto &) {

@@ -107,8 +107,9 @@ int Program::runHoldingLock(const Invocation &invocation, const FrontEnd &frontE
     AppDependencies dependencies({ports.monotonicClock, m_ports.wallClock, m_ports.runLoop, m_ports.fileWatch,
                                   m_ports.identifiers, defaults, ports.workspacePower, ports.widgetCenter,
                                   notificationCenter, ports.systemSounds, m_ports.bookmarks, m_ports.stillFrame,
-                                  m_ports.loginItem, m_ports.applicationSupportDirectory, m_ports.widgetSnapshotFile,
-                                  m_ports.bundledVideosDirectory, desktop ? &*desktop : nullptr});
+                                  m_ports.loginItem, m_ports.httpSession, m_ports.applicationSupportDirectory,
+                                  m_ports.widgetSnapshotFile, m_ports.bundledVideosDirectory,
+                                  m_ports.remoteManifestUrl(), desktop ? &*desktop : nullptr});
     AppDelegate delegate(dependencies);
     const QString socket = m_ports.controlSocket();
     ApplicationControl control(dependencies, delegate, m_ports.localSockets, socket, [] { QCoreApplication::quit(); });

@@ -1,6 +1,7 @@
 #include "CommandLine/CommandRunner.h"
 
 #include "CommandLine/Doctor.h"
+#include "CommandLine/ProgressBar.h"
 #include "Composition/HistoryCommands.h"
 #include "Media/UserVideoCommands.h"
 #include "Persistence/CoreDataStack.h"
@@ -20,8 +21,9 @@ using Json = nlohmann::ordered_json;
 // An application that is starting or ending holds the lock but does not answer; it is given this long.
 constexpr int patienceMilliseconds = 5000;
 constexpr int retryMilliseconds = 20;
-// Looking into a video file that is being added takes its time.
-constexpr std::chrono::seconds longestOperation{30};
+constexpr int watchMilliseconds = 100;
+// Looking into a video file that is being added takes its time, and so does a server that does not answer.
+constexpr std::chrono::seconds longestOperation{45};
 // So do the largest files that are imported.
 constexpr std::chrono::minutes longestImport{2};
 
@@ -45,6 +47,14 @@ QString onOneLine(QString name)
             character = QLatin1Char('?');
     }
     return name;
+}
+
+/// What one video's line in the list has, by columns.
+QString videoLine(const QString &id, bool isSelected, double seconds, const QString &name, const QString &place)
+{
+    const QString selected = isSelected ? QStringLiteral("selected") : QStringLiteral("-");
+    return QStringList{onOneLine(id), selected, QString::number(seconds, 'f', 1), onOneLine(name), onOneLine(place)}
+        .join(QLatin1Char('\t'));
 }
 
 }
@@ -92,6 +102,8 @@ ExitStatus CommandRunner::run(const Invocation &invocation) const
         return changeVideos(invocation);
     case Invocation::Action::doctor:
         return Doctor(m_surroundings, m_client).report(invocation.isJson);
+    case Invocation::Action::videosDownload:
+        return downloadVideo(invocation);
     }
     return ExitStatus::usage;
 }
@@ -156,9 +168,18 @@ ExitStatus CommandRunner::runStatus(const Invocation &invocation) const
 
 ExitStatus CommandRunner::listVideos() const
 {
+    const auto own = ownVideos();
+    if (!own)
+        return report(controlReply(ExitStatus::failed, QStringLiteral("The videos cannot be read; the log says why.")));
+    const QStringList lines = *own + remoteVideos();
+    return lines.isEmpty() ? ExitStatus::done : print(lines.join(QLatin1Char('\n')));
+}
+
+std::optional<QStringList> CommandRunner::ownVideos() const
+{
     const auto &support = m_surroundings.applicationSupportDirectory;
     if (HistoryReports::hasNoStore(support))
-        return ExitStatus::done;
+        return QStringList();
     CoreDataStack stack(support);
     UserVideoRepository repository(stack, m_surroundings.wallClock, m_surroundings.identifiers,
                                    *m_surroundings.bookmarks, m_surroundings.stillFrame);
@@ -168,20 +189,60 @@ ExitStatus CommandRunner::listVideos() const
     QStringList lines;
     for (const UserVideoListing &line : videos.list()) {
         const UserVideo &video = line.video;
-        const QString place = line.path.isEmpty() ? QStringLiteral("(not found)") : onOneLine(line.path);
-        const QString selected = video.userSelected ? QStringLiteral("selected") : QStringLiteral("-");
-        lines << QStringList{identifierText(video.id), selected, QString::number(video.durationSeconds, 'f', 1),
-                             onOneLine(video.displayName), place}
-                     .join(QLatin1Char('\t'));
+        lines << videoLine(identifierText(video.id), video.userSelected, video.durationSeconds, video.displayName,
+                           line.path.isEmpty() ? QStringLiteral("(not found)") : line.path);
     }
-    if (hasFailed)
-        return report(controlReply(ExitStatus::failed, QStringLiteral("The videos cannot be read; the log says why.")));
-    return lines.isEmpty() ? ExitStatus::done : print(lines.join(QLatin1Char('\n')));
+    return hasFailed ? std::nullopt : std::optional(lines);
+}
+
+QStringList CommandRunner::remoteVideos() const
+{
+    const auto &support = m_surroundings.applicationSupportDirectory;
+    if (!support || !m_surroundings.remoteManifestUrl())
+        return {};
+    // A running application knows what is not on disk yet.
+    const auto answer =
+        m_client.ask({QStringLiteral("videos"), {{"action", "list"}}, false}, QDeadlineTimer(patienceMilliseconds));
+    const Json entries = answer && answer->result.is_array()
+                             ? answer->result
+                             : m_files.remoteVideos(QFileInfo(CoreDataStack::storePath(*support)).path());
+    QStringList lines;
+    for (const Json &entry : entries) {
+        // The user's own have none.
+        if (!entry.contains("state"))
+            continue;
+        const QString path = textArgument(entry, "path");
+        const bool isComing = entry.value("state", "") == "downloading";
+        lines << videoLine(textArgument(entry, "id"), entry.value("isSelected", false), entry.value("seconds", 0.0),
+                           textArgument(entry, "name"),
+                           !path.isEmpty() ? path
+                           : isComing      ? QStringLiteral("(downloading)")
+                                           : QStringLiteral("(not downloaded)"));
+    }
+    return lines;
 }
 
 ExitStatus CommandRunner::changeVideos(const Invocation &invocation) const
 {
     return report(change({invocation.command, absolutePaths(invocation.arguments), false}, longestOperation));
+}
+
+ExitStatus CommandRunner::downloadVideo(const Invocation &invocation) const
+{
+    ProgressBar bar(m_surroundings);
+    Json arguments = invocation.arguments;
+    arguments["isWatched"] = true;
+    ControlReply reply = change({invocation.command, arguments, false}, longestOperation,
+                                [&bar](double fraction) { bar.show(fraction); });
+    // The application downloads; this one looks how far it is.
+    arguments["action"] = "progress";
+    while (reply.status == ExitStatus::done && reply.result.contains("progress")) {
+        bar.show(reply.result.value("progress", 0.0));
+        QThread::msleep(watchMilliseconds);
+        reply = m_client.send({invocation.command, arguments, false});
+    }
+    bar.end();
+    return report(reply);
 }
 
 ExitStatus CommandRunner::changeHistory(const Invocation &invocation) const
@@ -240,7 +301,8 @@ ControlReply CommandRunner::readSettings(const Json &arguments) const
     return answer.error() == NoAnswer::silent ? controlReply(answer.error()) : m_files.readSettings(arguments);
 }
 
-ControlReply CommandRunner::change(const ControlRequest &request, std::chrono::milliseconds patience) const
+ControlReply CommandRunner::change(const ControlRequest &request, std::chrono::milliseconds patience,
+                                   const std::function<void(double)> &onProgress) const
 {
     const QDeadlineTimer until(patience);
     const Date asked = m_surroundings.wallClock.now();
@@ -257,7 +319,7 @@ ControlReply CommandRunner::change(const ControlRequest &request, std::chrono::m
         if (const auto refusal = m_files.refusal(request))
             return *refusal;
         if (m_surroundings.instanceLock.tryTake() != InstanceLockResult::held) {
-            ControlReply done = m_files.run(request, askedSince);
+            ControlReply done = m_files.run(request, askedSince, onProgress);
             m_surroundings.instanceLock.release();
             return done;
         }

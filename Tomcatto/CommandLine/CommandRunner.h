@@ -27,14 +27,18 @@ private:
     [[nodiscard]] ExitStatus runRemote(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus runStatus(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus listVideos() const;
+    [[nodiscard]] std::optional<QStringList> ownVideos() const;
+    [[nodiscard]] QStringList remoteVideos() const;
     [[nodiscard]] ExitStatus changeVideos(const Invocation &invocation) const;
+    [[nodiscard]] ExitStatus downloadVideo(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus changeHistory(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus restoreHistory(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus listSettings() const;
     [[nodiscard]] ExitStatus getSetting(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus setSetting(const Invocation &invocation) const;
     [[nodiscard]] ControlReply readSettings(const nlohmann::ordered_json &arguments) const;
-    [[nodiscard]] ControlReply change(const ControlRequest &request, std::chrono::milliseconds patience) const;
+    [[nodiscard]] ControlReply change(const ControlRequest &request, std::chrono::milliseconds patience,
+                                      const std::function<void(double)> &onProgress = {}) const;
     [[nodiscard]] ExitStatus report(const ControlReply &reply) const;
     [[nodiscard]] ExitStatus print(const QString &text) const;
     void waitForEnd() const;

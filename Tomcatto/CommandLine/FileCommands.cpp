@@ -3,6 +3,7 @@
 #include "Composition/HistoryCommands.h"
 #include "Composition/SettingsCommands.h"
 #include "Composition/VideoCommands.h"
+#include "Media/RemoteLibrary.h"
 #include "Media/VideoFileValidator.h"
 #include "Persistence/CoreDataStack.h"
 #include "Persistence/Repositories/UserVideoRepository.h"
@@ -13,6 +14,7 @@
 #include <algorithm>
 #include <QtCore/QEventLoop>
 #include <QtCore/QFileInfo>
+#include <QtCore/QRandomGenerator>
 
 namespace tomcatto {
 
@@ -78,14 +80,15 @@ FileCommands::FileCommands(const CommandSurroundings &surroundings)
 {
 }
 
-ControlReply FileCommands::run(const ControlRequest &request, std::optional<Date> askedSince) const
+ControlReply FileCommands::run(const ControlRequest &request, std::optional<Date> askedSince,
+                               const std::function<void(double)> &onProgress) const
 {
     if (request.command == QStringLiteral("history") &&
         textArgument(request.arguments, "action") == QStringLiteral("restore"))
         return restoreHistory(request.arguments, askedSince.has_value());
     if (request.command == QStringLiteral("history"))
         return history(request.arguments, askedSince.has_value());
-    return request.command == QStringLiteral("videos") ? videos(request.arguments, askedSince)
+    return request.command == QStringLiteral("videos") ? videos(request.arguments, askedSince, onProgress)
                                                        : settings(request.arguments, false);
 }
 
@@ -111,6 +114,21 @@ std::optional<ControlReply> FileCommands::refusal(const ControlRequest &request)
     const QString file = textArgument(request.arguments, "path");
     const auto valid = VideoFileValidator(m_look).validate(file, {});
     return valid ? std::nullopt : std::optional(controlReply(ExitStatus::failed, description(valid.error(), file)));
+}
+
+nlohmann::ordered_json FileCommands::remoteVideos(const QString &folder) const
+{
+    const auto defaults = m_surroundings.openDefaults(true);
+    RemoteLibrary library(folder,
+                          {m_surroundings.remoteManifestUrl(), m_surroundings.httpSession, *defaults,
+                           m_surroundings.wallClock, *QRandomGenerator::global()},
+                          RemoteVideoProvider::Seeds::wait);
+    QEventLoop waiting;
+    library.provider.showLast([&waiting] { waiting.quit(); });
+    waiting.exec();
+    nlohmann::ordered_json lines = nlohmann::ordered_json::array();
+    RemoteVideoCommands(library.provider).list(lines);
+    return lines;
 }
 
 ControlReply FileCommands::history(const nlohmann::ordered_json &arguments, bool wasAsked) const
@@ -153,7 +171,8 @@ ControlReply FileCommands::restoreHistory(const nlohmann::ordered_json &argument
                                                 keptStoreName(m_surroundings.wallClock)));
 }
 
-ControlReply FileCommands::videos(const nlohmann::ordered_json &arguments, std::optional<Date> askedSince) const
+ControlReply FileCommands::videos(nlohmann::ordered_json arguments, std::optional<Date> askedSince,
+                                  const std::function<void(double)> &onProgress) const
 {
     CoreDataStack stack(m_surroundings.applicationSupportDirectory);
     UserVideoRepository repository(stack, m_surroundings.wallClock, m_surroundings.identifiers,
@@ -163,8 +182,22 @@ ControlReply FileCommands::videos(const nlohmann::ordered_json &arguments, std::
         if (const auto done = doneSince(*askedSince, videos.list(), arguments))
             return *done;
     }
+    const auto defaults = m_surroundings.openDefaults(false);
+    m_surroundings.httpSession.configureUrlCache(remoteLibraryUrlCache);
+    RemoteLibrary library(QFileInfo(stack.storePath()).path(),
+                          {m_surroundings.remoteManifestUrl(), m_surroundings.httpSession, *defaults,
+                           m_surroundings.wallClock, *QRandomGenerator::global()},
+                          RemoteVideoProvider::Seeds::wait);
+    const QString id = textArgument(arguments, "id");
+    QObject::connect(&library.provider, &RemoteVideoProvider::entryChanged, &library.provider, [&](qsizetype place) {
+        const RemoteVideoEntryView &entry = library.provider.entries().at(static_cast<std::size_t>(place));
+        if (onProgress && entry.id == id && entry.isDownloading)
+            onProgress(entry.downloadProgress);
+    });
+    // Nobody else asks how far it is.
+    arguments.erase("isWatched");
     CommandTable commands;
-    addVideoCommands(commands, videos);
+    addVideoCommands(commands, videos, library.provider);
     return answerOf(commands, QStringLiteral("videos"), arguments);
 }
 

@@ -37,11 +37,16 @@ public:
     /// Carries out a request that changes something, as the application's command of that name does.
     /// @param askedSince when an application got the request that ended without an answer: what it has done by then is
     /// not done twice
-    [[nodiscard]] ControlReply run(const ControlRequest &request, std::optional<Date> askedSince = {}) const;
+    /// @param onProgress takes from 0 to 1 how far a download is
+    [[nodiscard]] ControlReply run(const ControlRequest &request, std::optional<Date> askedSince = {},
+                                   const std::function<void(double)> &onProgress = {}) const;
     /// Makes a store of a copy, ready to be put in place by "history" with the action "restore".
     [[nodiscard]] StoreCopyResult<QString> prepareStore(const QString &copy) const;
     /// Lists the settings or gets one; their file is left alone.
     [[nodiscard]] ControlReply readSettings(const nlohmann::ordered_json &arguments) const;
+    /// Lists the videos of a remote library as the application does, as they were last on disk. Needs no lock.
+    /// @param folder the application's own folder
+    [[nodiscard]] nlohmann::ordered_json remoteVideos(const QString &folder) const;
     /// Looks into the file of a video that is to be added, once, which may take seconds and needs no lock.
     /// @return why the request cannot be carried out; nothing as a rule
     [[nodiscard]] std::optional<ControlReply> refusal(const ControlRequest &request) const;
@@ -50,7 +55,8 @@ private:
     [[nodiscard]] ControlReply settings(const nlohmann::ordered_json &arguments, bool isReadOnly) const;
     [[nodiscard]] ControlReply history(const nlohmann::ordered_json &arguments, bool wasAsked) const;
     [[nodiscard]] ControlReply restoreHistory(const nlohmann::ordered_json &arguments, bool wasAsked) const;
-    [[nodiscard]] ControlReply videos(const nlohmann::ordered_json &arguments, std::optional<Date> askedSince) const;
+    [[nodiscard]] ControlReply videos(nlohmann::ordered_json arguments, std::optional<Date> askedSince,
+                                      const std::function<void(double)> &onProgress) const;
 
     const CommandSurroundings &m_surroundings;
     RememberedLook m_look;

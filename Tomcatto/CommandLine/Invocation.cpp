@@ -292,14 +292,20 @@ private:
 
     void addVideos()
     {
-        CLI::App *const command = addCommand(m_app, "videos", "Your own videos for the breaks");
+        CLI::App *const command = addCommand(m_app, "videos", "The videos of the breaks: your own, and the library's");
         command->require_subcommand(1);
         CLI::App *const list = addCommand(*command, "list", "Every video: id, selected, seconds, name, file");
         list->callback([this] { m_invocation.action = Action::videosList; });
         addVideosAction(*command, "add", "Add a video file", "path");
-        addVideosAction(*command, "remove", "Take a video out of the list; its file stays", "id");
+        addVideosAction(*command, "remove",
+                        "Take a video of yours out of the list; its file stays. Or remove a downloaded one", "id");
         addVideosAction(*command, "select", "Play a video on breaks", "id");
         addVideosAction(*command, "deselect", "Play a video no longer", "id");
+        CLI::App *const refresh = addCommand(*command, "refresh", "Fetch the list of the video library");
+        refresh->callback([this] { chooseChange("videos", "refresh", Action::videosChange); });
+        CLI::App *const download = addCommand(*command, "download", "Download a video of the library for the breaks");
+        addTextArgument(*download, "id");
+        download->callback([this] { chooseChange("videos", "download", Action::videosDownload); });
         CLI::App *const preview = addCommand(*command, "preview", "Show a break with a video");
         preview->add_option_function<std::string>(
             "id", [this](const std::string &id) { m_invocation.arguments["id"] = id; }, "The video's id");

@@ -32,10 +32,11 @@ struct Invocation
         settingsGet,
         settingsSet,
         videosList,
-        /// One of those that change the user's own videos.
+        /// One of those that change the videos.
         videosChange,
         /// Tell what the application stands on.
         doctor,
+        videosDownload,
         /// Print `text` and be done: the help or the version.
         print,
     };

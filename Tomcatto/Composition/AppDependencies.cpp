@@ -1,5 +1,6 @@
 #include "Composition/AppDependencies.h"
 
+#include <QtCore/QFileInfo>
 #include <QtCore/QRandomGenerator>
 
 namespace tomcatto {
@@ -53,8 +54,11 @@ AppDependencies::AppDependencies(const PlatformServices &services)
     , movedVideoSearch(userVideoRepository, platform.bookmarks, platform.runLoop)
     , videoFiles(userVideoRepository, platform.bookmarks, platform.runLoop)
     , userVideoProvider(userVideoRepository, videoFiles, movedVideoSearch)
-    // The remote library's place between the two is still empty.
-    , videoCatalog(bundledVideoProvider, userVideoProvider, nullptr, *QRandomGenerator::global())
+    , remoteLibrary(QFileInfo(coreDataStack.storePath()).path(),
+                    {platform.remoteManifestUrl, platform.httpSession, platform.defaults, platform.wallClock,
+                     *QRandomGenerator::global()})
+    , remoteVideoProvider(remoteLibrary.provider)
+    , videoCatalog(bundledVideoProvider, userVideoProvider, &remoteVideoProvider, *QRandomGenerator::global())
     , userVideoCommands(userVideoRepository, platform.stillFrame, platform.runLoop)
     // The texts are built later; it asks for none before the application starts.
     , notificationCenterService(settings, stateMachine,

@@ -6,6 +6,7 @@
 #include "Localization/LocalizedStrings.h"
 #include "Media/BundledVideoProvider.h"
 #include "Media/MovedVideoSearch.h"
+#include "Media/RemoteLibrary.h"
 #include "Media/UserVideoCommands.h"
 #include "Media/UserVideoProvider.h"
 #include "Media/VideoCatalog.h"
@@ -50,6 +51,9 @@ public:
     MovedVideoSearch movedVideoSearch;
     VideoFiles videoFiles;
     UserVideoProvider userVideoProvider;
+    RemoteLibrary remoteLibrary;
+    /// The library's.
+    RemoteVideoProvider &remoteVideoProvider;
     VideoCatalog videoCatalog;
     UserVideoCommands userVideoCommands;
     NotificationCenterService notificationCenterService;

@@ -3,6 +3,7 @@
 #include "Platform/Ports/Bookmarks.h"
 #include "Platform/Ports/DesktopServices.h"
 #include "Platform/Ports/FileWatch.h"
+#include "Platform/Ports/HttpSession.h"
 #include "Platform/Ports/IdentifierSource.h"
 #include "Platform/Ports/LoginItem.h"
 #include "Platform/Ports/MainRunLoop.h"
@@ -36,12 +37,15 @@ struct PlatformServices
     std::shared_ptr<const Bookmarks> bookmarks;
     const StillFrame &stillFrame;
     LoginItem &loginItem;
+    HttpSession &httpSession;
     /// The user's application-support folder; empty if there is none.
     std::optional<QString> applicationSupportDirectory;
     /// The file that widgets read; empty if it has no place.
     QString widgetSnapshotFile;
     /// The folder with the videos that ship with the application; it may be missing.
     QString bundledVideosDirectory;
+    /// The address of the remote library's manifest; nothing where there is no library.
+    std::optional<QString> remoteManifestUrl = std::nullopt;
     /// Missing without a desktop.
     const DesktopServices *desktop = nullptr;
 };

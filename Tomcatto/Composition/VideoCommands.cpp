@@ -22,7 +22,7 @@ ExitStatus exitStatus(UserVideoCommandError::Kind kind)
     return ExitStatus::failed;
 }
 
-ControlReply list(const UserVideoCommands &videos)
+ControlReply list(const UserVideoCommands &videos, const RemoteVideoCommands &remote)
 {
     Json lines = Json::array();
     for (const UserVideo &video : videos.stored())
@@ -30,20 +30,25 @@ ControlReply list(const UserVideoCommands &videos)
                          {"name", video.displayName.toStdString()},
                          {"seconds", video.durationSeconds},
                          {"isSelected", video.userSelected}});
+    remote.list(lines);
     return {ExitStatus::done, {}, lines};
 }
 
 }
 
-void addVideoCommands(CommandTable &table, UserVideoCommands &videos)
+void addVideoCommands(CommandTable &table, UserVideoCommands &videos, RemoteVideoProvider &library)
 {
-    table.addLater(QStringLiteral("videos"), [&videos](const Json &arguments, const CommandTable::Answer &answer) {
+    const auto remote = std::make_shared<RemoteVideoCommands>(library);
+    table.addLater(QStringLiteral("videos"), [&videos, remote](const Json &arguments,
+                                                               const CommandTable::Answer &answer) {
         const QString action = textArgument(arguments, "action");
         const auto finish = [answer](const UserVideoCommands::Result &result) {
             answer(result ? ControlReply{} : controlReply(exitStatus(result.error().kind), result.error().text));
         };
         if (action == QStringLiteral("list"))
-            return answer(list(videos));
+            return answer(list(videos, *remote));
+        if (remote->run(action, arguments, answer))
+            return;
         if (action == QStringLiteral("add"))
             return videos.add(textArgument(arguments, "path"), [answer](const UserVideoCommands::AddResult &result) {
                 answer(result ? controlReply(ExitStatus::done, identifierText(*result))

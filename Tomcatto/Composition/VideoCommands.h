@@ -1,12 +1,12 @@
 #pragma once
 
-#include "Control/CommandTable.h"
+#include "Composition/RemoteVideoCommands.h"
 #include "Media/UserVideoCommands.h"
 
 namespace tomcatto {
 
-/// Adds the "videos" command, by which the user's own videos are listed, added, removed and chosen. `videos` outlives
-/// the table.
-void addVideoCommands(CommandTable &table, UserVideoCommands &videos);
+/// Adds the "videos" command, by which the user's own videos and those of a remote library are listed, added,
+/// downloaded, removed and chosen. `videos` and `library` outlive the table.
+void addVideoCommands(CommandTable &table, UserVideoCommands &videos, RemoteVideoProvider &library);
 
 }

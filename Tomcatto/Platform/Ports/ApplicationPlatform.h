@@ -4,6 +4,7 @@
 #include "Platform/Ports/Bookmarks.h"
 #include "Platform/Ports/FileWatch.h"
 #include "Platform/Ports/Finding.h"
+#include "Platform/Ports/HttpSession.h"
 #include "Platform/Ports/IdentifierSource.h"
 #include "Platform/Ports/InstanceLock.h"
 #include "Platform/Ports/LocalSockets.h"
@@ -40,6 +41,8 @@ struct OutputDisplay
     int columns = 80;
     /// Whether escape sequences for colours are wanted; never where it is not a terminal.
     bool hasColours = false;
+    /// Whether a line can be written over.
+    bool isTerminal = false;
 };
 
 /// What every program stands on, one that only carries out a command included. Nothing here asks a bus but
@@ -71,6 +74,9 @@ struct ProgramPorts
     std::shared_ptr<const Bookmarks> bookmarks;
     const StillFrame &stillFrame;
     LoginItem &loginItem;
+    HttpSession &httpSession;
+    /// The address of the remote library's manifest; nothing where there is no library.
+    std::function<std::optional<QString>()> remoteManifestUrl;
     /// Opens the user defaults, for reading only or for a change.
     std::function<std::unique_ptr<UserDefaults>(bool isReadOnly)> openDefaults;
     /// Looks at what the system gives the application: places on disk, buses, display, sound and the like. Takes some

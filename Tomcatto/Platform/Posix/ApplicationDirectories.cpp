@@ -99,6 +99,11 @@ QString ApplicationDirectories::bundled(const QString &name) const
     return !QFile::exists(beside) && QFile::exists(installed) ? installed : beside;
 }
 
+QString ApplicationDirectories::urlCache() const
+{
+    return inFolder(folderAt(QStandardPaths::GenericCacheLocation, "XDG_CACHE_HOME"), applicationIdentifier);
+}
+
 QString ApplicationDirectories::userDefaultsFile() const
 {
     return configurationFile(QStringLiteral("defaults.json"));

@@ -25,6 +25,8 @@ public:
     /// A folder that ships with the application: beside the program as it is built, else where an installation keeps
     /// shared files; it may be missing.
     [[nodiscard]] QString bundled(const QString &name) const;
+    /// Where copies of what was fetched are kept.
+    [[nodiscard]] QString urlCache() const;
     /// The JSON file of the user defaults.
     [[nodiscard]] QString userDefaultsFile() const;
     /// The instance lock, beside the user defaults; where these have no place, as below.

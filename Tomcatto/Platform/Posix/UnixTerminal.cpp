@@ -71,10 +71,15 @@ int columnsOf(int output)
     return isKnown ? size.ws_col : usualColumns;
 }
 
+bool isTerminal(int output)
+{
+    return ::isatty(output) == 1;
+}
+
 bool takesColours(int output)
 {
     const QByteArray kind = qgetenv("TERM");
-    return ::isatty(output) == 1 && qEnvironmentVariableIsEmpty("NO_COLOR") && !kind.isEmpty() && kind != "dumb";
+    return isTerminal(output) && qEnvironmentVariableIsEmpty("NO_COLOR") && !kind.isEmpty() && kind != "dumb";
 }
 
 UnixTerminal::UnixTerminal(ProcessSignals &signals, int input, int output)

@@ -14,6 +14,7 @@ namespace tomcatto {
 
 /// Columns of the terminal behind a descriptor, 80 where unknown.
 [[nodiscard]] int columnsOf(int output);
+[[nodiscard]] bool isTerminal(int output);
 /// Whether it is a terminal that colours are wanted on.
 [[nodiscard]] bool takesColours(int output);
 

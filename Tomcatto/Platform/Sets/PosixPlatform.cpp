@@ -1,5 +1,6 @@
 #include "Platform/Sets/PosixPlatform.h"
 
+#include "Platform/Network/CompanionHttpSession.h"
 #include "Platform/Posix/ApplicationDirectories.h"
 #include "Platform/Posix/CompanionProgram.h"
 #include "Platform/Posix/DisplayProbe.h"
@@ -10,6 +11,7 @@
 #include "Platform/Posix/SystemLogSink.h"
 #include "Platform/Posix/UnixProcessSignals.h"
 #include "Platform/Posix/UnixTerminal.h"
+#include "Platform/Qt/InfoDictionary.h"
 #include "Platform/Qt/JsonFileUserDefaults.h"
 #include "Platform/Qt/LoadedStillFrame.h"
 #include "Platform/Qt/QtMainRunLoop.h"
@@ -47,6 +49,8 @@ struct ProgramAdapters
     std::shared_ptr<const FileBookmarks> bookmarks;
     LoadedStillFrame stillFrame{LoadedStillFrame::pluginPath(QCoreApplication::applicationDirPath())};
     std::unique_ptr<LoginItem> loginItem;
+    CompanionHttpSession httpSession{companionProgram(QStringLiteral("tomcatto-fetch")), directories.urlCache(),
+                                     runLoop};
 };
 
 /// By the system's own way, then among those that ship with the application.
@@ -100,7 +104,7 @@ ProgramPorts PosixPlatform::programPorts() const
         adapters,
         program.log,
         [] {
-            return OutputDisplay{columnsOf(1), takesColours(1)};
+            return OutputDisplay{columnsOf(1), takesColours(1), isTerminal(1)};
         },
         [&program](StandardErrorCopy copy) { program.log.copyToStandardError(copy); },
         program.directories.applicationSupport(),
@@ -117,6 +121,8 @@ ProgramPorts PosixPlatform::programPorts() const
         program.bookmarks,
         program.stillFrame,
         *program.loginItem,
+        program.httpSession,
+        [] { return InfoDictionary::text(QStringLiteral("RemoteManifestURL")); },
         [&program](bool isReadOnly) {
             return std::make_unique<JsonFileUserDefaults>(program.directories.userDefaultsFile(),
                                                           isReadOnly ? JsonFileUserDefaults::Access::readOnly
