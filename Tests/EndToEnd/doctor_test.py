@@ -108,7 +108,8 @@ class DoctorTest(unittest.TestCase):
         desktop.run = lambda *arguments: subprocess.run([os.path.join(copy, "tomcatto"), *arguments], text=True, check=False,
                                                         env=desktop.environment, capture_output=True)
         self.expect(desktop, 4, windows=("failing", "tomcatto-views"), codecs=("lacking", "tomcatto-film is not there"),
-                    audio=("lacking", "tomcatto-sound is not there"), sounds=("lacking", "Glass"), videos=("lacking", "none"))
+                    audio=("lacking", "tomcatto-sound is not there"), network=("lacking", "tomcatto-fetch is not there"),
+                    sounds=("lacking", "Glass"), videos=("lacking", "none"))
 
 
 if __name__ == "__main__":

@@ -1,13 +1,16 @@
 // Fetches over HTTP for the application that has started it, until that one closes the input: what it reads there are
-// orders, and its output is news.
+// orders, and its output is news. Called with "--findings", it tells whether it could speak to servers.
 
 #include "Foundation/TrustedAddress.h"
 #include "Platform/Network/FetchDesk.h"
+#include "Platform/Ports/Finding.h"
 
 #include <csignal>
+#include <cstdio>
 #include <QtCore/QCoreApplication>
 #include <QtNetwork/QNetworkProxyFactory>
 #include <QtNetwork/QSslConfiguration>
+#include <QtNetwork/QSslSocket>
 #include <unistd.h>
 
 namespace {
@@ -34,6 +37,20 @@ void trustNamedAuthorities()
     QSslConfiguration::setDefaultConfiguration(configuration);
 }
 
+tomcatto::Finding findSecurity()
+{
+    using tomcatto::Finding;
+    const QString part = QStringLiteral("network");
+    const QString loss = QStringLiteral(", so no videos can be downloaded");
+    if (!QSslSocket::supportsSsl())
+        return {part, Finding::Mark::lacking, QStringLiteral("Qt finds no library for secure connections") + loss,
+                QStringLiteral("Install libssl3")};
+    if (QSslConfiguration::systemCaCertificates().empty())
+        return {part, Finding::Mark::lacking, QStringLiteral("the system trusts no authority for certificates") + loss,
+                QStringLiteral("Install ca-certificates")};
+    return {part, Finding::Mark::there, QSslSocket::sslLibraryVersionString(), {}};
+}
+
 }
 
 int main(int argc, char **argv)
@@ -41,6 +58,10 @@ int main(int argc, char **argv)
     std::signal(SIGPIPE, SIG_IGN);
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.mid(1) == QStringList(QStringLiteral("--findings"))) {
+        std::fputs(tomcatto::findingLine(findSecurity()).constData(), stdout);
+        return 0;
+    }
     // What libraries print must not lie between the news.
     const int news = ::dup(STDOUT_FILENO);
     if (arguments.size() != 4 || news < 0 || ::dup2(STDERR_FILENO, STDOUT_FILENO) < 0)

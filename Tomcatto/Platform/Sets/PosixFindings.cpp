@@ -69,7 +69,8 @@ Findings findWithCompanions()
 {
     std::vector<FindingCompanion> companions{
         {QStringLiteral("tomcatto-sound"), QStringLiteral("audio"), QStringLiteral("phases end without a sound")},
-        {QStringLiteral("tomcatto-film"), QStringLiteral("codecs"), QStringLiteral("breaks show no film")}};
+        {QStringLiteral("tomcatto-film"), QStringLiteral("codecs"), QStringLiteral("breaks show no film")},
+        {QStringLiteral("tomcatto-fetch"), QStringLiteral("network"), QStringLiteral("no videos can be downloaded")}};
     if (DisplayProbe().isReachable()) {
         companions.insert(companions.begin(), {QStringLiteral("tomcatto-desktop"), QStringLiteral("display"),
                                                QStringLiteral("Tomcatto runs in the terminal alone")});
