@@ -6,6 +6,7 @@
 #include "Media/UserVideoCommands.h"
 #include "Persistence/CoreDataStack.h"
 #include "Persistence/Repositories/UserVideoRepository.h"
+#include "Publishing/LibraryPublisher.h"
 
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QElapsedTimer>
@@ -102,6 +103,8 @@ ExitStatus CommandRunner::run(const Invocation &invocation) const
         return changeVideos(invocation);
     case Invocation::Action::doctor:
         return Doctor(m_surroundings, m_client).report(invocation.isJson);
+    case Invocation::Action::publish:
+        return publish(invocation);
     case Invocation::Action::videosDownload:
         return downloadVideo(invocation);
     }
@@ -327,6 +330,25 @@ ControlReply CommandRunner::change(const ControlRequest &request, std::chrono::m
     } while (!until.hasExpired());
     return controlReply(ExitStatus::failed,
                         QStringLiteral("Another Tomcatto holds the files and does not answer; try again."));
+}
+
+ExitStatus CommandRunner::publish(const Invocation &invocation) const
+{
+    const LibraryPublisher publisher(m_surroundings.clipStudio,
+                                     [this](const QString &line) { static_cast<void>(m_surroundings.print(line)); });
+    const auto published =
+        publisher.publish({invocation.text, QUrl(invocation.baseUrl, QUrl::StrictMode), invocation.output});
+    if (published)
+        return print(QStringLiteral("%1 videos in %2").arg(*published).arg(invocation.output));
+    switch (published.error().kind) {
+    case PublishFailure::Kind::notApplicable:
+        return report(controlReply(ExitStatus::notApplicable, published.error().message));
+    case PublishFailure::Kind::usage:
+        return report(controlReply(ExitStatus::usage, published.error().message));
+    case PublishFailure::Kind::file:
+        break;
+    }
+    return report(controlReply(ExitStatus::failed, published.error().message));
 }
 
 ExitStatus CommandRunner::report(const ControlReply &reply) const

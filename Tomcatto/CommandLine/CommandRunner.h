@@ -39,6 +39,7 @@ private:
     [[nodiscard]] ControlReply readSettings(const nlohmann::ordered_json &arguments) const;
     [[nodiscard]] ControlReply change(const ControlRequest &request, std::chrono::milliseconds patience,
                                       const std::function<void(double)> &onProgress = {}) const;
+    [[nodiscard]] ExitStatus publish(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus report(const ControlReply &reply) const;
     [[nodiscard]] ExitStatus print(const QString &text) const;
     void waitForEnd() const;

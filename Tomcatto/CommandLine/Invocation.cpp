@@ -69,6 +69,7 @@ public:
         addSettings();
         addVideos();
         addDoctor();
+        addPublish();
         // Commands take over a footer that is there when they are added.
         m_app.footer("Without a command the application starts. -KEY VALUE sets a settings key for this run only,\n"
                      "for example: tomcatto -workDurationSeconds 1200");
@@ -324,6 +325,23 @@ private:
         CLI::App *const command = addCommand(m_app, "doctor", "Look what Tomcatto finds here, and what it lacks");
         command->add_flag("--json", m_invocation.isJson, "As a JSON array of objects");
         command->callback([this] { m_invocation.action = Action::doctor; });
+    }
+
+    void addPublish()
+    {
+        CLI::App *const command = addCommand(m_app, "publish", "Make a video library for a web server out of a folder");
+        addText(*command, "folder", "The folder with the videos", m_invocation.text);
+        addText(*command, "--base-url", "The address that the library will have", m_invocation.baseUrl);
+        addText(*command, "--output", "The folder to write it into", m_invocation.output);
+        command->callback([this] { m_invocation.action = Action::publish; });
+    }
+
+    void addText(CLI::App &command, const char *name, const char *help, QString &into)
+    {
+        command
+            .add_option_function<std::string>(
+                name, [&into](const std::string &text) { into = QString::fromStdString(text); }, help)
+            ->required();
     }
 
     void chooseChange(const char *command, const char *name, Action action)

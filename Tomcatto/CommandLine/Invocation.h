@@ -36,6 +36,8 @@ struct Invocation
         videosChange,
         /// Tell what the application stands on.
         doctor,
+        /// Make a library of the folder `text`.
+        publish,
         videosDownload,
         /// Print `text` and be done: the help or the version.
         print,
@@ -58,6 +60,10 @@ struct Invocation
 
     /// The widget's arguments.
     QStringList widgetArguments;
+
+    /// Where a library will be on the net, and the folder that it is written into.
+    QString baseUrl;
+    QString output;
 
     StatusFormat format = StatusFormat::text;
     bool isFollowing = false;

@@ -1,7 +1,7 @@
 #include "Platform/FFmpeg/FfmpegStillFrame.h"
 
-#include "Platform/FFmpeg/JpegPicture.h"
 #include "Platform/FFmpeg/TimeLimit.h"
+#include "Platform/FFmpeg/UprightPicture.h"
 #include "Platform/FFmpeg/VideoFile.h"
 
 #include <QtCore/QFileInfo>
@@ -15,7 +15,8 @@ std::expected<QByteArray, StillFrameFailure> pictureOf(VideoFile &video, StillFr
     const auto frame = video.frameAt(request.atSeconds);
     if (!frame)
         return std::unexpected(frame.error());
-    auto data = jpegPicture(**frame, video.orientation(), video.pixelAspect(**frame), request.maximumSide);
+    const auto picture = video.upright(**frame, request.maximumSide);
+    auto data = picture ? jpegPicture(*picture) : std::nullopt;
     if (!data)
         return std::unexpected(StillFrameFailure::noFrame);
     return *std::move(data);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/FFmpeg/FfmpegClipStudio.h"
 #include "Platform/FFmpeg/FfmpegStillFrame.h"
 
 #include <QtCore/QObject>
@@ -8,11 +9,11 @@ namespace tomcatto {
 
 /// What the plugin "tomcatto-media" hands out. It keeps the video libraries out of processes that never look into a
 /// video.
-class MediaPlugin final : public QObject, public FfmpegStillFrame
+class MediaPlugin final : public QObject, public FfmpegStillFrame, public FfmpegClipStudio
 {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID "studio.quillbay.Tomcatto.StillFrame/1")
-    Q_INTERFACES(tomcatto::StillFrame)
+    Q_INTERFACES(tomcatto::StillFrame tomcatto::ClipStudio)
 };
 
 }

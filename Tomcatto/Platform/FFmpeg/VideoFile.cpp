@@ -1,6 +1,7 @@
 #include "Platform/FFmpeg/VideoFile.h"
 
 #include "Platform/FFmpeg/TimeLimit.h"
+#include "Platform/FFmpeg/UprightPicture.h"
 
 #include <array>
 #include <cmath>
@@ -100,31 +101,55 @@ double VideoFile::durationSeconds() const
     return 0;
 }
 
-std::expected<FramePointer, StillFrameFailure> VideoFile::frameAt(double seconds)
+QString VideoFile::codecName() const
 {
-    const FramePointer decoded(av_frame_alloc());
-    FramePointer shown(av_frame_alloc());
-    if (!decoded || !shown)
-        return std::unexpected(StillFrameFailure::noFrame);
-    double shownUntil = -1;
-    while (!m_limit.isOver()) {
+    return QString::fromLatin1(avcodec_get_name(m_stream->codecpar->codec_id));
+}
+
+double VideoFile::framesPerSecond() const
+{
+    const AVRational rate = av_guess_frame_rate(m_format.get(), m_stream, nullptr);
+    return rate.num > 0 && rate.den > 0 ? av_q2d(rate) : 0;
+}
+
+std::expected<FramePointer, StillFrameFailure> VideoFile::nextFrame()
+{
+    FramePointer decoded(av_frame_alloc());
+    while (decoded && !m_limit.isOver()) {
         const int status = avcodec_receive_frame(m_decoder.get(), decoded.get());
         if (status == AVERROR(EAGAIN) && sendNextPacket())
             continue;
         if (status < 0)
             break;
-        const double start = secondsOf(decoded->best_effort_timestamp);
-        const bool isFirst = shownUntil < 0;
-        if (start > seconds && !isFirst)
-            return shown;
-        const double length = static_cast<double>(decoded->pkt_duration) * av_q2d(m_stream->time_base);
-        shownUntil = qMax(start, 0.0) + (length > 0 ? length : lastFrameSeconds);
-        av_frame_unref(shown.get());
-        av_frame_move_ref(shown.get(), decoded.get());
-        if (shownUntil > seconds)
-            return shown;
+        return decoded;
     }
     return std::unexpected(failure(StillFrameFailure::noFrame));
+}
+
+double VideoFile::endOf(const AVFrame &frame) const
+{
+    const double length = static_cast<double>(frame.pkt_duration) * av_q2d(m_stream->time_base);
+    return qMax(startOf(frame), 0.0) + (length > 0 ? length : lastFrameSeconds);
+}
+
+std::expected<FramePointer, StillFrameFailure> VideoFile::frameAt(double seconds)
+{
+    FramePointer shown;
+    while (true) {
+        auto next = nextFrame();
+        if (!next)
+            return next;
+        if (shown && startOf(**next) > seconds)
+            return shown;
+        shown = std::move(*next);
+        if (endOf(*shown) > seconds)
+            return shown;
+    }
+}
+
+std::optional<QImage> VideoFile::upright(AVFrame &frame, int maximumSide) const
+{
+    return uprightPicture(frame, orientation(), pixelAspect(frame), maximumSide);
 }
 
 // Hands the decoder the next packet of the picture, at the end of the file the order to give out what it still has.
@@ -146,8 +171,9 @@ bool VideoFile::sendNextPacket()
     return avcodec_send_packet(m_decoder.get(), nullptr) >= 0;
 }
 
-double VideoFile::secondsOf(qint64 timestamp) const
+double VideoFile::startOf(const AVFrame &frame) const
 {
+    const qint64 timestamp = frame.best_effort_timestamp;
     if (timestamp == AV_NOPTS_VALUE)
         return 0;
     const qint64 start = m_stream->start_time == AV_NOPTS_VALUE ? 0 : m_stream->start_time;

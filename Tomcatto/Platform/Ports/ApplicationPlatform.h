@@ -2,6 +2,7 @@
 
 #include "Foundation/Logger.h"
 #include "Platform/Ports/Bookmarks.h"
+#include "Platform/Ports/ClipStudio.h"
 #include "Platform/Ports/FileWatch.h"
 #include "Platform/Ports/Finding.h"
 #include "Platform/Ports/HttpSession.h"
@@ -73,6 +74,7 @@ struct ProgramPorts
     /// Shared with threads that a disk may hold longer than anything lives.
     std::shared_ptr<const Bookmarks> bookmarks;
     const StillFrame &stillFrame;
+    const ClipStudio &clipStudio;
     LoginItem &loginItem;
     HttpSession &httpSession;
     /// The address of the remote library's manifest; nothing where there is no library.

@@ -13,6 +13,7 @@
 #include "Platform/Posix/UnixTerminal.h"
 #include "Platform/Qt/InfoDictionary.h"
 #include "Platform/Qt/JsonFileUserDefaults.h"
+#include "Platform/Qt/LoadedClipStudio.h"
 #include "Platform/Qt/LoadedStillFrame.h"
 #include "Platform/Qt/QtMainRunLoop.h"
 #include "Platform/Qt/RandomIdentifierSource.h"
@@ -47,6 +48,7 @@ struct ProgramAdapters
     ToolkitFileWatch fileWatch;
     RandomIdentifierSource identifiers;
     std::shared_ptr<const FileBookmarks> bookmarks;
+    LoadedClipStudio clipStudio{LoadedStillFrame::pluginPath(QCoreApplication::applicationDirPath())};
     LoadedStillFrame stillFrame{LoadedStillFrame::pluginPath(QCoreApplication::applicationDirPath())};
     std::unique_ptr<LoginItem> loginItem;
     CompanionHttpSession httpSession{companionProgram(QStringLiteral("tomcatto-fetch")), directories.urlCache(),
@@ -120,6 +122,7 @@ ProgramPorts PosixPlatform::programPorts() const
         program.identifiers,
         program.bookmarks,
         program.stillFrame,
+        program.clipStudio,
         *program.loginItem,
         program.httpSession,
         [] { return InfoDictionary::text(QStringLiteral("RemoteManifestURL")); },

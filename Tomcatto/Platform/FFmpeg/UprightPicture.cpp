@@ -1,10 +1,9 @@
-#include "Platform/FFmpeg/JpegPicture.h"
+#include "Platform/FFmpeg/UprightPicture.h"
 
 #include "Platform/FFmpeg/FfmpegPointers.h"
 
 #include <cmath>
 #include <QtCore/QBuffer>
-#include <QtGui/QImage>
 
 namespace tomcatto {
 
@@ -52,17 +51,23 @@ FramePointer scaled(const AVFrame &frame, QSize size)
 
 }
 
-std::optional<QByteArray> jpegPicture(const AVFrame &frame, const QTransform &orientation, double pixelAspect,
-                                      int maximumSide)
+std::optional<QImage> uprightPicture(const AVFrame &frame, const QTransform &orientation, double pixelAspect,
+                                     int maximumSide)
 {
     const FramePointer picture = scaled(frame, scaledSize(frame, pixelAspect, maximumSide));
     if (!picture)
         return std::nullopt;
     const QImage stored(picture->data[0], picture->width, picture->height, picture->linesize[0], QImage::Format_RGB32);
+    const QImage upright = stored.transformed(orientation);
+    // One that is not turned lies in the frame.
+    return upright.constBits() == stored.constBits() ? upright.copy() : upright;
+}
+
+std::optional<QByteArray> jpegPicture(const QImage &picture)
+{
     QByteArray data;
     QBuffer buffer(&data);
-    const bool isWritten = stored.transformed(orientation).save(&buffer, "JPEG", jpegQuality);
-    return isWritten ? std::optional(std::move(data)) : std::nullopt;
+    return picture.save(&buffer, "JPEG", jpegQuality) ? std::optional(std::move(data)) : std::nullopt;
 }
 
 }
