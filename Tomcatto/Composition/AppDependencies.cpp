@@ -26,6 +26,12 @@ std::optional<EndedPhase> runningPhase(const std::optional<InFlightSessionMarker
     return running;
 }
 
+RemoteLibrary::Surroundings librarySurroundings(const PlatformServices &platform)
+{
+    return {platform.remoteManifestUrl, platform.httpSession, platform.defaults, platform.wallClock,
+            *QRandomGenerator::global()};
+}
+
 /// The texts may be built later: they are read when something failed.
 std::optional<LaunchAtLoginService::FailureAlert> failureAlert(const DesktopServices *desktop,
                                                                const LocalizedStrings &strings)
@@ -54,9 +60,7 @@ AppDependencies::AppDependencies(const PlatformServices &services)
     , movedVideoSearch(userVideoRepository, platform.bookmarks, platform.runLoop)
     , videoFiles(userVideoRepository, platform.bookmarks, platform.runLoop)
     , userVideoProvider(userVideoRepository, videoFiles, movedVideoSearch)
-    , remoteLibrary(QFileInfo(coreDataStack.storePath()).path(),
-                    {platform.remoteManifestUrl, platform.httpSession, platform.defaults, platform.wallClock,
-                     *QRandomGenerator::global()})
+    , remoteLibrary(QFileInfo(coreDataStack.storePath()).path(), librarySurroundings(platform))
     , remoteVideoProvider(remoteLibrary.provider)
     , videoCatalog(bundledVideoProvider, userVideoProvider, &remoteVideoProvider, *QRandomGenerator::global())
     , userVideoCommands(userVideoRepository, platform.stillFrame, platform.runLoop)

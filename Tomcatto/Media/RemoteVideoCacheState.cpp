@@ -46,6 +46,42 @@ RemoteVideoCacheEntry entryOf(const SortedJson &object)
     return entry;
 }
 
+qint64 sizeOf(const RemoteVideoCacheState &state)
+{
+    qint64 sum = 0;
+    for (const auto &[id, entry] : state.entries)
+        sum += entry.sizeBytes;
+    return sum;
+}
+
+/// What has not been of use for the longest time, of those that breaks do not play.
+const std::pair<const QString, RemoteVideoCacheEntry> *leastOfUse(const RemoteVideoCacheState &state)
+{
+    const auto lastUse = [](const RemoteVideoCacheEntry &entry) {
+        return entry.lastPlayedAt.value_or(entry.downloadedAt);
+    };
+    const std::pair<const QString, RemoteVideoCacheEntry> *least = nullptr;
+    for (const auto &each : state.entries) {
+        if (!each.second.userSelected && (!least || lastUse(each.second) < lastUse(least->second)))
+            least = &each;
+    }
+    return least;
+}
+
+}
+
+std::vector<QString> beyondBudget(RemoteVideoCacheState state, qint64 budget)
+{
+    std::vector<QString> ids;
+    for (qint64 size = sizeOf(state); size > budget;) {
+        const auto *const least = leastOfUse(state);
+        if (!least)
+            break;
+        size -= least->second.sizeBytes;
+        ids.push_back(least->first);
+        state.entries.erase(ids.back());
+    }
+    return ids;
 }
 
 QByteArray encoded(const RemoteVideoCacheState &state)

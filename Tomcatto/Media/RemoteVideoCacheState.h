@@ -5,6 +5,7 @@
 #include <expected>
 #include <map>
 #include <optional>
+#include <vector>
 
 namespace tomcatto {
 
@@ -30,6 +31,10 @@ struct RemoteVideoCacheState
 
     bool operator==(const RemoteVideoCacheState &) const = default;
 };
+
+/// The videos that go first when all may take `budget` bytes: those that breaks do not play, what was not played, or
+/// else not downloaded, for the longest time before the others. What breaks play stays.
+[[nodiscard]] std::vector<QString> beyondBudget(RemoteVideoCacheState state, qint64 budget);
 
 /// One JSON object, instants as ISO 8601 texts in UTC to the second. Any thread.
 [[nodiscard]] QByteArray encoded(const RemoteVideoCacheState &state);

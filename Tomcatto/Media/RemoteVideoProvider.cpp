@@ -3,26 +3,19 @@
 #include "Media/RemoteTrust.h"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 #include <QtCore/QFileInfo>
 #include <QtCore/QPointer>
 #include <QtCore/QRandomGenerator>
+#include <ranges>
 
 namespace tomcatto {
 
 namespace {
 
 using Outcome = RemoteVideoProvider::DownloadOutcome;
-using Json = nlohmann::ordered_json;
 
 constexpr Seconds throttle{60};
 constexpr qint64 cacheBudget = 500'000'000;
-constexpr std::size_t seedCount = 6;
-
-const QString didSeedKey = QStringLiteral("didSeedDefaultCats");
-// What was chosen for the start and is not downloaded yet; a key of its own, since only what is there has an entry.
-const QString waitingSeedsKey = QStringLiteral("defaultCatsToDownload");
-
 Outcome outcomeOf(std::optional<RemoteVideoDownloaderError> error)
 {
     if (!error)
@@ -39,45 +32,6 @@ Outcome outcomeOf(std::optional<RemoteVideoDownloaderError> error)
     return Outcome::refused;
 }
 
-qint64 sizeOf(const RemoteVideoCacheState &state)
-{
-    qint64 sum = 0;
-    for (const auto &[id, entry] : state.entries)
-        sum += entry.sizeBytes;
-    return sum;
-}
-
-/// What has not been of use for the longest time, of those that breaks do not play.
-const std::pair<const QString, RemoteVideoCacheEntry> *leastOfUse(const RemoteVideoCacheState &state)
-{
-    const auto lastUse = [](const RemoteVideoCacheEntry &entry) {
-        return entry.lastPlayedAt.value_or(entry.downloadedAt);
-    };
-    const std::pair<const QString, RemoteVideoCacheEntry> *least = nullptr;
-    for (const auto &each : state.entries) {
-        if (!each.second.userSelected && (!least || lastUse(each.second) < lastUse(least->second)))
-            least = &each;
-    }
-    return least;
-}
-
-}
-
-RemoteVideoEntryView makeEntryView(const RemoteVideoEntry &entry, const RemoteVideoCacheEntry *cached,
-                                   const QString &file)
-{
-    RemoteVideoEntryView view;
-    view.id = entry.id;
-    view.title = entry.title;
-    view.sizeBytes = entry.video.sizeBytes;
-    view.durationSec = entry.video.durationSec;
-    view.thumbnailUrl = QUrl(entry.thumbnail.url);
-    view.isCached = cached && QFileInfo::exists(file);
-    if (view.isCached) {
-        view.userSelected = cached->userSelected;
-        view.localFileUrl = QUrl::fromLocalFile(file);
-    }
-    return view;
 }
 
 RemoteVideoProvider::RemoteVideoProvider(RemoteManifestClient &manifestClient, RemoteVideoDownloader &downloader,
@@ -87,7 +41,7 @@ RemoteVideoProvider::RemoteVideoProvider(RemoteManifestClient &manifestClient, R
     , m_manifestClient(manifestClient)
     , m_downloader(downloader)
     , m_cacheStore(cacheStore)
-    , m_defaults(defaults)
+    , m_cats(defaults)
     , m_clock(clock)
     , m_random(random)
     , m_seeds(seeds)
@@ -210,35 +164,25 @@ void RemoteVideoProvider::reconcile()
 
 void RemoteVideoProvider::seedOnce()
 {
-    if (m_defaults.storedValue(didSeedKey) == DefaultsValue(true) || listed().empty())
+    if (m_cats.areChosen() || listed().empty())
         return;
-    QStringList ids;
-    std::size_t count = 0;
-    for (const RemoteVideoEntry &entry : listed()) {
-        if (count == seedCount)
-            break;
-        ++count;
+    const std::size_t count = std::min(DefaultCats::count, listed().size());
+    QStringList missing;
+    for (const RemoteVideoEntry &entry : listed() | std::views::take(count)) {
         // One that is there is only selected.
         if (!setSelected(entry.id, true))
-            ids << entry.id;
+            missing << entry.id;
     }
-    setWaitingSeeds(ids);
-    m_defaults.setValue(didSeedKey, true);
+    m_cats.choose(missing);
     m_logger.info(QStringLiteral("seeded %1 default cats for break rotation").arg(count));
 }
 
 void RemoteVideoProvider::prune()
 {
-    RemoteVideoCacheState state = m_cacheStore.state();
-    for (qint64 size = sizeOf(state); size > cacheBudget;) {
-        const auto *const least = leastOfUse(state);
-        if (!least)
-            return;
-        const QString id = least->first;
-        size -= least->second.sizeBytes;
-        m_logger.info(QStringLiteral("pruned cached video %1 (%2 bytes)").arg(id).arg(least->second.sizeBytes));
+    const RemoteVideoCacheState state = m_cacheStore.state();
+    for (const QString &id : beyondBudget(state, cacheBudget)) {
+        m_logger.info(QStringLiteral("pruned cached video %1 (%2 bytes)").arg(id).arg(state.entries.at(id).sizeBytes));
         m_cacheStore.removeCachedVideo(id);
-        state.entries.erase(id);
     }
 }
 
@@ -247,7 +191,7 @@ QCoro::Task<> RemoteVideoProvider::downloadSeeds()
     if (std::exchange(m_isSeeding, true))
         co_return;
     const QPointer<RemoteVideoProvider> self(this);
-    const QStringList seeds = waitingSeeds();
+    const QStringList seeds = m_cats.missing();
     for (const QString &id : seeds) {
         const RemoteVideoEntry *const entry = entryFor(id);
         if (!entry || m_inFlightDownloads.contains(id))
@@ -295,8 +239,8 @@ QCoro::Task<Outcome> RemoteVideoProvider::fetchVideo(RemoteVideoEntry entry)
         co_return outcome;
     const auto waiting = m_inFlightDownloads.extract(entry.id);
     m_inFlightProgress.erase(entry.id);
-    if (QStringList seeds = waitingSeeds(); outcome == Outcome::done && seeds.removeAll(entry.id) > 0)
-        setWaitingSeeds(seeds);
+    if (outcome == Outcome::done)
+        m_cats.take(entry.id);
     rebuildEntry(entry.id);
     for (const DownloadDone &done : waiting ? waiting.mapped() : std::vector<DownloadDone>()) {
         if (done)
@@ -393,29 +337,6 @@ bool RemoteVideoProvider::isDownloaded(const QString &id) const
     return m_cacheStore.state().entries.contains(id) && QFileInfo::exists(m_cacheStore.filePath(id));
 }
 
-QStringList RemoteVideoProvider::waitingSeeds() const
-{
-    const auto stored = m_defaults.storedValue(waitingSeedsKey);
-    const auto *const data = stored ? std::get_if<QByteArray>(&*stored) : nullptr;
-    const Json ids = data ? Json::parse(data->begin(), data->end(), nullptr, false) : Json();
-    QStringList texts;
-    for (const Json &id : ids.is_array() ? ids : Json::array()) {
-        if (id.is_string())
-            texts << QString::fromStdString(id.get<std::string>());
-    }
-    return texts;
-}
-
-void RemoteVideoProvider::setWaitingSeeds(const QStringList &ids)
-{
-    if (ids.isEmpty())
-        return m_defaults.remove(waitingSeedsKey);
-    Json texts = Json::array();
-    for (const QString &id : ids)
-        texts.push_back(id.toStdString());
-    m_defaults.setValue(waitingSeedsKey, QByteArray::fromStdString(texts.dump()));
-}
-
 RemoteVideoEntryView RemoteVideoProvider::viewOf(const RemoteVideoEntry &entry, const RemoteVideoCacheState &state,
                                                  const QStringList &seeds) const
 {
@@ -433,7 +354,7 @@ RemoteVideoEntryView RemoteVideoProvider::viewOf(const RemoteVideoEntry &entry, 
 void RemoteVideoProvider::rebuild()
 {
     const RemoteVideoCacheState state = m_cacheStore.state();
-    const QStringList seeds = waitingSeeds();
+    const QStringList seeds = m_cats.missing();
     std::vector<RemoteVideoEntryView> views;
     for (const RemoteVideoEntry &entry : listed())
         views.push_back(viewOf(entry, state, seeds));
@@ -447,7 +368,7 @@ void RemoteVideoProvider::rebuildEntry(const QString &id)
     const auto row = std::ranges::find(m_entries, id, &RemoteVideoEntryView::id);
     if (!entry || row == m_entries.end())
         return;
-    *row = viewOf(*entry, m_cacheStore.state(), waitingSeeds());
+    *row = viewOf(*entry, m_cacheStore.state(), m_cats.missing());
     Q_EMIT entryChanged(row - m_entries.begin());
 }
 

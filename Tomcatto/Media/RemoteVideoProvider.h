@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Media/DefaultCats.h"
 #include "Media/RemoteManifestClient.h"
 #include "Media/RemoteVideoDownloader.h"
 #include "Media/RemoteVideoEntryView.h"
@@ -97,8 +98,6 @@ private:
     void setStatus(SyncStatus status);
     [[nodiscard]] const std::vector<RemoteVideoEntry> &listed() const;
     [[nodiscard]] const RemoteVideoEntry *entryFor(const QString &id) const;
-    [[nodiscard]] QStringList waitingSeeds() const;
-    void setWaitingSeeds(const QStringList &ids);
     [[nodiscard]] RemoteVideoEntryView viewOf(const RemoteVideoEntry &entry, const RemoteVideoCacheState &state,
                                               const QStringList &seeds) const;
     void rebuild();
@@ -109,7 +108,7 @@ private:
     RemoteManifestClient &m_manifestClient;
     RemoteVideoDownloader &m_downloader;
     RemoteVideoCacheStore &m_cacheStore;
-    UserDefaults &m_defaults;
+    DefaultCats m_cats;
     const WallClock &m_clock;
     QRandomGenerator &m_random;
     Seeds m_seeds;
@@ -125,9 +124,5 @@ private:
     std::vector<std::function<void()>> m_waiting;
     bool m_isSeeding = false;
 };
-
-/// How lists show a video. @param cached its entry in the cache; null where it is not downloaded
-[[nodiscard]] RemoteVideoEntryView makeEntryView(const RemoteVideoEntry &entry, const RemoteVideoCacheEntry *cached,
-                                                 const QString &file);
 
 }

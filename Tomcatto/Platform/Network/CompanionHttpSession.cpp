@@ -11,6 +11,7 @@ namespace {
 
 /// What was fetched for one list is often wanted by the next, and connections are still open.
 constexpr std::chrono::seconds restAfterLast{10};
+constexpr int endMilliseconds = 500;
 
 }
 
@@ -27,6 +28,9 @@ CompanionHttpSession::~CompanionHttpSession()
     if (!m_process)
         return;
     m_process->disconnect(this);
+    // It takes away what is not whole; one that hangs in a disk is not waited for.
+    m_process->closeWriteChannel();
+    m_process->waitForFinished(endMilliseconds);
     endCompanion(m_process);
 }
 

@@ -22,6 +22,12 @@ FetchDesk::FetchDesk(const QString &cacheFolder, qint64 memoryCapacity, qint64 d
     connect(&m_orders, &QSocketNotifier::activated, this, &FetchDesk::read);
 }
 
+FetchDesk::~FetchDesk()
+{
+    // Before what their answers belong to.
+    qDeleteAll(findChildren<HttpFetch *>(Qt::FindDirectChildrenOnly));
+}
+
 void FetchDesk::read()
 {
     constexpr qsizetype pieceSize = 4096;

@@ -19,6 +19,10 @@ public:
     /// @param cacheFolder where copies are kept; empty for nowhere. @param memoryCapacity and @param diskCapacity in
     /// bytes. @param news the output's descriptor
     FetchDesk(const QString &cacheFolder, qint64 memoryCapacity, qint64 diskCapacity, int news);
+    FetchDesk(const FetchDesk &) = delete;
+    FetchDesk &operator=(const FetchDesk &) = delete;
+    /// Lets go of what is not whole.
+    ~FetchDesk() override;
 
 private:
     void read();

@@ -59,7 +59,10 @@ HttpFetch::HttpFetch(QNetworkAccessManager &network, FetchOrder order, Tell tell
         m_whole.start(std::chrono::seconds(m_order.wholeSeconds));
 }
 
-HttpFetch::~HttpFetch() = default;
+HttpFetch::~HttpFetch()
+{
+    m_reply->disconnect(this);
+}
 
 void HttpFetch::redirect(const QUrl &address)
 {
