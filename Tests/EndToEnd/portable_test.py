@@ -49,6 +49,8 @@ class Session(unittest.TestCase):
         refused = desktop.run("settings", "set", "launchAtLogin", "true")
         self.assertIn("cannot ask the system", refused.stderr)
         self.assertEqual(desktop.run("settings", "get", "launchAtLogin").stdout, "false\n")
+        unheard = desktop.run("shortcuts", "set", "skip", "control+alt+s")
+        self.assertEqual((unheard.returncode, "does not offer shortcuts" in unheard.stderr), (1, True), unheard.stderr)
         self.assertEqual(desktop.end(), 0, desktop.output())
         self.assertEqual([row[0] for row in desktop.records()], ["work", "shortBreak", "work"])
         self.assertNotIn("TypeError", desktop.output())

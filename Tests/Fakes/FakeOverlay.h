@@ -1,7 +1,7 @@
 #pragma once
 
 #include "BreakOverlay/OverlayWindows.h"
-#include "Platform/Ports/KeyMonitor.h"
+#include "Fakes/FakeHotKeys.h"
 #include "Platform/Qt/ScreenChanges.h"
 
 namespace tomcatto {
@@ -40,25 +40,6 @@ public:
 
 private:
     ScreenChanges m_changes;
-};
-
-/// Keys that a test presses.
-class FakeKeyMonitor final : public KeyMonitor
-{
-public:
-    [[nodiscard]] Cancellable onKeyDown(std::function<bool(const KeyPress &)> pressed) override
-    {
-        handler = std::move(pressed);
-        return Cancellable([this] { handler = nullptr; });
-    }
-    /// Whether the key was swallowed.
-    bool press(Qt::Key key)
-    {
-        const auto current = handler;
-        return current && current({key, Qt::NoModifier});
-    }
-
-    std::function<bool(const KeyPress &)> handler;
 };
 
 /// Notes which screens have windows, and whether the next ones are ready.

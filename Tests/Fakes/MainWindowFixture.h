@@ -2,6 +2,8 @@
 
 #include "Fakes/EngineFixture.h"
 #include "Fakes/FakeDesktopServices.h"
+#include "Fakes/FakeHotKeys.h"
+#include "Fakes/FakeStatusItem.h"
 #include "Fakes/VideosFixture.h"
 #include "MainWindow/MainWindowViewModel.h"
 #include "MainWindow/OnboardingViewModel.h"
@@ -33,8 +35,13 @@ public:
                                        LaunchAtLoginService::FailureAlert{alert, systemSettings, strings}};
     quillbay::NotificationAuthorization authorization{probe};
     TimerPageViewModel timer{engine.settings, engine.machine, strings};
-    GeneralPageViewModel general{engine.settings, launchAtLogin,   authorization,
-                                 systemSettings,  languageService, strings};
+    FakeHotKeys hotKeys;
+    FakeKeyMonitor keys;
+    ManualClickMonitor clicks;
+    ShortcutsService shortcutsService{engine.defaults};
+    ShortcutsViewModel shortcuts{shortcutsService, hotKeys, keys, clicks, strings};
+    GeneralPageViewModel general{engine.settings, launchAtLogin, authorization, systemSettings,
+                                 languageService, strings,       shortcuts};
     VideosPageViewModel videos{library.commands,         library.repository, library.files,
                                library.movedVideoSearch, library.bundled,    strings,
                                library.runLoop};

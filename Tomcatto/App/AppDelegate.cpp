@@ -1,5 +1,7 @@
 #include "App/AppDelegate.h"
 
+#include "Composition/TimerCommands.h"
+
 namespace tomcatto {
 
 namespace {
@@ -68,6 +70,25 @@ void AppDelegate::connectLanguage()
             [&settings, &service] { settings.setSelectedLanguage(service.currentLanguage()); });
 }
 
+void AppDelegate::attachShortcuts()
+{
+    if (!m_dependencies.platform.desktop)
+        return;
+    const auto act = [&machine = m_dependencies.stateMachine](ShortcutAction action) {
+        switch (action) {
+        case ShortcutAction::toggleTimer:
+            return toggleTimer(machine);
+        case ShortcutAction::skip:
+            return machine.skip();
+        case ShortcutAction::extend:
+            return machine.extend(extensionSeconds);
+        }
+        return false;
+    };
+    m_dependencies.shortcutsService.attach(std::make_unique<GlobalHotkeyController>(
+        m_dependencies.platform.desktop->hotKeys, m_dependencies.strings, act));
+}
+
 void AppDelegate::installAppUI(ApplicationSurfaces &surfaces)
 {
     if (std::exchange(m_appUIInstalled, true))
@@ -79,6 +100,7 @@ void AppDelegate::installAppUI(ApplicationSurfaces &surfaces)
     // Connected after the coordinator, so that the pause is part of it.
     connect(&m_dependencies.sleepWakeObserver, &SleepWakeObserver::willSleep, this,
             &AppDelegate::applicationMayTerminate);
+    attachShortcuts();
     m_dependencies.widgetBridge.start();
     if (std::exchange(m_pendingPopoverReveal, false)) {
         m_dependencies.platform.defaults.setValue(popoverRevealedKey, true);

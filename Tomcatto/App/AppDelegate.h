@@ -37,6 +37,7 @@ public:
 
 private:
     void connectLanguage();
+    void attachShortcuts();
     void installAppUI(ApplicationSurfaces &surfaces);
 
     AppDependencies &m_dependencies;

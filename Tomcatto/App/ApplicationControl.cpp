@@ -2,6 +2,7 @@
 
 #include "Composition/HistoryCommands.h"
 #include "Composition/SettingsCommands.h"
+#include "Composition/ShortcutCommands.h"
 #include "Composition/StatsCommand.h"
 #include "Composition/TimerCommands.h"
 #include "Composition/VideoCommands.h"
@@ -17,10 +18,15 @@ ApplicationControl::ApplicationControl(AppDependencies &dependencies, AppDelegat
     , m_server(m_commands, sockets, dependencies.platform.runLoop, socketPath)
     , m_quit(std::move(quit))
 {
+    const QString untilTheEnd = QStringLiteral(" It holds until Tomcatto ends.");
     addTimerCommands(m_commands, dependencies.stateMachine, m_status);
     addStatsCommand(m_commands, dependencies.statsAggregator, dependencies.settings);
     addSettingsCommands(m_commands, {dependencies.settings, dependencies.launchAtLoginService,
-                                     dependencies.platform.defaults, QStringLiteral(" It holds until Tomcatto ends.")});
+                                     dependencies.platform.defaults, untilTheEnd});
+    const DesktopServices *const desktop = dependencies.platform.desktop;
+    addShortcutCommands(m_commands,
+                        {dependencies.shortcutsService, dependencies.strings, dependencies.platform.defaults,
+                         desktop ? &desktop->hotKeys : nullptr, untilTheEnd});
     addVideoCommands(m_commands, dependencies.userVideoCommands, dependencies.remoteVideoProvider);
     addHistoryCommands(m_commands, {dependencies.historyEditor, dependencies.historyImporter,
                                     dependencies.platform.wallClock, dependencies.coreDataStack});

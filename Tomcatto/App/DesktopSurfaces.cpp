@@ -23,9 +23,11 @@ DesktopSurfaces::DesktopSurfaces(AppDependencies &dependencies, DesktopPorts des
     , m_sessionExport(dependencies.statsAggregator, dependencies.strings, dependencies.platform.wallClock,
                       m_desktop.savePanel)
     , m_timerPage(dependencies.settings, dependencies.stateMachine, dependencies.strings)
+    , m_shortcuts(dependencies.shortcutsService, dependencies.platform.desktop->hotKeys, m_desktop.keyMonitor,
+                  m_desktop.clickMonitor, dependencies.strings)
     , m_generalPage(dependencies.settings, dependencies.launchAtLoginService, *dependencies.notificationAuthorization,
                     dependencies.platform.desktop->systemSettings, dependencies.languageOverrideService,
-                    dependencies.strings)
+                    dependencies.strings, m_shortcuts)
     , m_videosPage(dependencies.userVideoCommands, dependencies.userVideoRepository, dependencies.videoFiles,
                    dependencies.movedVideoSearch, dependencies.bundledVideoProvider, dependencies.strings,
                    dependencies.platform.runLoop)
@@ -93,6 +95,7 @@ void DesktopSurfaces::install()
             &DesktopSurfaces::activate);
     connectPages();
     updateCapabilities();
+    m_hotKeySupport = m_dependencies.platform.desktop->hotKeys.onSupportChanged([this] { updateCapabilities(); });
     m_itemForms = m_desktop.statusItem.onFormsChanged([this] {
         updateCapabilities();
         // The panel opens at the item, which takes its place by then.
@@ -115,6 +118,13 @@ void DesktopSurfaces::connectPages()
             [this] { previewVideo({}, [](PreviewOutcome) {}); });
     const auto postTest = [this] { m_dependencies.notificationCenterService.postTest(); };
     connect(&m_permissionsPage, &PermissionsPageViewModel::testNotificationRequested, this, postTest);
+    connect(&m_permissionsPage, &PermissionsPageViewModel::hotKeysRequested, this, [this] {
+        // Without keys there is nothing to ask for yet.
+        if (m_dependencies.shortcutsService.hasBindings())
+            m_dependencies.shortcutsService.apply();
+        else
+            m_mainWindowModel.show(MainWindowPage::general);
+    });
     connect(&m_onboardingModel, &OnboardingViewModel::testNotificationRequested, this, postTest);
     connect(&m_aboutPage, &AboutPageViewModel::copyRequested, this,
             [](const QString &text) { QGuiApplication::clipboard()->setText(text); });
@@ -358,6 +368,7 @@ void DesktopSurfaces::updateCapabilities()
     if (forms.squareSizes.empty())
         capabilities.tray = canPlace ? DesktopSupport::none : DesktopSupport::limited;
     capabilities.overlay = canPlace ? DesktopSupport::full : DesktopSupport::limited;
+    capabilities.hotKeys = m_dependencies.platform.desktop->hotKeys.support();
     capabilities.placesPanel = canPlace;
     capabilities.showsPill = forms.pillScale.has_value();
     capabilities.opensAtLogin = m_dependencies.platform.loginItem.status() != LoginItemStatus::unavailable;

@@ -101,6 +101,7 @@ private:
 
     SessionExport m_sessionExport;
     TimerPageViewModel m_timerPage;
+    ShortcutsViewModel m_shortcuts;
     GeneralPageViewModel m_generalPage;
     QPointer<QFileDialog> m_videosDialog;
     /// Where the dialog opens: where it was closed the last time.
@@ -123,6 +124,7 @@ private:
     std::function<WindowOutcome()> m_opensLater;
     std::vector<std::function<void()>> m_waitForItem;
     Cancellable m_itemForms;
+    Cancellable m_hotKeySupport;
     Cancellable m_itemSettled;
     bool m_hasMissedSound = false;
 };

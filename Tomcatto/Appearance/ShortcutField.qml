@@ -10,6 +10,8 @@ ListRow {
 
     /// One text to a key cap; empty when not set.
     property list<string> keys
+    /// The action with its keys, for a screen reader.
+    property string name
     property bool recording: false
     property string notSetText
     property string changeText
@@ -21,16 +23,18 @@ ListRow {
     signal changeRequested
     signal clearRequested
 
-
     ThemedText {
         visible: !row.recording && row.keys.length === 0
         text: row.notSetText
         color: Theme.ink2
+        Accessible.name: row.name
         wrapMode: Text.NoWrap
     }
     Row {
         visible: !row.recording && row.keys.length > 0
         spacing: 4
+        Accessible.role: Accessible.StaticText
+        Accessible.name: row.name
 
         Repeater {
             model: row.keys

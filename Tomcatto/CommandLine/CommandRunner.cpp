@@ -97,6 +97,10 @@ ExitStatus CommandRunner::run(const Invocation &invocation) const
         return getSetting(invocation);
     case Invocation::Action::settingsSet:
         return setSetting(invocation);
+    case Invocation::Action::shortcutsList:
+        return listShortcuts(invocation);
+    case Invocation::Action::shortcutsChange:
+        return report(change({invocation.command, invocation.arguments, false}, longestOperation));
     case Invocation::Action::videosList:
         return listVideos();
     case Invocation::Action::videosChange:
@@ -271,7 +275,7 @@ ExitStatus CommandRunner::restoreHistory(const Invocation &invocation) const
 
 ExitStatus CommandRunner::listSettings() const
 {
-    const ControlReply reply = readSettings(Json::object());
+    const ControlReply reply = read({settingsCommand, Json::object(), false});
     if (reply.status != ExitStatus::done || !reply.result.is_object())
         return report(reply);
     QStringList lines;
@@ -283,7 +287,7 @@ ExitStatus CommandRunner::listSettings() const
 ExitStatus CommandRunner::getSetting(const Invocation &invocation) const
 {
     const ControlReply reply =
-        readSettings(Json{{"key", PomodoroSettings::keyText(invocation.setting->key).toStdString()}});
+        read({settingsCommand, Json{{"key", PomodoroSettings::keyText(invocation.setting->key).toStdString()}}, false});
     if (reply.status == ExitStatus::done && reply.result.is_string())
         return print(QString::fromStdString(reply.result.get<std::string>()));
     return report(reply);
@@ -296,12 +300,29 @@ ExitStatus CommandRunner::setSetting(const Invocation &invocation) const
     return report(change({settingsCommand, arguments, false}, std::chrono::milliseconds(patienceMilliseconds)));
 }
 
-ControlReply CommandRunner::readSettings(const Json &arguments) const
+ExitStatus CommandRunner::listShortcuts(const Invocation &invocation) const
 {
-    const auto answer = m_client.ask({settingsCommand, arguments, false}, QDeadlineTimer(patienceMilliseconds));
+    const ControlReply reply = read({invocation.command, invocation.arguments, false});
+    if (reply.status != ExitStatus::done || !reply.result.is_array())
+        return report(reply);
+    QStringList lines;
+    for (const Json &line : reply.result) {
+        QStringList columns{textArgument(line, "action"), QStringLiteral("-")};
+        if (line.contains("combination"))
+            columns = {columns.front(), textArgument(line, "combination"), textArgument(line, "symbols")};
+        if (line.value("isUnavailable", false))
+            columns << QStringLiteral("unavailable");
+        lines << columns.join(QLatin1Char('\t'));
+    }
+    return print(lines.join(QLatin1Char('\n')));
+}
+
+ControlReply CommandRunner::read(const ControlRequest &request) const
+{
+    const auto answer = m_client.ask(request, QDeadlineTimer(patienceMilliseconds));
     if (answer)
         return *answer;
-    return answer.error() == NoAnswer::silent ? controlReply(answer.error()) : m_files.readSettings(arguments);
+    return answer.error() == NoAnswer::silent ? controlReply(answer.error()) : m_files.read(request);
 }
 
 ControlReply CommandRunner::change(const ControlRequest &request, std::chrono::milliseconds patience,

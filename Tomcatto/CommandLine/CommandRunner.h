@@ -36,7 +36,8 @@ private:
     [[nodiscard]] ExitStatus listSettings() const;
     [[nodiscard]] ExitStatus getSetting(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus setSetting(const Invocation &invocation) const;
-    [[nodiscard]] ControlReply readSettings(const nlohmann::ordered_json &arguments) const;
+    [[nodiscard]] ExitStatus listShortcuts(const Invocation &invocation) const;
+    [[nodiscard]] ControlReply read(const ControlRequest &request) const;
     [[nodiscard]] ControlReply change(const ControlRequest &request, std::chrono::milliseconds patience,
                                       const std::function<void(double)> &onProgress = {}) const;
     [[nodiscard]] ExitStatus publish(const Invocation &invocation) const;

@@ -2,6 +2,7 @@
 
 #include "Composition/HistoryCommands.h"
 #include "Composition/SettingsCommands.h"
+#include "Composition/ShortcutCommands.h"
 #include "Composition/VideoCommands.h"
 #include "Media/RemoteLibrary.h"
 #include "Media/VideoFileValidator.h"
@@ -89,22 +90,26 @@ ControlReply FileCommands::run(const ControlRequest &request, std::optional<Date
     if (request.command == QStringLiteral("history"))
         return history(request.arguments, askedSince.has_value());
     return request.command == QStringLiteral("videos") ? videos(request.arguments, askedSince, onProgress)
-                                                       : settings(request.arguments, false);
+                                                       : withDefaults(request, false);
 }
 
-ControlReply FileCommands::readSettings(const nlohmann::ordered_json &arguments) const
+ControlReply FileCommands::read(const ControlRequest &request) const
 {
-    return settings(arguments, true);
+    return withDefaults(request, true);
 }
 
-ControlReply FileCommands::settings(const nlohmann::ordered_json &arguments, bool isReadOnly) const
+ControlReply FileCommands::withDefaults(const ControlRequest &request, bool isReadOnly) const
 {
     const auto defaults = m_surroundings.openDefaults(isReadOnly);
     PomodoroSettings settings(*defaults);
     LaunchAtLoginService launchAtLogin(settings, m_surroundings.loginItem);
     CommandTable commands;
     addSettingsCommands(commands, {settings, launchAtLogin, *defaults, {}});
-    return answerOf(commands, QStringLiteral("settings"), arguments);
+    const LanguageOverrideService language(*defaults);
+    const LocalizedStrings strings(language);
+    ShortcutsService shortcuts(*defaults);
+    addShortcutCommands(commands, {shortcuts, strings, *defaults, nullptr, {}});
+    return answerOf(commands, request.command, request.arguments);
 }
 
 std::optional<ControlReply> FileCommands::refusal(const ControlRequest &request) const

@@ -26,8 +26,8 @@ private:
 };
 
 /// Carries out on the files, while no application runs, the commands that need none: those on the settings, the
-/// history and the user's own videos. The answers are the application's. The caller holds the instance lock for a
-/// change. Blocking.
+/// shortcuts, the history and the user's own videos. The answers are the application's. The caller holds the instance
+/// lock for a change. Blocking.
 class FileCommands final
 {
 public:
@@ -42,8 +42,8 @@ public:
                                    const std::function<void(double)> &onProgress = {}) const;
     /// Makes a store of a copy, ready to be put in place by "history" with the action "restore".
     [[nodiscard]] StoreCopyResult<QString> prepareStore(const QString &copy) const;
-    /// Lists the settings or gets one; their file is left alone.
-    [[nodiscard]] ControlReply readSettings(const nlohmann::ordered_json &arguments) const;
+    /// Lists the settings, gets one or lists the shortcuts; their file is left alone.
+    [[nodiscard]] ControlReply read(const ControlRequest &request) const;
     /// Lists the videos of a remote library as the application does, as they were last on disk. Needs no lock.
     /// @param folder the application's own folder
     [[nodiscard]] nlohmann::ordered_json remoteVideos(const QString &folder) const;
@@ -52,7 +52,7 @@ public:
     [[nodiscard]] std::optional<ControlReply> refusal(const ControlRequest &request) const;
 
 private:
-    [[nodiscard]] ControlReply settings(const nlohmann::ordered_json &arguments, bool isReadOnly) const;
+    [[nodiscard]] ControlReply withDefaults(const ControlRequest &request, bool isReadOnly) const;
     [[nodiscard]] ControlReply history(const nlohmann::ordered_json &arguments, bool wasAsked) const;
     [[nodiscard]] ControlReply restoreHistory(const nlohmann::ordered_json &arguments, bool wasAsked) const;
     [[nodiscard]] ControlReply videos(nlohmann::ordered_json arguments, std::optional<Date> askedSince,

@@ -67,6 +67,7 @@ public:
         addExport();
         addHistory();
         addSettings();
+        addShortcuts();
         addVideos();
         addDoctor();
         addPublish();
@@ -129,19 +130,19 @@ private:
         };
         for (const auto &[name, help] : commands)
             addRemote(name, help);
-        auto *const window = addRemote("window", "Open the main window");
-        window
-            ->add_option_function<std::string>(
-                "page", [this](const std::string &page) { m_invocation.arguments["page"] = page; },
+        addWord(*addRemote("window", "Open the main window"), "page", "page",
                 "timer, general, videos, statistics, permissions or about")
             ->check(CLI::IsMember({"timer", "general", "videos", "statistics", "permissions", "about"}));
-        auto *const preset = addRemote("preset", "Set the three durations of a preset");
-        preset
-            ->add_option_function<std::string>(
-                "name", [this](const std::string &name) { m_invocation.arguments["name"] = name; },
-                "classic, flow or deep")
+        addWord(*addRemote("preset", "Set the three durations of a preset"), "name", "name", "classic, flow or deep")
             ->required()
             ->check(CLI::IsMember({"classic", "flow", "deep"}));
+    }
+
+    /// An argument that is sent under a key.
+    CLI::Option *addWord(CLI::App &command, const char *name, const char *key, const char *help)
+    {
+        return command.add_option_function<std::string>(
+            name, [this, key](const std::string &text) { m_invocation.arguments[key] = text; }, help);
     }
 
     CLI::App *addRemote(const char *name, const char *help)
@@ -187,8 +188,7 @@ private:
             ->excludes(json);
         command->callback([this] {
             m_invocation.action = Action::status;
-            if (m_invocation.isFollowing && m_invocation.format == StatusFormat::waybar)
-                m_invocation.wantsTicks = true;
+            m_invocation.wantsTicks |= m_invocation.isFollowing && m_invocation.format == StatusFormat::waybar;
         });
     }
 
@@ -265,10 +265,7 @@ private:
 
     void addTextArgument(CLI::App &command, const char *name, const char *help = "")
     {
-        command
-            .add_option_function<std::string>(
-                name, [this, name](const std::string &text) { m_invocation.arguments[name] = text; }, help)
-            ->required();
+        addWord(command, name, name, help)->required();
     }
 
     void addSettings()
@@ -291,6 +288,27 @@ private:
         });
     }
 
+    void addShortcuts()
+    {
+        CLI::App *const command = addCommand(m_app, "shortcuts", "The keys that drive the timer from any program");
+        command->require_subcommand(1);
+        auto *const list = addCommand(*command, "list", "Every action, its keys in words and in symbols");
+        list->callback([this] { chooseChange("shortcuts", "list", Action::shortcutsList); });
+        addTextArgument(*addShortcut(*command, "set", "Give an action other keys"), "combination",
+                        "Such as control+alt+space, or with symbols");
+        addShortcut(*command, "clear", "Take an action's keys away");
+    }
+
+    CLI::App *addShortcut(CLI::App &shortcuts, const char *name, const char *help)
+    {
+        CLI::App *const command = addCommand(shortcuts, name, help);
+        addWord(*command, "action", "shortcut", "toggleTimer, skip or extend")
+            ->required()
+            ->check(CLI::IsMember({"toggleTimer", "skip", "extend"}));
+        command->callback([this, name] { chooseChange("shortcuts", name, Action::shortcutsChange); });
+        return command;
+    }
+
     void addVideos()
     {
         CLI::App *const command = addCommand(m_app, "videos", "The videos of the breaks: your own, and the library's");
@@ -308,8 +326,7 @@ private:
         addTextArgument(*download, "id");
         download->callback([this] { chooseChange("videos", "download", Action::videosDownload); });
         CLI::App *const preview = addCommand(*command, "preview", "Show a break with a video");
-        preview->add_option_function<std::string>(
-            "id", [this](const std::string &id) { m_invocation.arguments["id"] = id; }, "The video's id");
+        addWord(*preview, "id", "id", "The video's id");
         preview->callback([this] { chooseRemote("preview"); });
     }
 
@@ -368,9 +385,8 @@ private:
 
     QString printed() const
     {
-        if (m_app.get_option("--version")->count() > 0)
-            return QString::fromStdString(m_app.version());
-        return QString::fromStdString(m_app.help()).trimmed();
+        const bool isVersion = m_app.get_option("--version")->count() > 0;
+        return QString::fromStdString(isVersion ? m_app.version() : m_app.help()).trimmed();
     }
 
     Invocation &m_invocation;

@@ -31,6 +31,9 @@ struct Invocation
         settingsList,
         settingsGet,
         settingsSet,
+        shortcutsList,
+        /// One of those that change the shortcuts.
+        shortcutsChange,
         videosList,
         /// One of those that change the videos.
         videosChange,

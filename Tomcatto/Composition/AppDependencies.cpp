@@ -76,6 +76,7 @@ AppDependencies::AppDependencies(const PlatformServices &services)
     , launchAtLoginService(settings, platform.loginItem, failureAlert(platform.desktop, strings))
     , languageOverrideService(platform.defaults)
     , strings(languageOverrideService)
+    , shortcutsService(platform.defaults)
     , sleepWakeObserver(platform.workspacePower, platform.monotonicClock)
     , sleepWakeCoordinator(stateMachine, timer, sleepWakeObserver)
     , widgetBridge(stateMachine, timer, settings, statsAggregator,

@@ -18,6 +18,7 @@
 #include "Power/SleepWakeCoordinator.h"
 #include "QuillbayKit/NotificationAuthorization.h"
 #include "Recording/PomodoroSession.h"
+#include "Shortcuts/ShortcutsService.h"
 #include "Statistics/HistoryEditor.h"
 #include "Statistics/HistoryImporter.h"
 #include "Statistics/StatsAggregator.h"
@@ -66,6 +67,7 @@ public:
     LaunchAtLoginService launchAtLoginService;
     LanguageOverrideService languageOverrideService;
     LocalizedStrings strings;
+    ShortcutsService shortcutsService;
     MainWindowRouter mainWindowRouter;
     SleepWakeObserver sleepWakeObserver;
     SleepWakeCoordinator sleepWakeCoordinator;

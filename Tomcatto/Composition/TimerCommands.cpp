@@ -14,13 +14,6 @@ struct Operation
     const char *(*reason)(const PomodoroStateMachine &machine);
 };
 
-bool toggle(PomodoroStateMachine &machine)
-{
-    if (machine.currentPhase() == PomodoroPhase::idle)
-        return machine.start();
-    return machine.isPaused() ? machine.resume() : machine.pause();
-}
-
 const char *startReason(const PomodoroStateMachine &machine)
 {
     return machine.isPaused() ? "The phase is paused; use resume." : "A phase is already running.";
@@ -36,7 +29,7 @@ constexpr Operation operations[] = {
     {"start", [](auto &machine) { return machine.isPhasePending() ? machine.resume() : machine.start(); }, startReason},
     {"pause", [](auto &machine) { return machine.pause(); }, [](auto &) { return "The phase is already paused."; }},
     {"resume", [](auto &machine) { return machine.resume(); }, [](auto &) { return "The phase is not paused."; }},
-    {"toggle", toggle, nullptr},
+    {"toggle", toggleTimer, nullptr},
     {"skip", [](auto &machine) { return machine.skip(); }, nullptr},
     {"take-break", [](auto &machine) { return machine.takeBreak(); }, takeBreakReason},
     {"extend", [](auto &machine) { return machine.extend(extensionSeconds); },
@@ -44,6 +37,13 @@ constexpr Operation operations[] = {
     {"reset", [](auto &machine) { return machine.reset(); }, nullptr},
 };
 
+}
+
+bool toggleTimer(PomodoroStateMachine &machine)
+{
+    if (machine.currentPhase() == PomodoroPhase::idle)
+        return machine.start();
+    return machine.isPaused() ? machine.resume() : machine.pause();
 }
 
 void addTimerCommands(CommandTable &table, PomodoroStateMachine &machine, const StatusSource &status)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/Ports/HotKeys.h"
+
 #include <cstdint>
 
 namespace tomcatto {
@@ -12,16 +14,6 @@ enum class DesktopSupport : std::uint8_t {
     none
 };
 
-/// Whether keys can be taken while another application is in front.
-enum class HotKeySupport : std::uint8_t {
-    /// This version does not offer it yet.
-    later,
-    works,
-    /// The desktop asks the user first, and has not done so.
-    notAsked,
-    none
-};
-
 /// What this desktop can do for the application, as the application found out at start.
 struct DesktopCapabilities
 {
@@ -30,7 +22,7 @@ struct DesktopCapabilities
     DesktopSupport tray = DesktopSupport::full;
     /// Whether the break may cover the whole screen, panels included; never `none`.
     DesktopSupport overlay = DesktopSupport::full;
-    HotKeySupport hotKeys = HotKeySupport::later;
+    HotKeySupport hotKeys = HotKeySupport::works;
     /// Whether the whole pill is seen, in a menu bar or a small window, and not a square tray icon.
     bool showsPill = false;
     /// Whether the panel opens at the icon, and not where the desktop wants it.

@@ -9,6 +9,14 @@ ScrollPage {
     id: page
 
     required property GeneralPageViewModel viewModel
+    readonly property ShortcutsViewModel shortcuts: viewModel.shortcuts
+    readonly property bool isActive: Window.active
+
+    // Keys that go to another window are not recorded.
+    onIsActiveChanged: {
+        if (!isActive)
+            shortcuts.cancel()
+    }
 
     title: Texts.text("window.page.general")
     subtitle: Texts.text("window.general.subtitle")
@@ -119,8 +127,9 @@ ScrollPage {
         text: Texts.text("window.general.shortcuts.title")
 
         ThemedText {
+            visible: page.shortcuts.isOffered
             width: Math.min(implicitWidth, 0.7 * page.columnWidth)
-            text: Texts.text("window.general.shortcuts.later")
+            text: Texts.text("window.general.shortcuts.help")
             role: "caption"
             color: Theme.ink2
             horizontalAlignment: Text.AlignRight
@@ -130,13 +139,42 @@ ScrollPage {
         width: page.columnWidth
 
         Repeater {
-            model: ["toggle_timer", "skip", "extend"]
+            model: page.shortcuts.isOffered ? page.shortcuts.rows.length : 0
 
-            ListRow {
-                required property string modelData
+            ShortcutField {
+                required property int index
+                readonly property var row: page.shortcuts.rows[index] ?? ({})
 
-                title: Texts.text("main.general.shortcuts." + modelData)
-                value: Texts.text("settings.shortcuts.none")
+                title: row.title ?? ""
+                help: row.isUnavailable ? Texts.text("main.general.shortcuts.unavailable") : ""
+                helpIsError: true
+                keys: row.keys ?? []
+                name: row.name ?? ""
+                recording: row.isRecording ?? false
+                notice: row.refusal ?? ""
+                notSetText: Texts.text("settings.shortcuts.none")
+                changeText: Texts.text("settings.shortcuts.change")
+                recordText: Texts.text("settings.shortcuts.record")
+                clearText: Texts.text("main.general.shortcuts.clear")
+                pressText: Texts.text("settings.shortcuts.recording")
+                cancelText: Texts.text("settings.shortcuts.cancel_hint")
+                onChangeRequested: page.shortcuts.record(row.id)
+                onClearRequested: page.shortcuts.clear(row.id)
+            }
+        }
+        ControlRow {
+            visible: !page.shortcuts.isOffered
+            title: Texts.text("window.general.shortcuts.help_unavailable")
+            help: Texts.text("window.general.shortcuts.help_commands")
+
+            Repeater {
+                model: page.shortcuts.commands
+
+                KeyCap {
+                    required property string modelData
+
+                    text: modelData
+                }
             }
         }
     }

@@ -31,7 +31,8 @@ std::optional<typename Choices::value_type> choiceAt(const Choices &choices, int
 GeneralPageViewModel::GeneralPageViewModel(PomodoroSettings &settings, LaunchAtLoginService &launchAtLogin,
                                            NotificationAuthorization &authorization, SystemSettings &systemSettings,
                                            const LanguageOverrideService &languageService,
-                                           const LocalizedStrings &strings, QObject *parent)
+                                           const LocalizedStrings &strings, ShortcutsViewModel &shortcuts,
+                                           QObject *parent)
     : QObject(parent)
     , m_settings(settings)
     , m_launchAtLogin(launchAtLogin)
@@ -39,6 +40,7 @@ GeneralPageViewModel::GeneralPageViewModel(PomodoroSettings &settings, LaunchAtL
     , m_systemSettings(systemSettings)
     , m_languageService(languageService)
     , m_strings(strings)
+    , m_shortcuts(shortcuts)
 {
     connect(&settings, &PomodoroSettings::changed, this, &GeneralPageViewModel::changed);
     connect(&launchAtLogin, &LaunchAtLoginService::statusChanged, this, &GeneralPageViewModel::changed);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Localization/LocalizedStrings.h"
+#include "MainWindow/ShortcutsViewModel.h"
 #include "Platform/Ports/SystemSettings.h"
 #include "QuillbayKit/NotificationAuthorization.h"
 #include "SystemIntegration/LaunchAtLoginService.h"
@@ -35,12 +36,13 @@ class GeneralPageViewModel final : public QObject
     /// Whether the whole pill may be shown in a small window of its own, and whether it is.
     Q_PROPERTY(bool offersFloatingPill READ offersFloatingPill NOTIFY changed FINAL)
     Q_PROPERTY(bool floatingPill READ floatingPill NOTIFY changed FINAL)
+    Q_PROPERTY(tomcatto::ShortcutsViewModel *shortcuts READ shortcuts CONSTANT FINAL)
 
 public:
     GeneralPageViewModel(PomodoroSettings &settings, LaunchAtLoginService &launchAtLogin,
                          quillbay::NotificationAuthorization &authorization, SystemSettings &systemSettings,
                          const LanguageOverrideService &languageService, const LocalizedStrings &strings,
-                         QObject *parent = nullptr);
+                         ShortcutsViewModel &shortcuts, QObject *parent = nullptr);
 
     [[nodiscard]] QStringList menuBarStyles() const;
     [[nodiscard]] int menuBarStyle() const;
@@ -58,6 +60,8 @@ public:
     [[nodiscard]] QString launchAtLoginHelp() const;
     [[nodiscard]] bool offersFloatingPill() const { return m_floatingPill.has_value(); }
     [[nodiscard]] bool floatingPill() const { return m_floatingPill.value_or(false); }
+
+    [[nodiscard]] ShortcutsViewModel *shortcuts() const { return &m_shortcuts; }
 
     /// Whether the floating pill is shown; nothing if it is not the user's choice. Set by the pill's owner.
     void setFloatingPill(std::optional<bool> isShown);
@@ -89,6 +93,7 @@ private:
     SystemSettings &m_systemSettings;
     const LanguageOverrideService &m_languageService;
     const LocalizedStrings &m_strings;
+    ShortcutsViewModel &m_shortcuts;
     std::optional<bool> m_floatingPill;
 };
 

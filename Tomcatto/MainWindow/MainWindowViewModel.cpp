@@ -37,6 +37,9 @@ QVariantList MainWindowViewModel::pages() const
 void MainWindowViewModel::show(MainWindowPage page)
 {
     const bool isNew = page != m_page;
+    // Keys are recorded on a page that is seen.
+    if (isNew)
+        m_models.general.shortcuts()->cancel();
     m_page = page;
     refreshPage();
     if (isNew)

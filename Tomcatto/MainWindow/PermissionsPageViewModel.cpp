@@ -135,9 +135,6 @@ PermissionsPageViewModel::Row PermissionsPageViewModel::hotKeys() const
 {
     Row row{.id = QStringLiteral("hotkeys")};
     switch (m_capabilities.hotKeys) {
-    case HotKeySupport::later:
-        row.state = QStringLiteral("later");
-        break;
     case HotKeySupport::works:
         row.state = QStringLiteral("works");
         row.isGood = true;

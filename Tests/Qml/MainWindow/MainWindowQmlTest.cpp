@@ -59,6 +59,15 @@ public:
             static_cast<void>(m_fixture->editor.add(start, 25));
         }
     }
+    Q_INVOKABLE bool pressKey(int keyCode, int held) const
+    {
+        return m_fixture->keys.press(static_cast<quint16>(keyCode), KeyModifiers::fromInt(static_cast<quint32>(held)));
+    }
+    Q_INVOKABLE bool isSuspended() const { return m_fixture->shortcutsService.isSuspended(); }
+    Q_INVOKABLE void offerHotKeys(bool isOn)
+    {
+        m_fixture->hotKeys.become(isOn ? HotKeySupport::works : HotKeySupport::none);
+    }
     Q_INVOKABLE int alerts() const { return static_cast<int>(m_fixture->alert.shown.size()); }
 
 private:

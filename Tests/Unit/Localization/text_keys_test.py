@@ -11,7 +11,6 @@ TABLE = ROOT / "Resources" / "en.lproj" / "Localizable.strings"
 # Texts that wait for the rooms that will show them, by the beginning of their keys.
 WAITING = (
     "notifications.work_ended.body_minutes.",
-    "settings.shortcuts.", "shortcut.key.", "window.general.shortcuts.help",
     "stats.chart.today",
     "window.videos.library.", "window.videos.percent", "window.videos.size_megabytes", "button.try_again",
     "window.videos.delete.", "window.videos.download.", "window.videos.preview.", "window.videos.tile.", "button.undo",

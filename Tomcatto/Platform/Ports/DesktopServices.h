@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/Ports/Alert.h"
+#include "Platform/Ports/HotKeys.h"
 #include "Platform/Ports/NotificationProbe.h"
 #include "Platform/Ports/SystemSettings.h"
 #include "Platform/Ports/UserNotificationCenter.h"
@@ -17,6 +18,7 @@ struct DesktopServices
     Alert &alert;
     SystemSettings &systemSettings;
     NotificationProbe &notificationProbe;
+    HotKeys &hotKeys;
     /// Shows notifications where the platform itself does not; `nullptr` where it does.
     UserNotificationCenter *notificationCenter = nullptr;
 };

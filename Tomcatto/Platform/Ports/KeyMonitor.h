@@ -1,7 +1,9 @@
 #pragma once
 
 #include "Foundation/Cancellable.h"
+#include "Platform/Ports/KeyModifiers.h"
 
+#include <optional>
 #include <QtCore/Qt>
 
 namespace tomcatto {
@@ -11,6 +13,12 @@ struct KeyPress
 {
     Qt::Key key = Qt::Key_unknown;
     Qt::KeyboardModifiers modifiers;
+    /// Virtual key code of its place on the keyboard; nothing for keys without one, such as modifiers by themselves.
+    std::optional<quint16> keyCode = {};
+    /// The same modifiers as combinations are stored with.
+    KeyModifiers heldModifiers = {};
+    /// Whether the keyboard repeats a key that is held.
+    bool isRepeat = false;
 
     bool operator==(const KeyPress &) const = default;
 };

@@ -1,5 +1,7 @@
 #include "Platform/Qt/ApplicationKeyMonitor.h"
 
+#include "Platform/Qt/KeyPositions.h"
+
 #include <algorithm>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QPointer>
@@ -7,6 +9,22 @@
 #include <utility>
 
 namespace tomcatto {
+
+namespace {
+
+KeyPress keyPress(const QKeyEvent &event)
+{
+    KeyPress press{static_cast<Qt::Key>(event.key()), event.modifiers()};
+    press.keyCode = keyPositions::virtualKey(event.nativeScanCode());
+    press.isRepeat = event.isAutoRepeat();
+    for (const auto &[held, modifier] :
+         {std::pair(Qt::ShiftModifier, KeyModifier::shift), std::pair(Qt::ControlModifier, KeyModifier::control),
+          std::pair(Qt::AltModifier, KeyModifier::option), std::pair(Qt::MetaModifier, KeyModifier::command)})
+        press.heldModifiers.setFlag(modifier, event.modifiers().testFlag(held));
+    return press;
+}
+
+}
 
 Cancellable ApplicationKeyMonitor::onKeyDown(std::function<bool(const KeyPress &)> handler)
 {
@@ -37,7 +55,7 @@ bool ApplicationKeyMonitor::eventFilter(QObject *watched, QEvent *event)
     if ((!isAnnounced && event->type() != QEvent::KeyPress) || !watched->isWindowType())
         return QObject::eventFilter(watched, event);
     const auto *keyEvent = static_cast<QKeyEvent *>(event);
-    const KeyPress press{static_cast<Qt::Key>(keyEvent->key()), keyEvent->modifiers()};
+    const KeyPress press = keyPress(*keyEvent);
     const auto taken = std::exchange(m_taken, std::nullopt);
     if (!isAnnounced && taken) {
         rest();

@@ -2,6 +2,7 @@
 #include "Platform/Freedesktop/AutostartLoginItem.h"
 #include "Platform/Freedesktop/DesktopSystemSettings.h"
 #include "Platform/Freedesktop/FreedesktopNotificationProbe.h"
+#include "Platform/Freedesktop/PortalHotKeys.h"
 #include "Platform/Freedesktop/StatusNotifierTray.h"
 #include "Platform/Linux/ProcessMemory.h"
 #include "Platform/Linux/RenderDevice.h"
@@ -17,6 +18,7 @@
 #include "Platform/Qt/ToolkitTray.h"
 #include "Platform/Sets/LinuxDisplay.h"
 #include "Platform/X11/X11ClickMonitor.h"
+#include "Platform/X11/X11HotKeys.h"
 #include "Platform/X11/X11TaskbarPresence.h"
 #include "Platform/X11/X11TrayWatcher.h"
 #include "Platform/X11/X11WindowSystem.h"
@@ -43,11 +45,19 @@ std::vector<std::unique_ptr<TrayIcon>> makeTrays()
     return trays;
 }
 
+std::unique_ptr<HotKeys> makeHotKeys()
+{
+    if (X11Display().isValid())
+        return std::make_unique<X11HotKeys>();
+    return std::make_unique<PortalHotKeys>(QDBusConnection::sessionBus());
+}
+
 struct ServiceAdapters
 {
     MessageBoxAlert alert;
     DesktopSystemSettings systemSettings{DesktopSystemSettings::currentDesktops(), AutostartLoginItem::userFolder()};
     FreedesktopNotificationProbe notificationProbe{QDBusConnection::sessionBus()};
+    std::unique_ptr<HotKeys> hotKeys = makeHotKeys();
 };
 
 struct SurfaceAdapters
@@ -86,7 +96,7 @@ public:
     {
         m_display.letGo();
         const auto adapters = std::make_shared<ServiceAdapters>();
-        return {adapters, adapters->alert, adapters->systemSettings, adapters->notificationProbe};
+        return {adapters, adapters->alert, adapters->systemSettings, adapters->notificationProbe, *adapters->hotKeys};
     }
     [[nodiscard]] DesktopPorts ports(MainRunLoop &runLoop, UserDefaults &defaults, QObject &texts) override
     {

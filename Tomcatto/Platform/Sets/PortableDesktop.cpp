@@ -54,6 +54,19 @@ private:
     QObject m_context;
 };
 
+/// The toolkit gets the keys of its own windows alone.
+class AbsentHotKeys final : public HotKeys
+{
+public:
+    [[nodiscard]] HotKeySupport support() const override { return HotKeySupport::none; }
+    [[nodiscard]] Cancellable onSupportChanged(std::function<void()> /*handler*/) override { return {}; }
+    void setDelegate(HotKeysDelegate * /*delegate*/) override {}
+    [[nodiscard]] std::expected<Cancellable, int> registerHotKey(const HotKeyRequest & /*request*/) override
+    {
+        return Cancellable();
+    }
+};
+
 struct ServiceAdapters
 {
     MessageBoxAlert alert;
@@ -61,6 +74,7 @@ struct ServiceAdapters
     TrayMessageProbe notificationProbe;
     QtMainRunLoop runLoop;
     TrayNotificationCenter notificationCenter{runLoop};
+    AbsentHotKeys hotKeys;
 };
 
 std::vector<std::unique_ptr<TrayIcon>> makeTrays(TrayNotificationCenter &notificationCenter)
@@ -107,7 +121,11 @@ public:
     {
         const auto adapters = std::make_shared<ServiceAdapters>();
         m_services = adapters;
-        return {adapters, adapters->alert, adapters->systemSettings, adapters->notificationProbe,
+        return {adapters,
+                adapters->alert,
+                adapters->systemSettings,
+                adapters->notificationProbe,
+                adapters->hotKeys,
                 &adapters->notificationCenter};
     }
     [[nodiscard]] DesktopPorts ports(MainRunLoop &runLoop, UserDefaults &defaults, QObject &texts) override

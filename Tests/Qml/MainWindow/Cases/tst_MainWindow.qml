@@ -169,8 +169,35 @@ TestCase {
         verify(!row("Open at login").checked)
     }
 
+    function test_shortcutsAreRecordedByKeyboard() {
+        const control = 0x40000, option = 0x80000, command = 0x100000
+        const field = () => one(item => item.recordText !== undefined && item.title === "Skip this phase")
+        const button = text => all(field(), item => item.visible && item.text === text && item.clicked !== undefined)[0]
+        show("general")
+        press(button("Record"), Qt.Key_Space)
+        verify(field().recording && world.isSuspended())
+        world.pressKey(49, command)
+        compare(field().notice, "Taken by Spotlight. Try another combination.")
+        verify(world.pressKey(35, control | option))
+        compare(field().keys, ["⌃", "⌥", "P"])
+        verify(!field().recording && field().notice === "" && !world.isSuspended())
+        verify(button("Change").activeFocus, "where the keyboard was")
+        compare(JSON.parse(world.stored("globalShortcuts")), { skip: { keyCode: 35, modifierFlags: control | option } })
+        mouseClick(button("Change"))
+        world.window.showPage("about")
+        verify(!world.isSuspended(), "nobody sees what is recorded")
+        show("general")
+        press(button("Clear shortcut"), Qt.Key_Return)
+        compare(field().keys, [])
+
+        world.offerHotKeys(false)
+        compare(all(window.contentItem, item => item.recordText !== undefined).length, 0)
+        one(item => item.text === "tomcatto skip" && item.implicitHeight === 26)
+        world.offerHotKeys(true)
+    }
+
     function test_everyControlIsNamed_data() {
-        return [{ tag: "timer", stops: 15 }, { tag: "general", stops: 8 }, { tag: "permissions", stops: 2 },
+        return [{ tag: "timer", stops: 15 }, { tag: "general", stops: 11 }, { tag: "permissions", stops: 2 },
                 { tag: "about", stops: 9 }]
     }
 

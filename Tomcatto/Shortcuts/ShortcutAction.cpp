@@ -1,0 +1,48 @@
+#include "Shortcuts/ShortcutAction.h"
+
+#include "Foundation/EnumTexts.h"
+
+namespace tomcatto {
+
+namespace {
+
+constexpr std::array rawValues{"toggleTimer", "skip", "extend"};
+
+}
+
+QString rawValue(ShortcutAction action)
+{
+    return textOf(rawValues, action);
+}
+
+std::optional<ShortcutAction> shortcutActionFromRawValue(QStringView text)
+{
+    return caseOf<ShortcutAction>(rawValues, text);
+}
+
+quint32 hotKeyId(ShortcutAction action)
+{
+    return static_cast<quint32>(action) + 1;
+}
+
+std::optional<ShortcutAction> shortcutActionFromHotKeyId(quint32 id)
+{
+    if (id < 1 || id > allShortcutActions.size())
+        return std::nullopt;
+    return allShortcutActions.at(id - 1);
+}
+
+QString labelKey(ShortcutAction action)
+{
+    switch (action) {
+    case ShortcutAction::toggleTimer:
+        return QStringLiteral("main.general.shortcuts.toggle_timer");
+    case ShortcutAction::skip:
+        return QStringLiteral("main.general.shortcuts.skip");
+    case ShortcutAction::extend:
+        return QStringLiteral("main.general.shortcuts.extend");
+    }
+    return {};
+}
+
+}
