@@ -37,16 +37,25 @@ QIODevice *TieredUrlCache::data(const QUrl &url)
     return copy.release();
 }
 
+QIODevice *TieredUrlCache::prepare(const QNetworkCacheMetaData &metaData)
+{
+    QIODevice *const device = QNetworkDiskCache::prepare(metaData);
+    if (device)
+        m_prepared.insert(device, metaData.url());
+    return device;
+}
+
 void TieredUrlCache::insert(QIODevice *device)
 {
-    // Nothing tells whose it is, and a later copy replaces it here as well.
-    m_memory.clear();
+    m_memory.remove(m_prepared.take(device));
     QNetworkDiskCache::insert(device);
 }
 
 bool TieredUrlCache::remove(const QUrl &url)
 {
     m_memory.remove(url);
+    // The copy on its way, too, if that is what is given up.
+    m_prepared.removeIf([&url](const auto &entry) { return entry.value() == url; });
     return QNetworkDiskCache::remove(url);
 }
 

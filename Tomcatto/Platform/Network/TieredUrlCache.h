@@ -16,6 +16,7 @@ public:
     explicit TieredUrlCache(qint64 memoryCapacity, QObject *parent = nullptr);
 
     QIODevice *data(const QUrl &url) override;
+    QIODevice *prepare(const QNetworkCacheMetaData &metaData) override;
     void insert(QIODevice *device) override;
     bool remove(const QUrl &url) override;
     void updateMetaData(const QNetworkCacheMetaData &metaData) override;
@@ -25,6 +26,8 @@ public Q_SLOTS:
 
 private:
     QCache<QUrl, QByteArray> m_memory;
+    /// Whose copies are on their way to the disk.
+    QHash<QIODevice *, QUrl> m_prepared;
 };
 
 }
