@@ -17,7 +17,9 @@ namespace tomcatto {
 class MainWindowFixture
 {
 public:
-    explicit MainWindowFixture(SelectedLanguage chosen = SelectedLanguage::en)
+    explicit MainWindowFixture(SelectedLanguage chosen = SelectedLanguage::en,
+                               const std::optional<QString> &remoteAddress = {})
+        : library(remoteAddress)
     {
         languageService.setLanguage(chosen);
         engine.settings.setSelectedLanguage(chosen);
@@ -42,9 +44,10 @@ public:
     ShortcutsViewModel shortcuts{shortcutsService, hotKeys, keys, clicks, strings};
     GeneralPageViewModel general{engine.settings, launchAtLogin, authorization, systemSettings,
                                  languageService, strings,       shortcuts};
-    VideosPageViewModel videos{library.commands,         library.repository, library.files,
-                               library.movedVideoSearch, library.bundled,    strings,
-                               library.runLoop};
+    RemoteLibraryViewModel remoteLibrary{library.remote.provider, library.remoteStills, strings, library.clock,
+                                         library.runLoop};
+    VideosPageViewModel videos{library.commands, library.repository, library.files, library.movedVideoSearch,
+                               library.bundled,  remoteLibrary,      strings,       library.runLoop};
     SessionRepository history{library.stack, engine.wallClock};
     StatsAggregator aggregator{history, engine.wallClock};
     HistoryEditor editor{library.stack, engine.wallClock, engine.identifiers, [] { return std::nullopt; }};

@@ -1,9 +1,13 @@
 #pragma once
 
+#include "Fakes/FakeHttpSession.h"
+#include "Fakes/FakeUserDefaults.h"
 #include "Fakes/ManualRunLoop.h"
 #include "Fakes/ManualWallClock.h"
 #include "Fakes/SequentialIdentifiers.h"
 #include "Media/MovedVideoSearch.h"
+#include "Media/RemoteLibrary.h"
+#include "Media/RemoteStills.h"
 #include "Media/UserVideoCommands.h"
 #include "Media/VideoFiles.h"
 #include "Media/VideoProviding.h"
@@ -11,6 +15,7 @@
 #include "Persistence/Repositories/UserVideoRepository.h"
 
 #include <QtCore/QFileInfo>
+#include <QtCore/QRandomGenerator>
 #include <QtCore/QTemporaryDir>
 
 namespace tomcatto {
@@ -70,10 +75,15 @@ public:
     std::vector<LocalVideoCandidate> videos;
 };
 
-/// The user's videos in a store of their own, and those that come along.
+/// The user's videos in a store of their own, those that come along, and a remote library where it has an address.
 class VideosFixture
 {
 public:
+    explicit VideosFixture(const std::optional<QString> &remoteAddress = {})
+        : remote(folder.path(), {remoteAddress, http, defaults, clock, random}, RemoteVideoProvider::Seeds::wait)
+    {
+    }
+
     QTemporaryDir folder;
     ManualWallClock clock;
     SequentialIdentifiers identifiers;
@@ -86,6 +96,11 @@ public:
     VideoFiles files{repository, bookmarks, runLoop};
     UserVideoCommands commands{repository, stillFrame, runLoop};
     ChosenBundledVideos bundled;
+    FakeHttpSession http;
+    FakeUserDefaults defaults;
+    QRandomGenerator random{7};
+    RemoteLibrary remote;
+    RemoteStills remoteStills{http, stillFrame, runLoop};
 };
 
 }

@@ -28,9 +28,12 @@ DesktopSurfaces::DesktopSurfaces(AppDependencies &dependencies, DesktopPorts des
     , m_generalPage(dependencies.settings, dependencies.launchAtLoginService, *dependencies.notificationAuthorization,
                     dependencies.platform.desktop->systemSettings, dependencies.languageOverrideService,
                     dependencies.strings, m_shortcuts)
+    , m_remoteStills(dependencies.platform.httpSession, dependencies.platform.stillFrame, dependencies.platform.runLoop)
+    , m_remoteLibrary(dependencies.remoteVideoProvider, m_remoteStills, dependencies.strings,
+                      dependencies.platform.wallClock, dependencies.platform.runLoop)
     , m_videosPage(dependencies.userVideoCommands, dependencies.userVideoRepository, dependencies.videoFiles,
-                   dependencies.movedVideoSearch, dependencies.bundledVideoProvider, dependencies.strings,
-                   dependencies.platform.runLoop)
+                   dependencies.movedVideoSearch, dependencies.bundledVideoProvider, m_remoteLibrary,
+                   dependencies.strings, dependencies.platform.runLoop)
     , m_statisticsPage({dependencies.statsAggregator, dependencies.settings, dependencies.strings,
                         dependencies.platform.wallClock, m_sessionExport},
                        dependencies.historyEditor, dependencies.platform.runLoop)
@@ -114,6 +117,7 @@ void DesktopSurfaces::connectPages()
     connect(&m_videosPage, &VideosPageViewModel::chooseFilesRequested, this, &DesktopSurfaces::chooseVideos);
     connect(&m_videosPage, &VideosPageViewModel::previewRequested, this, &DesktopSurfaces::previewFromPage);
     connect(&m_videosPage, &VideosPageViewModel::previewBundledRequested, this, &DesktopSurfaces::previewFile);
+    connect(&m_remoteLibrary, &RemoteLibraryViewModel::previewRequested, this, &DesktopSurfaces::previewFile);
     connect(&m_videosPage, &VideosPageViewModel::previewBreakRequested, this,
             [this] { previewVideo({}, [](PreviewOutcome) {}); });
     const auto postTest = [this] { m_dependencies.notificationCenterService.postTest(); };

@@ -106,6 +106,8 @@ private:
     QPointer<QFileDialog> m_videosDialog;
     /// Where the dialog opens: where it was closed the last time.
     QString m_videosFolder = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
+    RemoteStills m_remoteStills;
+    RemoteLibraryViewModel m_remoteLibrary;
     VideosPageViewModel m_videosPage;
     StatisticsPageViewModel m_statisticsPage;
     PermissionsPageViewModel m_permissionsPage;

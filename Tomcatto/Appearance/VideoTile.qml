@@ -9,6 +9,8 @@ PressButton {
     property url thumbnail
     property string title
     property string caption
+    /// Whether it tells of something that failed.
+    property bool captionIsError: false
     /// "active", "resting", "downloading" or "missing".
     property string status: "resting"
     /// Of the download, 0 to 1, and as a text.
@@ -16,6 +18,7 @@ PressButton {
     property string progressText
     /// On the chip of a missing video.
     property string sizeText
+    property string sizeSymbol: "arrow.down.circle"
     property string previewText
     property bool deletable: false
     property bool showActions: hover.hovered || showFocus || preview.visualFocus || remove.visualFocus
@@ -120,7 +123,7 @@ PressButton {
                     id: sizeLabel
 
                     anchors.centerIn: parent
-                    symbol: "arrow.down.circle"
+                    symbol: tile.sizeSymbol
                     symbolSize: 14
                     gap: 5
                     text: tile.sizeText
@@ -191,11 +194,12 @@ PressButton {
                 horizontalAlignment: Text.AlignLeft
                 wrapMode: Text.NoWrap
             }
-            QuietText {
+            NoticeLine {
                 width: parent.width
                 text: tile.caption
-                role: "caption"
-                color: Theme.ink2
+                role: tile.captionIsError ? "captionMedium" : "caption"
+                isError: tile.captionIsError
+                Accessible.ignored: true
             }
         }
     }

@@ -4,7 +4,7 @@ import QtQuick
 import Tomcatto.Appearance
 import Tomcatto.MainWindow
 
-/// The videos for the breaks: the user's own, which are added here, and those that came along.
+/// The videos for the breaks: the user's own, which are added here, those of the library, and those that came along.
 Item {
     id: root
 
@@ -140,6 +140,14 @@ Item {
                 interval: 0
                 onTriggered: page.reveal(problem)
             }
+        }
+
+        VideoLibrary {
+            width: page.columnWidth
+            viewModel: root.viewModel.library
+            seenFrom: page.flickable.contentY - y
+            seenTo: seenFrom + page.flickable.height
+            stillScale: root.stillScale
         }
 
         SectionHeading {

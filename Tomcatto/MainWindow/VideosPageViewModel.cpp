@@ -43,14 +43,15 @@ QString fileName(const QUrl &file)
 
 VideosPageViewModel::VideosPageViewModel(UserVideoCommands &commands, UserVideoRepository &repository,
                                          VideoFiles &files, MovedVideoSearch &movedVideoSearch,
-                                         const BundledVideoProviding &bundled, const LocalizedStrings &strings,
-                                         MainRunLoop &runLoop, QObject *parent)
+                                         const BundledVideoProviding &bundled, RemoteLibraryViewModel &library,
+                                         const LocalizedStrings &strings, MainRunLoop &runLoop, QObject *parent)
     : QObject(parent)
     , m_commands(commands)
     , m_repository(repository)
     , m_files(files)
     , m_movedVideoSearch(movedVideoSearch)
     , m_bundled(bundled)
+    , m_library(library)
     , m_strings(strings)
     , m_runLoop(runLoop)
     , m_stills(mostStillCharacters)

@@ -2,6 +2,7 @@
 
 #include "Localization/LocalizedStrings.h"
 #include "MainWindow/OwnVideosModel.h"
+#include "MainWindow/RemoteLibraryViewModel.h"
 #include "Media/UserVideoCommands.h"
 #include "Media/VideoFiles.h"
 #include "Media/VideoProviding.h"
@@ -20,6 +21,7 @@ class VideosPageViewModel final : public QObject
     Q_OBJECT
     /// The user's videos, the earliest added first.
     Q_PROPERTY(QAbstractItemModel *own READ own CONSTANT FINAL)
+    Q_PROPERTY(tomcatto::RemoteLibraryViewModel *library READ library CONSTANT FINAL)
     /// As long as a caption gets as a rule.
     Q_PROPERTY(QString longestCaption READ longestCaption NOTIFY changed FINAL)
     /// The videos that came along: id, title.
@@ -33,9 +35,11 @@ public:
     /// All outlive the view model.
     VideosPageViewModel(UserVideoCommands &commands, UserVideoRepository &repository, VideoFiles &files,
                         MovedVideoSearch &movedVideoSearch, const BundledVideoProviding &bundled,
-                        const LocalizedStrings &strings, MainRunLoop &runLoop, QObject *parent = nullptr);
+                        RemoteLibraryViewModel &library, const LocalizedStrings &strings, MainRunLoop &runLoop,
+                        QObject *parent = nullptr);
 
     [[nodiscard]] OwnVideosModel *own() { return &m_rows; }
+    [[nodiscard]] RemoteLibraryViewModel *library() const { return &m_library; }
     [[nodiscard]] QString longestCaption() const;
     [[nodiscard]] QVariantList included() const;
     [[nodiscard]] QString error() const { return m_errors.join(QLatin1Char('\n')); }
@@ -104,6 +108,7 @@ private:
     VideoFiles &m_files;
     MovedVideoSearch &m_movedVideoSearch;
     const BundledVideoProviding &m_bundled;
+    RemoteLibraryViewModel &m_library;
     const LocalizedStrings &m_strings;
     MainRunLoop &m_runLoop;
     bool m_isShown = false;

@@ -12,7 +12,6 @@ TABLE = ROOT / "Resources" / "en.lproj" / "Localizable.strings"
 WAITING = (
     "notifications.work_ended.body_minutes.",
     "stats.chart.today",
-    "window.videos.library.", "window.videos.percent", "window.videos.size_megabytes", "button.try_again",
     "window.videos.delete.", "window.videos.download.", "window.videos.preview.", "window.videos.tile.", "button.undo",
 )
 
