@@ -19,6 +19,7 @@ import sys
 import tempfile
 
 import desktop
+import library
 from figures import memory_rows, resting, row, starts
 from measured_process import Places, Running
 
@@ -99,7 +100,7 @@ def imports(build, _):
               "at most 2 × `sqlite3`", True)
 
 
-MEASUREMENTS = (terminal, commands, imports, *desktop.MEASUREMENTS)
+MEASUREMENTS = (terminal, commands, imports, *library.MEASUREMENTS, *desktop.MEASUREMENTS)
 
 
 def main():
