@@ -29,7 +29,7 @@ Item {
         onFailed: reason => content.viewModel.videoFailed(reason)
         onSoundMissing: content.viewModel.soundMissing()
     }
-    Rectangle {
+    Scrim {
         anchors {
             left: parent.left
             right: parent.right
@@ -37,12 +37,8 @@ Item {
         }
         // In one column the words stand higher, where a bright video would swallow them.
         height: Math.round((content.isNarrow ? 640 : 400) * content.unit)
-        gradient: Gradient {
-            GradientStop { position: 0; color: OverlayStyle.scrim(0) }
-            GradientStop { position: 0.3; color: OverlayStyle.scrim(0.3) }
-            GradientStop { position: 0.56; color: OverlayStyle.scrim(0.7) }
-            GradientStop { position: 1; color: OverlayStyle.scrim(0.86) }
-        }
+        color: OverlayStyle.ground
+        shares: [0, 0, 0.3, 0.3, 0.56, 0.7, 1, 0.86]
     }
     Item {
         id: top
@@ -57,13 +53,11 @@ Item {
             }
         }
 
-        Rectangle {
+        Scrim {
             width: parent.width
             height: Math.round(150 * content.unit)
-            gradient: Gradient {
-                GradientStop { position: 0; color: OverlayStyle.scrim(0.38) }
-                GradientStop { position: 1; color: OverlayStyle.scrim(0) }
-            }
+            color: OverlayStyle.ground
+            shares: [0, 0.38, 1, 0]
         }
         SkipHint {
             anchors.horizontalCenter: parent.horizontalCenter

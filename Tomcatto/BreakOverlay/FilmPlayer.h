@@ -2,8 +2,6 @@
 
 #include "Platform/Film/RunningFilm.h"
 
-#include <QtCore/QPointer>
-#include <QtMultimedia/QVideoSink>
 #include <QtQml/QQmlEngine>
 
 namespace tomcatto {
@@ -21,8 +19,6 @@ class FilmPlayer : public QObject, public QQmlParserStatus
     Q_PROPERTY(bool isStill READ isStill WRITE setStill NOTIFY wishChanged FINAL)
     /// Whether a frame came.
     Q_PROPERTY(bool hasFrame READ hasFrame NOTIFY hasFrameChanged FINAL)
-    /// Gets copies of the frames, for a graphics card to draw.
-    Q_PROPERTY(QVideoSink *sink READ sink WRITE setSink NOTIFY sinkChanged FINAL)
 
 public:
     explicit FilmPlayer(QObject *parent = nullptr);
@@ -34,8 +30,6 @@ public:
     void setStill(bool isStill);
     [[nodiscard]] bool hasFrame() const noexcept { return m_frame.isValid(); }
     [[nodiscard]] const FilmFrame &frame() const noexcept { return m_frame; }
-    [[nodiscard]] QVideoSink *sink() const noexcept { return m_sink; }
-    void setSink(QVideoSink *sink);
 
     void classBegin() override {}
     void componentComplete() override;
@@ -43,7 +37,6 @@ public:
 Q_SIGNALS:
     void wishChanged();
     void hasFrameChanged();
-    void sinkChanged();
     void frameChanged();
     void failed(const QString &reason);
     /// Nothing can be heard here.
@@ -57,7 +50,6 @@ private:
     FilmWish m_wish;
     std::unique_ptr<RunningFilm> m_film;
     FilmFrame m_frame;
-    QPointer<QVideoSink> m_sink;
 };
 
 }

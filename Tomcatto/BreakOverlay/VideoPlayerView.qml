@@ -22,21 +22,8 @@ Item {
         onFailed: reason => view.failed(reason)
         onSoundMissing: view.soundMissing()
     }
-    Loader {
-        id: screen
-
+    FilmView {
         anchors.fill: parent
-        Component.onCompleted: {
-            if (GraphicsInfo.api === GraphicsInfo.Software)
-                sourceComponent = painted
-            else
-                setSource(Qt.resolvedUrl("RenderedFilm.qml"), {"film": player})
-        }
-        onLoaded: item.film = player
-    }
-    Component {
-        id: painted
-
-        SoftwareVideoItem {}
+        film: player
     }
 }

@@ -1,5 +1,7 @@
 #include "Platform/Film/FilmPipeline.h"
 
+#include "Platform/Film/FramePool.h"
+
 #include <algorithm>
 #include <gst/video/video.h>
 #include <utility>
@@ -109,6 +111,18 @@ FilmFrame frameOf(GstSample *sample)
     frame.isFullRange = info.colorimetry.range == GST_VIDEO_COLOR_RANGE_0_255;
     frame.memory = mapped;
     return frame;
+}
+
+void offerPool(GstQuery *query)
+{
+    GstCaps *caps = nullptr;
+    gst_query_parse_allocation(query, &caps, nullptr);
+    GstVideoInfo info;
+    if (!caps || !gst_video_info_from_caps(&info, caps))
+        return;
+    GstBufferPool *pool = makeFramePool();
+    gst_query_add_allocation_pool(query, pool, static_cast<guint>(info.size), 0, 0);
+    gst_object_unref(pool);
 }
 
 /// What a file says of how it lies, such as "rotate-90" or "flip-rotate-180": flipped from left to right, then turned.
@@ -329,8 +343,10 @@ GstPadProbeReturn FilmPipeline::answerSink(GstPad *, GstPadProbeInfo *info, gpoi
     GstQuery *query = gst_pad_probe_info_get_query(info);
     if (GST_QUERY_TYPE(query) != GST_QUERY_ALLOCATION || (info->type & GST_PAD_PROBE_TYPE_PUSH) == 0)
         return GST_PAD_PROBE_OK;
-    // Frames are read wherever their planes lie, so that the decoder need not copy them.
+    // Frames are read wherever their planes lie, so that the decoder need not copy them. Into memory of its own it
+    // would copy all whose height is not a multiple of 16, as these are decoded into more rows than they show.
     gst_query_add_allocation_meta(query, GST_VIDEO_META_API_TYPE, nullptr);
+    offerPool(query);
     return GST_PAD_PROBE_HANDLED;
 }
 

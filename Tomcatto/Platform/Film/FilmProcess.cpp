@@ -4,6 +4,7 @@
 #include "Platform/Posix/CompanionProgram.h"
 #include "Platform/Posix/SharedMemory.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 #include <QtCore/QProcess>
 #include <QtCore/QTimer>
@@ -22,10 +23,13 @@ struct HeldFrame
     std::weak_ptr<FilmProcess> process;
     qint64 frame;
 
+    // On the thread that draws, where there is one.
     void operator()(const uchar *) const
     {
-        if (const auto there = process.lock())
-            there->send({.kind = FilmOrder::Kind::release, .frame = frame});
+        QMetaObject::invokeMethod(qApp, [process = process, frame = frame] {
+            if (const auto there = process.lock())
+                there->send({.kind = FilmOrder::Kind::release, .frame = frame});
+        });
     }
 };
 

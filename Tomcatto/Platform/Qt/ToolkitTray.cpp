@@ -5,7 +5,9 @@
 #include <QtGui/QGuiApplication>
 #include <QtGui/QIcon>
 #include <QtGui/QPixmap>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QSystemTrayIcon>
+#include <QtWidgets/QWidget>
 
 namespace tomcatto {
 
@@ -53,17 +55,13 @@ void ToolkitTray::setShown(bool isShown)
 
 void ToolkitTray::show(const StatusItemPresentation &presentation)
 {
-    const bool hasNewImages = presentation.squareIcons != m_images;
-    if (m_icon && hasNewImages)
+    if (m_icon && presentation.squareIcons != m_images)
         m_icon->setIcon(iconOf(presentation.squareIcons));
     if (m_icon && presentation.toolTip != m_toolTip)
         m_icon->setToolTip(presentation.toolTip);
     m_images = presentation.squareIcons;
     m_toolTip = presentation.toolTip;
     update();
-    // Where the icon lies is asked of the display server, which is too dear for every second.
-    if (hasNewImages)
-        followEdge();
 }
 
 void ToolkitTray::showMessage(const QString &title, const QString &text)
@@ -103,6 +101,19 @@ void ToolkitTray::makeIcon()
     connect(m_icon.get(), &QSystemTrayIcon::messageClicked, this, &ToolkitTray::messagePressed);
     m_icon->show();
     m_fitting.start();
+    // Where the toolkit has a window for the icon, that tells when the tray gives it another size. To ask for its place
+    // whenever the icon changes would wake up the program and the display server.
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (window->inherits("QSystemTrayIconSys"))
+            window->installEventFilter(this);
+    }
+}
+
+bool ToolkitTray::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Resize)
+        m_fitting.start();
+    return TrayIcon::eventFilter(watched, event);
 }
 
 void ToolkitTray::followEdge()

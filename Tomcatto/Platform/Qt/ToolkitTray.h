@@ -37,6 +37,9 @@ public:
 Q_SIGNALS:
     void messagePressed();
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void update();
     void makeIcon();
@@ -45,7 +48,7 @@ private:
     std::unique_ptr<TrayPresence> m_presence;
     TrayMenuPopup m_popup;
     std::unique_ptr<QSystemTrayIcon> m_icon;
-    /// The tray fits the icon in some time after it was shown and the toolkit does not tell when.
+    /// The tray fits the icon in some time after it was shown.
     QTimer m_fitting;
     std::vector<QImage> m_images;
     QString m_toolTip;

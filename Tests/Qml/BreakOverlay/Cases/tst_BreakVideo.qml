@@ -36,15 +36,34 @@ TestCase {
                 isMuted: false
                 isStill: Theme.reducedMotion
             }
-            Rectangle {
+            Scrim {
                 anchors.fill: parent
                 anchors.topMargin: 31
-                color: "#80302010"
+                color: "#302010"
+                shares: [0, 0.2, 1, 0.6]
             }
             Text {
                 anchors.centerIn: parent
                 text: "25:00"
                 color: "white"
+            }
+        }
+    }
+
+    Component {
+        id: scrims
+
+        Rectangle {
+            anchors.fill: parent
+            color: "#C88040"
+
+            Scrim {
+                y: 20
+                width: 161
+                height: 100
+                color: "#080080"
+                shares: [0, 0, 0.5, 0.5, 1, 1]
+                opacity: 0.5
             }
         }
     }
@@ -108,6 +127,16 @@ TestCase {
         view.visible = true
         waitForRendering(test)
         verify(painted.equals(grabImage(test)))
+    }
+
+    function test_darkensByTheShareOfEachRow_data() {
+        return [[0, 19, 0], [0, 45, 0.1275], [160, 70, 0.2525], [0, 95, 0.3775], [161, 95, 0], [0, 120, 0]].map(
+                    ([x, y, share]) => ({tag: `${x}, ${y}`, x, y, share}))
+    }
+    function test_darkensByTheShareOfEachRow(data: var) {
+        const picture = grabImage(createTemporaryObject(scrims, test))
+        for (const [part, below, above] of [["red", 0xC8, 0x08], ["green", 0x80, 0], ["blue", 0x40, 0x80]])
+            fuzzyCompare(picture[part](data.x, data.y), below + data.share * (above - below), 1.5)
     }
 
     function test_keepsStillWithReducedMotion() {

@@ -1,10 +1,9 @@
-#include "SoftwareVideoItem.h"
+#include "FilmView.h"
+
+#include "PaintedPixels.h"
 
 #include <cmath>
-#include <QtGui/QPainter>
-#include <QtQuick/QQuickWindow>
-#include <QtQuick/QSGRendererInterface>
-#include <QtQuick/QSGRenderNode>
+#include <QtQuick/QSGSimpleTextureNode>
 
 namespace tomcatto {
 namespace {
@@ -25,21 +24,11 @@ public:
 
     void render(const RenderState *state) override
     {
-        void *resource = m_window.rendererInterface()->getResource(&m_window, QSGRendererInterface::PainterResource);
-        auto *painter = static_cast<QPainter *>(resource);
-        auto *target = painter && painter->device()->devType() == QInternal::Image
-                           ? static_cast<QImage *>(painter->device())
-                           : nullptr;
-        if (!target)
-            return;
-        const QPoint origin = (matrix()->map(QPointF()) * m_scale).toPoint();
+        const PaintedPixels pixels = PaintedPixels::of(m_window, *this, *state, m_scale);
         const QRect mine = QRect(pixelAt(m_area.topLeft()), pixelAt(m_area.bottomRight()) - QPoint(1, 1)) &
                            QRect(QPoint(), m_picture.size());
-        for (const QRect &asked : pixelsOf(*state->clipRegion())) {
-            const QRect area = asked.translated(-origin) & mine & target->rect().translated(-origin);
-            if (!area.isEmpty())
-                m_picture.paint(area, *target, origin);
-        }
+        for (const QRect &area : pixels.asked &mine)
+            m_picture.paint(area, *pixels.target, pixels.origin);
     }
 
     [[nodiscard]] StateFlags changedStates() const override { return {}; }
@@ -47,12 +36,6 @@ public:
     [[nodiscard]] QRectF rect() const override { return m_area; }
 
 private:
-    /// Those that what lies above is painted to as well, by the painter's own way to round.
-    [[nodiscard]] QRegion pixelsOf(const QRegion &region) const
-    {
-        const QTransform scaling = QTransform::fromScale(m_scale, m_scale);
-        return region.rectCount() == 1 ? QRegion(scaling.mapRect(region.boundingRect())) : scaling.map(region);
-    }
     [[nodiscard]] QPoint pixelAt(QPointF place) const { return (place * m_scale).toPoint(); }
 
     FramePicture &m_picture;
@@ -116,15 +99,44 @@ private:
     qreal m_scale;
 };
 
+/// The whole picture in the size of its film, which a graphics card scales.
+class RenderedFilm final : public QSGSimpleTextureNode
+{
+public:
+    RenderedFilm()
+    {
+        setOwnsTexture(true);
+        setFiltering(QSGTexture::Linear);
+    }
+
+    void show(const FilmFrame &frame, FramePicture &picture, QQuickWindow &window, const QRectF &place)
+    {
+        const QSize size = frame.angle % 180 == 0 ? frame.size : frame.size.transposed();
+        picture.setFrame(frame, size);
+        if (m_pixels.size() != size)
+            m_pixels = QImage(size, QImage::Format_RGB32);
+        for (const QRect &change : picture.changes())
+            picture.paint(change, m_pixels, {});
+        setTexture(window.createTextureFromImage(m_pixels, QQuickWindow::TextureIsOpaque));
+        setRect(place);
+        QRectF part(QPointF(), place.size().scaled(size, Qt::KeepAspectRatio));
+        part.moveCenter(QRectF(QPointF(), size).center());
+        setSourceRect(part);
+    }
+
+private:
+    QImage m_pixels;
+};
+
 }
 
-SoftwareVideoItem::SoftwareVideoItem(QQuickItem *parent)
+FilmView::FilmView(QQuickItem *parent)
     : QQuickItem(parent)
 {
     setFlag(ItemHasContents);
 }
 
-void SoftwareVideoItem::setFilm(FilmPlayer *film)
+void FilmView::setFilm(FilmPlayer *film)
 {
     if (m_film == film)
         return;
@@ -137,19 +149,24 @@ void SoftwareVideoItem::setFilm(FilmPlayer *film)
     Q_EMIT filmChanged();
 }
 
-void SoftwareVideoItem::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)
+void FilmView::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)
 {
     QQuickItem::geometryChange(newGeometry, oldGeometry);
     update();
 }
 
-QSGNode *SoftwareVideoItem::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
+QSGNode *FilmView::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
+{
+    if (!m_film || !m_film->hasFrame() || size().isEmpty())
+        return oldNode;
+    return isPainted(*window()) ? painted(oldNode) : rendered(oldNode);
+}
+
+QSGNode *FilmView::painted(QSGNode *oldNode)
 {
     auto *tiles = static_cast<Tiles *>(oldNode);
     const qreal scale = window()->effectiveDevicePixelRatio();
     const QSize pixels = (size() * scale).toSize();
-    if (!m_film || !m_film->hasFrame() || pixels.isEmpty())
-        return tiles;
     const bool isResized = !tiles || pixels != m_picture.size() || scale != tiles->scale();
     m_picture.setFrame(m_film->frame(), pixels);
     if (isResized) {
@@ -158,6 +175,13 @@ QSGNode *SoftwareVideoItem::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeDat
     }
     tiles->repaintChanges(m_picture, mapToScene({}));
     return tiles;
+}
+
+QSGNode *FilmView::rendered(QSGNode *oldNode)
+{
+    auto *film = oldNode ? static_cast<RenderedFilm *>(oldNode) : new RenderedFilm;
+    film->show(m_film->frame(), m_picture, *window(), boundingRect());
+    return film;
 }
 
 }
