@@ -139,6 +139,7 @@ class RemoteLibrary(unittest.TestCase):
         self.check(tomcatto.run("videos", "download", "c"), 0)
         os.mkdir(os.path.join(tomcatto.cache, "d.mp4"))
         self.check(tomcatto.run("videos", "download", "d"), 4, "cannot be stored")
+        self.assertEqual([name for name in self.files(tomcatto) if name.startswith(".")], [])
         server.paths.clear()
         self.check(tomcatto.run("videos", "refresh"), 1, "The list is the one it had last")
         self.assertEqual(tomcatto.end(), 0)

@@ -131,10 +131,11 @@ ControlReply RemoteVideoCommands::ended(const QString &id, Outcome outcome) cons
     return {};
 }
 
-ControlReply RemoteVideoCommands::progress(const QString &id)
+ControlReply RemoteVideoCommands::progress(const QString &id) const
 {
-    if (const auto ended = m_ended.extract(id))
-        return ended.mapped();
+    // It stays: another may be watching.
+    if (const auto ended = m_ended.find(id); ended != m_ended.end())
+        return ended->second;
     const auto entry = std::ranges::find(m_provider.entries(), id, &RemoteVideoEntryView::id);
     if (entry == m_provider.entries().end() || !entry->isDownloading)
         return refusal(QStringLiteral("\"%1\" is not being downloaded.").arg(id));

@@ -25,12 +25,12 @@ private:
     void download(const QString &id, bool isWatched, const CommandTable::Answer &answer);
     void begin(const QString &id, bool isWatched, const CommandTable::Answer &answer);
     [[nodiscard]] ControlReply ended(const QString &id, RemoteVideoProvider::DownloadOutcome outcome) const;
-    [[nodiscard]] ControlReply progress(const QString &id);
+    [[nodiscard]] ControlReply progress(const QString &id) const;
     [[nodiscard]] bool isKnown(const QString &id) const;
     [[nodiscard]] bool change(const QString &action, const QString &id, const CommandTable::Answer &answer);
 
     RemoteVideoProvider &m_provider;
-    /// How downloads ended whose watchers have not asked yet.
+    /// How the last watched download of each video ended.
     std::map<QString, ControlReply> m_ended;
 };
 

@@ -63,8 +63,10 @@ std::expected<qint64, QString> RemoteVideoCacheStore::takeFile(const QString &id
 {
     const QString file = filePath(id);
     QFile part(partPath(id));
-    if (QFileInfo::exists(file) && !QFile::remove(file))
+    if (QFileInfo::exists(file) && !QFile::remove(file)) {
+        part.remove();
         return std::unexpected(QStringLiteral("the file that is there cannot be removed"));
+    }
     if (!part.rename(file)) {
         const QString problem = part.errorString();
         part.remove();

@@ -194,7 +194,8 @@ QCoro::Task<> RemoteVideoProvider::downloadSeeds()
     const QStringList seeds = m_cats.missing();
     for (const QString &id : seeds) {
         const RemoteVideoEntry *const entry = entryFor(id);
-        if (!entry || m_inFlightDownloads.contains(id))
+        // Meanwhile the user may have downloaded it, and removed it again.
+        if (!entry || !m_cats.missing().contains(id) || m_inFlightDownloads.contains(id))
             continue;
         auto fetching = fetchVideo(*entry);
         // One that fails waits for the next refresh.
