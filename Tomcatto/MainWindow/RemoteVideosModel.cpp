@@ -176,7 +176,7 @@ QString RemoteVideosModel::captionOf(const RemoteVideoEntryView &entry) const
         return failure;
     if (waits(entry))
         return m_strings.text(QStringLiteral("window.videos.caption.waiting"));
-    const QString length = lengthText(entry.durationSec);
+    QString length = lengthText(entry.durationSec);
     switch (entry.displayState()) {
     case State::downloading:
         return m_strings.format(QStringLiteral("window.videos.caption.downloading"),
