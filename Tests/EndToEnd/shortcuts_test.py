@@ -66,6 +66,17 @@ class Shortcuts(unittest.TestCase):
         for layout in ("de", "fr", "tr", "us"):
             subprocess.run(["setxkbmap", layout], env=desktop.outside, check=True)
             self.expect_one_extension()
+        subprocess.run(["xmodmap", "-e", "clear mod4", "-e", "clear mod1", "-e", "add mod3 = Alt_L Alt_R"],
+                       env=desktop.outside, check=True)
+        self.expect_one_extension()
+        subprocess.run(["setxkbmap", "us"], env=desktop.outside, check=True)
+        self.expect_one_extension()
+        # As when a terminal's Return gives the command.
+        desktop.tool("keydown", "Return")
+        self.expect(0, "set", "skip", "control+alt+return")
+        desktop.tool("keyup", "Return", "key", "ctrl+alt+Return")
+        desktop.wait_for(lambda: desktop.status()["phase"] == "shortBreak")
+        self.expect_press("Return", lambda status: status["phase"] == "work")
         before = self.planned()
         desktop.tool("keydown", "ctrl", "keydown", "alt", "keydown", Q)
         # The server begins to repeat it after less than a second.

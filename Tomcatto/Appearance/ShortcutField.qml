@@ -47,6 +47,8 @@ ListRow {
         }
     }
     PushButton {
+        id: change
+
         visible: !row.recording
         text: row.keys.length > 0 ? row.changeText : row.recordText
         Accessible.description: row.title
@@ -61,7 +63,12 @@ ListRow {
         symbolSize: 14
         text: row.clearText
         Accessible.description: row.title
-        onClicked: row.clearRequested()
+        onClicked: {
+            // It cannot keep the keyboard itself, with nothing left to clear.
+            if (activeFocus)
+                change.forceActiveFocus(visualFocus ? Qt.TabFocusReason : Qt.OtherFocusReason)
+            row.clearRequested()
+        }
     }
     Rectangle {
         visible: row.recording

@@ -92,6 +92,7 @@ constexpr std::array names{
     NamedKey{116, text, "page_up", "pageup"},
     NamedKey{121, text, "page_down", "pagedown"},
     NamedKey{114, text, "help"},
+    NamedKey{110, text, "menu"},
     NamedKey{123, text, "left"},
     NamedKey{124, text, "right"},
     NamedKey{126, text, "up"},

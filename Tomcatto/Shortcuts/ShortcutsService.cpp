@@ -83,15 +83,13 @@ void ShortcutsService::attach(std::unique_ptr<GlobalHotkeyController> controller
 
 void ShortcutsService::apply()
 {
-    if (m_controller && m_isSuspended) {
+    // All go first, so that one action can have what another one gives up.
+    if (m_controller)
         m_controller->unregisterAll();
-    } else if (m_controller) {
+    if (m_controller && !m_isSuspended) {
         std::set<ShortcutAction> failures;
-        for (const ShortcutAction action : allShortcutActions) {
-            const auto combo = binding(action);
-            if (!combo)
-                m_controller->unregister(action);
-            else if (!m_controller->registerAction(action, *combo))
+        for (const auto &[action, combo] : m_bindings) {
+            if (!m_controller->registerAction(action, combo))
                 failures.insert(action);
         }
         m_unavailable = std::move(failures);

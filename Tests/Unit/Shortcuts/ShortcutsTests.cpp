@@ -175,6 +175,10 @@ TEST_F(Shortcuts, WhatIsBoundIsRegisteredAndActs)
     EXPECT_FALSE(service.isUnavailable(ShortcutAction::skip)) << "any change tries again";
     hotKeys.press(49, control | option);
     EXPECT_EQ(pressed.last(), QStringLiteral("skip"));
+    service.setBinding(ShortcutAction::toggleTimer, combo);
+    service.setBinding(ShortcutAction::skip, KeyCombo(35, control));
+    EXPECT_FALSE(service.isUnavailable(ShortcutAction::toggleTimer)) << "it can have what another one gives up";
+    service.clearBinding(ShortcutAction::toggleTimer);
 
     service.suspend();
     EXPECT_TRUE(hotKeys.held.empty());

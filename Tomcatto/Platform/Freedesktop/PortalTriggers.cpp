@@ -97,6 +97,7 @@ constexpr auto names = std::to_array<NamedKey>({
     {116, "Page_Up"},
     {121, "Page_Down"},
     {114, "Insert"},
+    {110, "Menu"},
     {123, "Left"},
     {124, "Right"},
     {126, "Up"},

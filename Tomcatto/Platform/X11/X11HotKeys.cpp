@@ -69,7 +69,7 @@ std::expected<Cancellable, int> X11HotKeys::registerHotKey(const HotKeyRequest &
     if (const int error = grab(held))
         return std::unexpected(error);
     // Held since before, as right after it was recorded: the keyboard goes on repeating it.
-    held.isDown = isKeyDown(*key);
+    held.isDown = isDown(held);
     m_held.push_back(held);
     return Cancellable([self = QPointer(this), identifier = request.identifier] {
         if (self)
@@ -119,12 +119,17 @@ void X11HotKeys::ungrab(Held &held) const
     xcb_flush(m_display.connection());
 }
 
-bool X11HotKeys::isKeyDown(xcb_keycode_t key) const
+bool X11HotKeys::isDown(const Held &held) const
 {
-    const auto request = xcb_query_keymap(m_display.connection());
-    const X11Reply<xcb_query_keymap_reply_t> reply(xcb_query_keymap_reply(m_display.connection(), request, nullptr));
+    xcb_connection_t *const connection = m_display.connection();
+    const auto keysRequest = xcb_query_keymap(connection);
+    const auto stateRequest = xcb_query_pointer(connection, m_roots.front());
+    const X11Reply<xcb_query_keymap_reply_t> keys(xcb_query_keymap_reply(connection, keysRequest, nullptr));
+    const X11Reply<xcb_query_pointer_reply_t> state(xcb_query_pointer_reply(connection, stateRequest, nullptr));
     constexpr unsigned bitsPerByte = 8;
-    return reply && (reply->keys[key / bitsPerByte] & (1U << (key % bitsPerByte))) != 0;
+    // The key alone may be down for another reason, and its release may go elsewhere: Return, say, after a command.
+    return keys && state && m_keyboard.withoutLocks(state->mask) == held.mask &&
+           (keys->keys[held.key / bitsPerByte] & (1U << (held.key % bitsPerByte))) != 0;
 }
 
 bool X11HotKeys::nativeEventFilter(const QByteArray &eventType, void *message, qintptr * /*result*/)
@@ -186,7 +191,10 @@ void X11HotKeys::grabAnew()
     m_isChangeNoted = false;
     if (m_held.empty())
         return;
-    m_keyboard = X11KeyboardState(m_display);
+    // Where two keyboards are used in turn, each turn is a change; a press must not fall between two grabs then.
+    const X11KeyboardState before = std::exchange(m_keyboard, X11KeyboardState(m_display));
+    if (m_keyboard == before)
+        return;
     std::vector<HotKeyIdentifier> grabbed;
     for (Held &held : m_held) {
         if (held.isGrabbed)

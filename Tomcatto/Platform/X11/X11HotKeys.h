@@ -49,7 +49,7 @@ private:
     void grabAnew();
     void unregister(HotKeyIdentifier identifier);
     void tellLater(std::function<void(HotKeysDelegate &)> action);
-    [[nodiscard]] bool isKeyDown(xcb_keycode_t key) const;
+    [[nodiscard]] bool isDown(const Held &held) const;
 
     X11Display m_display;
     std::vector<xcb_window_t> m_roots;

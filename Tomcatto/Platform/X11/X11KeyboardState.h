@@ -22,6 +22,8 @@ public:
     /// Every state that locks, such as those of capitals and numbers, may have.
     [[nodiscard]] const std::vector<uint16_t> &lockStates() const noexcept { return m_lockStates; }
 
+    bool operator==(const X11KeyboardState &) const = default;
+
 private:
     void addLock(uint16_t lock);
 

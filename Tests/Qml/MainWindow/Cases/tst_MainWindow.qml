@@ -189,6 +189,7 @@ TestCase {
         show("general")
         press(button("Clear shortcut"), Qt.Key_Return)
         compare(field().keys, [])
+        verify(button("Record").activeFocus, "there is nothing left to clear")
 
         world.offerHotKeys(false)
         compare(all(window.contentItem, item => item.recordText !== undefined).length, 0)
