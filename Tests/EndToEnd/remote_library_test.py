@@ -146,6 +146,8 @@ class RemoteLibrary(unittest.TestCase):
         server.close()
         self.check(tomcatto.run("videos", "refresh"), 1, "cannot be reached")
         self.check(tomcatto.run("videos", "deselect", "c"), 0)
+        self.check(tomcatto.run("videos", "select", "d"), 1, "not downloaded")
+        self.check(tomcatto.run("videos", "remove", "x"), 1, "no video \"x\"")
         lines = [line.split("\t") for line in tomcatto.run("videos", "list").stdout.splitlines()]
         self.assertEqual([line[0] for line in lines], list("bcdefgh"))
         self.assertEqual(lines[1][1:], ["-", "9.0", "C", os.path.join(tomcatto.cache, "c.mp4")])

@@ -35,6 +35,16 @@ ControlReply answerOf(const CommandTable &commands, const QString &name, const n
     return std::move(answer).value_or(ControlReply{});
 }
 
+/// Shows the list that was kept on disk, as a running application does that does not reach the server.
+void showLastList(RemoteVideoProvider &provider)
+{
+    if (!provider.isEnabled())
+        return;
+    QEventLoop waiting;
+    provider.showLast([&waiting] { waiting.quit(); });
+    waiting.exec();
+}
+
 /// What an application that ended without an answer has done of a request all the same.
 std::optional<ControlReply> doneSince(Date asked, const std::vector<UserVideoListing> &videos,
                                       const nlohmann::ordered_json &arguments)
@@ -128,9 +138,7 @@ nlohmann::ordered_json FileCommands::remoteVideos(const QString &folder) const
                           {m_surroundings.remoteManifestUrl(), m_surroundings.httpSession, *defaults,
                            m_surroundings.wallClock, *QRandomGenerator::global()},
                           RemoteVideoProvider::Seeds::wait);
-    QEventLoop waiting;
-    library.provider.showLast([&waiting] { waiting.quit(); });
-    waiting.exec();
+    showLastList(library.provider);
     nlohmann::ordered_json lines = nlohmann::ordered_json::array();
     RemoteVideoCommands(library.provider).list(lines);
     return lines;
@@ -199,6 +207,9 @@ ControlReply FileCommands::videos(nlohmann::ordered_json arguments, std::optiona
         if (onProgress && entry.id == id && entry.isDownloading)
             onProgress(entry.downloadProgress);
     });
+    // A download looks for a new list first.
+    if (textArgument(arguments, "action") != QStringLiteral("download"))
+        showLastList(library.provider);
     // Nobody else asks how far it is.
     arguments.erase("isWatched");
     CommandTable commands;

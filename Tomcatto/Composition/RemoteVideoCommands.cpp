@@ -1,5 +1,7 @@
 #include "Composition/RemoteVideoCommands.h"
 
+#include "Platform/Ports/IdentifierSource.h"
+
 #include <algorithm>
 #include <QtCore/QPointer>
 
@@ -69,7 +71,7 @@ bool RemoteVideoCommands::run(const QString &action, const Json &arguments, cons
         answer(progress(id));
         return true;
     }
-    return isKnown(id) && change(action, id, answer);
+    return isOurs(id) && change(action, id, answer);
 }
 
 ControlReply RemoteVideoCommands::refreshed() const
@@ -142,9 +144,11 @@ ControlReply RemoteVideoCommands::progress(const QString &id) const
     return {ExitStatus::done, {}, {{"progress", entry->downloadProgress}}};
 }
 
-bool RemoteVideoCommands::isKnown(const QString &id) const
+bool RemoteVideoCommands::isOurs(const QString &id) const
 {
-    return m_provider.contains(id) || m_provider.isDownloaded(id);
+    // The user's own have other identifiers.
+    const bool isOwn = identifierFromText(id).has_value();
+    return m_provider.contains(id) || m_provider.isDownloaded(id) || (m_provider.isEnabled() && !isOwn);
 }
 
 bool RemoteVideoCommands::change(const QString &action, const QString &id, const CommandTable::Answer &answer)
@@ -158,7 +162,12 @@ bool RemoteVideoCommands::change(const QString &action, const QString &id, const
         isDone = m_provider.remove(id);
     else
         return false;
-    answer(isDone ? ControlReply{} : refusal(QStringLiteral("\"%1\" is not downloaded; see videos download.").arg(id)));
+    if (isDone)
+        answer({});
+    else if (m_provider.contains(id))
+        answer(refusal(QStringLiteral("\"%1\" is not downloaded; see videos download.").arg(id)));
+    else
+        answer(ended(id, Outcome::notInManifest));
     return true;
 }
 

@@ -26,7 +26,7 @@ private:
     void begin(const QString &id, bool isWatched, const CommandTable::Answer &answer);
     [[nodiscard]] ControlReply ended(const QString &id, RemoteVideoProvider::DownloadOutcome outcome) const;
     [[nodiscard]] ControlReply progress(const QString &id) const;
-    [[nodiscard]] bool isKnown(const QString &id) const;
+    [[nodiscard]] bool isOurs(const QString &id) const;
     [[nodiscard]] bool change(const QString &action, const QString &id, const CommandTable::Answer &answer);
 
     RemoteVideoProvider &m_provider;
