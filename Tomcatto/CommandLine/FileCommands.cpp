@@ -207,8 +207,9 @@ ControlReply FileCommands::videos(nlohmann::ordered_json arguments, std::optiona
         if (onProgress && entry.id == id && entry.isDownloading)
             onProgress(entry.downloadProgress);
     });
-    // A download looks for a new list first.
-    if (textArgument(arguments, "action") != QStringLiteral("download"))
+    // The others begin with a new list.
+    const QString action = textArgument(arguments, "action");
+    if (action != QStringLiteral("download") && action != QStringLiteral("refresh"))
         showLastList(library.provider);
     // Nobody else asks how far it is.
     arguments.erase("isWatched");
