@@ -10,13 +10,6 @@ ScrollPage {
 
     required property GeneralPageViewModel viewModel
     readonly property ShortcutsViewModel shortcuts: viewModel.shortcuts
-    readonly property bool isActive: Window.active
-
-    // Keys that go to another window are not recorded.
-    onIsActiveChanged: {
-        if (!isActive)
-            shortcuts.cancel()
-    }
 
     title: Texts.text("window.page.general")
     subtitle: Texts.text("window.general.subtitle")

@@ -52,15 +52,15 @@ bool MainWindowController::makeWindow()
     if (!m_window)
         return false;
     fitScreen(m_window->window());
-    connect(&m_window->window(), &QWindow::activeChanged, this, &MainWindowController::becameActive);
+    connect(&m_window->window(), &QWindow::activeChanged, this, &MainWindowController::followActive);
     connect(m_window.get(), &ViewWindow::closed, this, &MainWindowController::closeWindow);
     return true;
 }
 
-void MainWindowController::becameActive()
+void MainWindowController::followActive()
 {
     if (!m_window || !m_window->window().isActive())
-        return;
+        return m_viewModel.stopRecording();
     if (!m_dockHold.isActive())
         m_dockHold = m_activationPolicy.hold();
     // The user may come back from the system's settings.
@@ -70,6 +70,8 @@ void MainWindowController::becameActive()
 void MainWindowController::closeWindow()
 {
     m_window.reset();
+    // It may go without having become inactive.
+    m_viewModel.stopRecording();
     m_dockHold.cancel();
 }
 

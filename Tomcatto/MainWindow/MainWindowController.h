@@ -27,7 +27,7 @@ public:
 
 private:
     bool makeWindow();
-    void becameActive();
+    void followActive();
 
     ViewWindows &m_windows;
     MainWindowRouter &m_router;

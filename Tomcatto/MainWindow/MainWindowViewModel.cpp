@@ -37,13 +37,17 @@ QVariantList MainWindowViewModel::pages() const
 void MainWindowViewModel::show(MainWindowPage page)
 {
     const bool isNew = page != m_page;
-    // Keys are recorded on a page that is seen.
     if (isNew)
-        m_models.general.shortcuts()->cancel();
+        stopRecording();
     m_page = page;
     refreshPage();
     if (isNew)
         Q_EMIT pageChanged();
+}
+
+void MainWindowViewModel::stopRecording()
+{
+    m_models.general.shortcuts()->cancel();
 }
 
 void MainWindowViewModel::refreshPage()

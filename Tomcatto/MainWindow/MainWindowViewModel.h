@@ -63,6 +63,8 @@ public:
     Q_INVOKABLE void perform(const QString &titleKey);
     /// Reads anew what others may have changed behind the page shown.
     void refreshPage();
+    /// Ends the recording of keys, which is for a page that is seen in a window that has the keyboard.
+    void stopRecording();
 
 Q_SIGNALS:
     void changed();

@@ -39,10 +39,13 @@ TEST_F(WindowController, HoldsTheDockFromActivationUntilClosing)
     EXPECT_EQ(policy.holders(), 1);
 
     router.open(MainWindowPage::general);
+    fixture.shortcuts.record(QStringLiteral("skip"));
+    EXPECT_TRUE(fixture.shortcutsService.isSuspended());
     QWindow other;
     other.show();
     other.requestActivate();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    EXPECT_FALSE(fixture.shortcutsService.isSuspended()) << "keys for another window are not recorded";
     fixture.loginItem.current = LoginItemStatus::enabled;
     viewHost.current->requestActivate();
     ASSERT_TRUE(QTest::qWaitForWindowActive(viewHost.current));
@@ -61,7 +64,9 @@ TEST_F(WindowController, OpensOnThePageShownLast)
     controller.openWindow();
     fixture.window.showPage(QStringLiteral("statistics"));
     fixture.window.showPage(QStringLiteral("nowhere"));
+    fixture.shortcuts.record(QStringLiteral("skip"));
     controller.closeWindow();
+    EXPECT_FALSE(fixture.shortcutsService.isSuspended());
     router.open();
     EXPECT_TRUE(controller.isOpen());
     EXPECT_EQ(fixture.window.currentPage(), MainWindowPage::statistics);
