@@ -210,11 +210,11 @@ class CommandLineTest(unittest.TestCase):
         tomcatto.process.send_signal(signal.SIGSTOP)
         self.assertEqual(self.expect(1).stderr, "tomcatto: Tomcatto is already running, but it does not answer.\n")
         tomcatto.end(signal.SIGKILL)
-        # A command that writes a setting holds the lock without a socket.
+        # A command that writes or downloads holds the lock without a socket.
         with open(os.path.join(os.path.dirname(tomcatto.defaults_path), "lock"), "wb") as lock:
             fcntl.flock(lock, fcntl.LOCK_EX)
             tomcatto.start(wait=False)
-            time.sleep(0.5)
+            tomcatto.wait_for(lambda: "starts when it is done" in tomcatto.output())
         tomcatto.wait_for(lambda: tomcatto.run("status").returncode == 0)
 
     def expect_of_one_that_ends(self, work, *command):

@@ -12,6 +12,7 @@
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QFileInfo>
 #include <QtCore/QThread>
+#include <utility>
 
 namespace tomcatto {
 
@@ -117,14 +118,23 @@ ExitStatus CommandRunner::run(const Invocation &invocation) const
 
 std::optional<ExitStatus> CommandRunner::becomeApplication(const std::function<bool()> &become) const
 {
-    for (const QDeadlineTimer until(patienceMilliseconds); !become(); QThread::msleep(retryMilliseconds)) {
+    bool hasSaidSo = false;
+    for (QDeadlineTimer until(patienceMilliseconds); !become(); QThread::msleep(retryMilliseconds)) {
         const auto reply = m_client.ask({QStringLiteral("activate"), {}, false}, until);
         // One that is ending says so, or hangs up.
         if (reply && reply->status != ExitStatus::notRunning)
             return report(*reply);
-        if (until.hasExpired())
+        if (!until.hasExpired())
+            continue;
+        // A command that downloads has the files without listening; it ends, however long it takes.
+        if (reply != std::unexpected(NoAnswer::nobodyListens))
             return report(controlReply(ExitStatus::notApplicable,
                                        QStringLiteral("Tomcatto is already running, but it does not answer.")));
+        until.setRemainingTime(patienceMilliseconds);
+        if (!std::exchange(hasSaidSo, true))
+            static_cast<void>(report(
+                controlReply(ExitStatus::notApplicable,
+                             QStringLiteral("Another command has the files; Tomcatto starts when it is done."))));
     }
     return std::nullopt;
 }
