@@ -20,6 +20,8 @@ T.AbstractButton {
     property bool showHover: hovered
     property bool showFocus: visualFocus
     readonly property bool interactive: switchable || navigates
+    /// Where the right end leaves the texts too little room, it stands below them.
+    readonly property bool stacked: trailingRow.width > 0.66 * body.width
     readonly property bool isFirst: y <= 0
     readonly property bool isLast: !parent || y + height >= parent.height - 0.5
     default property alias trailing: callerRow.data
@@ -110,7 +112,8 @@ T.AbstractButton {
 
             Item {
                 width: parent.width
-                height: Math.max(36, texts.implicitHeight, trailingRow.implicitHeight)
+                height: row.stacked ? texts.height + 8 + trailingRow.height
+                                    : Math.max(36, texts.height, trailingRow.height)
 
                 Symbol {
                     id: mark
@@ -124,9 +127,9 @@ T.AbstractButton {
                 Column {
                     id: texts
 
-                    anchors.verticalCenter: parent.verticalCenter
                     x: mark.visible ? 32 : 0
-                    width: parent.width - x - (trailingRow.width > 0 ? trailingRow.width + 16 : 0)
+                    y: row.stacked ? 0 : (parent.height - height) / 2
+                    width: parent.width - x - (trailingRow.width > 0 && !row.stacked ? trailingRow.width + 16 : 0)
 
                     ThemedText {
                         width: parent.width
@@ -146,8 +149,8 @@ T.AbstractButton {
                 Row {
                     id: trailingRow
 
-                    anchors.right: parent.right
-                    anchors.verticalCenter: parent.verticalCenter
+                    x: row.stacked ? texts.x : parent.width - width
+                    y: row.stacked ? texts.height + 8 : (parent.height - height) / 2
                     spacing: 12
 
                     // Before the row's own control, so that the controls of all rows stand below one another.
