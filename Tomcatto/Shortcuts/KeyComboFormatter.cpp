@@ -29,7 +29,7 @@ QString keyName(quint16 keyCode, const LocalizedStrings &strings)
     const NamedKey *const key = namedKey(keyCode);
     if (!key)
         return strings.format(QStringLiteral("shortcut.key.unknown"), keyCode);
-    const QString name = QString::fromUtf8(key->name);
+    QString name = QString::fromUtf8(key->name);
     switch (key->kind) {
     case NamedKey::Kind::sign:
         return name;

@@ -11,6 +11,9 @@ namespace {
 
 const QString service = QStringLiteral("org.freedesktop.Notifications");
 const QString path = QStringLiteral("/org/freedesktop/Notifications");
+constexpr const char *activationTokenSignal = "ActivationToken";
+constexpr const char *actionSignal = "ActionInvoked";
+constexpr const char *closingSignal = "NotificationClosed";
 constexpr int answerLimitMilliseconds = 5000;
 /// A server that has hung for a while shows what it was told after all; by its answer the buttons work.
 constexpr int showLimitMilliseconds = 120'000;
@@ -130,12 +133,8 @@ void FreedesktopNotificationCenter::listen()
     if (std::exchange(m_isListening, true))
         return;
     // From everybody: to name the server would ask the bus who that is, and wait for the answer.
-    const auto connectTo = [this](const char *signal, const char *slot) {
-        m_bus.connect(QString(), path, service, QLatin1String(signal), this, slot);
-    };
-    connectTo("ActivationToken", SLOT(takeActivationToken(QDBusMessage)));
-    connectTo("ActionInvoked", SLOT(takeAction(QDBusMessage)));
-    connectTo("NotificationClosed", SLOT(takeClosing(QDBusMessage)));
+    for (const char *signal : {activationTokenSignal, actionSignal, closingSignal})
+        m_bus.connect(QString(), path, service, QLatin1String(signal), this, SLOT(hear(QDBusMessage)));
 }
 
 void FreedesktopNotificationCenter::call(const QDBusMessage &message, int limitMilliseconds, const OnReply &onReply)
@@ -175,6 +174,24 @@ void FreedesktopNotificationCenter::offerActivation(const QByteArray &token)
     // programs started from here would inherit it.
     qputenv(activationTokenVariable, token);
     m_offeredActivation = m_runLoop.after(activationOffer, [] { qunsetenv(activationTokenVariable); });
+}
+
+void FreedesktopNotificationCenter::hear(const QDBusMessage &signal)
+{
+    // The answer with the number of a notification came before, but may take a turn more to be told.
+    QMetaObject::invokeMethod(
+        this, [this, signal] { take(signal); }, Qt::QueuedConnection);
+}
+
+void FreedesktopNotificationCenter::take(const QDBusMessage &signal)
+{
+    const QString name = signal.member();
+    if (name == QLatin1String(activationTokenSignal))
+        takeActivationToken(signal);
+    else if (name == QLatin1String(actionSignal))
+        takeAction(signal);
+    else
+        takeClosing(signal);
 }
 
 void FreedesktopNotificationCenter::takeActivationToken(const QDBusMessage &signal)

@@ -31,7 +31,8 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, PortalShortcut &s
     argument.beginStructure();
     argument >> shortcut.id >> shortcut.properties;
     argument.endStructure();
-    return argument;
+    // The toolkit's own form of such an operator.
+    return argument; // NOLINT(bugprone-return-const-ref-from-parameter)
 }
 
 namespace {
@@ -202,7 +203,7 @@ void PortalHotKeys::bind()
         m_limits.decision);
 }
 
-void PortalHotKeys::ask(QDBusMessage message, std::chrono::milliseconds limit)
+void PortalHotKeys::ask(const QDBusMessage &message, std::chrono::milliseconds limit)
 {
     const int number = ++m_number;
     // The portal names the request by who asks and the name it was given, so its answer cannot be missed.

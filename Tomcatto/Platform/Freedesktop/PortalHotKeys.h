@@ -51,7 +51,7 @@ private:
     void createSession();
     void bind();
     void noteBound(const QVariantMap &results);
-    void ask(QDBusMessage message, std::chrono::milliseconds limit);
+    void ask(const QDBusMessage &message, std::chrono::milliseconds limit);
     void refuse(const QString &reason);
     void endSession();
     void forgetSession();

@@ -50,6 +50,7 @@ Finding unanswered(const QProcess &process, const FindingCompanion &companion)
 Findings companionFindings(const std::vector<FindingCompanion> &companions)
 {
     std::vector<QProcess *> processes;
+    processes.reserve(companions.size());
     for (const FindingCompanion &companion : companions)
         processes.push_back(started(companionProgram(companion.program)));
     const QDeadlineTimer deadline(longestLook);
