@@ -11,9 +11,6 @@ namespace {
 
 const QString service = QStringLiteral("org.freedesktop.Notifications");
 const QString path = QStringLiteral("/org/freedesktop/Notifications");
-constexpr const char *activationTokenSignal = "ActivationToken";
-constexpr const char *actionSignal = "ActionInvoked";
-constexpr const char *closingSignal = "NotificationClosed";
 constexpr int answerLimitMilliseconds = 5000;
 /// A server that has hung for a while shows what it was told after all; by its answer the buttons work.
 constexpr int showLimitMilliseconds = 120'000;
@@ -133,8 +130,12 @@ void FreedesktopNotificationCenter::listen()
     if (std::exchange(m_isListening, true))
         return;
     // From everybody: to name the server would ask the bus who that is, and wait for the answer.
-    for (const char *signal : {activationTokenSignal, actionSignal, closingSignal})
-        m_bus.connect(QString(), path, service, QLatin1String(signal), this, SLOT(hear(QDBusMessage)));
+    const auto connectTo = [this](const char *signal, const char *slot) {
+        m_bus.connect(QString(), path, service, QLatin1String(signal), this, slot);
+    };
+    connectTo("ActivationToken", SLOT(takeActivationToken(QDBusMessage)));
+    connectTo("ActionInvoked", SLOT(takeAction(QDBusMessage)));
+    connectTo("NotificationClosed", SLOT(takeClosing(QDBusMessage)));
 }
 
 void FreedesktopNotificationCenter::call(const QDBusMessage &message, int limitMilliseconds, const OnReply &onReply)
@@ -143,13 +144,19 @@ void FreedesktopNotificationCenter::call(const QDBusMessage &message, int limitM
     if (!m_bus.isConnected())
         return onReply(QDBusMessage());
     auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, limitMilliseconds), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, onReply] {
+    const auto finish = [this, watcher, onReply] {
         watcher->deleteLater();
         const QDBusMessage reply = watcher->reply();
         if (reply.type() != QDBusMessage::ReplyMessage)
             m_logger.info(QStringLiteral("a notification was not shown: ") + reply.errorMessage());
         onReply(reply);
-    });
+    };
+    // The watcher takes a turn more to tell of an answer that is there already: later ones and signals would overtake
+    // it.
+    if (watcher->isFinished())
+        QMetaObject::invokeMethod(watcher, finish, Qt::QueuedConnection);
+    else
+        connect(watcher, &QDBusPendingCallWatcher::finished, this, finish);
 }
 
 std::vector<FreedesktopNotificationCenter::Shown>::iterator
@@ -174,24 +181,6 @@ void FreedesktopNotificationCenter::offerActivation(const QByteArray &token)
     // programs started from here would inherit it.
     qputenv(activationTokenVariable, token);
     m_offeredActivation = m_runLoop.after(activationOffer, [] { qunsetenv(activationTokenVariable); });
-}
-
-void FreedesktopNotificationCenter::hear(const QDBusMessage &signal)
-{
-    // The answer with the number of a notification came before, but may take a turn more to be told.
-    QMetaObject::invokeMethod(
-        this, [this, signal] { take(signal); }, Qt::QueuedConnection);
-}
-
-void FreedesktopNotificationCenter::take(const QDBusMessage &signal)
-{
-    const QString name = signal.member();
-    if (name == QLatin1String(activationTokenSignal))
-        takeActivationToken(signal);
-    else if (name == QLatin1String(actionSignal))
-        takeAction(signal);
-    else
-        takeClosing(signal);
 }
 
 void FreedesktopNotificationCenter::takeActivationToken(const QDBusMessage &signal)

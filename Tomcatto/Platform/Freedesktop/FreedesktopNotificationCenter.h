@@ -48,15 +48,13 @@ private:
     void listen();
     void call(const QDBusMessage &message, int limitMilliseconds, const OnReply &onReply);
     [[nodiscard]] std::vector<Shown>::iterator find(const QDBusMessage &signal);
-    void take(const QDBusMessage &signal);
-    void takeActivationToken(const QDBusMessage &signal);
-    void takeAction(const QDBusMessage &signal);
-    void takeClosing(const QDBusMessage &signal);
     void offerActivation(const QByteArray &token);
     void respond(const QString &action, const QMap<QString, QString> &userInfo);
 
 private Q_SLOTS:
-    void hear(const QDBusMessage &signal);
+    void takeActivationToken(const QDBusMessage &signal);
+    void takeAction(const QDBusMessage &signal);
+    void takeClosing(const QDBusMessage &signal);
 
 private:
     QDBusConnection m_bus;
