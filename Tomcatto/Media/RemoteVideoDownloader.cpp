@@ -92,6 +92,10 @@ QCoro::Task<Outcome> RemoteVideoDownloader::download(RemoteVideoDownload video, 
         co_return Outcome{Error::fileMoveFailed, {}};
     }
     record(video, taken.sizeBytes);
+    // Who hears of the end strikes it off what is still to come, at once and for good: by then the disk knows of it.
+    AwaitedJob<bool> storing(m_cacheStore.queue(), *this, [] { return true; });
+    if (const bool isStored = co_await storing; !isStored || !self)
+        co_return Outcome{Error::fileMoveFailed, {}};
     delegate->didFinish();
     co_return Outcome{{}, QUrl::fromLocalFile(m_cacheStore.filePath(video.id))};
 }

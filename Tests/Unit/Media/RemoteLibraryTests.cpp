@@ -59,7 +59,12 @@ protected:
         ASSERT_TRUE(QTest::qWaitFor([this] { return !http.requests.empty(); }));
         EXPECT_TRUE(http.requests.front().request.url.fileName().startsWith(id));
         http.answer(status, "film");
-        EXPECT_TRUE(QTest::qWaitFor([&] { return status != 200 || library->provider.isDownloaded(id); }));
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            return std::ranges::none_of(library->provider.entries(), [&id](const RemoteVideoEntryView &row) {
+                return row.id == id && row.isDownloading;
+            });
+        }));
+        EXPECT_EQ(library->provider.isDownloaded(id), status == 200);
     }
     /// Has them downloaded and played at those seconds since 1970, 0 for never.
     void cache(const std::map<QString, RemoteVideoCacheEntry> &entries)
@@ -219,12 +224,16 @@ TEST_F(RemoteLibraryTests, theFirstSixComeOneAfterTheOtherAndOnce)
 TEST_F(RemoteLibraryTests, aDownloadTellsHowItGoesAndLeavesNothingHalf)
 {
     refreshWith(200, manifestOf({QStringLiteral("tom")}));
+    const QString tom = QStringLiteral("tom");
     std::vector<double> steps;
+    bool isKnownOnDisk = false;
     QObject::connect(&library->provider, &RemoteVideoProvider::entryChanged, &library->provider, [&] {
         if (const auto &row = library->provider.entries().front(); row.isDownloading)
             steps.push_back(row.downloadProgress);
+        // An end by force right after must not lose it.
+        if (!steps.empty() && steps.back() == 1)
+            isKnownOnDisk = RemoteVideoCacheStore(RemoteLibrary::stateFile(folder.path()), {}).state().entries.contains(tom);
     });
-    const QString tom = QStringLiteral("tom");
     const std::vector<std::pair<std::function<void()>, Outcome>> ends{
         {[this] { http.fail(HttpFailure::Kind::network); }, Outcome::unreachable},
         {[this] { http.fail(HttpFailure::Kind::response); }, Outcome::refused},
@@ -245,6 +254,7 @@ TEST_F(RemoteLibraryTests, aDownloadTellsHowItGoesAndLeavesNothingHalf)
         EXPECT_EQ(library->provider.isDownloaded(tom), wanted == Outcome::done);
     }
     EXPECT_THAT(std::vector(steps.end() - 4, steps.end()), ElementsAre(0, 0.02, 0.1, 1));
+    EXPECT_TRUE(isKnownOnDisk);
     EXPECT_EQ(library->cacheStore.state().entries.at(tom),
               (RemoteVideoCacheEntry{QStringLiteral("h1"), clock.now(), 4, std::nullopt, true}));
     Outcome missing = Outcome::done;
