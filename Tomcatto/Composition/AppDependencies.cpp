@@ -64,6 +64,8 @@ AppDependencies::AppDependencies(const PlatformServices &services)
     , remoteVideoProvider(remoteLibrary.provider)
     , videoCatalog(bundledVideoProvider, userVideoProvider, &remoteVideoProvider, *QRandomGenerator::global())
     , userVideoCommands(userVideoRepository, platform.stillFrame, platform.runLoop)
+    , manners({stateMachine, timer, platform.defaults, platform.wallClock, platform.runLoop,
+               platform.desktop ? std::optional(platform.desktop->surroundings) : std::nullopt})
     // The texts are built later; it asks for none before the application starts.
     , notificationCenterService(settings, stateMachine,
                                 {platform.notificationCenter, platform.runLoop, platform.identifiers, strings})

@@ -4,6 +4,7 @@
 #include "Alerts/PhaseSoundService.h"
 #include "Composition/PlatformServices.h"
 #include "Localization/LocalizedStrings.h"
+#include "Manners/MannersService.h"
 #include "Media/BundledVideoProvider.h"
 #include "Media/MovedVideoSearch.h"
 #include "Media/RemoteLibrary.h"
@@ -57,6 +58,7 @@ public:
     RemoteVideoProvider &remoteVideoProvider;
     VideoCatalog videoCatalog;
     UserVideoCommands userVideoCommands;
+    MannersService manners;
     NotificationCenterService notificationCenterService;
     /// Nothing without a desktop.
     std::unique_ptr<quillbay::NotificationAuthorization> notificationAuthorization;

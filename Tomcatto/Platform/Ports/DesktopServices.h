@@ -3,6 +3,7 @@
 #include "Platform/Ports/Alert.h"
 #include "Platform/Ports/HotKeys.h"
 #include "Platform/Ports/NotificationProbe.h"
+#include "Platform/Ports/Surroundings.h"
 #include "Platform/Ports/SystemSettings.h"
 #include "Platform/Ports/UserNotificationCenter.h"
 
@@ -19,6 +20,7 @@ struct DesktopServices
     SystemSettings &systemSettings;
     NotificationProbe &notificationProbe;
     HotKeys &hotKeys;
+    Surroundings surroundings;
     /// Shows notifications where the platform itself does not; `nullptr` where it does.
     UserNotificationCenter *notificationCenter = nullptr;
 };

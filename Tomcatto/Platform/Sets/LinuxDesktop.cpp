@@ -6,6 +6,7 @@
 #include "Platform/Freedesktop/StatusNotifierTray.h"
 #include "Platform/Linux/ProcessMemory.h"
 #include "Platform/Linux/RenderDevice.h"
+#include "Platform/Ports/AbsentSurroundings.h"
 #include "Platform/Ports/DesktopPlatform.h"
 #include "Platform/Qt/ApplicationKeyMonitor.h"
 #include "Platform/Qt/DesktopScreens.h"
@@ -58,6 +59,10 @@ struct ServiceAdapters
     DesktopSystemSettings systemSettings{DesktopSystemSettings::currentDesktops(), AutostartLoginItem::userFolder()};
     FreedesktopNotificationProbe notificationProbe{QDBusConnection::sessionBus()};
     std::unique_ptr<HotKeys> hotKeys = makeHotKeys();
+    AbsentFact call;
+    AbsentFact fullScreen;
+    AbsentFact lock;
+    AbsentIdle idle;
 };
 
 struct SurfaceAdapters
@@ -96,7 +101,12 @@ public:
     {
         m_display.letGo();
         const auto adapters = std::make_shared<ServiceAdapters>();
-        return {adapters, adapters->alert, adapters->systemSettings, adapters->notificationProbe, *adapters->hotKeys};
+        return {adapters,
+                adapters->alert,
+                adapters->systemSettings,
+                adapters->notificationProbe,
+                *adapters->hotKeys,
+                {adapters->call, adapters->fullScreen, adapters->lock, adapters->idle}};
     }
     [[nodiscard]] DesktopPorts ports(MainRunLoop &runLoop, UserDefaults &defaults, QObject &texts) override
     {

@@ -1,3 +1,4 @@
+#include "Platform/Ports/AbsentSurroundings.h"
 #include "Platform/Ports/DesktopPlatform.h"
 #include "Platform/Qt/ApplicationClickMonitor.h"
 #include "Platform/Qt/ApplicationKeyMonitor.h"
@@ -75,6 +76,10 @@ struct ServiceAdapters
     QtMainRunLoop runLoop;
     TrayNotificationCenter notificationCenter{runLoop};
     AbsentHotKeys hotKeys;
+    AbsentFact fact;
+    AbsentIdle idle;
+
+    [[nodiscard]] Surroundings surroundings() { return {fact, fact, fact, idle}; }
 };
 
 std::vector<std::unique_ptr<TrayIcon>> makeTrays(TrayNotificationCenter &notificationCenter)
@@ -126,6 +131,7 @@ public:
                 adapters->systemSettings,
                 adapters->notificationProbe,
                 adapters->hotKeys,
+                adapters->surroundings(),
                 &adapters->notificationCenter};
     }
     [[nodiscard]] DesktopPorts ports(MainRunLoop &runLoop, UserDefaults &defaults, QObject &texts) override

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "Foundation/EnumTexts.h"
+
+namespace tomcatto {
+
+/// Why a break that is due does not begin by itself.
+enum class HoldReason {
+    /// Another program records or films.
+    call,
+    /// A window of another program covers a screen.
+    fullScreen,
+    /// Keys and pointer do not rest yet.
+    typing,
+};
+
+/// Their texts in a status, in their order.
+inline constexpr std::array holdReasonTexts{"call", "fullScreen", "typing"};
+
+}
