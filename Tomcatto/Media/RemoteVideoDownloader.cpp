@@ -4,6 +4,7 @@
 #include "Media/RemoteDownloadDelegate.h"
 #include "Media/RemoteTrust.h"
 
+#include <QtCore/QFile>
 #include <QtCore/QPointer>
 
 namespace tomcatto {
@@ -68,16 +69,17 @@ QCoro::Task<Outcome> RemoteVideoDownloader::download(RemoteVideoDownload video, 
         m_logger.error(failed + QStringLiteral("the folder cannot be made"));
         co_return Outcome{Error::fileMoveFailed, {}};
     }
+    const QString part = m_cacheStore.partPath(video.id);
     const auto delegate = std::make_shared<RemoteDownloadDelegate>(std::move(onProgress));
     AwaitedAnswer request(m_session,
-                          {.url = url,
-                           .file = m_cacheStore.partPath(video.id),
-                           .largestBody = largestRemoteVideo,
-                           .idleLimit = idleLimit},
+                          {.url = url, .file = part, .largestBody = largestRemoteVideo, .idleLimit = idleLimit},
                           [delegate](qint64 received, qint64 total) { delegate->didReceive(received, total); });
     const HttpResult answer = co_await request;
-    if (!self)
+    if (!self) {
+        // It may have come whole in the moment when the application ends.
+        QFile::remove(part);
         co_return Outcome{Error::networkFailure, {}};
+    }
     if (const auto error = failureOf(answer, video.id))
         co_return Outcome{error, {}};
     AwaitedJob<TakenFile> taking(m_cacheStore.queue(), *this, [&store = m_cacheStore, id = video.id] {
