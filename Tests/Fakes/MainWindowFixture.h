@@ -4,6 +4,7 @@
 #include "Fakes/FakeDesktopServices.h"
 #include "Fakes/FakeHotKeys.h"
 #include "Fakes/FakeStatusItem.h"
+#include "Fakes/FakeSurroundings.h"
 #include "Fakes/VideosFixture.h"
 #include "MainWindow/MainWindowViewModel.h"
 #include "MainWindow/OnboardingViewModel.h"
@@ -42,8 +43,11 @@ public:
     ManualClickMonitor clicks;
     ShortcutsService shortcutsService{engine.defaults};
     ShortcutsViewModel shortcuts{shortcutsService, hotKeys, keys, clicks, strings};
+    FakeSurroundings surroundings{engine.runLoop};
+    MannersSettings mannersSettings{engine.defaults};
+    MannersViewModel manners{mannersSettings, surroundings.ports(), strings};
     GeneralPageViewModel general{engine.settings, launchAtLogin, authorization, systemSettings,
-                                 languageService, strings,       shortcuts};
+                                 languageService, strings,       shortcuts,     manners};
     RemoteLibraryViewModel remoteLibrary{library.remote.provider, library.remoteStills, strings, library.clock,
                                          library.runLoop};
     VideosPageViewModel videos{library.commands, library.repository, library.files, library.movedVideoSearch,

@@ -25,9 +25,10 @@ DesktopSurfaces::DesktopSurfaces(AppDependencies &dependencies, DesktopPorts des
     , m_timerPage(dependencies.settings, dependencies.stateMachine, dependencies.strings)
     , m_shortcuts(dependencies.shortcutsService, dependencies.platform.desktop->hotKeys, m_desktop.keyMonitor,
                   m_desktop.clickMonitor, dependencies.strings)
+    , m_manners(dependencies.manners.settings(), dependencies.platform.desktop->surroundings, dependencies.strings)
     , m_generalPage(dependencies.settings, dependencies.launchAtLoginService, *dependencies.notificationAuthorization,
                     dependencies.platform.desktop->systemSettings, dependencies.languageOverrideService,
-                    dependencies.strings, m_shortcuts)
+                    dependencies.strings, m_shortcuts, m_manners)
     , m_remoteStills(dependencies.platform.httpSession, dependencies.platform.stillFrame, dependencies.platform.runLoop)
     , m_remoteLibrary(dependencies.remoteVideoProvider, m_remoteStills, dependencies.strings,
                       dependencies.platform.wallClock, dependencies.platform.runLoop)

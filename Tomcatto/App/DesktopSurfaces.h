@@ -102,6 +102,7 @@ private:
     SessionExport m_sessionExport;
     TimerPageViewModel m_timerPage;
     ShortcutsViewModel m_shortcuts;
+    MannersViewModel m_manners;
     GeneralPageViewModel m_generalPage;
     QPointer<QFileDialog> m_videosDialog;
     /// Where the dialog opens: where it was closed the last time.

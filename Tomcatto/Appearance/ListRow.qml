@@ -15,6 +15,8 @@ T.AbstractButton {
     property string notice
     property string symbol
     property bool switchable: false
+    /// What the switch would heed is told by nothing here: `help` says so.
+    property bool untold: false
     property bool navigates: false
     property string value
     property bool showHover: hovered
@@ -22,8 +24,9 @@ T.AbstractButton {
     readonly property bool interactive: switchable || navigates
     /// Where the right end leaves the texts too little room, it stands below them.
     readonly property bool stacked: trailingRow.width > 0.66 * body.width
-    readonly property bool isFirst: y <= 0
-    readonly property bool isLast: !parent || y + height >= parent.height - 0.5
+    /// Whether it is the card's first or last row, whose corners are round; a row inside another item is told.
+    property bool isFirst: y <= 0
+    property bool isLast: !parent || y + height >= parent.height - 0.5
     default property alias trailing: callerRow.data
 
     function spoken(first: string, second: string): string {
@@ -135,7 +138,7 @@ T.AbstractButton {
                         width: parent.width
                         text: row.title
                         role: "rowTitle"
-                        color: row.enabled ? Theme.ink : Theme.disabled
+                        color: row.untold ? Theme.ink2 : row.enabled ? Theme.ink : Theme.disabled
                         Accessible.ignored: row.interactive
                     }
                     NoticeLine {

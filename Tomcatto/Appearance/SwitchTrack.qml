@@ -1,7 +1,7 @@
 import QtQuick
 import Tomcatto.Appearance
 
-/// The look of a switch, without behaviour: track, knob and focus ring.
+/// The look of a switch, without behaviour: track, knob and focus ring. Disabled it is 45 % of itself over a card.
 Rectangle {
     id: track
 
@@ -9,11 +9,16 @@ Rectangle {
     property bool focused: false
     property string phase: "work"
     readonly property color plainColor: checked ? Theme.phase(phase).button : Theme.switchOff
+    readonly property color knobColor: !Theme.dark ? "#FFFFFF" : checked ? "#221B18" : "#F5F5F7"
+
+    function faded(plain: color): color {
+        return enabled ? plain : Theme.blend(plain, Theme.card, 0.45)
+    }
 
     implicitWidth: 40
     implicitHeight: 24
     radius: 12
-    color: enabled ? plainColor : Theme.blend(plainColor, Theme.paper, 0.5)
+    color: faded(plainColor)
     border.color: Theme.trackEdge
     border.width: Theme.highContrast ? 1 : 0
 
@@ -25,7 +30,7 @@ Rectangle {
         width: 18
         height: 18
         radius: 9
-        color: !Theme.dark ? "#FFFFFF" : track.checked ? "#221B18" : "#F5F5F7"
+        color: track.faded(track.knobColor)
 
         Behavior on x { Glide { duration: Theme.switchTime } }
     }

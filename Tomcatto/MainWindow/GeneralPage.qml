@@ -10,9 +10,19 @@ ScrollPage {
 
     required property GeneralPageViewModel viewModel
     readonly property ShortcutsViewModel shortcuts: viewModel.shortcuts
+    readonly property MannersViewModel manners: viewModel.manners
+
+    component HeadingHelp: ThemedText {
+        width: Math.min(implicitWidth, 0.7 * page.columnWidth)
+        role: "caption"
+        color: Theme.ink2
+        horizontalAlignment: Text.AlignRight
+    }
 
     title: Texts.text("window.page.general")
     subtitle: Texts.text("window.general.subtitle")
+    Component.onCompleted: manners.appear()
+    Component.onDestruction: manners?.disappear()
 
     Card {
         width: page.columnWidth
@@ -117,15 +127,41 @@ ScrollPage {
     }
 
     SectionHeading {
+        text: Texts.text("window.general.manners.title")
+
+        HeadingHelp {
+            text: Texts.text("window.general.manners.help")
+        }
+    }
+    Card {
+        width: page.columnWidth
+
+        Repeater {
+            model: page.manners.rows.length
+
+            MannersRow {
+                required property int index
+                readonly property var row: page.manners.rows[index] ?? ({})
+
+                title: row.title ?? ""
+                help: row.help ?? ""
+                told: row.isTold ?? true
+                checked: row.isOn ?? false
+                choiceTitle: row.choiceTitle ?? ""
+                choices: row.choices ?? []
+                choice: row.choice ?? 0
+                onToggled: isOn => page.manners.setOn(row.id, isOn)
+                onChosen: index => page.manners.choose(row.id, index)
+            }
+        }
+    }
+
+    SectionHeading {
         text: Texts.text("window.general.shortcuts.title")
 
-        ThemedText {
+        HeadingHelp {
             visible: page.shortcuts.isOffered
-            width: Math.min(implicitWidth, 0.7 * page.columnWidth)
             text: Texts.text("window.general.shortcuts.help")
-            role: "caption"
-            color: Theme.ink2
-            horizontalAlignment: Text.AlignRight
         }
     }
     Card {

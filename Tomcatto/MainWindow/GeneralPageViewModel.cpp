@@ -32,7 +32,7 @@ GeneralPageViewModel::GeneralPageViewModel(PomodoroSettings &settings, LaunchAtL
                                            NotificationAuthorization &authorization, SystemSettings &systemSettings,
                                            const LanguageOverrideService &languageService,
                                            const LocalizedStrings &strings, ShortcutsViewModel &shortcuts,
-                                           QObject *parent)
+                                           MannersViewModel &manners, QObject *parent)
     : QObject(parent)
     , m_settings(settings)
     , m_launchAtLogin(launchAtLogin)
@@ -41,6 +41,7 @@ GeneralPageViewModel::GeneralPageViewModel(PomodoroSettings &settings, LaunchAtL
     , m_languageService(languageService)
     , m_strings(strings)
     , m_shortcuts(shortcuts)
+    , m_manners(manners)
 {
     connect(&settings, &PomodoroSettings::changed, this, &GeneralPageViewModel::changed);
     connect(&launchAtLogin, &LaunchAtLoginService::statusChanged, this, &GeneralPageViewModel::changed);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Localization/LocalizedStrings.h"
+#include "MainWindow/MannersViewModel.h"
 #include "MainWindow/ShortcutsViewModel.h"
 #include "Platform/Ports/SystemSettings.h"
 #include "QuillbayKit/NotificationAuthorization.h"
@@ -37,12 +38,13 @@ class GeneralPageViewModel final : public QObject
     Q_PROPERTY(bool offersFloatingPill READ offersFloatingPill NOTIFY changed FINAL)
     Q_PROPERTY(bool floatingPill READ floatingPill NOTIFY changed FINAL)
     Q_PROPERTY(tomcatto::ShortcutsViewModel *shortcuts READ shortcuts CONSTANT FINAL)
+    Q_PROPERTY(tomcatto::MannersViewModel *manners READ manners CONSTANT FINAL)
 
 public:
     GeneralPageViewModel(PomodoroSettings &settings, LaunchAtLoginService &launchAtLogin,
                          quillbay::NotificationAuthorization &authorization, SystemSettings &systemSettings,
                          const LanguageOverrideService &languageService, const LocalizedStrings &strings,
-                         ShortcutsViewModel &shortcuts, QObject *parent = nullptr);
+                         ShortcutsViewModel &shortcuts, MannersViewModel &manners, QObject *parent = nullptr);
 
     [[nodiscard]] QStringList menuBarStyles() const;
     [[nodiscard]] int menuBarStyle() const;
@@ -62,6 +64,7 @@ public:
     [[nodiscard]] bool floatingPill() const { return m_floatingPill.value_or(false); }
 
     [[nodiscard]] ShortcutsViewModel *shortcuts() const { return &m_shortcuts; }
+    [[nodiscard]] MannersViewModel *manners() const { return &m_manners; }
 
     /// Whether the floating pill is shown; nothing if it is not the user's choice. Set by the pill's owner.
     void setFloatingPill(std::optional<bool> isShown);
@@ -94,6 +97,7 @@ private:
     const LanguageOverrideService &m_languageService;
     const LocalizedStrings &m_strings;
     ShortcutsViewModel &m_shortcuts;
+    MannersViewModel &m_manners;
     std::optional<bool> m_floatingPill;
 };
 

@@ -2,13 +2,13 @@ import QtQuick
 import Tomcatto.Appearance
 import Tomcatto.MainWindow
 
-/// The third step: notifications, sounds and opening at login.
+/// The third step: notifications, sounds and opening at login, and where good manners are.
 Item {
     id: step
 
     required property OnboardingViewModel viewModel
 
-    implicitHeight: card.y + card.implicitHeight + 16
+    implicitHeight: manners.y + manners.implicitHeight + 16
 
     OnboardingHeading {
         id: heading
@@ -80,5 +80,16 @@ Item {
             checked: step.viewModel.launchAtLogin
             onToggled: step.viewModel.setLaunchAtLogin(checked)
         }
+    }
+    ThemedText {
+        id: manners
+
+        x: card.x
+        y: card.y + card.implicitHeight + 12
+        width: card.width
+        text: Texts.text("onboarding.alerts.manners")
+        role: "caption"
+        color: Theme.ink2
+        horizontalAlignment: Text.AlignHCenter
     }
 }

@@ -30,6 +30,8 @@ struct Variant
     bool highContrast = false;
     /// How far back the history goes in days; none where it is negative.
     int days = 110;
+    /// What tells of the surroundings; while anything does, all good manners are turned on.
+    std::optional<Fact> surroundings = {};
 };
 
 class Studio
@@ -45,6 +47,8 @@ public:
         m_fixture.onboarding.setCapabilities({.showsPill = true});
         addVideos();
         addHistory();
+        if (variant.surroundings)
+            addManners(*variant.surroundings);
         m_appearance.setDark(variant.dark);
         m_appearance.setReducedMotion(true);
         m_appearance.setTextScale(variant.textScale);
@@ -128,8 +132,22 @@ private:
             QEventLoop loop;
             QTimer::singleShot(step, &loop, &QEventLoop::quit);
             loop.exec();
+            m_fixture.engine.runLoop.drain();
             m_fixture.library.runLoop.advance(std::chrono::milliseconds(step), [](auto) {});
         }
+    }
+
+    void addManners(Fact fact)
+    {
+        using Key = MannersSettings::Key;
+        for (FakeFact *const each : {&m_fixture.surroundings.call, &m_fixture.surroundings.fullScreen,
+                                     &m_fixture.surroundings.lock, &m_fixture.surroundings.idle})
+            each->become(fact);
+        if (fact == Fact::untold)
+            return;
+        for (const Key key : {Key::waitsDuringCalls, Key::waitsInFullScreen, Key::pausesWhenAway, Key::finishesSentence,
+                              Key::saysWordBefore})
+            m_fixture.mannersSettings.setValue(key, 1);
     }
 
     // A removal that can be undone, and a refusal.
@@ -194,6 +212,13 @@ int main(int argc, char **argv)
         {.name = QStringLiteral("turkish"), .language = SelectedLanguage::tr, .size = QSize(720, 520)},
         {.name = QStringLiteral("empty"), .days = -1},
         {.name = QStringLiteral("alltime"), .days = 3400},
+        {.name = QStringLiteral("manners"), .surroundings = Fact::no},
+        {.name = QStringLiteral("manners-large"),
+         .language = SelectedLanguage::de,
+         .textScale = 2,
+         .size = QSize(720, 1600),
+         .surroundings = Fact::no},
+        {.name = QStringLiteral("untold"), .dark = true, .surroundings = Fact::untold},
     };
     bool isComplete = true;
     for (const Variant &variant : variants) {

@@ -68,6 +68,14 @@ public:
     {
         m_fixture->hotKeys.become(isOn ? HotKeySupport::works : HotKeySupport::none);
     }
+    /// Whether anything tells of calls and of keys and pointer.
+    Q_INVOKABLE void tell(bool isTold)
+    {
+        for (FakeFact *const fact : {&m_fixture->surroundings.call, &m_fixture->surroundings.idle})
+            fact->become(isTold ? Fact::no : Fact::untold);
+        m_fixture->engine.runLoop.drain();
+    }
+    Q_INVOKABLE bool isWatching() const { return m_fixture->surroundings.call.isWatched(); }
     Q_INVOKABLE int alerts() const { return static_cast<int>(m_fixture->alert.shown.size()); }
 
 private:

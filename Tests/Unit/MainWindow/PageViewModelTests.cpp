@@ -24,6 +24,24 @@ QVariantMap permission(const MainWindowFixture &fixture, const QString &id)
 
 }
 
+TEST(GoodManners, TheRowOfBeingAwaySaysWhatIsNotTold)
+{
+    for (const auto &[idle, lock, isTold, help] :
+         {std::tuple{Fact::no, Fact::yes, true, "When keys and mouse rest for a while, or the screen locks."},
+          {Fact::untold, Fact::no, true, "When the screen locks. Resting keys and mouse are not told here."},
+          {Fact::no, Fact::untold, true, "When keys and mouse rest for a while. The screen lock is not told here."},
+          {Fact::untold, Fact::untold, false, "This desktop does not tell when you are away."}}) {
+        MainWindowFixture fixture;
+        fixture.surroundings.idle.become(idle);
+        fixture.surroundings.lock.become(lock);
+        fixture.manners.appear();
+        fixture.engine.runLoop.drain();
+        EXPECT_EQ(field(fixture.manners.rows(), 2, "help"), QString::fromLatin1(help));
+        fixture.manners.setOn(QStringLiteral("pausesWhenAway"), true);
+        EXPECT_EQ(fixture.mannersSettings.isOn(MannersSettings::Key::pausesWhenAway), isTold);
+    }
+}
+
 TEST(DurationText, NamesHoursMinutesAndSeconds)
 {
     const MainWindowFixture fixture;

@@ -131,6 +131,39 @@ TestCase {
         compare(themes.currentIndex, 2)
     }
 
+    function test_goodMannersAreChosenAndWhatNothingTellsCanOnlyBeTurnedOff() {
+        show("general")
+        verify(world.isWatching())
+        const away = row("Pause when away")
+        const after = () => all(window.contentItem, item => item.visible && item.name === "Pause when away, After")
+        const height = away.parent.height
+        compare(after().length, 0)
+        press(away, Qt.Key_Space)
+        compare(world.stored("pausesWhenAway"), true)
+        compare(away.parent.height, height + 42)
+        press(after()[0], Qt.Key_Right)
+        compare(world.stored("awayAfterMinutes"), 10)
+        keyClick(Qt.Key_Right)
+        compare(world.stored("awayAfterMinutes"), 0)
+
+        press(row("Wait during calls"), Qt.Key_Space)
+        world.tell(false)
+        verify(away.enabled, "the lock is told")
+        verify(!row("Finish the sentence").enabled)
+        const calls = row("Wait during calls")
+        compare(calls.help, "No sound system here tells about calls.")
+        press(calls, Qt.Key_Space)
+        compare(world.stored("waitsDuringCalls"), false)
+        verify(!calls.enabled)
+        verify(row("Wait in full screen").activeFocus, "the keyboard goes on")
+        world.tell(true)
+        verify(calls.enabled)
+        press(away, Qt.Key_Space)
+        compare(after().length, 0)
+        show("about")
+        verify(!world.isWatching())
+    }
+
     function test_returnOpensTheLanguagesAndTakesOne() {
         show("general")
         const languages = one(item => item.name === "Language" && item.popup !== undefined)
@@ -198,7 +231,7 @@ TestCase {
     }
 
     function test_everyControlIsNamed_data() {
-        return [{ tag: "timer", stops: 15 }, { tag: "general", stops: 11 }, { tag: "permissions", stops: 2 },
+        return [{ tag: "timer", stops: 15 }, { tag: "general", stops: 16 }, { tag: "permissions", stops: 2 },
                 { tag: "about", stops: 9 }]
     }
 
