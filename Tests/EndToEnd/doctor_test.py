@@ -40,7 +40,8 @@ class DoctorTest(unittest.TestCase):
             self.assertNotIn(private, text)
         self.expect(tomcatto, 0, history=("there", "~/data/Tomcatto/Tomcatto.sqlite, not made yet"), display=("lacking", "terminal"),
                     session_bus=("lacking", "none"), notifications=("lacking", "no notification server"),
-                    sounds=("there", "Glass.wav"), codecs=("there", "MP4, H.264"), application=("there", "does not run"))
+                    sounds=("there", "Glass.wav"), codecs=("there", "MP4, H.264"), application=("there", "does not run"),
+                    calls=("lacking", "no sound server answers"))
         self.assertFalse(os.path.exists(os.path.dirname(tomcatto.store_path)), "looking makes nothing")
 
         silent = socket.socket(socket.AF_UNIX)
@@ -109,7 +110,7 @@ class DoctorTest(unittest.TestCase):
                                                         env=desktop.environment, capture_output=True)
         self.expect(desktop, 4, windows=("failing", "tomcatto-views"), codecs=("lacking", "tomcatto-film is not there"),
                     audio=("lacking", "tomcatto-sound is not there"), network=("lacking", "tomcatto-fetch is not there"),
-                    sounds=("lacking", "Glass"), videos=("lacking", "none"))
+                    sounds=("lacking", "Glass"), videos=("lacking", "none"), calls=("lacking", "tomcatto-calls is not there"))
 
 
 if __name__ == "__main__":

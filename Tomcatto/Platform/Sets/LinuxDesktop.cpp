@@ -4,16 +4,21 @@
 #include "Platform/Freedesktop/FreedesktopNotificationProbe.h"
 #include "Platform/Freedesktop/PortalHotKeys.h"
 #include "Platform/Freedesktop/StatusNotifierTray.h"
+#include "Platform/Linux/CameraInUse.h"
 #include "Platform/Linux/ProcessMemory.h"
 #include "Platform/Linux/RenderDevice.h"
 #include "Platform/Ports/AbsentSurroundings.h"
+#include "Platform/Ports/AnyFactSource.h"
 #include "Platform/Ports/DesktopPlatform.h"
+#include "Platform/Posix/CompanionFact.h"
+#include "Platform/Posix/CompanionProgram.h"
 #include "Platform/Qt/ApplicationKeyMonitor.h"
 #include "Platform/Qt/DesktopScreens.h"
 #include "Platform/Qt/DisplayLoss.h"
 #include "Platform/Qt/FileDialogSavePanel.h"
 #include "Platform/Qt/MessageBoxAlert.h"
 #include "Platform/Qt/PluginViewHost.h"
+#include "Platform/Qt/QtMainRunLoop.h"
 #include "Platform/Qt/StatusItemSwitch.h"
 #include "Platform/Qt/ToolkitTheme.h"
 #include "Platform/Qt/ToolkitTray.h"
@@ -59,7 +64,10 @@ struct ServiceAdapters
     DesktopSystemSettings systemSettings{DesktopSystemSettings::currentDesktops(), AutostartLoginItem::userFolder()};
     FreedesktopNotificationProbe notificationProbe{QDBusConnection::sessionBus()};
     std::unique_ptr<HotKeys> hotKeys = makeHotKeys();
-    AbsentFact call;
+    QtMainRunLoop runLoop;
+    CompanionFact microphone{companionProgram(QStringLiteral("tomcatto-calls")), runLoop};
+    CameraInUse camera{runLoop};
+    AnyFactSource call{{microphone, camera}};
     AbsentFact fullScreen;
     AbsentFact lock;
     AbsentIdle idle;

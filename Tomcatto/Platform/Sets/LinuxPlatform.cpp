@@ -56,6 +56,8 @@ std::unique_ptr<ApplicationPlatform> makeApplicationPlatform()
                                                            giveBackUnusedMemory);
             },
         .findOwn = findOnBuses,
+        .companions = {{QStringLiteral("tomcatto-calls"), QStringLiteral("calls"),
+                        QStringLiteral("a break waits for no call without a camera")}},
         .findSystemSound = [](const QString &name) { return SoundThemes::ofSession().file(name); },
     });
 }

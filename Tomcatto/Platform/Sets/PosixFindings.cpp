@@ -1,6 +1,5 @@
 #include "Platform/Sets/PosixFindings.h"
 
-#include "Platform/Posix/CompanionFindings.h"
 #include "Platform/Posix/DisplayProbe.h"
 #include "Platform/Qt/DefaultsFile.h"
 
@@ -65,12 +64,13 @@ Finding findSounds(const CompanionSounds::Finder &findSound)
 }
 
 /// The display is looked at by the program that would open it.
-Findings findWithCompanions()
+Findings findWithCompanions(const std::vector<FindingCompanion> &own)
 {
     std::vector<FindingCompanion> companions{
         {QStringLiteral("tomcatto-sound"), QStringLiteral("audio"), QStringLiteral("phases end without a sound")},
         {QStringLiteral("tomcatto-film"), QStringLiteral("codecs"), QStringLiteral("breaks show no film")},
         {QStringLiteral("tomcatto-fetch"), QStringLiteral("network"), QStringLiteral("no videos can be downloaded")}};
+    companions.insert(companions.end(), own.begin(), own.end());
     if (DisplayProbe().isReachable()) {
         companions.insert(companions.begin(), {QStringLiteral("tomcatto-desktop"), QStringLiteral("display"),
                                                QStringLiteral("Tomcatto runs in the terminal alone")});
@@ -87,7 +87,7 @@ Findings findWithCompanions()
 }
 
 Findings posixFindings(const ApplicationDirectories &directories, const std::function<Findings()> &findOwn,
-                       const CompanionSounds::Finder &findSound)
+                       const std::vector<FindingCompanion> &ownCompanions, const CompanionSounds::Finder &findSound)
 {
     const QString downloads = directories.applicationSupport().value_or(QString());
     Findings findings{
@@ -96,7 +96,7 @@ Findings posixFindings(const ApplicationDirectories &directories, const std::fun
         findSettings(directories.userDefaultsFile()),
         findPlace(QStringLiteral("snapshot"), directories.widgetSnapshotFile()),
         findPlace(QStringLiteral("socket"), directories.controlSocket())};
-    for (const Findings &more : {findOwn(), findWithCompanions(), Findings{findSounds(findSound)}})
+    for (const Findings &more : {findOwn(), findWithCompanions(ownCompanions), Findings{findSounds(findSound)}})
         findings.insert(findings.end(), more.begin(), more.end());
     return findings;
 }

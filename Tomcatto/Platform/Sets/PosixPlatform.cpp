@@ -131,8 +131,9 @@ ProgramPorts PosixPlatform::programPorts() const
                                                           isReadOnly ? JsonFileUserDefaults::Access::readOnly
                                                                      : JsonFileUserDefaults::Access::readWrite);
         },
-        [&program, findOwn = m_differences.findOwn, findSound = soundFinder(m_differences.findSystemSound)] {
-            return posixFindings(program.directories, findOwn, findSound);
+        [&program, findOwn = m_differences.findOwn, ownCompanions = m_differences.companions,
+         findSound = soundFinder(m_differences.findSystemSound)] {
+            return posixFindings(program.directories, findOwn, ownCompanions, findSound);
         },
     };
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/Ports/ApplicationPlatform.h"
+#include "Platform/Posix/CompanionFindings.h"
 #include "Platform/Posix/CompanionSounds.h"
 #include "Platform/Posix/FileIdentity.h"
 #include "Platform/Posix/SystemWallClock.h"
@@ -24,6 +25,8 @@ struct PosixDifferences
     std::function<std::unique_ptr<MessageBus>(MainRunLoop &)> makeMessageBus;
     /// Looks at what only this system has, beside what all of them share; asked before anything else that is looked at.
     std::function<Findings()> findOwn = [] { return Findings(); };
+    /// Those of this system alone that look for themselves.
+    std::vector<FindingCompanion> companions = {};
     /// The file of a sound that the system knows by name, where it has any; the application's own stand in.
     CompanionSounds::Finder findSystemSound = nullptr;
 };
