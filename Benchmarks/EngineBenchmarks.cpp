@@ -96,6 +96,7 @@ public:
                 dependencies.timer,
                 dependencies.settings,
                 dependencies.statsAggregator,
+                dependencies.manners,
                 dependencies.strings,
                 wallClock,
                 runLoop};

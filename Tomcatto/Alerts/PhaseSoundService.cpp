@@ -23,9 +23,14 @@ PhaseSoundService::PhaseSoundService(const PomodoroSettings &settings, SystemSou
 {
 }
 
-void PhaseSoundService::bind(const PomodoroStateMachine &stateMachine)
+void PhaseSoundService::bind(const PomodoroStateMachine &stateMachine, const MannersService &manners)
 {
-    connect(&stateMachine, &PomodoroStateMachine::transitioned, this, &PhaseSoundService::follow);
+    connect(&stateMachine, &PomodoroStateMachine::transitioned, this, [this, &manners](const auto &transition) {
+        // A call would hear it.
+        if (!manners.heldBy())
+            follow(transition);
+    });
+    connect(&manners, &MannersService::heldBreakBegan, this, [this] { play(PhaseSoundName::breakStart); });
     connect(&stateMachine, &PomodoroStateMachine::overflowBegan, this, [this] { play(PhaseSoundName::breakStart); });
 }
 

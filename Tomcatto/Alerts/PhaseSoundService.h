@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Foundation/Logger.h"
+#include "Manners/MannersService.h"
 #include "Platform/Ports/SystemSounds.h"
-#include "Timer/PomodoroStateMachine.h"
 
 namespace tomcatto {
 
@@ -12,8 +12,8 @@ inline constexpr QLatin1String breakStart{"Glass"};
 inline constexpr QLatin1String workStart{"Pop"};
 }
 
-/// Plays a short sound when a phase changes and when a focus phase runs past its plan, unless sounds are off. Main
-/// thread only.
+/// Plays a short sound when a phase changes and when a focus phase runs past its plan, unless sounds are off. That of a
+/// break that is held back comes when it begins by itself. Main thread only.
 class PhaseSoundService final : public QObject
 {
     Q_OBJECT
@@ -22,8 +22,8 @@ public:
     /// Both outlive the service.
     PhaseSoundService(const PomodoroSettings &settings, SystemSounds &sounds, QObject *parent = nullptr);
 
-    /// Follows the state machine from now on; called once.
-    void bind(const PomodoroStateMachine &stateMachine);
+    /// Follows the state machine from now on; called once. Both outlive the service.
+    void bind(const PomodoroStateMachine &stateMachine, const MannersService &manners);
 
 private:
     void follow(const PhaseTransition &transition);

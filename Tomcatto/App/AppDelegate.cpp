@@ -89,17 +89,27 @@ void AppDelegate::attachShortcuts()
         m_dependencies.platform.desktop->hotKeys, m_dependencies.strings, act));
 }
 
+void AppDelegate::followSleep()
+{
+    SleepWakeObserver &observer = m_dependencies.sleepWakeObserver;
+    SleepWakeCoordinator &coordinator = m_dependencies.sleepWakeCoordinator;
+    MannersService &manners = m_dependencies.manners;
+    connect(&observer, &SleepWakeObserver::willSleep, &manners, &MannersService::prepareForSleep);
+    coordinator.setResumeQuestion([&manners] { return !manners.hasPaused(); });
+    coordinator.start();
+    connect(&observer, &SleepWakeObserver::didWake, &manners, &MannersService::wakeUp);
+    // Connected after the coordinator, so that the pause is part of it.
+    connect(&observer, &SleepWakeObserver::willSleep, this, &AppDelegate::applicationMayTerminate);
+}
+
 void AppDelegate::installAppUI(ApplicationSurfaces &surfaces)
 {
     if (std::exchange(m_appUIInstalled, true))
         return;
     surfaces.install();
     m_dependencies.notificationCenterService.start();
-    m_dependencies.phaseSoundService.bind(m_dependencies.stateMachine);
-    m_dependencies.sleepWakeCoordinator.start();
-    // Connected after the coordinator, so that the pause is part of it.
-    connect(&m_dependencies.sleepWakeObserver, &SleepWakeObserver::willSleep, this,
-            &AppDelegate::applicationMayTerminate);
+    m_dependencies.phaseSoundService.bind(m_dependencies.stateMachine, m_dependencies.manners);
+    followSleep();
     attachShortcuts();
     m_dependencies.widgetBridge.start();
     if (std::exchange(m_pendingPopoverReveal, false)) {

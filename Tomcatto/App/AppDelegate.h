@@ -38,6 +38,7 @@ public:
 private:
     void connectLanguage();
     void attachShortcuts();
+    void followSleep();
     void installAppUI(ApplicationSurfaces &surfaces);
 
     AppDependencies &m_dependencies;

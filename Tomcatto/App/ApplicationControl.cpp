@@ -14,7 +14,8 @@ ApplicationControl::ApplicationControl(AppDependencies &dependencies, AppDelegat
     : QObject(parent)
     , m_stateMachine(dependencies.stateMachine)
     , m_status({dependencies.stateMachine, dependencies.timer, dependencies.settings, dependencies.statsAggregator,
-                dependencies.strings, dependencies.platform.wallClock, dependencies.platform.runLoop})
+                dependencies.manners, dependencies.strings, dependencies.platform.wallClock,
+                dependencies.platform.runLoop})
     , m_server(m_commands, sockets, dependencies.platform.runLoop, socketPath)
     , m_quit(std::move(quit))
 {

@@ -77,8 +77,8 @@ void DesktopSurfaces::install()
         m_dependencies.mainWindowRouter);
     connect(m_statusItemController.get(), &StatusItemController::quitRequested, this, m_quit);
     m_breakOverlayController = std::make_unique<BreakOverlayController>(
-        m_dependencies.stateMachine, m_dependencies.timer, m_dependencies.settings, m_dependencies.platform.runLoop,
-        m_desktop.screens, m_desktop.keyMonitor, m_overlayWindows);
+        m_dependencies.stateMachine, m_dependencies.timer, m_dependencies.settings, m_dependencies.manners,
+        m_dependencies.platform.runLoop, m_desktop.screens, m_desktop.keyMonitor, m_overlayWindows);
     connect(m_breakOverlayController.get(), &BreakOverlayController::willShow, this,
             &DesktopSurfaces::makeRoomForBreak);
     connect(m_breakOverlayController.get(), &BreakOverlayController::didHide, this,

@@ -5,12 +5,14 @@
 namespace tomcatto {
 
 BreakOverlayController::BreakOverlayController(PomodoroStateMachine &stateMachine, const PomodoroTimer &timer,
-                                               const PomodoroSettings &settings, MainRunLoop &runLoop, Screens &screens,
-                                               KeyMonitor &keyMonitor, OverlayWindows &overlayWindows, QObject *parent)
+                                               const PomodoroSettings &settings, const MannersService &manners,
+                                               MainRunLoop &runLoop, Screens &screens, KeyMonitor &keyMonitor,
+                                               OverlayWindows &overlayWindows, QObject *parent)
     : QObject(parent)
     , m_stateMachine(stateMachine)
     , m_timer(timer)
     , m_settings(settings)
+    , m_manners(manners)
     , m_runLoop(runLoop)
     , m_screens(screens)
     , m_keys(keyMonitor)
@@ -37,7 +39,8 @@ void BreakOverlayController::deliver(std::function<void()> handler)
 
 void BreakOverlayController::phaseChanged(PomodoroPhase current)
 {
-    if (!isBreak(current) || (m_stateMachine.isPhasePending() && isAnnouncedOtherwise()))
+    const bool waitsUnseen = m_stateMachine.isPhasePending() && (m_manners.heldBy() || isAnnouncedOtherwise());
+    if (!isBreak(current) || waitsUnseen)
         hide();
     else
         show(current);

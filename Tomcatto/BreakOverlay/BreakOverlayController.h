@@ -1,14 +1,15 @@
 #pragma once
 
 #include "BreakOverlay/OverlayWindows.h"
+#include "Manners/MannersService.h"
 #include "Platform/Ports/KeyMonitor.h"
-#include "Timer/PomodoroStateMachine.h"
 
 namespace tomcatto {
 
 /// Decides when the break overlay is up: one window for each screen while a break runs, and while it waits where no
-/// notification and no sound tells of it. Where the desktop closes one window all of them go, and the break runs on.
-/// Events arrive through the run loop and read the state at their delivery. Main thread only.
+/// notification and no sound tells of it; never while it is held back. Where the desktop closes one window all of them
+/// go, and the break runs on. Events arrive through the run loop and read the state at their delivery. Main thread
+/// only.
 class BreakOverlayController final : public QObject
 {
     Q_OBJECT
@@ -18,8 +19,9 @@ public:
     static constexpr qint64 warmingSeconds = 10;
 
     BreakOverlayController(PomodoroStateMachine &stateMachine, const PomodoroTimer &timer,
-                           const PomodoroSettings &settings, MainRunLoop &runLoop, Screens &screens,
-                           KeyMonitor &keyMonitor, OverlayWindows &overlayWindows, QObject *parent = nullptr);
+                           const PomodoroSettings &settings, const MannersService &manners, MainRunLoop &runLoop,
+                           Screens &screens, KeyMonitor &keyMonitor, OverlayWindows &overlayWindows,
+                           QObject *parent = nullptr);
 
     /// Covers the screens; nothing unless `phase` is a break. Windows shown before are replaced.
     void show(PomodoroPhase phase);
@@ -46,6 +48,7 @@ private:
     PomodoroStateMachine &m_stateMachine;
     const PomodoroTimer &m_timer;
     const PomodoroSettings &m_settings;
+    const MannersService &m_manners;
     MainRunLoop &m_runLoop;
     Screens &m_screens;
     KeyMonitor &m_keys;

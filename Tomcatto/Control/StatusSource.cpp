@@ -17,6 +17,7 @@ StatusSource::StatusSource(const Parts &parts, QObject *parent)
     connect(&machine, &PomodoroStateMachine::isOverflowingChanged, this, changed);
     connect(&machine, &PomodoroStateMachine::isPhasePendingChanged, this, changed);
     connect(&machine, &PomodoroStateMachine::phaseTokenChanged, this, changed);
+    connect(&m_parts.manners, &MannersService::heldByChanged, this, changed);
     connect(&m_parts.settings, &PomodoroSettings::changed, this, changed);
     connect(&m_parts.statsAggregator, &StatsAggregator::changes, this, changed);
     m_dayObserver = m_parts.wallClock.onDayChanged(changed);
@@ -44,6 +45,7 @@ TimerStatus StatusSource::status() const
     status.todayFocusMinutes = m_parts.statsAggregator.focusMinutes({calendar.startOfDay(calendar.dayOf(now)), now});
     status.dailyGoal = m_parts.settings.dailyGoalPomodoros();
     status.streak = m_parts.statsAggregator.currentStreak();
+    status.heldBy = m_parts.manners.heldBy();
     return status;
 }
 

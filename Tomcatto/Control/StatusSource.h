@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Control/TimerStatus.h"
+#include "Manners/MannersService.h"
 #include "Platform/Ports/OncePerTurn.h"
 #include "Platform/Ports/WallClock.h"
 #include "Statistics/StatsAggregator.h"
@@ -22,6 +23,7 @@ public:
         const PomodoroTimer &timer;
         const PomodoroSettings &settings;
         const StatsAggregator &statsAggregator;
+        const MannersService &manners;
         const LocalizedStrings &strings;
         WallClock &wallClock;
         MainRunLoop &runLoop;

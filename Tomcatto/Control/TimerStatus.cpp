@@ -1,7 +1,5 @@
 #include "Control/TimerStatus.h"
 
-#include "Foundation/EnumTexts.h"
-
 namespace tomcatto {
 
 namespace {
@@ -16,6 +14,9 @@ QString phaseName(const TimerStatus &status)
 
 QString stateName(const TimerStatus &status)
 {
+    constexpr std::array waits{"until the call is over", "while something is full screen", "for a rest in typing"};
+    if (status.heldBy)
+        return QStringLiteral(" (ready, waits %1)").arg(textOf(waits, *status.heldBy));
     if (status.isPending)
         return QStringLiteral(" (ready)");
     return status.isPaused ? QStringLiteral(" (paused)") : QString();
@@ -71,6 +72,7 @@ Json toJson(const TimerStatus &status)
     object["todayFocusMinutes"] = status.todayFocusMinutes;
     object["dailyGoal"] = status.dailyGoal;
     object["streak"] = status.streak;
+    object["heldBy"] = status.heldBy ? Json(textOf(holdReasonTexts, *status.heldBy).toStdString()) : Json();
     return object;
 }
 
@@ -96,6 +98,9 @@ std::expected<TimerStatus, QString> timerStatusFromJson(const Json &object)
         status.todayFocusMinutes = object.at("todayFocusMinutes").get<qint64>();
         status.dailyGoal = object.at("dailyGoal").get<qint64>();
         status.streak = object.at("streak").get<qint64>();
+        // An application of a later version may know other reasons.
+        if (const auto heldBy = object.find("heldBy"); heldBy != object.end() && heldBy->is_string())
+            status.heldBy = caseOf<HoldReason>(holdReasonTexts, QString::fromStdString(heldBy->get<std::string>()));
         return status;
     } catch (const Json::exception &exception) {
         return std::unexpected(QStringLiteral("Tomcatto's status cannot be read: ") +

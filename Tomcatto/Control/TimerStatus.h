@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Manners/HoldReason.h"
 #include "Timer/PomodoroPhase.h"
 
 #include <expected>
@@ -27,6 +28,8 @@ struct TimerStatus
     qint64 todayFocusMinutes = 0;
     qint64 dailyGoal = 0;
     qint64 streak = 0;
+    /// Why the break that is pending waits, where it would begin by itself.
+    std::optional<HoldReason> heldBy;
 
     bool operator==(const TimerStatus &) const = default;
 };
@@ -36,7 +39,7 @@ enum class StatusFormat { text, json, waybar };
 
 /// The status as one JSON object.
 [[nodiscard]] nlohmann::ordered_json toJson(const TimerStatus &status);
-/// The status of such an object; the error says what is missing.
+/// The status of such an object, also of a version before breaks were held back; the error says what is missing.
 [[nodiscard]] std::expected<TimerStatus, QString> timerStatusFromJson(const nlohmann::ordered_json &object);
 /// One line, without a line feed: a sentence, the object, or what a Waybar custom module takes.
 [[nodiscard]] QString rendered(const TimerStatus &status, StatusFormat format);

@@ -1,14 +1,10 @@
 #pragma once
 
-#include "Foundation/Date.h"
-#include "Manners/HoldReason.h"
-#include "Manners/MannersSettings.h"
-#include "Platform/Ports/MainRunLoop.h"
-#include "Platform/Ports/Surroundings.h"
-#include "Platform/Ports/WallClock.h"
-#include "Timer/PomodoroStateMachine.h"
+#include "Manners/AwayPause.h"
+#include "Manners/BreakHold.h"
+#include "Manners/WordBefore.h"
 
-#include <optional>
+#include <memory>
 
 namespace tomcatto {
 
@@ -37,28 +33,37 @@ public:
     [[nodiscard]] const MannersSettings &settings() const noexcept { return m_settings; }
 
     /// Why the break that is pending waits; nothing where none is held back.
-    [[nodiscard]] std::optional<HoldReason> heldBy() const noexcept { return m_heldBy; }
+    [[nodiscard]] std::optional<HoldReason> heldBy() const noexcept { return m_hold ? m_hold->heldBy() : std::nullopt; }
     /// Since when the person was away, from their return until the paused focus phase goes on or ends.
-    [[nodiscard]] std::optional<Date> awaySince() const noexcept { return m_awaySince; }
+    [[nodiscard]] std::optional<Date> awaySince() const { return m_away ? m_away->awaySince() : std::nullopt; }
+    /// Whether the focus phase is paused because nobody sat at it: then nothing but the person goes on with it.
+    [[nodiscard]] bool hasPaused() const noexcept { return m_away && m_away->hasPaused(); }
     /// Whether a break comes so soon that it is told: the pill breathes.
-    [[nodiscard]] bool isBreakNear() const noexcept { return m_isBreakNear; }
+    [[nodiscard]] bool isBreakNear() const noexcept { return m_word.isBreakNear(); }
 
-    /// Goes on with the focus phase that was paused.
+    /// Goes on with the focus phase that was paused, while `awaySince` tells of one.
     void resumeAfterAway();
     /// Ends it, and begins the break at once.
     void takeBreakAfterAway();
 
+    /// The machine sleeps; called before the running phase is paused for it.
+    void prepareForSleep();
+    /// The machine is awake; called after what becomes of the phase was decided.
+    void wakeUp();
+
 Q_SIGNALS:
     void heldByChanged();
+    /// The break that was held back has begun by itself.
+    void heldBreakBegan();
     void awaySinceChanged();
     void isBreakNearChanged();
 
 private:
     Parts m_parts;
     MannersSettings m_settings;
-    std::optional<HoldReason> m_heldBy;
-    std::optional<Date> m_awaySince;
-    bool m_isBreakNear = false;
+    WordBefore m_word;
+    std::unique_ptr<BreakHold> m_hold;
+    std::unique_ptr<AwayPause> m_away;
 };
 
 }

@@ -41,7 +41,8 @@ void SleepWakeCoordinator::handleWake(double sleepSeconds)
     m_logger.info(QStringLiteral("Woke after %1 seconds").arg(sleepSeconds, 0, 'f', 0));
     switch (sleepWakePolicy(snapshot->phase, snapshot->remainingSeconds, sleepSeconds)) {
     case WakeDecision::resume:
-        m_stateMachine.resume();
+        if (!m_mayResume || m_mayResume())
+            m_stateMachine.resume();
         break;
     case WakeDecision::stayPaused:
         break;

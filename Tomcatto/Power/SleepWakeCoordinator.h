@@ -16,6 +16,8 @@ public:
     SleepWakeCoordinator(PomodoroStateMachine &stateMachine, const PomodoroTimer &timer, SleepWakeObserver &observer,
                          QObject *parent = nullptr);
 
+    /// Asked whether a phase may go on by itself on wake; it stays paused otherwise. Without a question each one may.
+    void setResumeQuestion(std::function<bool()> mayResume) { m_mayResume = std::move(mayResume); }
     /// Subscribes; called once, when the surfaces are installed.
     void start();
 
@@ -34,6 +36,7 @@ private:
     const PomodoroTimer &m_timer;
     SleepWakeObserver &m_observer;
     Logger m_logger;
+    std::function<bool()> m_mayResume;
     std::optional<Snapshot> m_snapshot;
 };
 

@@ -129,7 +129,7 @@ bool PomodoroStateMachine::advance(PhaseExitReason reason, bool forbidsHolding)
 {
     const State left = m_state;
     const PhaseStep next = phaseAfter({left.currentPhase, left.currentCycleIndex}, m_settings.cyclesBeforeLongBreak());
-    const bool holds = reason == PhaseExitReason::completed && !forbidsHolding && !startsByItself(next.phase);
+    const bool holds = reason == PhaseExitReason::completed && !forbidsHolding && !begins(next.phase);
 
     m_state = {};
     m_state.currentPhase = next.phase;
@@ -265,6 +265,11 @@ void PomodoroStateMachine::checkCeiling()
         m_events.emplace_back([this] { Q_EMIT ceilingReached(); });
         return true;
     });
+}
+
+bool PomodoroStateMachine::begins(PomodoroPhase phase) const
+{
+    return startsByItself(phase) && (!isBreak(phase) || !m_mayBreakBegin || m_mayBreakBegin());
 }
 
 bool PomodoroStateMachine::startsByItself(PomodoroPhase phase) const

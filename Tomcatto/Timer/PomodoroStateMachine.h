@@ -35,6 +35,12 @@ public:
     [[nodiscard]] bool isPhasePending() const noexcept { return m_state.isPhasePending; }
     /// Tells two phases of the same kind apart: a fresh upper-case UUID for each, renewed by an extension.
     [[nodiscard]] const QString &phaseToken() const noexcept { return m_state.phaseToken; }
+    /// Whether the settings let the phase begin by itself when the one before it completes.
+    [[nodiscard]] bool startsByItself(PomodoroPhase phase) const;
+
+    /// Asked in the middle of an operation, of which it sees nothing yet, where a break that is due would begin by
+    /// itself; one that may not waits for the user. Without a question each one may.
+    void setBreakQuestion(std::function<bool()> mayBegin) { m_mayBreakBegin = std::move(mayBegin); }
 
     /// From idle: begins the first work phase.
     bool start();
@@ -98,7 +104,7 @@ private:
     void timerExpired();
     void expireSoon();
     void checkCeiling();
-    [[nodiscard]] bool startsByItself(PomodoroPhase phase) const;
+    [[nodiscard]] bool begins(PomodoroPhase phase) const;
 
     State m_state;
     State m_published;
@@ -106,6 +112,7 @@ private:
     PomodoroTimer &m_timer;
     MainRunLoop &m_runLoop;
     IdentifierSource &m_identifiers;
+    std::function<bool()> m_mayBreakBegin;
     std::deque<Operation> m_waiting;
     std::vector<std::function<void()>> m_events;
     bool m_isPerforming = false;

@@ -4,6 +4,7 @@
 #include "Fakes/CapturedLog.h"
 #include "Fakes/FakeUserDefaults.h"
 #include "Fakes/ManualClock.h"
+#include "Fakes/ManualWallClock.h"
 #include "Fakes/SequentialIdentifiers.h"
 #include "Platform/Qt/ApplicationKeyMonitor.h"
 #include "Platform/Qt/DesktopScreens.h"
@@ -58,6 +59,8 @@ struct RealOverlay
     PomodoroSettings settings{defaults};
     PomodoroTimer timer{clock, runLoop};
     PomodoroStateMachine machine{settings, timer, runLoop, identifiers};
+    ManualWallClock wallClock;
+    MannersService manners{{machine, timer, defaults, wallClock, runLoop, {}}};
     LanguageOverrideService language{defaults, {u"en"_s}};
     LocalizedStrings strings{language};
     QObject looks;
@@ -67,7 +70,7 @@ struct RealOverlay
     DesktopScreens screens{runLoop, windowSystem};
     ApplicationKeyMonitor keys;
     BreakOverlayWindows overlayWindows{{machine, timer, settings, strings}, viewWindows, screens, {}};
-    BreakOverlayController controller{machine, timer, settings, runLoop, screens, keys, overlayWindows};
+    BreakOverlayController controller{machine, timer, settings, manners, runLoop, screens, keys, overlayWindows};
 };
 
 const PluggedScreen left{u"left"_s, {0, 0, 400, 300}};

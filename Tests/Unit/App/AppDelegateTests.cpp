@@ -119,8 +119,8 @@ TEST(TimerCommands, TheStatusFollowsTheDayAndAWaitingPhaseIsStarted)
     Application application;
     AppDependencies &dependencies = application.dependencies;
     const StatusSource source({dependencies.stateMachine, dependencies.timer, dependencies.settings,
-                               dependencies.statsAggregator, dependencies.strings, application.wallClock,
-                               application.runLoop});
+                               dependencies.statsAggregator, dependencies.manners, dependencies.strings,
+                               application.wallClock, application.runLoop});
     std::vector<qint64> today;
     QObject::connect(&source, &StatusSource::changed, &source,
                      [&today](const TimerStatus &status) { today.push_back(status.todayCompleted); });

@@ -1,6 +1,6 @@
 #include "BreakOverlay/BreakOverlayController.h"
-#include "Fakes/EngineFixture.h"
 #include "Fakes/FakeOverlay.h"
+#include "Fakes/MannersFixture.h"
 
 #include <gtest/gtest.h>
 
@@ -10,15 +10,15 @@ namespace {
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
-struct Overlay : EngineFixture
+struct Overlay : MannersFixture
 {
     Overlay()
     {
         settings.setWorkDurationSeconds(60);
         screens.plug({u"left"_s, u"right"_s});
         settle();
-        controller =
-            std::make_unique<BreakOverlayController>(machine, timer, settings, runLoop, screens, keys, windows);
+        controller = std::make_unique<BreakOverlayController>(machine, timer, settings, manners, runLoop, screens, keys,
+                                                              windows);
     }
     void settle() { pass(ScreenChanges::quietTime); }
     void waitFor(bool breaks) { settings.setAutoStartBreaks(!breaks); }
@@ -61,6 +61,14 @@ const Act overflow = [](Overlay &o) { o.settings.setOverflowEnabled(true); };
 const Act holdWork = [](Overlay &o) { o.settings.setAutoStartFocus(false); };
 const Act hold = [](Overlay &o) { o.waitFor(true); };
 const Act silent = [](Overlay &o) { o.announce(false, false); };
+const Act call = [](Overlay &o) {
+    o.turnOn({Overlay::Key::waitsDuringCalls});
+    o.surroundings.call.become(Fact::yes);
+};
+const Act hangUp = [](Overlay &o) {
+    o.tell(o.surroundings.call, Fact::no);
+    o.pass(BreakHold::callLinger);
+};
 const Act soundOnly = [](Overlay &o) { o.announce(false, true); };
 
 TEST(BreakOverlayController, DecidesFromTheStateAtDelivery)
@@ -82,6 +90,11 @@ TEST(BreakOverlayController, DecidesFromTheStateAtDelivery)
         {"waits, extended", {hold, finish, extend}, false},
         {"waits, skipped", {hold, finish, skip}, false},
         {"waits, reset", {hold, finish, reset}, false},
+        {"held, silent", {call, silent, finish}, false},
+        {"held, silent, over", {call, silent, finish, hangUp}, true},
+        {"held, over", {call, finish, hangUp}, true},
+        {"held, started", {call, silent, finish, take}, true},
+        {"held, skipped, over", {call, finish, skip, hangUp}, false},
         {"work waits, started", {holdWork, finish, endBreak, resume}, false},
         {"hidden, paused, resumed", {finish, hide, pause, resume}, false},
         {"closed by the desktop", {finish, close}, false},

@@ -30,8 +30,16 @@ TEST(TimerStatus, JsonHasEveryFieldInItsOrder)
     EXPECT_EQ(rendered(focus(), StatusFormat::json).toStdString(),
               R"({"phase":"work","isPaused":false,"isPending":false,"isOverflowing":false,"remainingSeconds":1200,)"
               R"("overflowSeconds":0,"plannedSeconds":1500,"cycleIndex":1,"cyclesPerSet":4,"phaseToken":"AB",)"
-              R"("title":"20:00","todayCompleted":3,"todayFocusMinutes":75,"dailyGoal":8,"streak":2})");
+              R"("title":"20:00","todayCompleted":3,"todayFocusMinutes":75,"dailyGoal":8,"streak":2,"heldBy":null})");
     EXPECT_EQ(timerStatusFromJson(toJson(focus())), focus());
+    TimerStatus held = focus();
+    held.heldBy = HoldReason::fullScreen;
+    EXPECT_EQ(toJson(held).back(), "fullScreen");
+    EXPECT_EQ(timerStatusFromJson(toJson(held)), held);
+    EXPECT_TRUE(differByMoreThanTick(focus(), held));
+    auto earlier = toJson(focus());
+    earlier.erase("heldBy");
+    EXPECT_EQ(timerStatusFromJson(earlier), focus()) << "a program from before";
 }
 
 TEST(TimerStatus, RubbishIsAnErrorAndNoCrash)
@@ -47,7 +55,11 @@ TEST(TimerStatus, OtherFormatsSayTheState)
     EXPECT_NE(rendered(status, StatusFormat::waybar).indexOf(QStringLiteral("\"percentage\":20")), -1);
     status.isPaused = true;
     EXPECT_NE(rendered(status, StatusFormat::text).indexOf(QStringLiteral("(paused)")), -1);
-    status.isPaused = false;
+    status.isPending = true;
+    status.heldBy = HoldReason::call;
+    EXPECT_NE(rendered(status, StatusFormat::text).indexOf(QStringLiteral("(ready, waits until the call is over)")),
+              -1);
+    status = focus();
     status.isOverflowing = true;
     status.remainingSeconds = 0;
     EXPECT_NE(rendered(status, StatusFormat::waybar).indexOf(QStringLiteral("[\"work\",\"overtime\"]")), -1);
