@@ -95,7 +95,7 @@ Rectangle {
         Row {
             id: trailing
 
-            anchors.right: parent.right
+            x: head.stacked ? 0 : parent.width - width
             y: head.stacked ? titles.implicitHeight + 8 : (titles.implicitHeight - height) / 2
             spacing: 12
         }

@@ -125,6 +125,7 @@ Card {
             spacing: 12
 
             TextButton {
+                anchors.verticalCenter: parent.verticalCenter
                 text: Texts.text("stats.add.cancel")
                 onClicked: card.form.close()
             }

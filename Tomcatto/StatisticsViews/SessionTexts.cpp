@@ -62,9 +62,12 @@ QString SessionTexts::day(QDate day, QDate today) const
         return strings.text(QStringLiteral("stats.log.today"));
     if (day.addDays(1) == today)
         return strings.text(QStringLiteral("stats.log.yesterday"));
-    return strings.locale().toString(day, strings.text(day.year() == today.year()
-                                                           ? QStringLiteral("date.weekday_day_month")
-                                                           : QStringLiteral("date.weekday_day_month_year")));
+    const QLocale locale = strings.locale();
+    const QString text =
+        locale.toString(day, strings.text(day.year() == today.year() ? QStringLiteral("date.weekday_day_month")
+                                                                     : QStringLiteral("date.weekday_day_month_year")));
+    // It heads a list; some languages write their weekdays small.
+    return locale.toUpper(text.left(1)) + text.mid(1);
 }
 
 QString SessionTexts::shortDay(QDate date, QDate today) const
