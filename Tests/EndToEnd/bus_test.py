@@ -83,7 +83,7 @@ class BusTest(unittest.TestCase):
             self.assertIn(expected, str(self.call(name, *arguments)), (name, arguments))
         status = self.tomcatto.status()
         properties = {name: self.property(name) for name in re.findall(r'<property name="(\w+)"', interface)}
-        self.assertEqual({name[0].upper() + name[1:]: value for name, value in status.items()}, properties)
+        self.assertEqual({name[0].upper() + name[1:]: "" if value is None else value for name, value in status.items()}, properties)
         for arguments, error in ((["get-property", *OBJECT, "Odd"], "Odd"), (["set-property", *OBJECT, "Phase", "s", "work"], "Phase")):
             self.assertIn(error, self.busctl(*arguments).stderr)
         # Who asks for the end gets an answer, and what ran is recorded by then.

@@ -22,6 +22,10 @@ Decision decisionForButton(const QString &action, const NotificationRouteState &
     // A break that is ready begins as one that is taken does.
     if (action == Action::startBreak)
         return isBreak(state.phase) && state.isPending ? Decision::takeBreak : Decision::ignore;
+    if (action == Action::resumeAfterAway)
+        return state.isBackFromAway ? Decision::resumeAfterAway : Decision::ignore;
+    if (action == Action::takeBreakAfterAway)
+        return state.isBackFromAway ? Decision::takeBreakAfterAway : Decision::ignore;
     return action == Action::extend ? Decision::extend : Decision::ignore;
 }
 

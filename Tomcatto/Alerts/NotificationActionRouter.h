@@ -7,7 +7,16 @@
 namespace tomcatto {
 
 /// What the user's answer to a notification leads to.
-enum class NotificationRouteDecision { ignore, startWork, snooze, takeBreak, extend, openApp };
+enum class NotificationRouteDecision {
+    ignore,
+    startWork,
+    snooze,
+    takeBreak,
+    extend,
+    openApp,
+    resumeAfterAway,
+    takeBreakAfterAway
+};
 
 /// The state of the application that a user's answer meets.
 struct NotificationRouteState
@@ -18,6 +27,8 @@ struct NotificationRouteState
     bool isInUse = false;
     bool isOverflowing = false;
     bool isPending = false;
+    /// The phase is paused since the person was away, and they are back.
+    bool isBackFromAway = false;
 };
 
 /// Decides what becomes of a user's answer. One that belongs to an earlier phase does nothing, except that a press on

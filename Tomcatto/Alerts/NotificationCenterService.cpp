@@ -42,9 +42,24 @@ void NotificationCenterService::start()
             [this] { post(NotificationPayload::workEnded()); });
     connect(m_stateMachine, &PomodoroStateMachine::ceilingReached, this,
             [this] { post(NotificationPayload::overflowCeiling()); });
+    followManners();
     connect(&m_settings, &PomodoroSettings::changed, this, [this] {
         if (!m_settings.notificationsEnabled())
             m_surroundings.center.removePendingRequests({snoozeRequestIdentifier});
+    });
+}
+
+void NotificationCenterService::followManners()
+{
+    MannersService &manners = m_surroundings.manners;
+    connect(&manners, &MannersService::heldBreakBegan, this, [this] { post(NotificationPayload::breakStarted()); });
+    connect(&manners, &MannersService::awaySinceChanged, this, [this, &manners] {
+        if (manners.awaySince())
+            post(NotificationPayload::away());
+    });
+    connect(&manners, &MannersService::isBreakNearChanged, this, [this, &manners] {
+        if (manners.isBreakNear())
+            post(NotificationPayload::breakNear());
     });
 }
 
@@ -82,7 +97,10 @@ void NotificationCenterService::registerCategories()
          {Category::breakEnded, {action(Action::startWork, Key::startWork), action(Action::snooze, Key::snooze)}},
          {Category::workEnded, {action(Action::takeBreak, Key::takeBreak), action(Action::extend, Key::extend)}},
          {Category::breakReady, {action(Action::startBreak, Key::startBreak)}},
-         {Category::overflowCeiling, {}}});
+         {Category::overflowCeiling, {}},
+         {Category::breakNear, {action(Action::extend, Key::extend)}},
+         {Category::away,
+          {action(Action::resumeAfterAway, Key::resume), action(Action::takeBreakAfterAway, Key::takeBreak)}}});
 }
 
 void NotificationCenterService::follow(const PhaseTransition &transition)
@@ -90,7 +108,9 @@ void NotificationCenterService::follow(const PhaseTransition &transition)
     // A reminder of a phase never outlives it.
     m_surroundings.center.removePendingRequests({snoozeRequestIdentifier});
     const bool isPending = m_stateMachine && m_stateMachine->isPhasePending();
-    if (const auto payload = notificationPayload(transition.previous, transition.current, isPending))
+    if (const auto heldBy = m_surroundings.manners.heldBy())
+        post(NotificationPayload::breakHeld(*heldBy));
+    else if (const auto payload = notificationPayload(transition.previous, transition.current, isPending))
         post(*payload);
 }
 
@@ -133,7 +153,16 @@ QString NotificationCenterService::body(const NotificationPayload &payload) cons
     const qint64 seconds = m_stateMachine ? m_stateMachine->currentPlannedSeconds() : 0;
     if (payload == NotificationPayload::workEnded() && seconds > 0 && seconds % secondsPerMinute == 0)
         return m_surroundings.strings.plural(payload.bodyKey + QStringLiteral("_minutes"), seconds / secondsPerMinute);
+    if (const auto since = m_surroundings.manners.awaySince(); since && payload == NotificationPayload::away())
+        return m_surroundings.strings.format(payload.bodyKey, timeText(*since));
     return m_surroundings.strings.text(payload.bodyKey);
+}
+
+QString NotificationCenterService::timeText(Date date) const
+{
+    const Calendar calendar = m_surroundings.wallClock.calendar();
+    const QTime time = toDateTime(date).toTimeZone(calendar.timeZone).time();
+    return m_surroundings.strings.locale().toString(time, calendar.timeFormat);
 }
 
 void NotificationCenterService::route(const QString &actionIdentifier, const std::optional<QString> &token)
@@ -143,7 +172,8 @@ void NotificationCenterService::route(const QString &actionIdentifier, const std
     carryOut(NotificationActionRouter::decision(actionIdentifier, token,
                                                 {m_stateMachine->phaseToken(), m_stateMachine->currentPhase(),
                                                  m_settings.hasCompletedOnboarding(), m_stateMachine->isOverflowing(),
-                                                 m_stateMachine->isPhasePending()}));
+                                                 m_stateMachine->isPhasePending(),
+                                                 m_surroundings.manners.awaySince().has_value()}));
 }
 
 void NotificationCenterService::carryOut(NotificationRouteDecision decision)
@@ -166,6 +196,11 @@ void NotificationCenterService::carryOut(NotificationRouteDecision decision)
         return;
     case NotificationRouteDecision::openApp:
         Q_EMIT activationRequested();
+        return;
+    case NotificationRouteDecision::resumeAfterAway:
+        return m_surroundings.manners.resumeAfterAway();
+    case NotificationRouteDecision::takeBreakAfterAway:
+        return m_surroundings.manners.takeBreakAfterAway();
     }
 }
 

@@ -3,17 +3,16 @@
 #include "Alerts/NotificationActionRouter.h"
 #include "Alerts/NotificationPayload.h"
 #include "Localization/LocalizedStrings.h"
+#include "Manners/MannersService.h"
 #include "Platform/Ports/IdentifierSource.h"
-#include "Platform/Ports/MainRunLoop.h"
 #include "Platform/Ports/UserNotificationCenter.h"
-#include "Timer/PomodoroStateMachine.h"
 
 #include <QtCore/QPointer>
 
 namespace tomcatto {
 
-/// Notifies of the phases' changes that the user should notice, and turns an answer to a notification into an operation
-/// of the state machine. It never asks for the permission. Main thread only.
+/// Notifies of what the user should notice of the phases and of the good manners, and turns an answer to a notification
+/// into an operation of the state machine. It never asks for the permission. Main thread only.
 class NotificationCenterService final : public QObject, public UserNotificationCenterDelegate
 {
     Q_OBJECT
@@ -26,6 +25,8 @@ public:
         MainRunLoop &runLoop;
         IdentifierSource &identifiers;
         const LocalizedStrings &strings;
+        MannersService &manners;
+        const WallClock &wallClock;
     };
 
     /// How long a snoozed notice is away.
@@ -54,11 +55,13 @@ Q_SIGNALS:
 
 private:
     void registerCategories();
+    void followManners();
     void follow(const PhaseTransition &transition);
     void post(const NotificationPayload &payload);
     void scheduleSnoozeReminder();
     [[nodiscard]] NotificationRequest request(const NotificationPayload &payload) const;
     [[nodiscard]] QString body(const NotificationPayload &payload) const;
+    [[nodiscard]] QString timeText(Date date) const;
     void route(const QString &actionIdentifier, const std::optional<QString> &token);
     void carryOut(NotificationRouteDecision decision);
 

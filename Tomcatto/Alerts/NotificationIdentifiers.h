@@ -11,6 +11,8 @@ inline constexpr QLatin1String breakEnded{"phase.breakEnded"};
 inline constexpr QLatin1String workEnded{"phase.workEnded"};
 inline constexpr QLatin1String breakReady{"phase.breakReady"};
 inline constexpr QLatin1String overflowCeiling{"phase.overflowCeiling"};
+inline constexpr QLatin1String breakNear{"phase.breakNear"};
+inline constexpr QLatin1String away{"phase.away"};
 }
 
 namespace NotificationActionIdentifier {
@@ -19,6 +21,8 @@ inline constexpr QLatin1String snooze{"phase.action.snooze"};
 inline constexpr QLatin1String takeBreak{"phase.action.takeBreak"};
 inline constexpr QLatin1String extend{"phase.action.extend"};
 inline constexpr QLatin1String startBreak{"phase.action.startBreak"};
+inline constexpr QLatin1String resumeAfterAway{"phase.action.resumeAfterAway"};
+inline constexpr QLatin1String takeBreakAfterAway{"phase.action.takeBreakAfterAway"};
 }
 
 namespace NotificationUserInfoKey {
@@ -35,6 +39,12 @@ inline constexpr QLatin1String workEndedTitle{"notifications.work_ended.title"};
 inline constexpr QLatin1String workEndedBody{"notifications.work_ended.body"};
 inline constexpr QLatin1String breakReadyTitle{"notifications.break_ready.title"};
 inline constexpr QLatin1String breakReadyBody{"notifications.break_ready.body"};
+inline constexpr QLatin1String breakHeldByCall{"notifications.break_held.call"};
+inline constexpr QLatin1String breakHeldByFullScreen{"notifications.break_held.full_screen"};
+inline constexpr QLatin1String breakNearTitle{"notifications.break_near.title"};
+inline constexpr QLatin1String breakNearBody{"notifications.break_near.body"};
+inline constexpr QLatin1String awayTitle{"notifications.away.title"};
+inline constexpr QLatin1String awayBody{"notifications.away.body"};
 inline constexpr QLatin1String overflowCeilingTitle{"notifications.overflow_ceiling.title"};
 inline constexpr QLatin1String overflowCeilingBody{"notifications.overflow_ceiling.body"};
 inline constexpr QLatin1String testTitle{"notifications.test.title"};
@@ -44,6 +54,7 @@ inline constexpr QLatin1String snooze{"notifications.action.snooze"};
 inline constexpr QLatin1String takeBreak{"notifications.action.take_break"};
 inline constexpr QLatin1String extend{"notifications.action.extend"};
 inline constexpr QLatin1String startBreak{"notifications.action.start_break"};
+inline constexpr QLatin1String resume{"notifications.action.resume"};
 }
 
 }

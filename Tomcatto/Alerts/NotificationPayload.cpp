@@ -27,9 +27,32 @@ NotificationPayload NotificationPayload::breakReady()
     return {Category::breakReady, Key::breakReadyTitle, Key::breakReadyBody};
 }
 
+NotificationPayload NotificationPayload::breakHeld(HoldReason reason)
+{
+    switch (reason) {
+    case HoldReason::call:
+        return {Category::breakReady, Key::breakReadyTitle, Key::breakHeldByCall};
+    case HoldReason::fullScreen:
+        return {Category::breakReady, Key::breakReadyTitle, Key::breakHeldByFullScreen};
+    case HoldReason::typing:
+        break;
+    }
+    return breakReady();
+}
+
 NotificationPayload NotificationPayload::overflowCeiling()
 {
     return {Category::overflowCeiling, Key::overflowCeilingTitle, Key::overflowCeilingBody};
+}
+
+NotificationPayload NotificationPayload::breakNear()
+{
+    return {Category::breakNear, Key::breakNearTitle, Key::breakNearBody};
+}
+
+NotificationPayload NotificationPayload::away()
+{
+    return {Category::away, Key::awayTitle, Key::awayBody};
 }
 
 std::optional<NotificationPayload> notificationPayload(PomodoroPhase previous, PomodoroPhase current, bool isPending)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Manners/HoldReason.h"
 #include "Timer/PomodoroPhase.h"
 
 #include <optional>
@@ -19,7 +20,11 @@ struct NotificationPayload
     static NotificationPayload breakEnded();
     static NotificationPayload workEnded();
     static NotificationPayload breakReady();
+    static NotificationPayload breakHeld(HoldReason reason);
     static NotificationPayload overflowCeiling();
+    static NotificationPayload breakNear();
+    /// Its body takes the time of day since when.
+    static NotificationPayload away();
 };
 
 /// What is to be said about a change of phases; nothing about starts, resets and skips from focus to focus.

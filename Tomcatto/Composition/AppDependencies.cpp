@@ -67,8 +67,9 @@ AppDependencies::AppDependencies(const PlatformServices &services)
     , manners({stateMachine, timer, platform.defaults, platform.wallClock, platform.runLoop,
                platform.desktop ? std::optional(platform.desktop->surroundings) : std::nullopt})
     // The texts are built later; it asks for none before the application starts.
-    , notificationCenterService(settings, stateMachine,
-                                {platform.notificationCenter, platform.runLoop, platform.identifiers, strings})
+    , notificationCenterService(
+          settings, stateMachine,
+          {platform.notificationCenter, platform.runLoop, platform.identifiers, strings, manners, platform.wallClock})
     , notificationAuthorization(makeNotificationAuthorization(platform.desktop))
     , phaseSoundService(settings, platform.systemSounds)
     , statsAggregator(sessionRepository, platform.wallClock)

@@ -1,6 +1,6 @@
 #include "Alerts/NotificationCenterService.h"
 #include "Alerts/NotificationIdentifiers.h"
-#include "Fakes/EngineFixture.h"
+#include "Fakes/MannersFixture.h"
 #include "MockedBus.h"
 #include "Platform/Freedesktop/FreedesktopNotificationCenter.h"
 
@@ -15,7 +15,7 @@ namespace Action = NotificationActionIdentifier;
 namespace {
 
 /// The alerts and their adapter over an engine whose time the test moves, before a server on a real bus.
-struct NotificationServerTests : MockedBus, EngineFixture
+struct NotificationServerTests : MockedBus, MannersFixture
 {
     NotificationServerTests()
     {
@@ -77,7 +77,7 @@ struct NotificationServerTests : MockedBus, EngineFixture
     LanguageOverrideService language{defaults, {QStringLiteral("en")}};
     LocalizedStrings strings{language};
     FreedesktopNotificationCenter center{m_bus.connection(), runLoop};
-    NotificationCenterService service{settings, machine, {center, runLoop, identifiers, strings}};
+    NotificationCenterService service{settings, machine, {center, runLoop, identifiers, strings, manners, wallClock}};
     int activations = 0;
 };
 

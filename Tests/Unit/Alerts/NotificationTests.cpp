@@ -1,8 +1,9 @@
 #include "Alerts/NotificationCenterService.h"
 #include "Alerts/NotificationIdentifiers.h"
-#include "Fakes/EngineFixture.h"
 #include "Fakes/FakeAlerts.h"
+#include "Fakes/MannersFixture.h"
 
+#include <bitset>
 #include <gmock/gmock.h>
 #include <set>
 #include <tuple>
@@ -18,19 +19,21 @@ namespace Category = NotificationCategoryIdentifier;
 TEST(NotificationActionRouterTest, LetsThroughWhatFitsThePhaseAndNothingElse)
 {
     using Decision = NotificationRouteDecision;
-    using State = std::tuple<QString, PomodoroPhase, bool, bool>;
-    // Of a fresh notification, while the application is in use: action, phase, overflowing, pending.
+    using State = std::tuple<QString, PomodoroPhase, bool, bool, bool>;
+    // Of a fresh notification, while the application is in use: action, phase, overflowing, pending, back from away.
     std::map<State, Decision> expected;
-    for (const bool overflows : {false, true}) {
-        for (const bool isPending : {false, true}) {
-            expected[{Action::startWork, working, overflows, isPending}] = Decision::startWork;
-            expected[{Action::snooze, working, overflows, isPending}] = Decision::snooze;
-            for (const PomodoroPhase phase : {working, shortBreak, longBreak})
-                expected[{Action::extend, phase, overflows, isPending}] = Decision::extend;
+    for (unsigned bits = 0; bits < 8; ++bits) {
+        const std::bitset<3> is(bits);
+        expected[{Action::startWork, working, is[0], is[1], is[2]}] = Decision::startWork;
+        expected[{Action::snooze, working, is[0], is[1], is[2]}] = Decision::snooze;
+        expected[{Action::takeBreak, working, true, is[1], is[2]}] = Decision::takeBreak;
+        for (const PomodoroPhase phase : {working, shortBreak, longBreak}) {
+            expected[{Action::extend, phase, is[0], is[1], is[2]}] = Decision::extend;
+            expected[{Action::resumeAfterAway, phase, is[0], is[1], true}] = Decision::resumeAfterAway;
+            expected[{Action::takeBreakAfterAway, phase, is[0], is[1], true}] = Decision::takeBreakAfterAway;
+            if (isBreak(phase))
+                expected[{Action::startBreak, phase, is[0], true, is[2]}] = Decision::takeBreak;
         }
-        expected[{Action::takeBreak, working, true, overflows}] = Decision::takeBreak;
-        expected[{Action::startBreak, shortBreak, overflows, true}] = Decision::takeBreak;
-        expected[{Action::startBreak, longBreak, overflows, true}] = Decision::takeBreak;
     }
     const QString fresh = QStringLiteral("token");
     const QStringList actions{Action::startWork,
@@ -38,15 +41,22 @@ TEST(NotificationActionRouterTest, LetsThroughWhatFitsThePhaseAndNothingElse)
                               Action::takeBreak,
                               Action::startBreak,
                               Action::extend,
+                              Action::resumeAfterAway,
+                              Action::takeBreakAfterAway,
                               UserNotificationCenter::defaultActionIdentifier,
                               UserNotificationCenter::dismissActionIdentifier,
                               QStringLiteral("phase.action.other")};
     for (const QString &action : actions) {
-        for (int bits = 0; bits < 64; ++bits) {
-            const NotificationRouteState state{fresh, static_cast<PomodoroPhase>(bits & 3), (bits & 4) != 0,
-                                               (bits & 8) != 0, (bits & 16) != 0};
+        for (int bits = 0; bits < 128; ++bits) {
+            const NotificationRouteState state{fresh,
+                                               static_cast<PomodoroPhase>(bits & 3),
+                                               (bits & 4) != 0,
+                                               (bits & 8) != 0,
+                                               (bits & 16) != 0,
+                                               (bits & 64) != 0};
             const bool isFresh = (bits & 32) != 0;
-            const auto found = expected.find({action, state.phase, state.isOverflowing, state.isPending});
+            const auto found =
+                expected.find({action, state.phase, state.isOverflowing, state.isPending, state.isBackFromAway});
             Decision due = found != expected.end() && isFresh ? found->second : Decision::ignore;
             if (action == UserNotificationCenter::defaultActionIdentifier)
                 due = Decision::openApp;
@@ -82,7 +92,7 @@ TEST(NotificationPayloadTest, IsThereForBreaksThatBeginWaitOrEnd)
                                            std::tuple{longBreak, working, true, Category::breakEnded}));
 }
 
-struct NotificationCenterServiceTest : EngineFixture, testing::Test
+struct NotificationCenterServiceTest : MannersFixture, testing::Test
 {
     NotificationCenterServiceTest()
     {
@@ -108,14 +118,14 @@ struct NotificationCenterServiceTest : EngineFixture, testing::Test
     LanguageOverrideService language{defaults};
     LocalizedStrings strings{language};
     FakeNotificationCenter center;
-    NotificationCenterService service{settings, machine, {center, runLoop, identifiers, strings}};
+    NotificationCenterService service{settings, machine, {center, runLoop, identifiers, strings, manners, wallClock}};
 };
 
 TEST_F(NotificationCenterServiceTest, PostsWithTheTokenOfTheMomentAndTheLanguageChosen)
 {
     EXPECT_EQ(center.delegate->willPresent(), (NotificationPresentation{.isBanner = true, .isInList = true}));
     language.setLanguage(SelectedLanguage::de);
-    ASSERT_EQ(center.categories.size(), 5U);
+    ASSERT_EQ(center.categories.size(), 7U);
     EXPECT_EQ(center.categories[2], (NotificationCategory{Category::workEnded,
                                                           {{Action::takeBreak, QStringLiteral("Zur Pause")},
                                                            {Action::extend, QStringLiteral("+5 Min.")}}}));
@@ -152,6 +162,56 @@ TEST_F(NotificationCenterServiceTest, SnoozesOnceAndPostsNothingWhileNotificatio
     respond(over, Action::snooze);
     machine.skip();
     EXPECT_TRUE(center.requests.empty());
+}
+
+TEST_F(NotificationCenterServiceTest, TellsWhatGoodMannersDoAndTakesTheAnswers)
+{
+    const auto last = [this] { return center.requests.back().title + QLatin1Char('|') + center.requests.back().body; };
+    turnOn({Key::waitsDuringCalls, Key::waitsInFullScreen, Key::pausesWhenAway, Key::saysWordBefore});
+    machine.start();
+    pass(1469s);
+    EXPECT_TRUE(center.requests.empty());
+    pass(1s);
+    EXPECT_EQ(last(), QStringLiteral("Your break is near|Five minutes more, if the thought needs them."));
+    const NotificationRequest near = center.requests.back();
+    respond(near, Action::extend);
+    EXPECT_EQ(timer.remainingSeconds(), 330);
+    respond(near, Action::extend);
+    EXPECT_EQ(timer.remainingSeconds(), 330) << "of an end that was put off";
+
+    pass(10s);
+    tell(surroundings.lock, Fact::yes);
+    pass(60s);
+    tell(surroundings.lock, Fact::no);
+    wallClock.setCalendar({QTimeZone("Europe/Berlin"), Qt::Monday});
+    EXPECT_EQ(last(), QStringLiteral("Welcome back|Away since 09:18. The focus phase is paused."));
+    const NotificationRequest away = center.requests.back();
+    respond(away, Action::resumeAfterAway);
+    EXPECT_FALSE(machine.isPaused());
+    respond(away, Action::takeBreakAfterAway);
+    EXPECT_EQ(machine.currentPhase(), working) << "of an absence that is over";
+
+    surroundings.call.become(Fact::yes);
+    surroundings.fullScreen.become(Fact::yes);
+    pass(320s);
+    EXPECT_EQ(last(), QStringLiteral("Your break is ready|It waits until the call is over."));
+    tell(surroundings.call, Fact::no);
+    tell(surroundings.fullScreen, Fact::no);
+    pass(15s);
+    EXPECT_EQ(posted().back(), Category::breakStarted) << "begins by itself";
+    machine.skip();
+    tell(surroundings.fullScreen, Fact::yes);
+    pass(1500s);
+    EXPECT_EQ(last(), QStringLiteral("Your break is ready|It waits while something is full screen."));
+    const std::size_t count = center.requests.size();
+    respond(center.requests.back(), Action::startBreak);
+    EXPECT_FALSE(machine.isPaused());
+    EXPECT_EQ(center.requests.size(), count) << "the person knows";
+    machine.skip();
+    tell(surroundings.lock, Fact::yes);
+    tell(surroundings.lock, Fact::no);
+    respond(center.requests.back(), Action::takeBreakAfterAway);
+    EXPECT_TRUE(isBreak(machine.currentPhase()));
 }
 
 }
