@@ -95,7 +95,8 @@ class DoctorTest(unittest.TestCase):
         desktop.helpers[:0] = [tray, server]
         desktop.wait_for(lambda: findings(desktop)[1]["tray"][0] == findings(desktop)[1]["notifications"][0] == "there")
         self.expect(desktop, 0, display=("there", "X11"), windows=("there", ""), session_bus=("there", ""),
-                    notifications=("there", "dunst"))
+                    notifications=("there", "dunst"), away=("there", "told by the X server"),
+                    full_screen=("there", "window manager"), screen_lock=("lacking", "does not pause"))
         tray.terminate()
         tray.wait()
         server.send_signal(signal.SIGSTOP)

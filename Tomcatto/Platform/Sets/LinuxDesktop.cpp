@@ -7,7 +7,6 @@
 #include "Platform/Linux/CameraInUse.h"
 #include "Platform/Linux/ProcessMemory.h"
 #include "Platform/Linux/RenderDevice.h"
-#include "Platform/Ports/AbsentSurroundings.h"
 #include "Platform/Ports/AnyFactSource.h"
 #include "Platform/Ports/DesktopPlatform.h"
 #include "Platform/Posix/CompanionFact.h"
@@ -23,6 +22,7 @@
 #include "Platform/Qt/ToolkitTheme.h"
 #include "Platform/Qt/ToolkitTray.h"
 #include "Platform/Sets/LinuxDisplay.h"
+#include "Platform/Sets/LinuxSurroundings.h"
 #include "Platform/X11/X11ClickMonitor.h"
 #include "Platform/X11/X11HotKeys.h"
 #include "Platform/X11/X11TaskbarPresence.h"
@@ -68,9 +68,7 @@ struct ServiceAdapters
     CompanionFact microphone{companionProgram(QStringLiteral("tomcatto-calls")), runLoop};
     CameraInUse camera{runLoop};
     AnyFactSource call{{microphone, camera}};
-    AbsentFact fullScreen;
-    AbsentFact lock;
-    AbsentIdle idle;
+    LinuxSurroundings surroundings;
 };
 
 struct SurfaceAdapters
@@ -102,6 +100,8 @@ public:
     [[nodiscard]] Findings findings() override
     {
         Findings findings = LinuxDisplay::findings();
+        for (const Finding &finding : LinuxSurroundings::findings())
+            findings.push_back(finding);
         findings.push_back(PluginViewHost::findPlugin());
         return findings;
     }
@@ -114,7 +114,8 @@ public:
                 adapters->systemSettings,
                 adapters->notificationProbe,
                 *adapters->hotKeys,
-                {adapters->call, adapters->fullScreen, adapters->lock, adapters->idle}};
+                {adapters->call, adapters->surroundings.fullScreen(), adapters->surroundings.lock(),
+                 adapters->surroundings.idle()}};
     }
     [[nodiscard]] DesktopPorts ports(MainRunLoop &runLoop, UserDefaults &defaults, QObject &texts) override
     {
