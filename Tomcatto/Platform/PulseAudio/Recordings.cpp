@@ -27,12 +27,19 @@ Recordings &of(void *self)
     return *static_cast<Recordings *>(self);
 }
 
-/// The server's own filters record all the time, and a level that is shown listens to nobody's words.
+bool says(const char *text, std::string_view expected)
+{
+    return text && text == expected;
+}
+
+/// The server's own filters record all the time, and a level that is shown listens to nobody's words. PulseAudio and
+/// PipeWire have different signs for both.
 bool isCall(const pa_source_output_info &recording)
 {
     const bool isFilter =
         recording.client == PA_INVALID_INDEX || pa_proplist_contains(recording.proplist, "node.link-group") > 0;
-    const bool isLevel = recording.resample_method && std::string_view(recording.resample_method) == "peaks";
+    const bool isLevel = says(recording.resample_method, "peaks") ||
+                         says(pa_proplist_gets(recording.proplist, "resample.peaks"), "true");
     return !recording.corked && !isFilter && !isLevel;
 }
 
