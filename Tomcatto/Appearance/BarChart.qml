@@ -195,6 +195,7 @@ Item {
             delay: 0
             wanted: bar !== undefined
             text: bar?.tip ?? ""
+            textScale: chart.textScale
             targetX: (chart.shownIndex + 0.5) * chart.slotWidth
             targetTop: plot.height - chart.heightOf(bar?.value ?? 0)
             targetBottom: plot.height

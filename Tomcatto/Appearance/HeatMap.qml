@@ -171,6 +171,7 @@ Item {
             delay: 0
             wanted: cell !== undefined
             text: cell?.tip ?? ""
+            textScale: map.textScale
             targetX: map.cellX(map.shownIndex) + map.cellWidth / 2
             targetTop: map.cellY(map.shownIndex)
             targetBottom: targetTop + map.cellHeight

@@ -27,6 +27,7 @@ PressButton {
 
     ToolTip {
         text: control.help
+        textScale: control.textScale
         wanted: control.hasTooltip && control.enabled && control.hovered && !control.down
     }
 }

@@ -7,6 +7,7 @@ Item {
     id: tip
 
     property string text
+    property real textScale: Theme.textScale
     property bool wanted: false
     /// Milliseconds of wanting before it shows.
     property int delay: 600
@@ -75,10 +76,10 @@ Item {
             wrapMode: Text.Wrap
             horizontalAlignment: Text.AlignHCenter
             text: tip.text
-            font: Theme.font("captionMedium", 1)
+            font: Theme.font("captionMedium", tip.textScale)
             color: Theme.paper
             lineHeightMode: Text.FixedHeight
-            lineHeight: 16
+            lineHeight: Theme.lineHeight("captionMedium", tip.textScale)
             textFormat: Text.PlainText
             renderType: Text.NativeRendering
             Accessible.ignored: true

@@ -30,6 +30,7 @@ Item {
         x: 208
         objectName: "statistics"
         symbol: "chart.bar.fill"
+        textScale: 1
         text: Texts.text("menubar.open_stats")
         help: Texts.text("menubar.header.stats")
         onClicked: header.viewModel.openStatistics()
@@ -38,6 +39,7 @@ Item {
         x: 240
         objectName: "settings"
         symbol: "gearshape.fill"
+        textScale: 1
         text: Texts.text("menubar.open_settings")
         help: Texts.text("menubar.header.settings")
         onClicked: header.viewModel.openSettings()

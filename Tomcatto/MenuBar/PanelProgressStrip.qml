@@ -46,6 +46,7 @@ Item {
         }
         ToolTip {
             text: column.help
+            textScale: 1
             wanted: hover.hovered
             targetTop: 16
         }

@@ -39,6 +39,7 @@ Item {
         objectName: "export"
         enabled: view.statistics.canExport
         symbol: "square.and.arrow.up"
+        textScale: 1
         text: Texts.text("stats.export.accessibility")
         onClicked: view.statistics.exportSessions()
     }

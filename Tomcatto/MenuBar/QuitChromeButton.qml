@@ -8,6 +8,7 @@ IconButton {
 
     objectName: "quit"
     symbol: "power"
+    textScale: 1
     text: Texts.text("menubar.quit_app")
     help: Texts.text("menubar.header.quit")
     onClicked: viewModel.quit()
