@@ -71,8 +71,9 @@ void DesktopSurfaces::install()
     const PlatformServices &platform = m_dependencies.platform;
     m_statusItemController = std::make_unique<StatusItemController>(
         MenuBarServices{m_dependencies.stateMachine, m_dependencies.timer, m_dependencies.settings,
-                        m_dependencies.statsAggregator, m_dependencies.strings, platform.monotonicClock,
-                        platform.wallClock, platform.runLoop, platform.defaults, m_sessionExport},
+                        m_dependencies.statsAggregator, m_dependencies.manners, m_dependencies.strings,
+                        platform.monotonicClock, platform.wallClock, platform.runLoop, platform.defaults,
+                        m_sessionExport},
         StatusItemController::Platform{m_desktop.statusItem, m_windows, m_desktop.clickMonitor},
         m_dependencies.mainWindowRouter);
     connect(m_statusItemController.get(), &StatusItemController::quitRequested, this, m_quit);

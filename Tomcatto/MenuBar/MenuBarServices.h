@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Localization/LocalizedStrings.h"
+#include "Manners/MannersService.h"
 #include "Platform/Ports/MonotonicClock.h"
 #include "Platform/Ports/WallClock.h"
 #include "StatisticsViews/SessionExport.h"
@@ -15,6 +16,7 @@ struct MenuBarServices
     const PomodoroTimer &timer;
     const PomodoroSettings &settings;
     const StatsAggregator &statsAggregator;
+    MannersService &manners;
     LocalizedStrings &strings;
     const MonotonicClock &monotonicClock;
     WallClock &wallClock;

@@ -36,8 +36,11 @@ void MenubarPanelViewModel::update()
     const bool isNewPhase = phase.name != m_phase.name || phase.theme != m_phase.theme;
     // The phase first: the dial then takes its new colour and its new arc in one motion.
     if (phase != m_phase) {
+        const bool isBack = phase.wasAway && !m_phase.wasAway;
         m_phase = phase;
         Q_EMIT phaseChanged();
+        if (isBack)
+            say(m_phase.headline);
     }
     if (clock != m_clock) {
         m_clock = clock;
@@ -57,13 +60,21 @@ void MenubarPanelViewModel::announce(bool isNewPhase)
                               m_services.timer.remainingSeconds() == lastMinuteSeconds;
     if (!isNewPhase && !isLastMinute)
         return;
-    m_announcement = m_clock.name;
+    say(m_clock.name);
+}
+
+void MenubarPanelViewModel::say(const QString &words)
+{
+    m_announcement = words;
     Q_EMIT announcementChanged();
 }
 
 void MenubarPanelViewModel::primary()
 {
-    performPrimary(m_services.stateMachine);
+    if (m_services.manners.awaySince())
+        m_services.manners.resumeAfterAway();
+    else
+        performPrimary(m_services.stateMachine);
 }
 
 void MenubarPanelViewModel::reset()
@@ -78,7 +89,10 @@ void MenubarPanelViewModel::skip()
 
 void MenubarPanelViewModel::takeBreak()
 {
-    m_services.stateMachine.takeBreak();
+    if (m_services.manners.awaySince())
+        m_services.manners.takeBreakAfterAway();
+    else
+        m_services.stateMachine.takeBreak();
 }
 
 void MenubarPanelViewModel::extend()

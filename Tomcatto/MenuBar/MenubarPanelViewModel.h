@@ -27,7 +27,7 @@ public:
     [[nodiscard]] const PanelStrip &strip() const noexcept { return m_strip; }
     /// Whether the statistics route is shown in place of the timer.
     [[nodiscard]] bool showsStatistics() const { return m_navigationStore.showsStatistics(); }
-    /// What a screen reader says by itself: each new phase, and one minute left.
+    /// What a screen reader says by itself: each new phase, one minute left, and since when the user was away.
     [[nodiscard]] const QString &announcement() const noexcept { return m_announcement; }
 
 public Q_SLOTS:
@@ -57,6 +57,7 @@ Q_SIGNALS:
 private:
     void update();
     void announce(bool isNewPhase);
+    void say(const QString &words);
 
     MenuBarServices m_services;
     PopoverNavigationStore &m_navigationStore;

@@ -98,6 +98,7 @@ Dial {
             id: extendTip
 
             text: Texts.text("menubar.extend_five.help")
+            textScale: 1
             wanted: parent.hovered && !parent.down
             // Above is the time.
             standsBelow: true
@@ -106,7 +107,8 @@ Dial {
     ThemedText {
         objectName: "caption"
         anchors.horizontalCenter: parent.horizontalCenter
-        y: 134
+        // Lines more than one go half up, off the ring.
+        y: 142 - Math.min(32, height) / 2
         width: 132
         visible: !label.viewModel.phase.showsExtend
         text: label.viewModel.phase.caption

@@ -28,6 +28,7 @@ Item {
         phase: bar.viewModel.phase.theme
         symbol: bar.viewModel.phase.primarySymbol
         text: bar.viewModel.phase.primaryText
+        Accessible.description: bar.viewModel.phase.wasAway ? bar.viewModel.phase.headline : ""
         onClicked: bar.viewModel.primary()
     }
     TransportTile {

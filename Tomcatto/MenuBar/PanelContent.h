@@ -35,6 +35,7 @@ struct PanelPhase
     Q_PROPERTY(QString caption MEMBER caption FINAL)
     Q_PROPERTY(bool isPaused MEMBER isPaused FINAL)
     Q_PROPERTY(bool isPending MEMBER isPending FINAL)
+    Q_PROPERTY(bool wasAway MEMBER wasAway FINAL)
     Q_PROPERTY(QString primaryText MEMBER primaryText FINAL)
     Q_PROPERTY(QString primarySymbol MEMBER primarySymbol FINAL)
     Q_PROPERTY(bool canReset MEMBER canReset FINAL)
@@ -55,6 +56,8 @@ public:
     /// Paused by the user; a phase that waits for its start is pending instead.
     bool isPaused = false;
     bool isPending = false;
+    /// Paused because nobody was there, which the headline tells.
+    bool wasAway = false;
     QString primaryText;
     QString primarySymbol;
     bool canReset = false;

@@ -22,6 +22,14 @@ constexpr std::array primaryFaces{PrimaryFace{"menubar.transport_start", "play.f
                                   PrimaryFace{"menubar.transport_pause", "pause.fill"},
                                   PrimaryFace{"menubar.transport_resume", "play.fill"}};
 
+/// Someone who types sees the break come soon enough.
+const char *pendingKey(std::optional<HoldReason> heldBy)
+{
+    if (heldBy == HoldReason::call)
+        return "menubar.pending.call";
+    return heldBy == HoldReason::fullScreen ? "menubar.pending.full_screen" : "menubar.pending.caption";
+}
+
 QString rhythmKey(PomodoroPreset preset)
 {
     if (!preset)
@@ -87,7 +95,8 @@ PanelPhase PanelContentSource::phase() const
     phase.primarySymbol = QString::fromLatin1(face.symbol);
     phase.canReset = controls.canReset;
     phase.canSkip = controls.canSkip;
-    phase.showsTakeBreak = controls.showsTakeBreak;
+    phase.wasAway = m_services.manners.awaySince().has_value();
+    phase.showsTakeBreak = controls.showsTakeBreak || phase.wasAway;
     phase.showsExtend = controls.showsExtend;
     return phase;
 }
@@ -144,29 +153,33 @@ QString PanelContentSource::theme() const
 QString PanelContentSource::headline() const
 {
     const PomodoroStateMachine &machine = m_services.stateMachine;
-    const LocalizedStrings &strings = m_services.strings;
+    if (const auto since = m_services.manners.awaySince())
+        return timeText(*since, "menubar.header.away", "menubar.header.away_am_pm");
     if (machine.isOverflowing()) {
         // A plan below a minute still counts as one.
         const qint64 minutes = std::max<qint64>(machine.currentPlannedSeconds() / 60, 1);
-        return strings.format(QStringLiteral("menubar.overtime.done"), minutes);
+        return m_services.strings.format(QStringLiteral("menubar.overtime.done"), minutes);
     }
     if (machine.currentPhase() == PomodoroPhase::idle || machine.isPaused())
         return text("app.name");
-    const WallClock &wallClock = m_services.wallClock;
-    const Date end = wallClock.now() + Seconds(static_cast<double>(m_services.timer.remainingSeconds()));
-    const Calendar calendar = wallClock.calendar();
-    const QTime time = toDateTime(end).toTimeZone(calendar.timeZone).time();
+    const Seconds left(static_cast<double>(m_services.timer.remainingSeconds()));
+    return timeText(m_services.wallClock.now() + left, "menubar.header.until", "menubar.header.until_am_pm");
+}
+
+QString PanelContentSource::timeText(Date date, const char *key, const char *halvedKey) const
+{
+    const Calendar calendar = m_services.wallClock.calendar();
+    const QTime time = toDateTime(date).toTimeZone(calendar.timeZone).time();
     // Words such as the German "Uhr" go with a day of 24 hours only.
     const bool isHalved = calendar.timeFormat.contains(u'a', Qt::CaseInsensitive);
-    return strings.format(isHalved ? QStringLiteral("menubar.header.until_am_pm")
-                                   : QStringLiteral("menubar.header.until"),
-                          strings.locale().toString(time, calendar.timeFormat));
+    return m_services.strings.format(QString::fromLatin1(isHalved ? halvedKey : key),
+                                     m_services.strings.locale().toString(time, calendar.timeFormat));
 }
 
 QString PanelContentSource::caption() const
 {
     if (m_services.stateMachine.isPhasePending())
-        return text("menubar.pending.caption");
+        return text(pendingKey(m_services.manners.heldBy()));
     return m_services.stateMachine.currentPhase() == PomodoroPhase::idle
                ? m_services.strings.text(rhythmKey(m_services.settings.preset()))
                : QString();

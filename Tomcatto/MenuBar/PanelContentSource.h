@@ -21,6 +21,8 @@ private:
     [[nodiscard]] QString theme() const;
     [[nodiscard]] QString headline() const;
     [[nodiscard]] QString caption() const;
+    /// A time of the day in the user's form. @param key of the text around it, and of the one for a halved day
+    [[nodiscard]] QString timeText(Date date, const char *key, const char *halvedKey) const;
     [[nodiscard]] QString dialKey() const;
     [[nodiscard]] QString text(const char *key) const;
 

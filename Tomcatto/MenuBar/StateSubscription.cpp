@@ -16,6 +16,8 @@ Cancellable subscribeToState(const MenuBarServices &services, std::function<void
            &PomodoroStateMachine::currentPlannedSecondsChanged, &PomodoroStateMachine::isOverflowingChanged,
            &PomodoroStateMachine::isPhasePendingChanged, &PomodoroStateMachine::phaseTokenChanged);
     follow(&services.timer, &PomodoroTimer::remainingSecondsChanged, &PomodoroTimer::overflowSecondsChanged);
+    follow(&services.manners, &MannersService::heldByChanged, &MannersService::awaySinceChanged,
+           &MannersService::isBreakNearChanged);
     follow(&services.settings, &PomodoroSettings::changed);
     follow(&services.strings, &LocalizedStrings::changed);
     return Cancellable([relay]() mutable { relay.reset(); });

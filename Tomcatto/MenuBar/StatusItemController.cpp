@@ -7,6 +7,8 @@
 #include "StatisticsViews/StatisticsViewModel.h"
 
 #include <algorithm>
+#include <cmath>
+#include <numbers>
 #include <QtGui/QCursor>
 
 namespace tomcatto {
@@ -20,6 +22,16 @@ constexpr quint64 dismissalNanoseconds = 300'000'000;
 constexpr quint64 heldPressNanoseconds = 2'000'000'000;
 /// Half the edge of a large icon.
 constexpr int iconReach = 16;
+
+/// With the clock's own pictures no more than four a second: each one goes to the tray or the display server.
+constexpr std::chrono::milliseconds breathStep(333);
+constexpr int stepsPerBreath = 12;
+
+/// How far the pill has breathed at a step, 0 to 1, beginning with 0.
+double breath(int step)
+{
+    return (1 - std::cos(2 * std::numbers::pi * step / stepsPerBreath)) / 2;
+}
 
 QString pillWantedKey()
 {
@@ -97,8 +109,10 @@ void StatusItemController::updateStatusItem()
     updateMenu();
     if (const auto choice = pillChoice(); std::exchange(m_announcedPillChoice, choice) != choice)
         Q_EMIT pillChoiceChanged(choice);
+    followBreath();
     const StatusItemForms forms = m_statusItem.forms();
-    const StatusPillContent content = m_source.content(forms.isDark);
+    StatusPillContent content = m_source.content(forms.isDark);
+    content.breath = breath(m_breathStep);
     if (content == m_shownContent && forms == m_shownForms)
         return;
     m_shownContent = content;
@@ -119,6 +133,22 @@ void StatusItemController::updateStatusItem()
     if (presentation.pill.isNull() && presentation.squareIcons.empty())
         presentation.title = content.title;
     m_statusItem.show(presentation);
+}
+
+void StatusItemController::followBreath()
+{
+    const StatusItemForms forms = m_statusItem.forms();
+    const bool isSeen = forms.pillScale || !forms.squareSizes.empty();
+    const bool isDue = m_services.manners.isBreakNear() && isSeen && !forms.isStill;
+    if (isDue == m_breathing.isActive())
+        return;
+    m_breathStep = 0;
+    m_breathing = isDue ? m_services.runLoop.every(breathStep,
+                                                   [this] {
+                                                       ++m_breathStep;
+                                                       updateStatusItem();
+                                                   })
+                        : Cancellable();
 }
 
 TrayMenu StatusItemController::currentMenu() const

@@ -63,6 +63,8 @@ private:
     void subscribe();
     [[nodiscard]] QVariantMap makeModels(QObject &owner);
     void updateStatusItem();
+    /// Begins or ends the pill's breathing.
+    void followBreath();
     void updateMenu();
     void updateContentSize();
     void popoverWillShow();
@@ -95,6 +97,8 @@ private:
     StatusItemForms m_shownForms;
     TrayMenu m_shownMenu;
     std::optional<bool> m_announcedPillChoice;
+    Cancellable m_breathing;
+    int m_breathStep = 0;
     bool m_isPillWanted = false;
     /// Set when a click elsewhere closed the panel: the same click may go on to the item.
     std::optional<quint64> m_noReopeningUntilNanoseconds;

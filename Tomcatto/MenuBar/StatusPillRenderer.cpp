@@ -13,6 +13,9 @@ namespace {
 
 using Metrics = StatusMetrics;
 
+/// How much of the tint goes with a whole breath.
+constexpr double deepestBreath = 0.65;
+
 bool showsText(const StatusPillContent &content)
 {
     return content.style == MenuBarStyle::countdown;
@@ -131,7 +134,12 @@ QColor StatusPillRenderer::fill(const StatusPillContent &content)
     const StatusPalette &palette = StatusPalette::forBar(content.isDarkBar);
     if (content.breakReady)
         return palette.solid(content.tone);
-    return content.isPaused ? palette.pausedFill : palette.tint(content.tone);
+    if (content.isPaused)
+        return palette.pausedFill;
+    QColor tint = palette.tint(content.tone);
+    // A weaker tint leaves the text more contrast, never less.
+    tint.setAlphaF(tint.alphaF() * static_cast<float>(1 - deepestBreath * std::clamp(content.breath, 0.0, 1.0)));
+    return tint;
 }
 
 double StatusPillRenderer::fillFraction(const StatusPillContent &content)

@@ -19,6 +19,8 @@ struct StatusPillContent
     bool isPaused = false;
     bool breakReady = false;
     bool isDarkBar = false;
+    /// How far the progress has faded with a breath, 0 to 1; only shortly before a break.
+    double breath = 0;
 
     bool operator==(const StatusPillContent &) const = default;
 };

@@ -23,8 +23,8 @@ namespace {
 using namespace std::chrono_literals;
 using namespace tomcatto;
 
-const char *const states[] = {"idle",    "working",  "paused",     "short-break", "long-paused",
-                              "pending", "overtime", "statistics", "empty"};
+const char *const states[] = {"idle",     "working",    "paused", "short-break", "long-paused", "pending",
+                              "overtime", "statistics", "empty",  "held",        "full-screen", "away"};
 
 void reach(MenuBarFixture &services, PopoverNavigationStore &navigation, const QString &state)
 {
@@ -45,6 +45,18 @@ void reach(MenuBarFixture &services, PopoverNavigationStore &navigation, const Q
         machine.pause();
     if (state == QLatin1String("short-break") || state == QLatin1String("pending"))
         services.pass(1602s);
+    if (state == QLatin1String("held") || state == QLatin1String("full-screen")) {
+        services.turnOn({MannersSettings::Key::waitsDuringCalls, MannersSettings::Key::waitsInFullScreen});
+        services.tell(state == QLatin1String("held") ? services.surroundings.call : services.surroundings.fullScreen,
+                      Fact::yes);
+        services.pass(1602s);
+    }
+    if (state == QLatin1String("away")) {
+        services.turnOn({MannersSettings::Key::pausesWhenAway});
+        services.pass(528s);
+        services.tell(services.surroundings.lock, Fact::yes);
+        services.tell(services.surroundings.lock, Fact::no);
+    }
     if (state == QLatin1String("overtime"))
         services.pass(1661s);
 }

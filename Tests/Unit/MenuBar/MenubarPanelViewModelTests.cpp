@@ -53,6 +53,22 @@ const auto pendingBreak = [](Panel &panel) {
     panel.pass(1500s);
 };
 
+const auto heldBreak = [](Panel &panel) {
+    panel.turnOn({Panel::Key::waitsDuringCalls});
+    panel.machine.start();
+    panel.tell(panel.surroundings.call, Fact::yes);
+    panel.pass(1500s);
+};
+/// Gone from 8:58 on for ten minutes, and back.
+const auto afterAway = [](Panel &panel) {
+    panel.turnOn({Panel::Key::pausesWhenAway});
+    panel.machine.start();
+    panel.pass(600s);
+    panel.tell(panel.surroundings.idle, Fact::yes);
+    panel.pass(300s);
+    panel.tell(panel.surroundings.idle, Fact::no);
+};
+
 const StateCase states[] = {
     {"idle", [](Panel &) {}, "idle", "Focus", "25:00", "Tomcatto", "Classic rhythm", "Start focus", "play.fill", "",
      "0/4+", "Focus, 25 minutes planned"},
@@ -73,6 +89,10 @@ const StateCase states[] = {
      "1/4", "Short break, 3 minutes 18 seconds left"},
     {"pending break", pendingBreak, "shortBreak", "Break ready", "05:00", "Tomcatto", "Take your time", "Start break",
      "cup.and.saucer.fill", "rs", "1/4", "Break ready, 5 minutes, waiting to be started"},
+    {"held break", heldBreak, "shortBreak", "Break ready", "05:00", "Tomcatto", "It waits until the call is over.",
+     "Start break", "cup.and.saucer.fill", "rs", "1/4", "Break ready, 5 minutes, waiting to be started"},
+    {"after being away", afterAway, "work", "Focus, paused", "15:00", "Away since 08:58", "", "Resume", "play.fill",
+     "rste", "0/4+", "Focus, paused, 15 minutes left"},
     {"pending focus",
      [](Panel &panel) {
          panel.settings.setAutoStartFocus(false);
@@ -151,6 +171,21 @@ TEST(MenubarPanelViewModel, PrimaryGoesThroughAllItsMeanings)
     panel.model.primary();
     EXPECT_EQ(panel.machine.currentPhase(), PomodoroPhase::working);
     EXPECT_FALSE(panel.machine.isPaused());
+}
+
+TEST(MenubarPanelViewModel, AfterBeingAwayItIsSaidAndThePhaseGoesOnOrEnds)
+{
+    for (const bool resumes : {true, false}) {
+        Panel panel;
+        afterAway(panel);
+        ASSERT_TRUE(panel.model.phase().wasAway);
+        EXPECT_EQ(panel.model.announcement(), u"Away since 08:58"_qs);
+        resumes ? panel.model.primary() : panel.model.takeBreak();
+        panel.runLoop.drain();
+        EXPECT_FALSE(panel.machine.isPaused());
+        EXPECT_EQ(panel.machine.currentPhase(), resumes ? PomodoroPhase::working : PomodoroPhase::shortBreak);
+        EXPECT_FALSE(panel.model.phase().wasAway);
+    }
 }
 
 TEST(MenubarPanelViewModel, TheClockHasTheSystemsFormInEveryLanguage)

@@ -69,6 +69,35 @@ TEST(StatusItemController, DrawsWhatTheBarAsksFor)
     EXPECT_EQ(test.item.shown.pill.height(), 48);
 }
 
+TEST(StatusItemController, BreathesShortlyBeforeABreakAndNotWithReducedMotion)
+{
+    Item test;
+    test.item.givenForms = {{24}, 1.0, false};
+    test.turnOn({Item::Key::saysWordBefore});
+    test.machine.start();
+    test.pass(1400s);
+    const auto timers = test.runLoop.activeTimers();
+    test.pass(70s);
+    const int before = test.item.shows;
+    const QImage rested = test.item.shown.squareIcons.at(0);
+    test.pass(2s);
+    EXPECT_NE(test.item.shown.squareIcons.at(0), rested);
+    EXPECT_NEAR(test.item.shows - before, 8, 1) << "four a second, the clock's own ones among them";
+    test.pass(2s);
+    EXPECT_EQ(test.item.shown.squareIcons.at(0), rested);
+
+    test.item.givenForms.isStill = true;
+    test.item.formsChanged();
+    const int still = test.item.shows;
+    test.pass(10s);
+    EXPECT_EQ(test.item.shows - still, 10);
+    test.item.givenForms.isStill = false;
+    test.item.formsChanged();
+    test.pass(17s);
+    ASSERT_EQ(test.machine.currentPhase(), PomodoroPhase::shortBreak);
+    EXPECT_EQ(test.runLoop.activeTimers(), timers) << "nothing goes on";
+}
+
 TEST(StatusItemController, MenuFollowsTheTimerAndActs)
 {
     Item test;

@@ -68,6 +68,8 @@ struct StatusItemForms
     std::optional<double> pillScale;
     /// Whether the bar, or the strip behind the pill, is dark.
     bool isDark = false;
+    /// Whether nothing is to move, because the desktop prefers reduced motion.
+    bool isStill = false;
 
     bool operator==(const StatusItemForms &) const = default;
 };

@@ -31,6 +31,7 @@ StatusItemSwitch::StatusItemSwitch(std::vector<std::unique_ptr<TrayIcon>> trays,
     connect(&m_pill, &FloatingPillWindow::menuCommandChosen, this, &StatusItemSwitch::menuCommandChosen);
     connect(&m_pill, &FloatingPillWindow::scaleChanged, this, &StatusItemSwitch::update);
     connect(&m_appearance, &DesktopAppearance::desktopDarkChanged, this, &StatusItemSwitch::update);
+    connect(&m_appearance, &DesktopAppearance::reducedMotionChanged, this, &StatusItemSwitch::update);
     update();
 }
 
@@ -82,6 +83,7 @@ void StatusItemSwitch::update()
     if (isPillDue())
         forms.pillScale = m_pill.scale();
     forms.isDark = m_appearance.isDesktopDark();
+    forms.isStill = m_appearance.reducedMotion();
     if (std::exchange(m_forms, forms) != forms)
         Q_EMIT formsChanged();
     m_pill.setShown(m_hasPresentation && isPillDue());

@@ -68,6 +68,7 @@ TestCase {
             {tag: "running", phase: {}, pressable: ["extend", "reset", "skip"]},
             {tag: "pending", phase: {isPending: true, showsExtend: false}, pressable: ["reset", "skip"]},
             {tag: "overtime", phase: {theme: "overtime", showsTakeBreak: true}, pressable: ["extend", "reset", "takeBreak"]},
+            {tag: "away", phase: {wasAway: true, showsTakeBreak: true, headline: "Away since 09:05"}, pressable: ["extend", "reset", "takeBreak"]},
         ]
     }
     function test_controls(row) {
@@ -79,6 +80,7 @@ TestCase {
                 mouseClick(control)
         }
         mouseClick(button("primary"))
+        compare(button("primary").Accessible.description, row.phase.wasAway ? row.phase.headline : "")
         compare(calls, row.pressable.concat("primary"))
         compare(button("caption").visible, !row.pressable.includes("extend"))
         // A disabled tile keeps its place; take break and skip share one.
