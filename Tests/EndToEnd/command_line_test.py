@@ -39,6 +39,9 @@ class CommandLineTest(unittest.TestCase):
         self.expect(0, "settings", "set", "workDurationSeconds", "90")
         self.assertEqual(self.expect(0, "settings", "get", "workDurationSeconds").stdout, "90\n")
         self.assertEqual(len(self.expect(0, "settings", "list").stdout.splitlines()), 16)
+        self.assertEqual(json.loads(self.expect(0, "manners", "--json").stdout), {
+            "waitsDuringCalls": False, "waitsInFullScreen": False, "pausesWhenAway": False, "awayAfterMinutes": 5,
+            "finishesSentence": False, "saysWordBefore": False, "wordBeforeSeconds": 30})
         self.assertIn("Nothing here yet", self.expect(0, "stats").stdout)
         self.assertFalse(os.path.exists(self.tomcatto.store_path), "looking makes no store")
         with open("/dev/full", "w", encoding="utf-8") as full:
@@ -52,6 +55,9 @@ class CommandLineTest(unittest.TestCase):
             if runs:
                 self.tomcatto.start()
             for value in ("true", "false"):
+                self.expect(0, "manners", "finishesSentence", value)
+                self.assertIn("finishesSentence " + value, self.expect(0, "manners").stdout.splitlines())
+                self.assertEqual(self.tomcatto.defaults()["finishesSentence"], value == "true")
                 self.expect(0, "settings", "set", "launchAtLogin", value)
                 self.assertEqual(os.path.exists(entry), value == "true")
                 self.assertEqual(self.tomcatto.defaults()["launchAtLogin"], value == "true")

@@ -3,7 +3,9 @@
 #include "Composition/AppDependencies.h"
 #include "Fakes/FakeAlerts.h"
 #include "Fakes/FakeDesktopServices.h"
+#include "Fakes/FakeHotKeys.h"
 #include "Fakes/FakeHttpSession.h"
+#include "Fakes/FakeSurroundings.h"
 #include "Fakes/FakeUserDefaults.h"
 #include "Fakes/FakeWidgetCenter.h"
 #include "Fakes/ManualClock.h"
@@ -51,10 +53,31 @@ public:
     FileWatch fileWatch;
     FakeNotificationCenter notificationCenter;
     FakeSounds sounds;
-    AppDependencies dependencies{
-        PlatformServices{clock, wallClock, runLoop, fileWatch, identifiers, defaults, power, widgetCenter,
-                         notificationCenter, sounds, bookmarks, stillFrame, loginItem, http, folder.path(),
-                         folder.filePath(QStringLiteral("widget-snapshot.json")), folder.path()}};
+    FakeAlert alert;
+    FakeSystemSettings systemSettings;
+    FakeNotificationProbe probe;
+    FakeHotKeys hotKeys;
+    FakeSurroundings surroundings{runLoop};
+    DesktopServices desktop{{}, alert, systemSettings, probe, hotKeys, surroundings.ports()};
+    AppDependencies dependencies{PlatformServices{clock,
+                                                  wallClock,
+                                                  runLoop,
+                                                  fileWatch,
+                                                  identifiers,
+                                                  defaults,
+                                                  power,
+                                                  widgetCenter,
+                                                  notificationCenter,
+                                                  sounds,
+                                                  bookmarks,
+                                                  stillFrame,
+                                                  loginItem,
+                                                  http,
+                                                  folder.path(),
+                                                  folder.filePath(QStringLiteral("widget-snapshot.json")),
+                                                  folder.path(),
+                                                  {},
+                                                  &desktop}};
 };
 
 }

@@ -23,7 +23,7 @@ ApplicationControl::ApplicationControl(AppDependencies &dependencies, AppDelegat
     addTimerCommands(m_commands, dependencies.stateMachine, m_status);
     addStatsCommand(m_commands, dependencies.statsAggregator, dependencies.settings);
     addSettingsCommands(m_commands, {dependencies.settings, dependencies.launchAtLoginService,
-                                     dependencies.platform.defaults, untilTheEnd});
+                                     dependencies.manners.settings(), dependencies.platform.defaults, untilTheEnd});
     const DesktopServices *const desktop = dependencies.platform.desktop;
     addShortcutCommands(m_commands,
                         {dependencies.shortcutsService, dependencies.strings, dependencies.platform.defaults,

@@ -98,6 +98,11 @@ ExitStatus CommandRunner::run(const Invocation &invocation) const
         return getSetting(invocation);
     case Invocation::Action::settingsSet:
         return setSetting(invocation);
+    case Invocation::Action::mannersShow:
+        return showManners(invocation);
+    case Invocation::Action::mannersSet:
+        return report(
+            change({invocation.command, invocation.arguments, false}, std::chrono::milliseconds(patienceMilliseconds)));
     case Invocation::Action::shortcutsList:
         return listShortcuts(invocation);
     case Invocation::Action::shortcutsChange:
@@ -308,6 +313,19 @@ ExitStatus CommandRunner::setSetting(const Invocation &invocation) const
     const std::string key = PomodoroSettings::keyText(invocation.setting->key).toStdString();
     const Json arguments{{"key", key}, {"value", invocation.text.toStdString()}};
     return report(change({settingsCommand, arguments, false}, std::chrono::milliseconds(patienceMilliseconds)));
+}
+
+ExitStatus CommandRunner::showManners(const Invocation &invocation) const
+{
+    const ControlReply reply = read({invocation.command, invocation.arguments, false});
+    if (reply.status != ExitStatus::done || reply.result.is_null())
+        return report(reply);
+    if (invocation.isJson || !reply.result.is_object())
+        return print(QString::fromStdString(reply.result.dump()));
+    QStringList lines;
+    for (const auto &[key, value] : reply.result.items())
+        lines << QString::fromStdString(key + ' ' + value.dump());
+    return print(lines.join(QLatin1Char('\n')));
 }
 
 ExitStatus CommandRunner::listShortcuts(const Invocation &invocation) const

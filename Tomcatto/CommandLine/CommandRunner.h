@@ -36,6 +36,7 @@ private:
     [[nodiscard]] ExitStatus listSettings() const;
     [[nodiscard]] ExitStatus getSetting(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus setSetting(const Invocation &invocation) const;
+    [[nodiscard]] ExitStatus showManners(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus listShortcuts(const Invocation &invocation) const;
     [[nodiscard]] ControlReply read(const ControlRequest &request) const;
     [[nodiscard]] ControlReply change(const ControlRequest &request, std::chrono::milliseconds patience,

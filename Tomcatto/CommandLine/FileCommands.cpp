@@ -114,7 +114,8 @@ ControlReply FileCommands::withDefaults(const ControlRequest &request, bool isRe
     PomodoroSettings settings(*defaults);
     LaunchAtLoginService launchAtLogin(settings, m_surroundings.loginItem);
     CommandTable commands;
-    addSettingsCommands(commands, {settings, launchAtLogin, *defaults, {}});
+    MannersSettings manners(*defaults);
+    addSettingsCommands(commands, {settings, launchAtLogin, manners, *defaults, {}});
     const LanguageOverrideService language(*defaults);
     const LocalizedStrings strings(language);
     ShortcutsService shortcuts(*defaults);

@@ -25,9 +25,9 @@ private:
     mutable std::expected<VideoLook, StillFrameFailure> m_look;
 };
 
-/// Carries out on the files, while no application runs, the commands that need none: those on the settings, the
-/// shortcuts, the history and the user's own videos. The answers are the application's. The caller holds the instance
-/// lock for a change. Blocking.
+/// Carries out on the files, while no application runs, the commands that need none: those on the settings and
+/// manners, the shortcuts, the history and the user's own videos. The answers are the application's. The caller holds
+/// the instance lock for a change. Blocking.
 class FileCommands final
 {
 public:
@@ -42,7 +42,7 @@ public:
                                    const std::function<void(double)> &onProgress = {}) const;
     /// Makes a store of a copy, ready to be put in place by "history" with the action "restore".
     [[nodiscard]] StoreCopyResult<QString> prepareStore(const QString &copy) const;
-    /// Lists the settings, gets one or lists the shortcuts; their file is left alone.
+    /// Lists the settings or the manners, gets one or lists the shortcuts; their file is left alone.
     [[nodiscard]] ControlReply read(const ControlRequest &request) const;
     /// Lists the videos of a remote library as the application does, as they were last on disk. Needs no lock.
     /// @param folder the application's own folder

@@ -3,6 +3,7 @@
 #include "CommandLine/ArgumentDomainWords.h"
 #include "CommandLine/CommandDescription.h"
 #include "Composition/HistoryCommands.h"
+#include "Manners/MannersCatalog.h"
 
 #include <CLI/CLI.hpp>
 
@@ -32,6 +33,7 @@ public:
         addExport();
         addHistory();
         addSettings();
+        addManners();
         addShortcuts();
         addVideos();
         addDoctor();
@@ -251,6 +253,32 @@ private:
             if (const auto value = m_invocation.setting->parse(m_invocation.text); !value)
                 throw UsageError{value.error()};
         });
+    }
+
+    void addManners()
+    {
+        CLI::App *const command = addCommand(m_app, "manners", "When not to come: show it, or change it");
+        auto *const json = command->add_flag("--json", m_invocation.isJson, "All as one JSON object");
+        std::vector<std::string> names;
+        for (const MannersSettings::Key key : allManners())
+            names.push_back(MannersSettings::keyText(key).toStdString());
+        addWord(*command, "name", "name", "One of them")->check(CLI::IsMember(names))->excludes(json);
+        addWord(*command, "value", "value", "true or false; minutes 0, 3, 5 or 10, seconds 30 or 60");
+        command->callback([this] { chooseManner(); });
+    }
+
+    void chooseManner()
+    {
+        m_invocation.command = QStringLiteral("manners");
+        m_invocation.action = Action::mannersShow;
+        if (!m_invocation.arguments.contains("value"))
+            return;
+        m_invocation.action = Action::mannersSet;
+        const auto key = findManner(textArgument(m_invocation.arguments, "name"));
+        const auto value = key ? parsedManner(*key, textArgument(m_invocation.arguments, "value"))
+                               : std::unexpected(QStringLiteral("A value needs a name"));
+        if (!value)
+            throw UsageError{value.error()};
     }
 
     void addShortcuts()

@@ -31,6 +31,9 @@ struct Invocation
         settingsList,
         settingsGet,
         settingsSet,
+        /// Print the manners, or the one of the arguments.
+        mannersShow,
+        mannersSet,
         shortcutsList,
         /// One of those that change the shortcuts.
         shortcutsChange,

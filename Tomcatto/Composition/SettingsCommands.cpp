@@ -1,5 +1,6 @@
 #include "Composition/SettingsCommands.h"
 
+#include "Manners/MannersCatalog.h"
 #include "Timer/SettingsCatalog.h"
 
 namespace tomcatto {
@@ -74,6 +75,38 @@ ControlReply presetCommand(const SettingsCommandParts &parts, const Json &argume
                         QStringLiteral("Unknown preset \"%1\"; use classic, flow or deep").arg(name));
 }
 
+/// A switch as a boolean, else the number.
+Json mannerValue(const MannersSettings &manners, MannersSettings::Key key)
+{
+    return isSwitch(key) ? Json(manners.isOn(key)) : Json(manners.value(key));
+}
+
+ControlReply setManner(const SettingsCommandParts &parts, MannersSettings::Key key, const QString &text)
+{
+    const auto value = parsedManner(key, text);
+    if (!value)
+        return controlReply(ExitStatus::usage, value.error());
+    parts.manners.setValue(key, *value);
+    return stored(parts, MannersSettings::keyText(key));
+}
+
+ControlReply mannersCommand(const SettingsCommandParts &parts, const Json &arguments)
+{
+    const QString name = QString::fromStdString(arguments.value("name", std::string()));
+    if (name.isEmpty()) {
+        Json all = Json::object();
+        for (const MannersSettings::Key each : allManners())
+            all[MannersSettings::keyText(each).toStdString()] = mannerValue(parts.manners, each);
+        return {ExitStatus::done, {}, all};
+    }
+    const auto key = findManner(name);
+    if (!key)
+        return controlReply(ExitStatus::usage, QStringLiteral("Unknown setting \"%1\"").arg(name));
+    if (!arguments.contains("value"))
+        return {ExitStatus::done, {}, mannerValue(parts.manners, *key)};
+    return setManner(parts, *key, QString::fromStdString(arguments.value("value", std::string())));
+}
+
 /// Arguments of an unexpected type end in a usage error instead of an exception.
 CommandTable::Handler guarded(std::function<ControlReply(const Json &)> handler)
 {
@@ -93,6 +126,8 @@ void addSettingsCommands(CommandTable &table, const SettingsCommandParts &parts)
 {
     table.add(QStringLiteral("settings"),
               guarded([parts](const Json &arguments) { return settingsCommand(parts, arguments); }));
+    table.add(QStringLiteral("manners"),
+              guarded([parts](const Json &arguments) { return mannersCommand(parts, arguments); }));
     table.add(QStringLiteral("preset"),
               guarded([parts](const Json &arguments) { return presetCommand(parts, arguments); }));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Control/CommandTable.h"
+#include "Manners/MannersSettings.h"
 #include "SystemIntegration/LaunchAtLoginService.h"
 
 namespace tomcatto {
@@ -10,13 +11,14 @@ struct SettingsCommandParts
 {
     PomodoroSettings &settings;
     LaunchAtLoginService &launchAtLogin;
-    /// What the settings are stored in.
+    MannersSettings &manners;
+    /// What all of them are stored in.
     UserDefaults &defaults;
     /// What to add where a change cannot be stored.
     QString whenUnstored;
 };
 
-/// Adds "settings", which lists, gets and sets, and "preset".
+/// Adds "settings" and "manners", which list, get and set, and "preset".
 void addSettingsCommands(CommandTable &table, const SettingsCommandParts &parts);
 
 }

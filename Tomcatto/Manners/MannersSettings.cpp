@@ -1,5 +1,7 @@
 #include "Manners/MannersSettings.h"
 
+#include "Manners/MannersCatalog.h"
+
 #include <algorithm>
 #include <QtCore/QMetaEnum>
 
@@ -8,11 +10,6 @@ namespace tomcatto {
 namespace {
 
 using Key = MannersSettings::Key;
-
-bool isSwitch(Key key)
-{
-    return key != Key::awayAfterMinutes && key != Key::wordBeforeSeconds;
-}
 
 /// Switches are stored as booleans, the rest as numbers.
 DefaultsValue stored(Key key, qint64 value)
@@ -43,9 +40,8 @@ MannersSettings::MannersSettings(UserDefaults &store, QObject *parent)
 {
     for (std::size_t each = 0; each < count; ++each) {
         const Key key = static_cast<Key>(each);
-        const auto found = std::ranges::find_if(choices(key), [this, key](qint64 choice) {
-            return m_store.value(keyText(key)) == stored(key, choice);
-        });
+        const auto found = std::ranges::find_if(
+            choices(key), [this, key](qint64 choice) { return m_store.value(keyText(key)) == stored(key, choice); });
         m_values.at(each) = found != choices(key).end() ? *found : choices(key).front();
     }
 }

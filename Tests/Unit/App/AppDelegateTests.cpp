@@ -32,6 +32,18 @@ public:
     }
     [[nodiscard]] std::size_t records() const { return dependencies.sessionRepository.allSessions().size(); }
 
+    [[nodiscard]] StatusSource::Parts statusParts()
+    {
+        return {dependencies.stateMachine,
+                dependencies.timer,
+                dependencies.settings,
+                dependencies.statsAggregator,
+                dependencies.manners,
+                dependencies.strings,
+                wallClock,
+                runLoop};
+    }
+
     QStringList steps;
     AppDelegate delegate{dependencies};
 };
@@ -99,6 +111,78 @@ TEST(AppDelegate, WhatEndsOrSleepsIsOnDiskInOrder)
     EXPECT_EQ(written[2], (std::pair<std::size_t, QByteArray>(3, ""))) << "records first, then no marker";
 }
 
+TEST(AppDelegate, NeitherSleepNorGoodMannersGoOnAgainstTheOther)
+{
+    struct Case
+    {
+        const char *name;
+        bool locksBefore;
+        bool locksMeanwhile;
+        std::chrono::seconds sleep;
+        bool isPaused;
+        bool isOffered;
+    };
+    const Case cases[] = {
+        {"short", false, false, 30s, false, false},          {"long", false, false, 90s, true, false},
+        {"locked before", true, false, 30s, true, true},     {"locked before, long", true, false, 90s, true, true},
+        {"locked on the way", false, true, 30s, true, true}, {"locked on the way, long", false, true, 90s, true, true},
+    };
+    for (const Case &item : cases) {
+        Application application;
+        MannersService &manners = application.dependencies.manners;
+        PomodoroStateMachine &machine = application.dependencies.stateMachine;
+        application.delegate.applicationDidFinishLaunching(application);
+        manners.settings().setValue(MannersSettings::Key::pausesWhenAway, 1);
+        const auto lock = [&application](bool when, Fact fact) {
+            if (when)
+                application.surroundings.lock.become(fact);
+            application.runLoop.drain();
+        };
+        machine.start();
+        application.pass(10s);
+        lock(item.locksBefore, Fact::yes);
+        application.power.sleep();
+        lock(item.locksMeanwhile, Fact::yes);
+        application.clock.advance(item.sleep);
+        application.wallClock.advance(item.sleep);
+        application.power.wake();
+        application.runLoop.drain();
+        EXPECT_EQ(machine.isPaused(), item.isPaused) << item.name;
+        EXPECT_FALSE(manners.awaySince()) << item.name;
+        lock(true, Fact::no);
+        EXPECT_EQ(machine.isPaused(), item.isPaused) << item.name;
+        EXPECT_EQ(manners.awaySince().has_value(), item.isOffered) << item.name;
+        EXPECT_EQ(application.surroundings.lock.isWatched(), !item.isPaused) << item.name;
+        EXPECT_EQ(application.notificationCenter.requests.size(), item.isOffered ? 1U : 0U) << item.name;
+    }
+}
+
+TEST(AppDelegate, ABreakThatIsHeldIsSilentUntilItBegins)
+{
+    Application application;
+    AppDependencies &dependencies = application.dependencies;
+    application.delegate.applicationDidFinishLaunching(application);
+    dependencies.manners.settings().setValue(MannersSettings::Key::waitsDuringCalls, 1);
+    application.surroundings.call.become(Fact::yes);
+    const StatusSource source(application.statusParts());
+    std::vector<std::optional<HoldReason>> told;
+    QObject::connect(&source, &StatusSource::changed, &source,
+                     [&told](const TimerStatus &status) { told.push_back(status.heldBy); });
+    dependencies.stateMachine.start();
+    application.pass(1500s);
+    EXPECT_FALSE(application.sounds.log.contains(QStringLiteral("play Glass")));
+    application.surroundings.fullScreen.become(Fact::yes);
+    dependencies.manners.settings().setValue(MannersSettings::Key::waitsInFullScreen, 1);
+    application.surroundings.call.become(Fact::no);
+    application.pass(15s);
+    EXPECT_FALSE(application.sounds.log.contains(QStringLiteral("play Glass")));
+    application.surroundings.fullScreen.become(Fact::no);
+    application.pass(1s);
+    EXPECT_TRUE(application.sounds.log.contains(QStringLiteral("play Glass")));
+    EXPECT_EQ(told,
+              (std::vector<std::optional<HoldReason>>{{}, HoldReason::call, HoldReason::fullScreen, std::nullopt}));
+}
+
 TEST(AppDelegate, ALanguageIsAnnouncedOnceFromEitherSide)
 {
     Application application;
@@ -118,9 +202,7 @@ TEST(TimerCommands, TheStatusFollowsTheDayAndAWaitingPhaseIsStarted)
 {
     Application application;
     AppDependencies &dependencies = application.dependencies;
-    const StatusSource source({dependencies.stateMachine, dependencies.timer, dependencies.settings,
-                               dependencies.statsAggregator, dependencies.manners, dependencies.strings,
-                               application.wallClock, application.runLoop});
+    const StatusSource source(application.statusParts());
     std::vector<qint64> today;
     QObject::connect(&source, &StatusSource::changed, &source,
                      [&today](const TimerStatus &status) { today.push_back(status.todayCompleted); });

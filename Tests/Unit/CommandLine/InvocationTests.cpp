@@ -47,6 +47,10 @@ TEST(Invocation, EveryWrongWordIsAUsageErrorThatNamesIt)
         {"settings set cyclesBeforeLongBreak 13", "1 to 12"},
         {"settings set dailyGoalPomodoros", ""},
         {"preset fast", "fast"},
+        {"manners nothing", "nothing"},
+        {"manners waitsDuringCalls yes", "true or false"},
+        {"manners awayAfterMinutes 4", "one of: 0, 3, 5, 10"},
+        {"manners --json waitsDuringCalls", "--json"},
         {"--nonsense", "--nonsense"},
     };
     for (const Case &item : cases) {
