@@ -118,6 +118,7 @@ class WaylandTest(unittest.TestCase):
     def test_windows_of_one_size_float_where_others_are_tiled(self):
         desktop = SwayDesktop(1.5)
         self.addCleanup(desktop.close)
+        self.assertIn("told by the Wayland compositor", desktop.run("doctor").stdout)
         desktop.start()
         desktop.wait_for(lambda: desktop.windows("Welcome to Tomcatto") == [(True, 640, 500, False)])
         self.assertEqual(desktop.run("panel").returncode, 0)

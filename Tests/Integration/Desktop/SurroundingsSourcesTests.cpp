@@ -4,6 +4,7 @@
 #include "Platform/Freedesktop/ScreenSaverLock.h"
 #include "Platform/X11/X11FullScreen.h"
 #include "Platform/X11/X11Rest.h"
+#include "ToldFacts.h"
 
 #include <gmock/gmock.h>
 #include <QtCore/QDir>
@@ -20,22 +21,6 @@ namespace tomcatto {
 using enum Fact;
 
 namespace {
-
-/// Watches a source and keeps what it tells.
-struct Told
-{
-    explicit Told(FactSource &source)
-        : watch(source.watch([this](Fact fact) { facts.push_back(fact); }))
-    {
-    }
-    [[nodiscard]] bool becomes(Fact fact)
-    {
-        return QTest::qWaitFor([&] { return !facts.empty() && facts.back() == fact; }, 20'000);
-    }
-
-    std::vector<Fact> facts;
-    Cancellable watch;
-};
 
 /// A service of a desktop that answers as a test wants.
 class MockService final : public QDBusVirtualObject
@@ -79,7 +64,7 @@ private:
 /// Tells a lock with `change`, through a restart of its service.
 void expectLockFollows(FactSource &source, MockService &service, const std::function<void(bool)> &change)
 {
-    Told told(source);
+    ToldFacts told(source);
     EXPECT_TRUE(told.becomes(untold));
     service.setThere(true);
     EXPECT_TRUE(told.becomes(no));
@@ -193,7 +178,7 @@ TEST_F(SurroundingsSourcesTests, MutterIsAskedWhenItsWatchesGoOffAndLosesNoTouch
     };
     MutterRest rest(m_bus.connection(), 3s);
     monitor.setThere(true);
-    Told told(rest);
+    ToldFacts told(rest);
     EXPECT_TRUE(told.becomes(no));
     fire(1, 3000);
     EXPECT_TRUE(QTest::qWaitFor([&] { return told.facts.size() == 3; })) << "yes and no, by the touch meanwhile";
@@ -223,9 +208,9 @@ TEST(X11RestTests, SeveralLengthsAreToldFromTheLastTouchOn)
     X11Rest longer(1000ms);
     X11Rest endless(1h);
     {
-        Told told(brief);
-        Told later(longer);
-        Told never(endless);
+        ToldFacts told(brief);
+        ToldFacts later(longer);
+        ToldFacts never(endless);
         EXPECT_TRUE(told.becomes(yes) && later.becomes(yes));
         told.facts.clear();
         usePointer(QStringLiteral("mousemove_relative 3 3"));
@@ -239,7 +224,7 @@ TEST(X11RestTests, SeveralLengthsAreToldFromTheLastTouchOn)
 TEST(X11FullScreenTests, IsOfAnotherProgramAndOutlivesALookAtOwnWindows)
 {
     X11FullScreen source;
-    Told told(source);
+    ToldFacts told(source);
     EXPECT_TRUE(told.becomes(no));
     QWindow own;
     const auto activateOwn = [&own] {
@@ -265,8 +250,8 @@ TEST(X11FullScreenTests, IsUntoldWithoutAWindowManagerAndBothAreWithoutAServer)
     OtherServer server;
     X11FullScreen source;
     X11Rest rest(1h);
-    Told told(source);
-    Told rested(rest);
+    ToldFacts told(source);
+    ToldFacts rested(rest);
     EXPECT_TRUE(told.becomes(untold) && rested.becomes(no));
     {
         const SideProgram manager(QStringLiteral("openbox"), {});
@@ -277,7 +262,7 @@ TEST(X11FullScreenTests, IsUntoldWithoutAWindowManagerAndBothAreWithoutAServer)
     EXPECT_TRUE(told.becomes(no));
     server.program.stop();
     EXPECT_TRUE(told.becomes(untold) && rested.becomes(untold));
-    Told refused(rest);
+    ToldFacts refused(rest);
     EXPECT_TRUE(refused.becomes(untold));
 }
 

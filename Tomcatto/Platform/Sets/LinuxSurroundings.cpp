@@ -4,6 +4,8 @@
 #include "Platform/Freedesktop/MutterRest.h"
 #include "Platform/Freedesktop/ScreenSaverLock.h"
 #include "Platform/Posix/DisplayProbe.h"
+#include "Platform/Wayland/WaylandFullScreen.h"
+#include "Platform/Wayland/WaylandRest.h"
 #include "Platform/X11/X11FullScreen.h"
 #include "Platform/X11/X11Rest.h"
 
@@ -25,15 +27,18 @@ struct NamedMaker
 };
 
 /// An X server that runs within a Wayland compositor knows its own windows and their input alone.
-bool knowsX11()
+bool isWayland()
 {
-    return !DisplayProbe().isWaylandReachable();
+    return DisplayProbe().isWaylandReachable();
 }
 
 std::vector<NamedMaker> restMakers()
 {
     std::vector<NamedMaker> makers;
-    if (knowsX11())
+    if (isWayland())
+        makers.push_back({QStringLiteral("the Wayland compositor"),
+                          [](std::chrono::seconds rest) { return std::make_unique<WaylandRest>(rest); }});
+    else
         makers.push_back({QStringLiteral("the X server"),
                           [](std::chrono::seconds rest) { return std::make_unique<X11Rest>(rest); }});
     makers.push_back({QStringLiteral("GNOME"), [](std::chrono::seconds rest) {
@@ -45,7 +50,9 @@ std::vector<NamedMaker> restMakers()
 std::vector<Named> fullScreenSources()
 {
     std::vector<Named> sources;
-    if (knowsX11())
+    if (isWayland())
+        sources.push_back({QStringLiteral("the Wayland compositor"), std::make_unique<WaylandFullScreen>()});
+    else
         sources.push_back({QStringLiteral("the window manager"), std::make_unique<X11FullScreen>()});
     return sources;
 }
