@@ -8,6 +8,8 @@ Item {
     property string text
     property bool selected: false
     property real textScale: 1
+    /// How much of its size the label has where all of them have to shrink.
+    property real fit: 1
     readonly property real naturalWidth: Math.ceil(boldWidth.advanceWidth) + 24
 
     signal pressed
@@ -29,7 +31,7 @@ Item {
         anchors.leftMargin: 4
         anchors.rightMargin: 4
         text: segment.text
-        font: Theme.font(segment.selected ? "section" : "control", segment.textScale)
+        font: Theme.font(segment.selected ? "section" : "control", Math.max(11 / 13, segment.textScale * segment.fit))
         // Never cut: a label shrinks to the smallest size that we use.
         fontSizeMode: Text.HorizontalFit
         minimumPixelSize: 11

@@ -27,12 +27,17 @@ Item {
             activated(index)
     }
 
+    /// How much of their size the labels have: in too narrow a place all shrink alike, and still stand apart.
+    function fit(): real {
+        const padding = count => count * texts.length + 2 * inset
+        return equal || width >= implicitWidth ? 1 : (width - padding(16)) / Math.max(1, implicitWidth - padding(24))
+    }
+
     function segmentWidth(index: int): real {
         if (equal)
             return (width - 2 * inset) / Math.max(1, texts.length)
         const natural = widths[index] ?? 0
-        // Too narrow a place: every segment gives its share.
-        return width >= implicitWidth ? natural : natural * (width - 2 * inset) / Math.max(1, implicitWidth - 2 * inset)
+        return width >= implicitWidth ? natural : 16 + (natural - 24) * fit()
     }
 
     function segmentX(index: int): real {
@@ -109,6 +114,7 @@ Item {
             height: control.height - 2 * control.inset
             text: control.texts[index] ?? ""
             textScale: control.textScale
+            fit: control.fit()
             selected: index === control.currentIndex
             onPressed: {
                 control.byKey = false
