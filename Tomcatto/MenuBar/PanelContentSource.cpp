@@ -26,8 +26,8 @@ constexpr std::array primaryFaces{PrimaryFace{"menubar.transport_start", "play.f
 const char *pendingKey(std::optional<HoldReason> heldBy)
 {
     if (heldBy == HoldReason::call)
-        return "menubar.pending.call";
-    return heldBy == HoldReason::fullScreen ? "menubar.pending.full_screen" : "menubar.pending.caption";
+        return "notifications.break_held.call";
+    return heldBy == HoldReason::fullScreen ? "notifications.break_held.full_screen" : "menubar.pending.caption";
 }
 
 QString rhythmKey(PomodoroPreset preset)

@@ -130,6 +130,8 @@ TEST_F(StatusItemTests, FollowsTraysOfBothKindsAndFloatsThePillWhereThereIsNone)
     busTray = startHost();
     EXPECT_TRUE(becomes(true, false));
     EXPECT_TRUE(busTray->ask("item").contains("studio.quillbay.Tomcatto"));
+    m_appearance.setPreferences({.isDark = {}, .reducedMotion = true});
+    EXPECT_TRUE(m_item.forms().isStill);
 }
 
 TEST_F(StatusItemTests, WaitsForATrayThatIsSlowToAnswer)
