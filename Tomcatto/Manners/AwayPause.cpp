@@ -2,7 +2,14 @@
 
 namespace tomcatto {
 
+namespace {
+
 using Key = MannersSettings::Key;
+
+/// A touch and the start that it asks for are not one moment.
+constexpr std::chrono::seconds touchTolerance{10};
+
+}
 
 AwayPause::AwayPause(PomodoroStateMachine &stateMachine, const MannersSettings &settings, WallClock &wallClock,
                      MainRunLoop &runLoop, const Surroundings &surroundings)
@@ -15,6 +22,10 @@ AwayPause::AwayPause(PomodoroStateMachine &stateMachine, const MannersSettings &
 {
     connect(&m_stateMachine, &PomodoroStateMachine::currentPhaseChanged, this, &AwayPause::follow);
     connect(&m_stateMachine, &PomodoroStateMachine::isPausedChanged, this, &AwayPause::follow);
+    connect(&m_stateMachine, &PomodoroStateMachine::transitioned, this, [this](const PhaseTransition &transition) {
+        if (transition.reason == PhaseExitReason::completed)
+            m_wantedSince.reset();
+    });
     connect(&m_settings, &MannersSettings::changed, this, [this](Key key) {
         // The present look is for another length of rest.
         if (key == Key::awayAfterMinutes)
@@ -48,7 +59,9 @@ bool AwayPause::mattersNow() const
 
 void AwayPause::follow()
 {
-    if (!isFocusing() || !m_stateMachine.isPaused()) {
+    const bool runs = isFocusing() && !m_stateMachine.isPaused();
+    m_wantedSince = runs ? std::optional(m_wantedSince.value_or(m_wallClock.now())) : std::nullopt;
+    if (!isFocusing() || runs) {
         m_isAsleep = false;
         const bool wasBack = std::exchange(m_isBack, false);
         m_goneSince.reset();
@@ -61,18 +74,28 @@ void AwayPause::follow()
 void AwayPause::look()
 {
     const bool matters = mattersNow();
-    const std::chrono::minutes rest(m_settings.value(Key::awayAfterMinutes));
-    m_idle.watch(matters && rest.count() > 0,
-                 [this, rest](auto handler) { return m_surroundings.idle.watch(rest, std::move(handler)); });
+    m_idle.watch(matters && rest().count() > 0,
+                 [this](auto handler) { return m_surroundings.idle.watch(rest(), std::move(handler)); });
     m_lock.watch(matters, [this](auto handler) { return m_surroundings.lock.watch(std::move(handler)); });
+}
+
+std::chrono::minutes AwayPause::rest() const
+{
+    return std::chrono::minutes(m_settings.value(Key::awayAfterMinutes));
+}
+
+bool AwayPause::isGone() const
+{
+    // Who wants a phase to run is there, even where the wish came from another machine or a script.
+    const bool isUntouched = !m_wantedSince || m_wallClock.now() - *m_wantedSince + touchTolerance >= rest();
+    return m_lock.holds() || (m_idle.holds() && isUntouched);
 }
 
 void AwayPause::decide()
 {
-    const bool isGone = m_lock.holds() || m_idle.holds();
-    if (isGone && !hasPaused() && mattersNow())
+    if (isGone() && !hasPaused() && mattersNow())
         return leave();
-    if (isGone || !hasPaused() || m_isBack)
+    if (isGone() || !hasPaused() || m_isBack)
         return;
     m_isBack = true;
     look();
@@ -82,8 +105,7 @@ void AwayPause::decide()
 void AwayPause::leave()
 {
     // The rest began before it was long enough.
-    const std::chrono::minutes rested(m_lock.holds() ? 0 : m_settings.value(Key::awayAfterMinutes));
-    m_goneSince = m_wallClock.now() - rested;
+    m_goneSince = m_wallClock.now() - (m_lock.holds() ? std::chrono::minutes(0) : rest());
     m_stateMachine.pause();
 }
 

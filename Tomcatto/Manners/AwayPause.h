@@ -35,6 +35,8 @@ Q_SIGNALS:
 private:
     [[nodiscard]] bool isFocusing() const;
     [[nodiscard]] bool mattersNow() const;
+    [[nodiscard]] bool isGone() const;
+    [[nodiscard]] std::chrono::minutes rest() const;
     void follow();
     void look();
     void decide();
@@ -48,6 +50,8 @@ private:
     LingeringFact m_lock;
     // While it is set the pause is ours.
     std::optional<Date> m_goneSince;
+    // Since when the phase runs because somebody wanted it to.
+    std::optional<Date> m_wantedSince;
     bool m_isBack = false;
     bool m_isAsleep = false;
 };

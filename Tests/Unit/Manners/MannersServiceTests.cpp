@@ -70,6 +70,7 @@ const Act rest = tell(&FakeSurroundings::idle, Fact::yes);
 const Act touch = tell(&FakeSurroundings::idle, Fact::no);
 const Act idleGone = tell(&FakeSurroundings::idle, Fact::untold);
 const Act start = [](Person &p) { p.machine.start(); };
+const Act hour = [](Person &p) { p.settings.setWorkDurationSeconds(3600); };
 const Act due = [](Person &p) { p.machine.start(), p.pass(60s); };
 const Act pause = [](Person &p) { p.machine.pause(); };
 const Act resume = [](Person &p) { p.machine.resume(); };
@@ -146,14 +147,17 @@ TEST(MannersService, HoldsABreakThatIsDueAndLetsItBegin)
 TEST(MannersService, PausesAFocusPhaseThatNobodySitsAt)
 {
     check({{"touched", {start, wait(10s)}, "work"},
-           {"idle", {start, wait(10s), rest, wait(20s)}, "work paused"},
-           {"back", {start, wait(10s), rest, wait(20s), touch}, "work paused away 320"},
+           {"idle", {hour, start, wait(5min), rest, wait(20s)}, "work paused"},
+           {"back", {hour, start, wait(5min), rest, wait(20s), touch}, "work paused away 320"},
+           {"started from afar", {hour, rest, start, wait(20s)}, "work"},
+           {"resumed from afar", {hour, rest, start, pause, wait(9min), resume, wait(20s)}, "work"},
+           {"began by itself", {start, skip, rest, wait(300s)}, "work paused"},
            {"locked", {start, lock, wait(20s)}, "work paused"},
            {"unlocked", {start, lock, wait(20s), unlock}, "work paused away 20"},
            {"locked, idle", {start, lock, rest, unlock}, "work paused"},
            {"locked before", {lock, start, wait(0s)}, "work paused"},
-           {"only the lock", {on(awayAfterMinutes, 0), start, rest}, "work"},
-           {"other minutes", {start, on(awayAfterMinutes, 10), rest, touch}, "work paused away 600"},
+           {"only the lock", {hour, on(awayAfterMinutes, 0), start, wait(5min), rest}, "work"},
+           {"other minutes", {hour, start, on(awayAfterMinutes, 10), wait(10min), rest, touch}, "work paused away 600"},
            {"away again", {start, lock, unlock, lock, wait(9s), unlock}, "work paused away 9"},
            {"resumed", {start, lock, unlock, goOn}, "work"},
            {"resumed elsewhere", {start, lock, unlock, resume}, "work"},
@@ -167,7 +171,7 @@ TEST(MannersService, PausesAFocusPhaseThatNobodySitsAt)
            {"waiting focus", {askFocus, due, wait(300s), lock, unlock}, "work ready"},
            {"break", {start, skip, lock, unlock}, "shortBreak"},
            {"lock gone", {start, lock, lockGone}, "work paused away 0"},
-           {"idle gone", {start, rest, idleGone}, "work paused away 300"}},
+           {"idle gone", {hour, start, wait(5min), rest, idleGone}, "work paused away 300"}},
           {pausesWhenAway});
 }
 
