@@ -24,9 +24,9 @@ public:
 
     virtual ~FactSource() = default;
 
-    /// Begins to look, until the result is cancelled. `handler` is told the present fact and each change of it, in turns
-    /// of the main loop of their own. Several may watch. What has to be asked for it is loaded now and goes with the
-    /// last one who watches.
+    /// Begins to look, until the result is cancelled. `handler` is told the present fact and each change of it, in
+    /// turns of the main loop of their own. Several may watch. What has to be asked for it is loaded now and goes with
+    /// the last one who watches.
     [[nodiscard]] virtual Cancellable watch(Handler handler) = 0;
 };
 

@@ -126,13 +126,8 @@ public:
     {
         const auto adapters = std::make_shared<ServiceAdapters>();
         m_services = adapters;
-        return {adapters,
-                adapters->alert,
-                adapters->systemSettings,
-                adapters->notificationProbe,
-                adapters->hotKeys,
-                adapters->surroundings(),
-                &adapters->notificationCenter};
+        return {adapters,          adapters->alert,          adapters->systemSettings,     adapters->notificationProbe,
+                adapters->hotKeys, adapters->surroundings(), &adapters->notificationCenter};
     }
     [[nodiscard]] DesktopPorts ports(MainRunLoop &runLoop, UserDefaults &defaults, QObject &texts) override
     {
