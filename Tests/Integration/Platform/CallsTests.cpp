@@ -1,7 +1,11 @@
 #include "Fakes/ManualRunLoop.h"
 #include "Platform/Posix/CompanionFact.h"
+#include "Platform/PulseAudio/ServerComing.h"
 
 #include <gmock/gmock.h>
+#include <pulse/mainloop.h>
+#include <pulse/timeval.h>
+#include <QtCore/QDir>
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
@@ -83,4 +87,24 @@ TEST_F(Calls, AreToldOfMicrophonesAloneAndOfEveryServerThatComes)
     EXPECT_TRUE(isTold({untold, no, yes, no, yes, untold}));
     serve();
     EXPECT_TRUE(isTold({untold, no, yes, no, yes, untold, no}));
+}
+
+TEST(ServerComing, IsToldOfTheFolderAndOfTheSocketAndOfNothingElse)
+{
+    const QTemporaryDir folder;
+    qputenv("PULSE_RUNTIME_PATH", folder.filePath(QStringLiteral("pulse")).toUtf8());
+    const std::unique_ptr<pa_mainloop, void (*)(pa_mainloop *)> loop(pa_mainloop_new(), pa_mainloop_free);
+    int times = 0;
+    const auto news = [&](const char *made) {
+        EXPECT_TRUE(QDir(folder.path()).mkdir(QLatin1String(made)));
+        pa_mainloop_prepare(loop.get(), 20 * static_cast<int>(PA_USEC_PER_SEC));
+        EXPECT_GT(pa_mainloop_poll(loop.get()), 0);
+        pa_mainloop_dispatch(loop.get());
+        return std::exchange(times, 0);
+    };
+    const tomcatto::ServerComing coming(*pa_mainloop_get_api(loop.get()), [&times] { ++times; });
+    EXPECT_EQ(news("other"), 0);
+    EXPECT_EQ(news("pulse"), 1);
+    EXPECT_EQ(news("pulse/pid"), 0);
+    EXPECT_EQ(news("pulse/native"), 1);
 }
