@@ -18,7 +18,7 @@ constexpr pa_usec_t timeToListen = 200 * PA_USEC_PER_MSEC;
 /// The socket's coming is told; trying is for servers elsewhere and for one that its socket starts. So it tries less
 /// and less often.
 constexpr pa_usec_t shortestRest = PA_USEC_PER_SEC;
-constexpr pa_usec_t longestRest = 10 * 60 * PA_USEC_PER_SEC;
+constexpr pa_usec_t longestRest = 600 * PA_USEC_PER_SEC;
 /// A connection that held for so long was a sound one.
 constexpr pa_usec_t soundTime = 60 * PA_USEC_PER_SEC;
 

@@ -27,11 +27,11 @@ void tellFinding(IsRecorded isRecorded)
 
 void tellChange(IsRecorded isRecorded)
 {
-    static std::string_view told;
-    const std::string_view text = !isRecorded ? "untold" : *isRecorded ? "yes" : "no";
+    static std::string told;
+    const std::string text = !isRecorded ? "untold" : *isRecorded ? "yes" : "no";
     if (std::exchange(told, text) == text)
         return;
-    std::puts(text.data());
+    std::puts(text.c_str());
     std::fflush(stdout);
 }
 
