@@ -26,9 +26,6 @@ public:
 private:
     [[nodiscard]] ExitStatus runRemote(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus runStatus(const Invocation &invocation) const;
-    [[nodiscard]] ExitStatus listVideos() const;
-    [[nodiscard]] std::optional<QStringList> ownVideos() const;
-    [[nodiscard]] QStringList remoteVideos() const;
     [[nodiscard]] ExitStatus changeVideos(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus downloadVideo(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus changeHistory(const Invocation &invocation) const;
