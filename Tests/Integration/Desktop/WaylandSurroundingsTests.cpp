@@ -132,7 +132,7 @@ TEST(WaylandSurroundingsTests, RestIsToldByTheCompositorWhileItIsThere)
 TEST(WaylandSurroundingsTests, FullScreenIsOfAnotherProgramAndOutlivesALookAtOwnWindows)
 {
     WaylandFullScreen source;
-    std::optional<MockCompositor> compositor(std::in_place);
+    auto compositor = std::make_unique<MockCompositor>();
     {
         ToldFacts told(source);
         EXPECT_TRUE(told.becomes(untold)) << "this compositor does not tell";
