@@ -17,12 +17,14 @@ class BusFactSource : public QObject, public SharedFactSource
 {
     Q_OBJECT
 
+public:
+    ~BusFactSource() override;
+
 protected:
     using Answered = std::function<void(const QVariantList &values)>;
 
     /// @param bus it may be without a connection
     BusFactSource(const QDBusConnection &bus, QString service);
-    ~BusFactSource() override;
 
     /// Subscribes to what the service tells, then asks; called at the beginning and for each service that comes anew.
     virtual void look() = 0;

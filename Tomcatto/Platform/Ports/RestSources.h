@@ -30,6 +30,7 @@ private:
         OneRest(const std::vector<Maker> &makers, std::chrono::seconds rest)
         {
             std::vector<std::reference_wrapper<FactSource>> references;
+            references.reserve(makers.size());
             for (const Maker &make : makers)
                 references.emplace_back(*sources.emplace_back(make(rest)));
             any = std::make_unique<AnyFactSource>(std::move(references));

@@ -71,6 +71,7 @@ std::vector<Named> lockSources()
 std::vector<std::reference_wrapper<FactSource>> referencesTo(const std::vector<Named> &sources)
 {
     std::vector<std::reference_wrapper<FactSource>> references;
+    references.reserve(sources.size());
     for (const Named &each : sources)
         references.emplace_back(*each.source);
     return references;
@@ -79,6 +80,7 @@ std::vector<std::reference_wrapper<FactSource>> referencesTo(const std::vector<N
 std::vector<RestSources::Maker> withoutNames(const std::vector<NamedMaker> &makers)
 {
     std::vector<RestSources::Maker> all;
+    all.reserve(makers.size());
     for (const NamedMaker &each : makers)
         all.push_back(each.make);
     return all;
@@ -90,6 +92,7 @@ QStringList answering(const std::vector<Named> &sources)
     std::vector<Fact> facts(sources.size(), Fact::unknown);
     QEventLoop loop;
     std::vector<Cancellable> watches;
+    watches.reserve(sources.size());
     for (std::size_t place = 0; place < sources.size(); ++place)
         watches.push_back(sources[place].source->watch([&facts, &loop, place](Fact fact) {
             facts[place] = fact;
@@ -128,8 +131,10 @@ LinuxSurroundings::LinuxSurroundings()
 
 Findings LinuxSurroundings::findings()
 {
+    const std::vector<NamedMaker> makers = restMakers();
     std::vector<Named> rest;
-    for (const NamedMaker &maker : restMakers())
+    rest.reserve(makers.size());
+    for (const NamedMaker &maker : makers)
         rest.push_back({maker.name, maker.make(3s)});
     return {find(QStringLiteral("away"), rest, QStringLiteral("a phase goes on while you are away"),
                  QStringLiteral("Pause it yourself, or use a desktop that tells when keys and pointer rest")),
