@@ -201,6 +201,8 @@ QString roff(QString text)
 
 QString synopsis(const CommandDescription &command, const QStringList &path)
 {
+    // A line may end after it.
+    const QString breakable = QStringLiteral("|\\:");
     QString text = QStringLiteral(".B ") +
                    roff((QStringList(QStringLiteral("tomcatto")) + path).join(QLatin1Char(' '))) + QLatin1Char('\n');
     for (const ArgumentDescription &argument : command.arguments) {
@@ -208,10 +210,10 @@ QString synopsis(const CommandDescription &command, const QStringList &path)
             continue;
         QString word = roff(argument.name);
         if (!argument.isOption())
-            word = argument.choices.isEmpty() ? argument.name.toUpper() : argument.choices.join(QLatin1Char('|'));
+            word = argument.choices.isEmpty() ? argument.name.toUpper() : argument.choices.join(breakable);
         else if (argument.hasValue)
             word += QLatin1Char(' ') +
-                    (argument.choices.isEmpty() ? QStringLiteral("VALUE") : argument.choices.join(QLatin1Char('|')));
+                    (argument.choices.isEmpty() ? QStringLiteral("VALUE") : argument.choices.join(breakable));
         text += (argument.isRequired ? QStringLiteral("%1\n") : QStringLiteral("[%1]\n")).arg(word);
     }
     return text;
@@ -233,8 +235,9 @@ QString settingsPart()
 
 QString manual(const CommandDescription &program)
 {
+    // Ragged and without hyphens: names of commands and keys stay as they are written.
     QString text =
-        QStringLiteral(".TH TOMCATTO 1\n.SH NAME\ntomcatto \\- a focus timer with a cat\n.SH SYNOPSIS\n"
+        QStringLiteral(".TH TOMCATTO 1\n.ad l\n.nh\n.SH NAME\ntomcatto \\- a focus timer with a cat\n.SH SYNOPSIS\n"
                        ".B tomcatto\n[\\-\\-terminal] [\\-\\-background] [\\-KEY VALUE]...\n.br\n.B tomcatto\n"
                        "COMMAND\n.SH DESCRIPTION\nWithout a command the application starts: in the tray where a "
                        "display is reachable, else in the terminal, where space starts and pauses, s skips, b takes "

@@ -30,6 +30,11 @@ void PhaseSoundService::bind(const PomodoroStateMachine &stateMachine, const Man
         if (!manners.heldBy())
             follow(transition);
     });
+    connect(&manners, &MannersService::heldByChanged, this, [this, &stateMachine, &manners] {
+        // From now on it waits for the user.
+        if (!manners.heldBy() && stateMachine.isPhasePending())
+            play(PhaseSoundName::breakStart);
+    });
     connect(&manners, &MannersService::heldBreakBegan, this, [this] { play(PhaseSoundName::breakStart); });
     connect(&stateMachine, &PomodoroStateMachine::overflowBegan, this, [this] { play(PhaseSoundName::breakStart); });
 }

@@ -26,6 +26,11 @@ BreakOverlayController::BreakOverlayController(PomodoroStateMachine &stateMachin
         if (std::exchange(m_isPending, isPending) != isPending)
             deliver([this, isPending] { pendingChanged(isPending); });
     });
+    connect(&m_manners, &MannersService::heldByChanged, this, [this] {
+        // It is no longer held back, and waits for the user all the same.
+        if (!m_manners.heldBy() && m_stateMachine.isPhasePending())
+            deliver([this] { phaseChanged(m_stateMachine.currentPhase()); });
+    });
     deliver([this, isPending = m_isPending] { pendingChanged(isPending); });
     m_screensCancellable = m_screens.onChanged([this] { deliver([this] { screensChanged(); }); });
     connect(&m_timer, &PomodoroTimer::remainingSecondsChanged, this, &BreakOverlayController::updateWarmth);

@@ -16,6 +16,7 @@ AwayPause::AwayPause(PomodoroStateMachine &stateMachine, const MannersSettings &
     : m_stateMachine(stateMachine)
     , m_settings(settings)
     , m_wallClock(wallClock)
+    , m_runLoop(runLoop)
     , m_surroundings(surroundings)
     , m_idle(runLoop, {}, [this] { decide(); })
     , m_lock(runLoop, {}, [this] { decide(); })
@@ -27,8 +28,8 @@ AwayPause::AwayPause(PomodoroStateMachine &stateMachine, const MannersSettings &
             m_wantedSince.reset();
     });
     connect(&m_settings, &MannersSettings::changed, this, [this](Key key) {
-        // The present look is for another length of rest.
-        if (key == Key::awayAfterMinutes)
+        // The present look is for another length of rest; one for a return is not.
+        if (key == Key::awayAfterMinutes && !hasPaused())
             m_idle.watch(false, {});
         look();
     });
@@ -77,6 +78,9 @@ void AwayPause::look()
     m_idle.watch(matters && rest().count() > 0,
                  [this](auto handler) { return m_surroundings.idle.watch(rest(), std::move(handler)); });
     m_lock.watch(matters, [this](auto handler) { return m_surroundings.lock.watch(std::move(handler)); });
+    // Of a rest that did not count yet there is no more news, if nobody comes.
+    const bool mayStayUntouched = matters && m_wantedSince && rest().count() > 0;
+    m_nextLook = mayStayUntouched ? m_runLoop.after(rest(), [this] { decide(); }) : Cancellable();
 }
 
 std::chrono::minutes AwayPause::rest() const
@@ -87,7 +91,9 @@ std::chrono::minutes AwayPause::rest() const
 bool AwayPause::isGone() const
 {
     // Who wants a phase to run is there, even where the wish came from another machine or a script.
-    const bool isUntouched = !m_wantedSince || m_wallClock.now() - *m_wantedSince + touchTolerance >= rest();
+    const Seconds wanted = m_wantedSince ? m_wallClock.now() - *m_wantedSince : Seconds(rest());
+    // Below 0 where the clock was set back.
+    const bool isUntouched = wanted < Seconds(0) || wanted + touchTolerance >= rest();
     return m_lock.holds() || (m_idle.holds() && isUntouched);
 }
 

@@ -45,9 +45,11 @@ private:
     PomodoroStateMachine &m_stateMachine;
     const MannersSettings &m_settings;
     WallClock &m_wallClock;
+    MainRunLoop &m_runLoop;
     Surroundings m_surroundings;
     LingeringFact m_idle;
     LingeringFact m_lock;
+    Cancellable m_nextLook;
     // While it is set the pause is ours.
     std::optional<Date> m_goneSince;
     // Since when the phase runs because somebody wanted it to.

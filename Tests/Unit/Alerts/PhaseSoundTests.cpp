@@ -45,6 +45,14 @@ TEST(PhaseSoundServiceTest, SaysWhereAPhaseGoesAndStartsAnewInsteadOfTwice)
     engine.tell(engine.surroundings.call, Fact::no);
     engine.pass(15s);
     EXPECT_EQ(heard(), "rewind Glass,play Glass") << "begins by itself";
+    engine.tell(engine.surroundings.call, Fact::yes);
+    engine.machine.skip();
+    engine.pass(1500s);
+    engine.settings.setAutoStartBreaks(false);
+    engine.tell(engine.surroundings.call, Fact::no);
+    engine.pass(15s);
+    EXPECT_EQ(heard(), "rewind Pop,play Pop,rewind Glass,play Glass") << "waits for the user from now on";
+    engine.settings.setAutoStartBreaks(true);
 
     engine.settings.setSoundEnabled(false);
     engine.machine.skip();

@@ -92,6 +92,8 @@ TEST(BreakOverlayController, DecidesFromTheStateAtDelivery)
         {"waits, reset", {hold, finish, reset}, false},
         {"held, silent", {call, silent, finish}, false},
         {"held, silent, over", {call, silent, finish, hangUp}, true},
+        {"held, then waits, silent", {call, silent, finish, hold, hangUp}, true},
+        {"held, then waits", {call, finish, hold, hangUp}, false},
         {"held, over", {call, finish, hangUp}, true},
         {"held, started", {call, silent, finish, take}, true},
         {"held, skipped, over", {call, finish, skip, hangUp}, false},

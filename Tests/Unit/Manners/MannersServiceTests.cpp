@@ -151,6 +151,8 @@ TEST(MannersService, PausesAFocusPhaseThatNobodySitsAt)
            {"back", {hour, start, wait(5min), rest, wait(20s), touch}, "work paused away 320"},
            {"started from afar", {hour, rest, start, wait(20s)}, "work"},
            {"resumed from afar", {hour, rest, start, pause, wait(9min), resume, wait(20s)}, "work"},
+           {"started from afar, untouched", {hour, rest, start, wait(5min)}, "work paused"},
+           {"other minutes while away", {start, lock, on(awayAfterMinutes, 10), wait(1s)}, "work paused"},
            {"began by itself", {start, skip, rest, wait(300s)}, "work paused"},
            {"locked", {start, lock, wait(20s)}, "work paused"},
            {"unlocked", {start, lock, wait(20s), unlock}, "work paused away 20"},

@@ -74,6 +74,9 @@ QDBusMessage BusFactSource::message(const Place &place, const QString &method, c
 void BusFactSource::ask(const Place &place, const QString &method, const QVariantList &arguments, Answered onAnswer,
                         std::function<void()> onError)
 {
+    // Signals may arrive after the last one who watched has gone.
+    if (!m_questions)
+        return;
     const auto call = m_bus.asyncCall(message(place, method, arguments), static_cast<int>(answerLimit.count()));
     auto *const watcher = new QDBusPendingCallWatcher(call, m_questions.get());
     connect(watcher, &QDBusPendingCallWatcher::finished, this,

@@ -55,11 +55,17 @@ void MutterRest::noteTime(std::chrono::milliseconds idle)
     if (idle < m_rest || m_touchWatch != 0 || std::exchange(m_isTouchWatchComing, true))
         return;
     // The time is asked for again after it is set: a touch in between would not set it off.
-    ask({path, service}, QStringLiteral("AddUserActiveWatch"), {}, [this](const QVariantList &values) {
-        m_isTouchWatchComing = false;
-        m_touchWatch = values.value(0).toUInt();
-        askTime();
-    });
+    ask(
+        {path, service}, QStringLiteral("AddUserActiveWatch"), {},
+        [this](const QVariantList &values) {
+            m_isTouchWatchComing = false;
+            m_touchWatch = values.value(0).toUInt();
+            askTime();
+        },
+        [this] {
+            m_isTouchWatchComing = false;
+            tell(Fact::untold);
+        });
 }
 
 }

@@ -41,7 +41,8 @@ protected:
     /// What is known now; those who watch hear of it where it is another.
     void tell(Fact fact)
     {
-        if (std::exchange(m_fact, fact) == fact)
+        // What comes late is not kept for those who watch next.
+        if (m_watchers.empty() || std::exchange(m_fact, fact) == fact)
             return;
         for (const Watcher &watcher : m_watchers)
             post(watcher, fact);

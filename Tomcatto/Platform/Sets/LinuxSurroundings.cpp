@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <QtCore/QEventLoop>
 #include <QtCore/QStringList>
+#include <QtGui/QGuiApplication>
 
 namespace tomcatto {
 
@@ -29,7 +30,7 @@ struct NamedMaker
 /// An X server that runs within a Wayland compositor knows its own windows and their input alone.
 bool isWayland()
 {
-    return DisplayProbe().isWaylandReachable();
+    return QGuiApplication::platformName().startsWith(QLatin1String("wayland")) || DisplayProbe().isWaylandReachable();
 }
 
 std::vector<NamedMaker> restMakers()

@@ -6,8 +6,8 @@
 namespace tomcatto {
 
 /// Whether the active window of an X server is a full-screen one of another program, as its window manager tells.
-/// While a window of this application is active, the one before it counts: a look at the panel ends no film. Main
-/// thread only.
+/// While a window of this application is active, the one that was seen active before it counts: a look at the panel
+/// ends no film. Main thread only.
 class X11FullScreen final : public SharedFactSource
 {
 private:
