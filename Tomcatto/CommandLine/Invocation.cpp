@@ -260,6 +260,7 @@ private:
         CLI::App *const command = addCommand(m_app, "manners", "When not to come: show it, or change it");
         auto *const json = command->add_flag("--json", m_invocation.isJson, "All as one JSON object");
         std::vector<std::string> names;
+        names.reserve(allManners().size());
         for (const MannersSettings::Key key : allManners())
             names.push_back(MannersSettings::keyText(key).toStdString());
         addWord(*command, "name", "name", "One of them")->check(CLI::IsMember(names))->excludes(json);

@@ -29,6 +29,7 @@ const std::vector<Key> &allManners()
     static const std::vector<Key> all = [] {
         std::vector<Key> keys;
         const QMetaEnum names = QMetaEnum::fromType<Key>();
+        keys.reserve(static_cast<std::size_t>(names.keyCount()));
         for (int place = 0; place < names.keyCount(); ++place)
             keys.push_back(static_cast<Key>(names.value(place)));
         return keys;
