@@ -1,5 +1,7 @@
 #include "CommandLine/ArgumentDomainWords.h"
 
+#include "Timer/SettingsCatalog.h"
+
 namespace tomcatto {
 
 namespace {

@@ -28,7 +28,20 @@ constexpr std::chrono::seconds longestOperation{45};
 // So do the largest files that are imported.
 constexpr std::chrono::minutes longestImport{2};
 
-const QString settingsCommand = QStringLiteral("settings");
+/// How long the application may take for a change.
+std::chrono::milliseconds patienceFor(const QString &command)
+{
+    if (command == QStringLiteral("history"))
+        return longestImport;
+    const bool isShort = command == QStringLiteral("settings") || command == QStringLiteral("manners");
+    return isShort ? std::chrono::milliseconds(patienceMilliseconds) : longestOperation;
+}
+
+/// A text as it is, everything else as JSON writes it.
+std::string valueText(const Json &value)
+{
+    return value.is_string() ? value.get<std::string>() : value.dump();
+}
 
 /// The application has a working folder of its own.
 Json absolutePaths(Json arguments)
@@ -65,31 +78,18 @@ ExitStatus CommandRunner::run(const Invocation &invocation) const
         return report(m_reports.exportSessions(invocation));
     case Invocation::Action::historyList:
         return report(m_reports.list(invocation));
-    case Invocation::Action::historyChange:
-        return changeHistory(invocation);
     case Invocation::Action::historyBackup:
         return report(m_reports.backUp(invocation));
     case Invocation::Action::historyRestore:
         return restoreHistory(invocation);
-    case Invocation::Action::settingsList:
-        return listSettings();
-    case Invocation::Action::settingsGet:
-        return getSetting(invocation);
-    case Invocation::Action::settingsSet:
-        return setSetting(invocation);
-    case Invocation::Action::mannersShow:
-        return showManners(invocation);
-    case Invocation::Action::mannersSet:
-        return report(
-            change({invocation.command, invocation.arguments, false}, std::chrono::milliseconds(patienceMilliseconds)));
+    case Invocation::Action::show:
+        return show(invocation);
     case Invocation::Action::shortcutsList:
         return listShortcuts(invocation);
-    case Invocation::Action::shortcutsChange:
-        return report(change({invocation.command, invocation.arguments, false}, longestOperation));
     case Invocation::Action::videosList:
         return report(VideoList(m_surroundings, m_client, m_files).reply());
-    case Invocation::Action::videosChange:
-        return changeVideos(invocation);
+    case Invocation::Action::change:
+        return change(invocation);
     case Invocation::Action::doctor:
         return Doctor(m_surroundings, m_client).report(invocation.isJson);
     case Invocation::Action::publish:
@@ -167,11 +167,6 @@ ExitStatus CommandRunner::runStatus(const Invocation &invocation) const
     return report(reply);
 }
 
-ExitStatus CommandRunner::changeVideos(const Invocation &invocation) const
-{
-    return report(change({invocation.command, absolutePaths(invocation.arguments), false}, longestOperation));
-}
-
 ExitStatus CommandRunner::downloadVideo(const Invocation &invocation) const
 {
     ProgressBar bar(m_surroundings);
@@ -190,13 +185,15 @@ ExitStatus CommandRunner::downloadVideo(const Invocation &invocation) const
     return report(reply);
 }
 
-ExitStatus CommandRunner::changeHistory(const Invocation &invocation) const
+ExitStatus CommandRunner::change(const Invocation &invocation) const
 {
     Json arguments = absolutePaths(invocation.arguments);
-    arguments["zone"] = m_surroundings.wallClock.calendar().timeZone.id().toStdString();
-    if (!arguments.contains("id"))
-        arguments["id"] = identifierText(m_surroundings.identifiers.next()).toStdString();
-    return report(change({invocation.command, arguments, false}, longestImport));
+    if (invocation.command == QStringLiteral("history")) {
+        arguments["zone"] = m_surroundings.wallClock.calendar().timeZone.id().toStdString();
+        if (!arguments.contains("id"))
+            arguments["id"] = identifierText(m_surroundings.identifiers.next()).toStdString();
+    }
+    return report(change({invocation.command, arguments, false}, patienceFor(invocation.command)));
 }
 
 ExitStatus CommandRunner::restoreHistory(const Invocation &invocation) const
@@ -211,43 +208,16 @@ ExitStatus CommandRunner::restoreHistory(const Invocation &invocation) const
     return report(reply);
 }
 
-ExitStatus CommandRunner::listSettings() const
-{
-    const ControlReply reply = read({settingsCommand, Json::object(), false});
-    if (reply.status != ExitStatus::done || !reply.result.is_object())
-        return report(reply);
-    QStringList lines;
-    for (const auto &[key, value] : reply.result.items())
-        lines << QString::fromStdString(key + ' ' + value.get<std::string>());
-    return print(lines.join(QLatin1Char('\n')));
-}
-
-ExitStatus CommandRunner::getSetting(const Invocation &invocation) const
-{
-    const ControlReply reply =
-        read({settingsCommand, Json{{"key", PomodoroSettings::keyText(invocation.setting->key).toStdString()}}, false});
-    if (reply.status == ExitStatus::done && reply.result.is_string())
-        return print(QString::fromStdString(reply.result.get<std::string>()));
-    return report(reply);
-}
-
-ExitStatus CommandRunner::setSetting(const Invocation &invocation) const
-{
-    const std::string key = PomodoroSettings::keyText(invocation.setting->key).toStdString();
-    const Json arguments{{"key", key}, {"value", invocation.text.toStdString()}};
-    return report(change({settingsCommand, arguments, false}, std::chrono::milliseconds(patienceMilliseconds)));
-}
-
-ExitStatus CommandRunner::showManners(const Invocation &invocation) const
+ExitStatus CommandRunner::show(const Invocation &invocation) const
 {
     const ControlReply reply = read({invocation.command, invocation.arguments, false});
     if (reply.status != ExitStatus::done || reply.result.is_null())
         return report(reply);
     if (invocation.isJson || !reply.result.is_object())
-        return print(QString::fromStdString(reply.result.dump()));
+        return print(QString::fromStdString(valueText(reply.result)));
     QStringList lines;
     for (const auto &[key, value] : reply.result.items())
-        lines << QString::fromStdString(key + ' ' + value.dump());
+        lines << QString::fromStdString(key + ' ' + valueText(value));
     return print(lines.join(QLatin1Char('\n')));
 }
 

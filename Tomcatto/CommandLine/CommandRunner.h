@@ -26,14 +26,10 @@ public:
 private:
     [[nodiscard]] ExitStatus runRemote(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus runStatus(const Invocation &invocation) const;
-    [[nodiscard]] ExitStatus changeVideos(const Invocation &invocation) const;
+    [[nodiscard]] ExitStatus change(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus downloadVideo(const Invocation &invocation) const;
-    [[nodiscard]] ExitStatus changeHistory(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus restoreHistory(const Invocation &invocation) const;
-    [[nodiscard]] ExitStatus listSettings() const;
-    [[nodiscard]] ExitStatus getSetting(const Invocation &invocation) const;
-    [[nodiscard]] ExitStatus setSetting(const Invocation &invocation) const;
-    [[nodiscard]] ExitStatus showManners(const Invocation &invocation) const;
+    [[nodiscard]] ExitStatus show(const Invocation &invocation) const;
     [[nodiscard]] ExitStatus listShortcuts(const Invocation &invocation) const;
     [[nodiscard]] ControlReply read(const ControlRequest &request) const;
     [[nodiscard]] ControlReply change(const ControlRequest &request, std::chrono::milliseconds patience,

@@ -4,6 +4,7 @@
 #include "CommandLine/CommandDescription.h"
 #include "Composition/HistoryCommands.h"
 #include "Manners/MannersCatalog.h"
+#include "Timer/SettingsCatalog.h"
 
 #include <CLI/CLI.hpp>
 
@@ -73,11 +74,21 @@ private:
         command.add_flag("--verbose", m_invocation.isVerbose, "Send everything that is logged to standard error too");
     }
 
-    /// Every command is added by this.
-    CLI::App *addCommand(CLI::App &parent, const char *name, const char *help)
+    /// Every command is added by this. @param action what it asks for, unless its own callback says so
+    CLI::App *addCommand(CLI::App &parent, const char *name, const char *help, std::optional<Action> action = {})
     {
         CLI::App *const command = parent.add_subcommand(name, help);
         addVerbose(*command);
+        if (action)
+            command->callback([this, action = *action] { m_invocation.action = action; });
+        return command;
+    }
+
+    /// A command among those that `parent` groups, which is sent as an action of the command by that name.
+    CLI::App *addAction(CLI::App &parent, const char *name, const char *help, Action action = Action::change)
+    {
+        CLI::App *const command = addCommand(parent, name, help);
+        command->callback([this, group = parent.get_name(), name, action] { chooseAction(group, name, action); });
         return command;
     }
 
@@ -115,13 +126,14 @@ private:
     CLI::App *addRemote(const char *name, const char *help)
     {
         CLI::App *const command = addCommand(m_app, name, help);
-        command->callback([this, name] { chooseRemote(name); });
+        command->callback([this, name] { choose(name, Action::remote); });
         return command;
     }
 
     void addWidget()
     {
-        CLI::App *const command = addCommand(m_app, "widget", "Show the timer in a small window on the desktop");
+        CLI::App *const command =
+            addCommand(m_app, "widget", "Show the timer in a small window on the desktop", Action::widget);
         command
             ->add_option_function<std::string>(
                 "--size",
@@ -130,7 +142,6 @@ private:
                 },
                 "small, medium or large; without, the one it had last")
             ->check(CLI::IsMember({"small", "medium", "large"}));
-        command->callback([this] { m_invocation.action = Action::widget; });
     }
 
     void addStatus()
@@ -161,10 +172,9 @@ private:
 
     void addStats()
     {
-        CLI::App *const command = addCommand(m_app, "stats", "Show the figures of the history");
+        CLI::App *const command = addCommand(m_app, "stats", "Show the figures of the history", Action::stats);
         command->add_flag("--json", m_invocation.isJson, "All figures as one JSON object");
         addRange(*command);
-        command->callback([this] { m_invocation.action = Action::stats; });
     }
 
     void addRange(CLI::App &command)
@@ -181,53 +191,40 @@ private:
 
     void addExport()
     {
-        CLI::App *const command = addCommand(m_app, "export", "Write the history to a file for spreadsheets");
+        CLI::App *const command =
+            addCommand(m_app, "export", "Write the history to a file for spreadsheets", Action::exportSessions);
         addRange(*command);
-        command->add_option("file", m_value, "The file, which is replaced; - for standard output")->required();
-        command->callback([this] {
-            m_invocation.action = Action::exportSessions;
-            m_invocation.text = QString::fromStdString(m_value);
-        });
+        addText(*command, "file", "The file, which is replaced; - for standard output", m_invocation.text);
     }
 
     void addHistory()
     {
         CLI::App *const command = addCommand(m_app, "history", "The phases that ended, and setting them right");
         command->require_subcommand(1);
-        CLI::App *const list = addCommand(*command, "list", "Every phase of a range, newest first");
+        CLI::App *const list =
+            addCommand(*command, "list", "Every phase of a range, newest first", Action::historyList);
         list->add_flag("--json", m_invocation.isJson, "As a JSON array of objects");
         addRange(*list);
-        list->callback([this] { m_invocation.action = Action::historyList; });
+
         CLI::App *const add = addCommand(*command, "add", "Add a focus phase that was forgotten; prints its id");
         addTextArgument(*add, "start", "Its start, a local date and time such as 2026-11-21T09:30");
         addTextArgument(*add, "minutes", "Its length");
         add->callback([this] {
-            if (const auto phase = forgottenPhase(textArgument(m_invocation.arguments, "start"),
-                                                  textArgument(m_invocation.arguments, "minutes"));
-                !phase)
+            const auto phase = forgottenPhase(textArgument(m_invocation.arguments, "start"),
+                                              textArgument(m_invocation.arguments, "minutes"));
+            if (!phase)
                 throw UsageError{phase.error()};
-            chooseChange("history", "add", Action::historyChange);
+            chooseAction("history", "add", Action::change);
         });
-        CLI::App *const remove = addCommand(*command, "remove", "Remove a phase");
-        addTextArgument(*remove, "id", "The phase's id, as the list has it");
-        remove->callback([this] { chooseChange("history", "remove", Action::historyChange); });
-        CLI::App *const take = addCommand(*command, "import", "Add what an exported file has and the history has not");
-        addTextArgument(*take, "path", "The file, as export writes it");
-        take->callback([this] { chooseChange("history", "import", Action::historyChange); });
-        addFileAction(*command, "backup", "Copy the history into a file; a copy that is there is replaced",
-                      Action::historyBackup);
-        addFileAction(*command, "restore", "Put a copy in the place of the history, which is kept beside it",
-                      Action::historyRestore);
-    }
-
-    void addFileAction(CLI::App &parent, const char *name, const char *help, Action action)
-    {
-        CLI::App *const command = addCommand(parent, name, help);
-        command->add_option("file", m_value, "The copy")->required();
-        command->callback([this, action] {
-            m_invocation.action = action;
-            m_invocation.text = QString::fromStdString(m_value);
-        });
+        addTextArgument(*addAction(*command, "remove", "Remove a phase"), "id", "The phase's id, as the list has it");
+        addTextArgument(*addAction(*command, "import", "Add what an exported file has and the history has not"), "path",
+                        "The file, as export writes it");
+        addText(*addCommand(*command, "backup", "Copy the history into a file; a copy that is there is replaced",
+                            Action::historyBackup),
+                "file", "The copy", m_invocation.text);
+        addText(*addCommand(*command, "restore", "Put a copy in the place of the history, which is kept beside it",
+                            Action::historyRestore),
+                "file", "The copy", m_invocation.text);
     }
 
     void addTextArgument(CLI::App &command, const char *name, const char *help = "")
@@ -239,20 +236,31 @@ private:
     {
         CLI::App *const command = addCommand(m_app, "settings", "Show or change the settings");
         command->require_subcommand(1);
-        CLI::App *const list = addCommand(*command, "list", "Every setting and its value");
-        list->callback([this] { m_invocation.action = Action::settingsList; });
+        addCommand(*command, "list", "Every setting and its value")->callback([this] {
+            choose("settings", Action::show);
+        });
         CLI::App *const get = addCommand(*command, "get", "One setting's value");
-        get->add_option("key", m_key, "The setting")->required();
-        get->callback([this] { chooseSetting(Action::settingsGet); });
+        addTextArgument(*get, "key", "The setting");
+        get->callback([this] {
+            choose("settings", Action::show);
+            static_cast<void>(chosenSetting());
+        });
         CLI::App *const set = addCommand(*command, "set", "Change a setting");
-        set->add_option("key", m_key, "The setting")->required();
-        set->add_option("value", m_value, "Durations in seconds, switches as true or false")->required();
+        addTextArgument(*set, "key", "The setting");
+        addTextArgument(*set, "value", "Durations in seconds, switches as true or false");
         set->callback([this] {
-            chooseSetting(Action::settingsSet);
-            m_invocation.text = QString::fromStdString(m_value);
-            if (const auto value = m_invocation.setting->parse(m_invocation.text); !value)
+            choose("settings", Action::change);
+            if (const auto value = chosenSetting().parse(textArgument(m_invocation.arguments, "value")); !value)
                 throw UsageError{value.error()};
         });
+    }
+
+    [[nodiscard]] const SettingDescriptor &chosenSetting() const
+    {
+        const QString key = textArgument(m_invocation.arguments, "key");
+        if (const SettingDescriptor *const setting = findSetting(key))
+            return *setting;
+        throw UsageError{QStringLiteral("Unknown setting \"%1\"; `tomcatto settings list` shows them all").arg(key)};
     }
 
     void addManners()
@@ -270,11 +278,10 @@ private:
 
     void chooseManner()
     {
-        m_invocation.command = QStringLiteral("manners");
-        m_invocation.action = Action::mannersShow;
-        if (!m_invocation.arguments.contains("value"))
+        const bool isChange = m_invocation.arguments.contains("value");
+        choose("manners", isChange ? Action::change : Action::show);
+        if (!isChange)
             return;
-        m_invocation.action = Action::mannersSet;
         const auto key = findManner(textArgument(m_invocation.arguments, "name"));
         const auto value = key ? parsedManner(*key, textArgument(m_invocation.arguments, "value"))
                                : std::unexpected(QStringLiteral("A value needs a name"));
@@ -286,8 +293,7 @@ private:
     {
         CLI::App *const command = addCommand(m_app, "shortcuts", "The keys that drive the timer from any program");
         command->require_subcommand(1);
-        auto *const list = addCommand(*command, "list", "Every action, its keys in words and in symbols");
-        list->callback([this] { chooseChange("shortcuts", "list", Action::shortcutsList); });
+        addAction(*command, "list", "Every action, its keys in words and in symbols", Action::shortcutsList);
         addTextArgument(*addShortcut(*command, "set", "Give an action other keys"), "combination",
                         "Such as control+alt+space, or with symbols");
         addShortcut(*command, "clear", "Take an action's keys away");
@@ -295,11 +301,10 @@ private:
 
     CLI::App *addShortcut(CLI::App &shortcuts, const char *name, const char *help)
     {
-        CLI::App *const command = addCommand(shortcuts, name, help);
+        CLI::App *const command = addAction(shortcuts, name, help);
         addWord(*command, "action", "shortcut", "toggleTimer, skip or extend")
             ->required()
             ->check(CLI::IsMember({"toggleTimer", "skip", "extend"}));
-        command->callback([this, name] { chooseChange("shortcuts", name, Action::shortcutsChange); });
         return command;
     }
 
@@ -307,44 +312,35 @@ private:
     {
         CLI::App *const command = addCommand(m_app, "videos", "The videos of the breaks: your own, and the library's");
         command->require_subcommand(1);
-        CLI::App *const list = addCommand(*command, "list", "Every video: id, selected, seconds, name, file");
-        list->callback([this] { m_invocation.action = Action::videosList; });
-        addVideosAction(*command, "add", "Add a video file", "path");
-        addVideosAction(*command, "remove",
-                        "Take a video of yours out of the list; its file stays. Or remove a downloaded one", "id");
-        addVideosAction(*command, "select", "Play a video on breaks", "id");
-        addVideosAction(*command, "deselect", "Play a video no longer", "id");
-        CLI::App *const refresh = addCommand(*command, "refresh", "Fetch the list of the video library");
-        refresh->callback([this] { chooseChange("videos", "refresh", Action::videosChange); });
-        CLI::App *const download = addCommand(*command, "download", "Download a video of the library for the breaks");
-        addTextArgument(*download, "id");
-        download->callback([this] { chooseChange("videos", "download", Action::videosDownload); });
+        addCommand(*command, "list", "Every video: id, selected, seconds, name, file", Action::videosList);
+        addTextArgument(*addAction(*command, "add", "Add a video file"), "path");
+        addTextArgument(*addAction(*command, "remove",
+                                   "Take a video of yours out of the list; its file stays. Or remove a downloaded one"),
+                        "id");
+        addTextArgument(*addAction(*command, "select", "Play a video on breaks"), "id");
+        addTextArgument(*addAction(*command, "deselect", "Play a video no longer"), "id");
+        addAction(*command, "refresh", "Fetch the list of the video library");
+        addTextArgument(
+            *addAction(*command, "download", "Download a video of the library for the breaks", Action::videosDownload),
+            "id");
         CLI::App *const preview = addCommand(*command, "preview", "Show a break with a video");
         addWord(*preview, "id", "id", "The video's id");
-        preview->callback([this] { chooseRemote("preview"); });
-    }
-
-    void addVideosAction(CLI::App &videos, const char *name, const char *help, const char *argument)
-    {
-        CLI::App *const command = addCommand(videos, name, help);
-        addTextArgument(*command, argument);
-        command->callback([this, name] { chooseChange("videos", name, Action::videosChange); });
+        preview->callback([this] { choose("preview", Action::remote); });
     }
 
     void addDoctor()
     {
-        CLI::App *const command = addCommand(m_app, "doctor", "Look what Tomcatto finds here, and what it lacks");
-        command->add_flag("--json", m_invocation.isJson, "As a JSON array of objects");
-        command->callback([this] { m_invocation.action = Action::doctor; });
+        addCommand(m_app, "doctor", "Look what Tomcatto finds here, and what it lacks", Action::doctor)
+            ->add_flag("--json", m_invocation.isJson, "As a JSON array of objects");
     }
 
     void addPublish()
     {
-        CLI::App *const command = addCommand(m_app, "publish", "Make a video library for a web server out of a folder");
+        CLI::App *const command =
+            addCommand(m_app, "publish", "Make a video library for a web server out of a folder", Action::publish);
         addText(*command, "folder", "The folder with the videos", m_invocation.text);
         addText(*command, "--base-url", "The address that the library will have", m_invocation.baseUrl);
         addText(*command, "--output", "The folder to write it into", m_invocation.output);
-        command->callback([this] { m_invocation.action = Action::publish; });
     }
 
     void addText(CLI::App &command, const char *name, const char *help, QString &into)
@@ -355,26 +351,16 @@ private:
             ->required();
     }
 
-    void chooseChange(const char *command, const char *name, Action action)
+    void chooseAction(const std::string &command, const char *name, Action action)
     {
         m_invocation.arguments["action"] = name;
-        chooseRemote(command);
-        m_invocation.action = action;
+        choose(command, action);
     }
 
-    void chooseRemote(const char *command)
-    {
-        m_invocation.action = Action::remote;
-        m_invocation.command = QString::fromLatin1(command);
-    }
-
-    void chooseSetting(Action action)
+    void choose(const std::string &command, Action action)
     {
         m_invocation.action = action;
-        m_invocation.setting = findSetting(QString::fromStdString(m_key));
-        if (!m_invocation.setting)
-            throw UsageError{QStringLiteral("Unknown setting \"%1\"; `tomcatto settings list` shows them all")
-                                 .arg(QString::fromStdString(m_key))};
+        m_invocation.command = QString::fromStdString(command);
     }
 
     QString printed() const
@@ -385,8 +371,6 @@ private:
 
     Invocation &m_invocation;
     CLI::App m_app{"Tomcatto, a focus timer", "tomcatto"};
-    std::string m_key;
-    std::string m_value;
 };
 
 }

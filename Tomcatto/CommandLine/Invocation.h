@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Control/TimerStatus.h"
+#include "Platform/Ports/UserDefaults.h"
 #include "Statistics/StatsRange.h"
-#include "Timer/SettingsCatalog.h"
 
 #include <map>
 
@@ -23,23 +23,15 @@ struct Invocation
         /// Write the phases of `range` to the file `text`, or to standard output where that is "-".
         exportSessions,
         historyList,
-        /// One of those that change the history.
-        historyChange,
         /// Copy the history into the file `text`, or put that copy in its place.
         historyBackup,
         historyRestore,
-        settingsList,
-        settingsGet,
-        settingsSet,
-        /// Print the manners, or the one of the arguments.
-        mannersShow,
-        mannersSet,
+        /// Print all values that the command knows, or the one of the arguments.
+        show,
         shortcutsList,
-        /// One of those that change the shortcuts.
-        shortcutsChange,
         videosList,
-        /// One of those that change the videos.
-        videosChange,
+        /// One of the commands that change something, whether the application runs or not.
+        change,
         /// Tell what the application stands on.
         doctor,
         /// Make a library of the folder `text`.
@@ -78,8 +70,6 @@ struct Invocation
     bool isJson = false;
     StatsRange range = StatsRange::today;
 
-    /// The setting to get or set, and the text to set it to, already checked.
-    const SettingDescriptor *setting = nullptr;
     QString text;
 };
 
