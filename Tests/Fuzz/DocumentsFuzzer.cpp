@@ -57,7 +57,7 @@ void readStrings(const QByteArray &text)
     require(file.isOpen() || file.open());
     require(file.resize(0) && file.seek(0) && file.write(text) == text.size() && file.flush());
     const auto table = readStringsTable(file.fileName());
-    require(!table || !table->contains(QStringLiteral("\"")));
+    require(!table || !table->text(QStringLiteral("\"")));
 }
 
 std::function<void(const QByteArray &)> reader;

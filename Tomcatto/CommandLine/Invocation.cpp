@@ -6,6 +6,7 @@
 #include "Manners/MannersCatalog.h"
 #include "Timer/SettingsCatalog.h"
 
+#include <algorithm>
 #include <CLI/CLI.hpp>
 
 namespace tomcatto {
@@ -373,6 +374,20 @@ private:
     CLI::App m_app{"Tomcatto, a focus timer", "tomcatto"};
 };
 
+/// Whether the words start the application, which is read without the grammar: a hidden application would keep what
+/// that leaves behind.
+bool isPlainStart(const QStringList &words, Invocation &invocation)
+{
+    const std::map<QString, bool *> flags{{QStringLiteral("--terminal"), &invocation.isTerminal},
+                                          {QStringLiteral("--background"), &invocation.isBackground},
+                                          {QStringLiteral("--ui-test"), &invocation.isUiTest},
+                                          {QStringLiteral("--verbose"), &invocation.isVerbose}};
+    return std::ranges::all_of(words, [&flags](const QString &word) {
+        const auto flag = flags.find(word);
+        return flag != flags.end() && (*flag->second = true);
+    });
+}
+
 }
 
 CommandDescription describeCommandLine()
@@ -387,6 +402,8 @@ std::expected<Invocation, QString> parseCommandLine(const QStringList &words)
     const auto rest = takeArgumentDomain(words, invocation);
     if (!rest)
         return std::unexpected(rest.error());
+    if (isPlainStart(*rest, invocation))
+        return invocation;
     Grammar grammar(invocation);
     if (const auto parsed = grammar.parse(*rest); !parsed)
         return std::unexpected(parsed.error());

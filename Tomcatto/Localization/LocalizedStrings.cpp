@@ -28,11 +28,10 @@ LocalizedStrings::LocalizedStrings(const LanguageOverrideService &service, QStri
 QString LocalizedStrings::text(const QString &key) const
 {
     const SelectedLanguage current = language();
-    const StringsTable &texts = table(current);
-    if (const auto found = texts.constFind(key); found != texts.cend())
-        return *found;
+    if (const auto text = table(current).text(key))
+        return *text;
     reportMissing(key, current);
-    return table(SelectedLanguage::en).value(key, key);
+    return table(SelectedLanguage::en).text(key).value_or(key);
 }
 
 QString LocalizedStrings::formatList(const QString &key, const QStringList &arguments) const

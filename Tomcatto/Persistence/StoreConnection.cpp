@@ -18,6 +18,13 @@ constexpr const char *connectionSettings = "PRAGMA synchronous = FULL;"
                                            "PRAGMA cache_size = -1024;"
                                            "PRAGMA journal_size_limit = 4194304;";
 
+/// Has pages of the cache allocated one by one: 20 at a time for each connection, as is usual, would be more than a
+/// hidden application ever uses. Before the first connection of the process; any thread.
+void allocateSinglePages()
+{
+    [[maybe_unused]] static const int isSet = sqlite3_config(SQLITE_CONFIG_PAGECACHE, nullptr, 0, 0);
+}
+
 struct Binder
 {
     SQLite::Statement &statement;
@@ -102,6 +109,7 @@ template<typename Action>
 auto StoreConnection::withDatabase(Action action) -> StoreResult<decltype(action(std::declval<SQLite::Database &>()))>
 {
     if (!m_database) {
+        allocateSinglePages();
         if (const auto opened = open(); !opened)
             return std::unexpected(opened.error());
     }

@@ -31,15 +31,17 @@ QString argumentsOf(const QString &text)
 TEST(TextTables, AllLanguagesSayTheSame)
 {
     const StringsTable english = shippedTable(SelectedLanguage::en);
-    ASSERT_GT(english.size(), 400);
+    const QStringList keys = english.keys();
+    ASSERT_GT(keys.size(), 400);
     for (const SelectedLanguage language : allLanguages) {
         const StringsTable table = language == SelectedLanguage::system ? english : shippedTable(language);
-        EXPECT_EQ(table.size(), english.size()) << qPrintable(rawValue(language));
-        for (const auto &[key, text] : english.asKeyValueRange()) {
-            const QString other = table.value(key);
+        EXPECT_EQ(table.keys().size(), keys.size()) << qPrintable(rawValue(language));
+        for (const QString &key : keys) {
+            const QString text = english.text(key).value_or(QString());
+            const QString other = table.text(key).value_or(QString());
             EXPECT_FALSE(other.trimmed().isEmpty()) << qPrintable(rawValue(language) + u' ' + key);
             EXPECT_EQ(argumentsOf(other), argumentsOf(text)) << qPrintable(rawValue(language) + u' ' + key);
-            EXPECT_TRUE(!key.endsWith(u".one"_s) || table.contains(key.chopped(3) + u"other"_s)) << qPrintable(key);
+            EXPECT_TRUE(!key.endsWith(u".one"_s) || table.text(key.chopped(3) + u"other"_s)) << qPrintable(key);
         }
     }
 }
