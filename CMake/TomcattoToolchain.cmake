@@ -39,4 +39,22 @@ endif()
 if(CMAKE_BUILD_TYPE STREQUAL "Release")
     add_compile_options(-ffunction-sections -fdata-sections -Wno-null-dereference)
     add_link_options(-Wl,--gc-sections -Wl,--as-needed)
+    include(CheckLinkerFlag)
+    # What the loader adjusts is listed in a tenth of the pages.
+    check_linker_flag(CXX -Wl,-z,pack-relative-relocs TOMCATTO_PACKS_RELOCATIONS)
+    if(TOMCATTO_PACKS_RELOCATIONS)
+        add_link_options(-Wl,-z,pack-relative-relocs)
+    endif()
+    # GNU ld reads it; with another linker the programs are larger in memory.
+    set(TOMCATTO_START_ORDER "${CMAKE_CURRENT_LIST_DIR}/StartOrder.ld")
+    check_linker_flag(CXX "-Wl,-T,${TOMCATTO_START_ORDER}" TOMCATTO_ORDERS_FUNCTIONS)
 endif()
+
+# tomcatto_order_functions(TARGET): what a hidden program runs lies together. The kernel maps 64 KiB around each page that
+# is used, so a few functions everywhere would have all of the code in memory.
+function(tomcatto_order_functions target)
+    if(TOMCATTO_ORDERS_FUNCTIONS)
+        target_link_options(${target} PRIVATE "-Wl,-T,${TOMCATTO_START_ORDER}")
+        set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${TOMCATTO_START_ORDER}")
+    endif()
+endfunction()
