@@ -1,6 +1,24 @@
 #include "Control/TimerStatus.h"
 
+#include "Control/ControlMessage.h"
+#include "Foundation/JsonFields.h"
+
 namespace tomcatto {
+
+/// All but the phase and the reason, which stand before and after them as texts of their own.
+static constexpr auto jsonFields(const TimerStatus *)
+{
+    using Status = TimerStatus;
+    return std::tuple(
+        std::pair("isPaused", &Status::isPaused), std::pair("isPending", &Status::isPending),
+        std::pair("isOverflowing", &Status::isOverflowing), std::pair("remainingSeconds", &Status::remainingSeconds),
+        std::pair("overflowSeconds", &Status::overflowSeconds), std::pair("plannedSeconds", &Status::plannedSeconds),
+        std::pair("cycleIndex", &Status::cycleIndex), std::pair("cyclesPerSet", &Status::cyclesPerSet),
+        std::pair("phaseToken", &Status::phaseToken), std::pair("title", &Status::title),
+        std::pair("todayCompleted", &Status::todayCompleted),
+        std::pair("todayFocusMinutes", &Status::todayFocusMinutes), std::pair("dailyGoal", &Status::dailyGoal),
+        std::pair("streak", &Status::streak));
+}
 
 namespace {
 
@@ -56,22 +74,8 @@ QString waybarLine(const TimerStatus &status)
 
 Json toJson(const TimerStatus &status)
 {
-    Json object;
-    object["phase"] = rawValue(status.phase).toStdString();
-    object["isPaused"] = status.isPaused;
-    object["isPending"] = status.isPending;
-    object["isOverflowing"] = status.isOverflowing;
-    object["remainingSeconds"] = status.remainingSeconds;
-    object["overflowSeconds"] = status.overflowSeconds;
-    object["plannedSeconds"] = status.plannedSeconds;
-    object["cycleIndex"] = status.cycleIndex;
-    object["cyclesPerSet"] = status.cyclesPerSet;
-    object["phaseToken"] = status.phaseToken.toStdString();
-    object["title"] = status.title.toStdString();
-    object["todayCompleted"] = status.todayCompleted;
-    object["todayFocusMinutes"] = status.todayFocusMinutes;
-    object["dailyGoal"] = status.dailyGoal;
-    object["streak"] = status.streak;
+    Json object{{"phase", rawValue(status.phase).toStdString()}};
+    addJsonFields(object, status);
     object["heldBy"] = status.heldBy ? Json(textOf(holdReasonTexts, *status.heldBy).toStdString()) : Json();
     return object;
 }
@@ -79,32 +83,19 @@ Json toJson(const TimerStatus &status)
 std::expected<TimerStatus, QString> timerStatusFromJson(const Json &object)
 {
     try {
-        const auto phase = phaseFromRawValue(QString::fromStdString(object.at("phase").get<std::string>()));
+        QString phaseText;
+        readJsonField(object, "phase", phaseText);
+        const auto phase = phaseFromRawValue(phaseText);
         if (!phase)
             return std::unexpected(QStringLiteral("Tomcatto's status has an unknown phase"));
         TimerStatus status;
         status.phase = *phase;
-        status.isPaused = object.at("isPaused").get<bool>();
-        status.isPending = object.at("isPending").get<bool>();
-        status.isOverflowing = object.at("isOverflowing").get<bool>();
-        status.remainingSeconds = object.at("remainingSeconds").get<qint64>();
-        status.overflowSeconds = object.at("overflowSeconds").get<qint64>();
-        status.plannedSeconds = object.at("plannedSeconds").get<qint64>();
-        status.cycleIndex = object.at("cycleIndex").get<qint64>();
-        status.cyclesPerSet = object.at("cyclesPerSet").get<qint64>();
-        status.phaseToken = QString::fromStdString(object.at("phaseToken").get<std::string>());
-        status.title = QString::fromStdString(object.at("title").get<std::string>());
-        status.todayCompleted = object.at("todayCompleted").get<qint64>();
-        status.todayFocusMinutes = object.at("todayFocusMinutes").get<qint64>();
-        status.dailyGoal = object.at("dailyGoal").get<qint64>();
-        status.streak = object.at("streak").get<qint64>();
+        readJson(object, status);
         // An application of a later version may know other reasons.
-        if (const auto heldBy = object.find("heldBy"); heldBy != object.end() && heldBy->is_string())
-            status.heldBy = caseOf<HoldReason>(holdReasonTexts, QString::fromStdString(heldBy->get<std::string>()));
+        status.heldBy = caseOf<HoldReason>(holdReasonTexts, textArgument(object, "heldBy"));
         return status;
-    } catch (const Json::exception &exception) {
-        return std::unexpected(QStringLiteral("Tomcatto's status cannot be read: ") +
-                               QString::fromUtf8(exception.what()));
+    } catch (const JsonFieldError &error) {
+        return std::unexpected(QStringLiteral("Tomcatto's status cannot be read: ") + QString::fromUtf8(error.what()));
     }
 }
 

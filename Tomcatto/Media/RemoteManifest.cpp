@@ -1,160 +1,56 @@
 #include "Media/RemoteManifest.h"
 
-#include <algorithm>
-#include <array>
-#include <nlohmann/json.hpp>
-#include <stdexcept>
-#include <string_view>
-#include <utility>
+#include "Foundation/JsonFields.h"
 
 namespace tomcatto {
+
+static constexpr auto jsonFields(const RemoteLoopInfo *)
+{
+    using Loop = RemoteLoopInfo;
+    return std::tuple(std::pair("mode", &Loop::mode), std::pair("crossfadeSec", &Loop::crossfadeSec),
+                      std::pair("detection", &Loop::detection), std::pair("seamSSIM", &Loop::seamSSIM),
+                      std::pair("confidence", &Loop::confidence), std::pair("fps", &Loop::fps));
+}
+
+static constexpr auto jsonFields(const RemoteVideoAsset *)
+{
+    using Asset = RemoteVideoAsset;
+    return std::tuple(std::pair("url", &Asset::url), std::pair("sizeBytes", &Asset::sizeBytes),
+                      std::pair("durationSec", &Asset::durationSec), std::pair("width", &Asset::width),
+                      std::pair("height", &Asset::height), std::pair("codec", &Asset::codec),
+                      std::pair("loop", &Asset::loop));
+}
+
+static constexpr auto jsonFields(const RemoteThumbnailAsset *)
+{
+    using Asset = RemoteThumbnailAsset;
+    return std::tuple(std::pair("url", &Asset::url), std::pair("sizeBytes", &Asset::sizeBytes),
+                      std::pair("width", &Asset::width), std::pair("fps", &Asset::fps),
+                      std::pair("durationSec", &Asset::durationSec));
+}
+
+static constexpr auto jsonFields(const RemoteVideoEntry *)
+{
+    using Entry = RemoteVideoEntry;
+    return std::tuple(std::pair("id", &Entry::id), std::pair("slug", &Entry::slug), std::pair("title", &Entry::title),
+                      std::pair("video", &Entry::video), std::pair("thumbnail", &Entry::thumbnail),
+                      std::pair("sourceHash", &Entry::sourceHash));
+}
+
+/// Without the videos, which are read and written one by one.
+static constexpr auto jsonFields(const RemoteManifest *)
+{
+    return std::tuple(std::pair("version", &RemoteManifest::version),
+                      std::pair("generatedAt", &RemoteManifest::generatedAt));
+}
 
 namespace {
 
 using Json = nlohmann::ordered_json;
 
-/// For `decodedManifest` to catch.
-struct DecodingError : std::runtime_error
-{
-    using std::runtime_error::runtime_error;
-};
-
-[[noreturn]] void refuse(const char *name)
-{
-    throw DecodingError(std::string("\"") + name + "\" is missing or of another type");
-}
-
 QByteArray text(const Json &json)
 {
     return QByteArray::fromStdString(json.dump(-1, ' ', false, Json::error_handler_t::replace));
-}
-
-void read(const Json &value, const char *name, QString &into)
-{
-    if (!value.is_string())
-        refuse(name);
-    into = QString::fromStdString(value.get_ref<const std::string &>());
-}
-
-void read(const Json &value, const char *name, qint64 &into)
-{
-    // A greater one would come back negative.
-    const bool fits =
-        value.is_number_integer() && (!value.is_number_unsigned() || std::in_range<qint64>(value.get<std::uint64_t>()));
-    into = fits ? value.get<qint64>() : (refuse(name), 0);
-}
-
-void read(const Json &value, const char *name, double &into)
-{
-    into = value.is_number() ? value.get<double>() : (refuse(name), 0);
-}
-
-template<typename T>
-void take(const Json &object, const char *name, T &into)
-{
-    const auto found = object.find(name);
-    read(found != object.end() ? *found : (refuse(name), *found), name, into);
-}
-
-template<typename T>
-void take(const Json &object, const char *name, std::optional<T> &into)
-{
-    if (const auto found = object.find(name); found != object.end() && !found->is_null())
-        read(*found, name, into.emplace());
-}
-
-const Json &objectIn(const Json &object, const char *name)
-{
-    const auto found = object.find(name);
-    if (found == object.end() || !found->is_object())
-        refuse(name);
-    return *found;
-}
-
-Json toJson(const RemoteLoopInfo &loop)
-{
-    Json object{{"mode", loop.mode.toStdString()}, {"crossfadeSec", loop.crossfadeSec}};
-    if (loop.detection)
-        object["detection"] = loop.detection->toStdString();
-    if (loop.seamSSIM)
-        object["seamSSIM"] = *loop.seamSSIM;
-    if (loop.confidence)
-        object["confidence"] = loop.confidence->toStdString();
-    if (loop.fps)
-        object["fps"] = *loop.fps;
-    return object;
-}
-
-Json toJson(const RemoteVideoEntry &entry)
-{
-    const RemoteVideoAsset &video = entry.video;
-    const RemoteThumbnailAsset &thumbnail = entry.thumbnail;
-    return {{"id", entry.id.toStdString()},
-            {"slug", entry.slug.toStdString()},
-            {"title", entry.title.toStdString()},
-            {"video",
-             {{"url", video.url.toStdString()},
-              {"sizeBytes", video.sizeBytes},
-              {"durationSec", video.durationSec},
-              {"width", video.width},
-              {"height", video.height},
-              {"codec", video.codec.toStdString()},
-              {"loop", toJson(video.loop)}}},
-            {"thumbnail",
-             {{"url", thumbnail.url.toStdString()},
-              {"sizeBytes", thumbnail.sizeBytes},
-              {"width", thumbnail.width},
-              {"fps", thumbnail.fps},
-              {"durationSec", thumbnail.durationSec}}},
-            {"sourceHash", entry.sourceHash.toStdString()}};
-}
-
-RemoteLoopInfo loopOf(const Json &object)
-{
-    RemoteLoopInfo loop;
-    take(object, "mode", loop.mode);
-    take(object, "crossfadeSec", loop.crossfadeSec);
-    take(object, "detection", loop.detection);
-    take(object, "seamSSIM", loop.seamSSIM);
-    take(object, "confidence", loop.confidence);
-    take(object, "fps", loop.fps);
-    return loop;
-}
-
-RemoteVideoAsset videoOf(const Json &object)
-{
-    RemoteVideoAsset video;
-    take(object, "url", video.url);
-    take(object, "sizeBytes", video.sizeBytes);
-    take(object, "durationSec", video.durationSec);
-    take(object, "width", video.width);
-    take(object, "height", video.height);
-    take(object, "codec", video.codec);
-    video.loop = loopOf(objectIn(object, "loop"));
-    return video;
-}
-
-RemoteThumbnailAsset thumbnailOf(const Json &object)
-{
-    RemoteThumbnailAsset thumbnail;
-    take(object, "url", thumbnail.url);
-    take(object, "sizeBytes", thumbnail.sizeBytes);
-    take(object, "width", thumbnail.width);
-    take(object, "fps", thumbnail.fps);
-    take(object, "durationSec", thumbnail.durationSec);
-    return thumbnail;
-}
-
-RemoteVideoEntry entryOf(const Json &object)
-{
-    RemoteVideoEntry entry;
-    take(object, "id", entry.id);
-    take(object, "slug", entry.slug);
-    take(object, "title", entry.title);
-    entry.video = videoOf(objectIn(object, "video"));
-    entry.thumbnail = thumbnailOf(objectIn(object, "thumbnail"));
-    take(object, "sourceHash", entry.sourceHash);
-    return entry;
 }
 
 /// Follows the parser through a document, takes each video as soon as it is whole, and keeps nothing else in memory
@@ -168,10 +64,8 @@ public:
             Json::parse(json.begin(), json.end(), [this](int depth, Json::parse_event_t event, Json &parsed) {
                 return isWanted(depth, event, parsed);
             });
-        if (!top.is_object() || !m_hasVideos)
-            refuse("videos");
-        take(top, "version", m_manifest.version);
-        take(top, "generatedAt", m_manifest.generatedAt);
+        if (!readJson(top, m_manifest) || !m_hasVideos)
+            throw JsonFieldError("videos");
         return std::move(m_manifest);
     }
 
@@ -180,23 +74,25 @@ private:
     // and those of the loop 5.
     static bool isKnown(int depth, std::string_view key)
     {
-        using Keys = std::vector<std::string_view>;
-        static const std::array<Keys, 6> levels{
-            Keys{},
-            Keys{"version", "generatedAt", "videos"},
-            Keys{},
-            Keys{"id", "slug", "title", "video", "thumbnail", "sourceHash"},
-            Keys{"url", "sizeBytes", "durationSec", "width", "height", "codec", "loop", "fps"},
-            Keys{"mode", "crossfadeSec", "detection", "seamSSIM", "confidence", "fps"}};
-        const auto level = static_cast<std::size_t>(depth);
-        return level < levels.size() && std::ranges::find(levels.at(level), key) != levels.at(level).end();
+        switch (depth) {
+        case 1:
+            return key == "videos" || hasJsonField<RemoteManifest>(key);
+        case 3:
+            return hasJsonField<RemoteVideoEntry>(key);
+        case 4:
+            return hasJsonField<RemoteVideoAsset>(key) || hasJsonField<RemoteThumbnailAsset>(key);
+        case 5:
+            return hasJsonField<RemoteLoopInfo>(key);
+        default:
+            return false;
+        }
     }
 
     bool isWanted(int depth, Json::parse_event_t event, Json &parsed)
     {
         constexpr int deepest = 64;
         if (depth > deepest)
-            throw DecodingError("it is nested too deeply");
+            throw std::runtime_error("it is nested too deeply");
         if (m_skipped && depth > *m_skipped)
             return false;
         m_skipped.reset();
@@ -211,7 +107,7 @@ private:
             return depth == 2 ? takeEntry(parsed) : true;
         case Json::parse_event_t::value:
             if (depth == 2)
-                refuse("videos");
+                throw JsonFieldError("videos");
             return true;
         case Json::parse_event_t::array_end:
             return true;
@@ -228,7 +124,7 @@ private:
         const bool isVideos = depth == 1 && m_key == "videos";
         // Lists only there, and objects where there are fields to come.
         if (isArray != isVideos || (!isArray && (depth == 1 || depth > 4)))
-            refuse(m_key.c_str());
+            throw JsonFieldError(m_key.c_str());
         if (isVideos) {
             m_manifest.videos.clear();
             m_hasVideos = true;
@@ -238,7 +134,7 @@ private:
 
     bool takeEntry(const Json &object)
     {
-        m_manifest.videos.push_back(entryOf(object));
+        readJson(object, m_manifest.videos.emplace_back());
         // The next video has no key.
         m_isWantedKey = true;
         return false;
@@ -258,9 +154,9 @@ QByteArray encoded(const RemoteManifest &manifest)
 {
     // One by one: a tree of everything would take many times the memory of its text.
     QByteArray document = "{\"version\":" + QByteArray::number(manifest.version) +
-                          ",\"generatedAt\":" + text(Json(manifest.generatedAt.toStdString())) + ",\"videos\":[";
+                          ",\"generatedAt\":" + text(jsonValue(manifest.generatedAt)) + ",\"videos\":[";
     for (bool isFirst = true; const RemoteVideoEntry &entry : manifest.videos)
-        document += (std::exchange(isFirst, false) ? "\n" : ",\n") + text(toJson(entry));
+        document += (std::exchange(isFirst, false) ? "\n" : ",\n") + text(jsonValue(entry));
     return document + "\n]}\n";
 }
 

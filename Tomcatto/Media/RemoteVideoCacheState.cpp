@@ -1,50 +1,25 @@
 #include "Media/RemoteVideoCacheState.h"
 
+#include "Foundation/JsonFields.h"
 #include "Media/RemoteTrust.h"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 
 namespace tomcatto {
+
+static constexpr auto jsonFields(const RemoteVideoCacheEntry *)
+{
+    using Entry = RemoteVideoCacheEntry;
+    return std::tuple(std::pair("sourceHash", &Entry::sourceHash), std::pair("downloadedAt", &Entry::downloadedAt),
+                      std::pair("sizeBytes", &Entry::sizeBytes), std::pair("lastPlayedAt", &Entry::lastPlayedAt),
+                      std::pair("userSelected", &Entry::userSelected));
+}
 
 namespace {
 
 using Json = nlohmann::ordered_json;
 // Looks a name up fast, however many there are.
 using SortedJson = nlohmann::json;
-
-/// Throws where a field is missing or of another type, for `decodedCacheState` to catch.
-template<typename T>
-T member(const SortedJson &entry, const char *name)
-{
-    const SortedJson &value = entry.at(name);
-    bool isRight = value.is_string();
-    if constexpr (std::is_same_v<T, bool>)
-        isRight = value.is_boolean();
-    else if constexpr (std::is_same_v<T, qint64>)
-        isRight = value.is_number_integer();
-    return isRight ? value.get<T>() : throw std::invalid_argument(name);
-}
-
-Date dateOf(const SortedJson &entry, const char *name)
-{
-    const auto text = QString::fromStdString(member<std::string>(entry, name));
-    const QDateTime instant = QDateTime::fromString(text, Qt::ISODate);
-    return instant.isValid() ? toDate(instant) : throw std::invalid_argument(name);
-}
-
-RemoteVideoCacheEntry entryOf(const SortedJson &object)
-{
-    RemoteVideoCacheEntry entry;
-    entry.sourceHash = QString::fromStdString(member<std::string>(object, "sourceHash"));
-    entry.downloadedAt = dateOf(object, "downloadedAt");
-    // Nothing that was downloaded is larger, and their sum is to be a number.
-    entry.sizeBytes = std::clamp(member<qint64>(object, "sizeBytes"), qint64{0}, largestRemoteVideo);
-    if (object.contains("lastPlayedAt") && !object.at("lastPlayedAt").is_null())
-        entry.lastPlayedAt = dateOf(object, "lastPlayedAt");
-    entry.userSelected = member<bool>(object, "userSelected");
-    return entry;
-}
 
 qint64 sizeOf(const RemoteVideoCacheState &state)
 {
@@ -87,15 +62,8 @@ std::vector<QString> beyondBudget(RemoteVideoCacheState state, qint64 budget)
 QByteArray encoded(const RemoteVideoCacheState &state)
 {
     Json entries = Json::object();
-    for (const auto &[id, entry] : state.entries) {
-        Json &object = entries[id.toStdString()];
-        object["sourceHash"] = entry.sourceHash.toStdString();
-        object["downloadedAt"] = toIso8601(entry.downloadedAt).toStdString();
-        object["sizeBytes"] = entry.sizeBytes;
-        if (entry.lastPlayedAt)
-            object["lastPlayedAt"] = toIso8601(*entry.lastPlayedAt).toStdString();
-        object["userSelected"] = entry.userSelected;
-    }
+    for (const auto &[id, entry] : state.entries)
+        entries[id.toStdString()] = jsonValue(entry);
     return QByteArray::fromStdString(
         Json{{"entries", std::move(entries)}}.dump(-1, ' ', false, Json::error_handler_t::replace));
 }
@@ -107,8 +75,13 @@ std::expected<RemoteVideoCacheState, QString> decodedCacheState(const QByteArray
         RemoteVideoCacheState state;
         for (const auto &[key, value] : object.at("entries").items()) {
             const QString id = QString::fromStdString(key);
-            if (isPlainFileName(id))
-                state.entries.emplace(id, entryOf(value));
+            if (!isPlainFileName(id))
+                continue;
+            RemoteVideoCacheEntry &entry = state.entries[id];
+            if (!readJson(value, entry))
+                throw JsonFieldError(key.c_str());
+            // Nothing that was downloaded is larger, and their sum is to be a number.
+            entry.sizeBytes = std::clamp(entry.sizeBytes, qint64{0}, largestRemoteVideo);
         }
         return state;
     } catch (const std::exception &error) {

@@ -1,7 +1,6 @@
 #include "Recording/InFlightSessionMarker.h"
 
-#include <nlohmann/json.hpp>
-#include <utility>
+#include "Foundation/JsonFields.h"
 
 namespace tomcatto {
 
@@ -15,34 +14,21 @@ void put(Json &object, const char *key, const std::optional<Date> &date)
         object[key] = secondsSince1970(*date);
 }
 
-/// Whether the value is a whole number of 64 bits with a sign; greater ones would come back negative.
-bool isWholeNumber(const Json &value)
+void take(const Json &object, const char *key, std::optional<Date> &date)
 {
-    return value.is_number_integer() &&
-           (!value.is_number_unsigned() || std::in_range<qint64>(value.get<std::uint64_t>()));
-}
-
-/// Takes an optional field; false where it is there with another type. A null counts as absent.
-bool take(const Json &object, const char *key, std::optional<Date> &date)
-{
-    const auto found = object.find(key);
-    if (found == object.end() || found->is_null())
-        return true;
-    if (!found->is_number())
-        return false;
-    date = dateFromSeconds(found->get<double>());
-    return true;
+    std::optional<double> seconds;
+    readJsonField(object, key, seconds);
+    date = seconds ? std::optional(dateFromSeconds(*seconds)) : std::nullopt;
 }
 
 }
 
 QByteArray encoded(const InFlightSessionMarker &marker)
 {
-    Json object;
-    object["phase"] = marker.phase.toStdString();
-    object["startedAt"] = secondsSince1970(marker.startedAt);
-    object["plannedDurationSeconds"] = marker.plannedDurationSeconds;
-    object["cycleIndex"] = marker.cycleIndex;
+    Json object{{"phase", marker.phase.toStdString()},
+                {"startedAt", secondsSince1970(marker.startedAt)},
+                {"plannedDurationSeconds", marker.plannedDurationSeconds},
+                {"cycleIndex", marker.cycleIndex}};
     if (marker.pausedSeconds)
         object["pausedSeconds"] = *marker.pausedSeconds;
     put(object, "pausedAt", marker.pausedAt);
@@ -54,25 +40,22 @@ QByteArray encoded(const InFlightSessionMarker &marker)
 std::optional<InFlightSessionMarker> decodedMarker(const QByteArray &json)
 {
     const Json object = Json::parse(json.begin(), json.end(), nullptr, false);
-    if (!object.is_object() || !object.contains("phase") || !object["phase"].is_string() ||
-        !object.contains("startedAt") || !object["startedAt"].is_number() ||
-        !object.contains("plannedDurationSeconds") || !isWholeNumber(object["plannedDurationSeconds"]) ||
-        !object.contains("cycleIndex") || !isWholeNumber(object["cycleIndex"]))
+    try {
+        InFlightSessionMarker marker;
+        double startedAt = 0;
+        readJsonField(object, "phase", marker.phase);
+        readJsonField(object, "startedAt", startedAt);
+        readJsonField(object, "plannedDurationSeconds", marker.plannedDurationSeconds);
+        readJsonField(object, "cycleIndex", marker.cycleIndex);
+        readJsonField(object, "pausedSeconds", marker.pausedSeconds);
+        take(object, "pausedAt", marker.pausedAt);
+        take(object, "reachedPlanAt", marker.reachedPlanAt);
+        take(object, "lastActiveAt", marker.lastActiveAt);
+        marker.startedAt = dateFromSeconds(startedAt);
+        return marker;
+    } catch (const JsonFieldError &) {
         return std::nullopt;
-    InFlightSessionMarker marker;
-    marker.phase = QString::fromStdString(object["phase"].get<std::string>());
-    marker.startedAt = dateFromSeconds(object["startedAt"].get<double>());
-    marker.plannedDurationSeconds = object["plannedDurationSeconds"].get<qint64>();
-    marker.cycleIndex = object["cycleIndex"].get<qint64>();
-    if (const auto paused = object.find("pausedSeconds"); paused != object.end() && !paused->is_null()) {
-        if (!isWholeNumber(*paused))
-            return std::nullopt;
-        marker.pausedSeconds = paused->get<qint64>();
     }
-    if (!take(object, "pausedAt", marker.pausedAt) || !take(object, "reachedPlanAt", marker.reachedPlanAt) ||
-        !take(object, "lastActiveAt", marker.lastActiveAt))
-        return std::nullopt;
-    return marker;
 }
 
 }

@@ -1,115 +1,54 @@
 #include "Widget/SharedJSON.h"
 
-#include <nlohmann/json.hpp>
-#include <stdexcept>
+#include "Foundation/JsonFields.h"
 
-namespace tomcatto::SharedJSON {
-
-namespace {
+namespace tomcatto {
 
 using Json = nlohmann::ordered_json;
 
-Json toJson(WidgetPhase phase)
+static Json jsonValue(WidgetPhase phase)
 {
     return rawValue(phase).toStdString();
 }
 
-Json toJson(Date date)
+static bool readJson(const Json &json, WidgetPhase &into)
 {
-    return toIso8601(date).toStdString();
+    QString text;
+    const auto phase = readJson(json, text) ? widgetPhaseFromRawValue(text) : std::nullopt;
+    into = phase.value_or(WidgetPhase::idle);
+    return phase.has_value();
 }
 
-/// A member of the object; throws where it is missing or of another type, for `decode` to catch.
-template<typename T>
-T member(const Json &object, const char *name)
+static constexpr auto jsonFields(const WidgetSnapshot *)
 {
-    const auto found = object.find(name);
-    bool isRight = found != object.end();
-    if constexpr (std::is_same_v<T, bool>)
-        isRight = isRight && found->is_boolean();
-    else if constexpr (std::is_same_v<T, qint64>)
-        isRight = isRight && found->is_number_integer();
-    else
-        isRight = isRight && found->is_string();
-    if (!isRight)
-        throw std::invalid_argument(name);
-    return found->template get<T>();
+    using Snapshot = WidgetSnapshot;
+    return std::tuple(
+        std::pair("phase", &Snapshot::phase), std::pair("isPaused", &Snapshot::isPaused),
+        std::pair("isOverflowing", &Snapshot::isOverflowing), std::pair("isPending", &Snapshot::isPending),
+        std::pair("phaseEndsAt", &Snapshot::phaseEndsAt), std::pair("overflowStartedAt", &Snapshot::overflowStartedAt),
+        std::pair("staticSeconds", &Snapshot::staticSeconds), std::pair("nextPhase", &Snapshot::nextPhase),
+        std::pair("cycleIndex", &Snapshot::cycleIndex), std::pair("cyclesPerSet", &Snapshot::cyclesPerSet),
+        std::pair("todayCompleted", &Snapshot::todayCompleted),
+        std::pair("todayFocusMinutes", &Snapshot::todayFocusMinutes), std::pair("dailyGoal", &Snapshot::dailyGoal),
+        std::pair("streak", &Snapshot::streak), std::pair("validUntil", &Snapshot::validUntil));
 }
 
-WidgetPhase phaseMember(const Json &object, const char *name)
+QByteArray SharedJSON::encode(const WidgetSnapshot &snapshot)
 {
-    const auto phase = widgetPhaseFromRawValue(QString::fromStdString(member<std::string>(object, name)));
-    return phase ? *phase : throw std::invalid_argument(name);
+    return QByteArray::fromStdString(jsonValue(snapshot).dump());
 }
 
-Date dateMember(const Json &object, const char *name)
-{
-    const auto text = QString::fromStdString(member<std::string>(object, name));
-    const QDateTime instant = QDateTime::fromString(text, Qt::ISODate);
-    return instant.isValid() ? toDate(instant) : throw std::invalid_argument(name);
-}
-
-std::optional<Date> optionalDate(const Json &object, const char *name)
-{
-    return object.contains(name) ? std::optional(dateMember(object, name)) : std::nullopt;
-}
-
-WidgetSnapshot snapshotOf(const Json &object)
-{
-    return {
-        .phase = phaseMember(object, "phase"),
-        .isPaused = member<bool>(object, "isPaused"),
-        .isOverflowing = member<bool>(object, "isOverflowing"),
-        .isPending = member<bool>(object, "isPending"),
-        .phaseEndsAt = optionalDate(object, "phaseEndsAt"),
-        .overflowStartedAt = optionalDate(object, "overflowStartedAt"),
-        .staticSeconds = member<qint64>(object, "staticSeconds"),
-        .nextPhase = phaseMember(object, "nextPhase"),
-        .cycleIndex = member<qint64>(object, "cycleIndex"),
-        .cyclesPerSet = member<qint64>(object, "cyclesPerSet"),
-        .todayCompleted = member<qint64>(object, "todayCompleted"),
-        .todayFocusMinutes = member<qint64>(object, "todayFocusMinutes"),
-        .dailyGoal = member<qint64>(object, "dailyGoal"),
-        .streak = member<qint64>(object, "streak"),
-        .validUntil = dateMember(object, "validUntil"),
-    };
-}
-
-}
-
-QByteArray encode(const WidgetSnapshot &snapshot)
-{
-    Json object;
-    object["phase"] = toJson(snapshot.phase);
-    object["isPaused"] = snapshot.isPaused;
-    object["isOverflowing"] = snapshot.isOverflowing;
-    object["isPending"] = snapshot.isPending;
-    if (snapshot.phaseEndsAt)
-        object["phaseEndsAt"] = toJson(*snapshot.phaseEndsAt);
-    if (snapshot.overflowStartedAt)
-        object["overflowStartedAt"] = toJson(*snapshot.overflowStartedAt);
-    object["staticSeconds"] = snapshot.staticSeconds;
-    object["nextPhase"] = toJson(snapshot.nextPhase);
-    object["cycleIndex"] = snapshot.cycleIndex;
-    object["cyclesPerSet"] = snapshot.cyclesPerSet;
-    object["todayCompleted"] = snapshot.todayCompleted;
-    object["todayFocusMinutes"] = snapshot.todayFocusMinutes;
-    object["dailyGoal"] = snapshot.dailyGoal;
-    object["streak"] = snapshot.streak;
-    object["validUntil"] = toJson(snapshot.validUntil);
-    return QByteArray::fromStdString(object.dump());
-}
-
-std::expected<WidgetSnapshot, QString> decode(const QByteArray &text)
+std::expected<WidgetSnapshot, QString> SharedJSON::decode(const QByteArray &text)
 {
     const Json object = Json::parse(text.begin(), text.end(), nullptr, false);
-    if (!object.is_object())
-        return std::unexpected(QStringLiteral("not a JSON object"));
     try {
-        return snapshotOf(object);
-    } catch (const std::invalid_argument &fault) {
-        return std::unexpected(QStringLiteral("%1 is missing or wrong").arg(QLatin1String(fault.what())));
+        WidgetSnapshot snapshot;
+        if (readJson(object, snapshot))
+            return snapshot;
+    } catch (const JsonFieldError &fault) {
+        return std::unexpected(QString::fromUtf8(fault.what()));
     }
+    return std::unexpected(QStringLiteral("not a JSON object"));
 }
 
 }

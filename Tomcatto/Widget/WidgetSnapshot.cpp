@@ -1,13 +1,15 @@
 #include "Widget/WidgetSnapshot.h"
 
-#include "Foundation/CheckedArithmetic.h"
+#include "Foundation/EnumTexts.h"
+#include "Timer/PhaseSequence.h"
 
 #include <algorithm>
-#include <array>
 
 namespace tomcatto {
 
 namespace {
+
+constexpr std::array phaseTexts{"idle", "work", "shortBreak", "longBreak"};
 
 bool isSameInstant(const std::optional<Date> &one, const std::optional<Date> &other)
 {
@@ -19,27 +21,12 @@ bool isSameInstant(const std::optional<Date> &one, const std::optional<Date> &ot
 
 QString rawValue(WidgetPhase phase)
 {
-    switch (phase) {
-    case WidgetPhase::idle:
-        return QStringLiteral("idle");
-    case WidgetPhase::work:
-        return QStringLiteral("work");
-    case WidgetPhase::shortBreak:
-        return QStringLiteral("shortBreak");
-    case WidgetPhase::longBreak:
-        return QStringLiteral("longBreak");
-    }
-    return {};
+    return textOf(phaseTexts, phase);
 }
 
 std::optional<WidgetPhase> widgetPhaseFromRawValue(QStringView text)
 {
-    using enum WidgetPhase;
-    for (const WidgetPhase phase : std::array{idle, work, shortBreak, longBreak}) {
-        if (rawValue(phase) == text)
-            return phase;
-    }
-    return std::nullopt;
+    return caseOf<WidgetPhase>(phaseTexts, text);
 }
 
 WidgetPhase widgetPhase(PomodoroPhase phase)
@@ -59,10 +46,7 @@ WidgetPhase widgetPhase(PomodoroPhase phase)
 
 WidgetPhase nextPhase(PomodoroPhase current, qint64 cycleIndex, qint64 cyclesPerSet)
 {
-    if (current != PomodoroPhase::working)
-        return WidgetPhase::work;
-    const qint64 cycles = std::max<qint64>(cyclesPerSet, 1);
-    return checkedAdd<qint64>(cycleIndex, 1) % cycles == 0 ? WidgetPhase::longBreak : WidgetPhase::shortBreak;
+    return widgetPhase(phaseAfter({current, cycleIndex}, std::max<qint64>(cyclesPerSet, 1)).phase);
 }
 
 bool differInTimeOnly(WidgetSnapshot one, const WidgetSnapshot &other)
