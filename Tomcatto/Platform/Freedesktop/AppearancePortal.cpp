@@ -1,9 +1,10 @@
 #include "Platform/Freedesktop/AppearancePortal.h"
 
+#include "Platform/Freedesktop/BusCalls.h"
+
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusMetaType>
-#include <QtDBus/QDBusPendingCallWatcher>
 #include <QtDBus/QDBusPendingReply>
 #include <QtDBus/QDBusVariant>
 #include <QtGui/QGuiApplication>
@@ -43,15 +44,11 @@ AppearancePortal::AppearancePortal(const QDBusConnection &sessionBus, DesktopApp
         return;
     qDBusRegisterMetaType<SettingsBySpace>();
     m_bus.connect(service, path, interface, QStringLiteral("SettingChanged"), this, SLOT(settingChanged(QDBusMessage)));
-    m_watcher.setConnection(m_bus);
-    m_watcher.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
-    m_watcher.addWatchedService(service);
-    connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
-            [this](const QString &, const QString &, const QString &newOwner) {
-                // Without a portal the last values stay: its restart must not make the windows flash.
-                if (!newOwner.isEmpty())
-                    askPortal();
-            });
+    followOwner(m_bus, service, this, [this](const QString &newOwner) {
+        // Without a portal the last values stay: its restart must not make the windows flash.
+        if (!newOwner.isEmpty())
+            askPortal();
+    });
     askPortal();
 }
 
@@ -59,10 +56,7 @@ void AppearancePortal::askPortal()
 {
     QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("ReadAll"));
     message << QStringList{commonSpace, gnomeSpace};
-    auto *call = new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
-    connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
-        call->deleteLater();
-        const QDBusPendingReply<SettingsBySpace> reply = *call;
+    whenAnswered(m_bus.asyncCall(message), this, [this](const QDBusPendingReply<SettingsBySpace> &reply) {
         if (reply.isError()) {
             m_logger.debug(QStringLiteral("no portal, the palette decides: ") + reply.error().message());
             return;

@@ -5,7 +5,6 @@
 
 #include <QtCore/QVariantMap>
 #include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusServiceWatcher>
 
 class QDBusMessage;
 
@@ -31,7 +30,6 @@ private:
 
     QDBusConnection m_bus;
     DesktopAppearance &m_appearance;
-    QDBusServiceWatcher m_watcher;
     const Logger m_logger{QStringLiteral("AppearancePortal")};
     /// What the portal said, by namespace and key with a space between.
     QVariantMap m_settings;

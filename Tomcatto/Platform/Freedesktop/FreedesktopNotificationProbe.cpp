@@ -1,7 +1,8 @@
 #include "Platform/Freedesktop/FreedesktopNotificationProbe.h"
 
+#include "Platform/Freedesktop/BusCalls.h"
+
 #include <QtDBus/QDBusMessage>
-#include <QtDBus/QDBusPendingCallWatcher>
 
 namespace tomcatto {
 
@@ -9,8 +10,6 @@ namespace {
 
 const QString service = QStringLiteral("org.freedesktop.Notifications");
 const QString path = QStringLiteral("/org/freedesktop/Notifications");
-const QString busService = QStringLiteral("org.freedesktop.DBus");
-const QString busPath = QStringLiteral("/org/freedesktop/DBus");
 constexpr int answerLimitMilliseconds = 3000;
 const NotificationProbeResult unavailable{NotificationPermission::unavailable, false};
 
@@ -57,9 +56,7 @@ void FreedesktopNotificationProbe::askName(NotificationProbeResult result, OnRes
 
 void FreedesktopNotificationProbe::askStartable(OnResult onResult)
 {
-    const QDBusMessage message =
-        QDBusMessage::createMethodCall(busService, busPath, busService, QStringLiteral("ListActivatableNames"));
-    call(message, [onResult = std::move(onResult)](const QDBusMessage &reply) {
+    call(busCall(QStringLiteral("ListActivatableNames")), [onResult = std::move(onResult)](const QDBusMessage &reply) {
         const bool isStartable = reply.arguments().value(0).toStringList().contains(service);
         onResult(isStartable ? NotificationProbeResult{NotificationPermission::authorised, true} : unavailable);
     });
@@ -73,11 +70,8 @@ void FreedesktopNotificationProbe::call(const QDBusMessage &message, OnReply onR
             this, [onReply = std::move(onReply)] { onReply(QDBusMessage()); }, Qt::QueuedConnection);
         return;
     }
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, answerLimitMilliseconds), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, onReply = std::move(onReply)] {
-        watcher->deleteLater();
-        onReply(watcher->reply());
-    });
+    whenAnswered(m_bus.asyncCall(message, answerLimitMilliseconds), this,
+                 [onReply = std::move(onReply)](const QDBusPendingCall &call) { onReply(call.reply()); });
 }
 
 }

@@ -1,6 +1,7 @@
 #include "Platform/Freedesktop/LogindWorkspacePower.h"
 
 #include "Foundation/ApplicationIdentity.h"
+#include "Platform/Freedesktop/BusCalls.h"
 
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusPendingCallWatcher>
@@ -26,11 +27,7 @@ LogindWorkspacePower::LogindWorkspacePower(const QDBusConnection &systemBus)
     if (!m_bus.connect(service, managerPath, managerInterface, QStringLiteral("PrepareForSleep"), this,
                        SLOT(prepareForSleep(bool))))
         m_logger.error(QStringLiteral("sleep cannot be watched: ") + m_bus.lastError().message());
-    m_ownerWatcher.setConnection(m_bus);
-    m_ownerWatcher.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
-    m_ownerWatcher.addWatchedService(service);
-    connect(&m_ownerWatcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
-            [this](const QString &, const QString &, const QString &newOwner) { followOwner(newOwner); });
+    followOwner(m_bus, service, this, [this](const QString &newOwner) { beginAnew(!newOwner.isEmpty()); });
 }
 
 LogindWorkspacePower::~LogindWorkspacePower() = default;
@@ -104,13 +101,13 @@ void LogindWorkspacePower::keepInhibitor(QDBusPendingCallWatcher &call)
         m_inhibitor = reply.value();
 }
 
-void LogindWorkspacePower::followOwner(const QString &newOwner)
+void LogindWorkspacePower::beginAnew(bool isThere)
 {
     // What the former logind granted ended with it, and it will no longer announce the wake.
     m_inhibitor = {};
     m_call.reset();
     endSleep();
-    if (!newOwner.isEmpty())
+    if (isThere)
         takeInhibitor();
 }
 

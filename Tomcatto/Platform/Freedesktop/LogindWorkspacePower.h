@@ -6,7 +6,6 @@
 
 #include <QtCore/QObject>
 #include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusServiceWatcher>
 #include <QtDBus/QDBusUnixFileDescriptor>
 
 class QDBusPendingCallWatcher;
@@ -36,11 +35,11 @@ private Q_SLOTS:
 private:
     void takeInhibitor();
     void keepInhibitor(QDBusPendingCallWatcher &call);
-    void followOwner(const QString &newOwner);
+    /// With another logind, or none.
+    void beginAnew(bool isThere);
     void endSleep();
 
     QDBusConnection m_bus;
-    QDBusServiceWatcher m_ownerWatcher;
     const Logger m_logger{QStringLiteral("LogindWorkspacePower")};
     HandlerList m_willSleep;
     HandlerList m_didWake;

@@ -1,13 +1,13 @@
 #include "Platform/Freedesktop/PortalHotKeys.h"
 
+#include "Platform/Freedesktop/BusCalls.h"
+#include "Platform/Freedesktop/BusStructure.h"
 #include "Platform/Freedesktop/PortalTriggers.h"
 
 #include <algorithm>
 #include <QtCore/QPointer>
-#include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusMetaType>
 #include <QtDBus/QDBusObjectPath>
-#include <QtDBus/QDBusPendingCallWatcher>
 
 namespace tomcatto {
 
@@ -16,24 +16,9 @@ struct PortalShortcut
 {
     QString id;
     QVariantMap properties;
+
+    static constexpr auto busMembers = std::tuple(&PortalShortcut::id, &PortalShortcut::properties);
 };
-
-QDBusArgument &operator<<(QDBusArgument &argument, const PortalShortcut &shortcut)
-{
-    argument.beginStructure();
-    argument << shortcut.id << shortcut.properties;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument &operator>>(const QDBusArgument &argument, PortalShortcut &shortcut)
-{
-    argument.beginStructure();
-    argument >> shortcut.id >> shortcut.properties;
-    argument.endStructure();
-    // The toolkit's own form of such an operator.
-    return argument; // NOLINT(bugprone-return-const-ref-from-parameter)
-}
 
 namespace {
 
@@ -87,16 +72,12 @@ PortalHotKeys::PortalHotKeys(const QDBusConnection &sessionBus, PortalLimits lim
     m_bus.connect(service, path, shortcutsInterface, QStringLiteral("Activated"), this, SLOT(activated(QDBusMessage)));
     m_bus.connect(service, QString(), sessionInterface, QStringLiteral("Closed"), this,
                   SLOT(sessionClosed(QDBusMessage)));
-    m_watcher.setConnection(m_bus);
-    m_watcher.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
-    m_watcher.addWatchedService(service);
-    connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
-            [this](const QString &, const QString &, const QString &newOwner) {
-                forgetSession();
-                setSupport(HotKeySupport::none);
-                if (!newOwner.isEmpty())
-                    lookForPortal();
-            });
+    followOwner(m_bus, service, this, [this](const QString &newOwner) {
+        forgetSession();
+        setSupport(HotKeySupport::none);
+        if (!newOwner.isEmpty())
+            lookForPortal();
+    });
     lookForPortal();
 }
 
@@ -109,15 +90,10 @@ void PortalHotKeys::lookForPortal()
 {
     const QDBusMessage message = call(path, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
                                       {shortcutsInterface, QStringLiteral("version")});
-    auto *const watcher =
-        new QDBusPendingCallWatcher(m_bus.asyncCall(message, static_cast<int>(m_limits.answer.count())), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
-        watcher->deleteLater();
-        if (watcher->isError()) {
-            m_logger.debug(QStringLiteral("this desktop offers no shortcuts from anywhere: ") +
-                           watcher->error().message());
-            return;
-        }
+    whenAnswered(begun(message), this, [this](const QDBusPendingCall &call) {
+        if (call.isError())
+            return m_logger.debug(QStringLiteral("this desktop offers no shortcuts from anywhere: ") +
+                                  call.error().message());
         setSupport(HotKeySupport::notAsked);
         adjust();
     });
@@ -210,12 +186,9 @@ void PortalHotKeys::ask(const QDBusMessage &message, std::chrono::milliseconds l
     const QString sender = m_bus.baseService().mid(1).replace(u'.', u'_');
     m_request = path + QStringLiteral("/request/%1/tomcatto%2").arg(sender).arg(number);
     m_limit.start(limit);
-    auto *const watcher =
-        new QDBusPendingCallWatcher(m_bus.asyncCall(message, static_cast<int>(m_limits.answer.count())), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, number] {
-        watcher->deleteLater();
-        if (number == m_number && !m_request.isEmpty() && watcher->isError())
-            refuse(watcher->error().message());
+    whenAnswered(begun(message), this, [this, number](const QDBusPendingCall &call) {
+        if (number == m_number && !m_request.isEmpty() && call.isError())
+            refuse(call.error().message());
     });
 }
 

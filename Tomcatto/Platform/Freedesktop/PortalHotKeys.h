@@ -8,7 +8,7 @@
 #include <QtCore/QTimer>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
-#include <QtDBus/QDBusServiceWatcher>
+#include <QtDBus/QDBusPendingCall>
 
 namespace tomcatto {
 
@@ -52,6 +52,10 @@ private:
     void bind();
     void noteBound(const QVariantMap &results);
     void ask(const QDBusMessage &message, std::chrono::milliseconds limit);
+    [[nodiscard]] QDBusPendingCall begun(const QDBusMessage &message) const
+    {
+        return m_bus.asyncCall(message, static_cast<int>(m_limits.answer.count()));
+    }
     void refuse(const QString &reason);
     void endSession();
     void forgetSession();
@@ -61,7 +65,6 @@ private:
 
     QDBusConnection m_bus;
     const PortalLimits m_limits;
-    QDBusServiceWatcher m_watcher;
     QTimer m_limit;
     const Logger m_logger{QStringLiteral("PortalHotKeys")};
     HotKeysDelegate *m_delegate = nullptr;

@@ -1,13 +1,13 @@
 #include "Platform/Freedesktop/SessionMessageBus.h"
 
 #include "Foundation/ApplicationIdentity.h"
+#include "Platform/Freedesktop/BusCalls.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QFile>
 #include <QtCore/QPointer>
 #include <QtDBus/QDBusMetaType>
-#include <QtDBus/QDBusPendingCallWatcher>
 #include <QtDBus/QDBusPendingReply>
 
 namespace tomcatto {
@@ -25,14 +25,6 @@ constexpr std::chrono::milliseconds turnLength{4};
 constexpr std::chrono::seconds rushLength{5};
 /// How long the end waits for the bus.
 constexpr std::chrono::milliseconds farewell{500};
-
-QDBusMessage busCall(const QString &method, const QVariantList &arguments)
-{
-    const QString bus = QStringLiteral("org.freedesktop.DBus");
-    QDBusMessage message = QDBusMessage::createMethodCall(bus, QStringLiteral("/org/freedesktop/DBus"), bus, method);
-    message.setArguments(arguments);
-    return message;
-}
 
 QString errorName(BusProblem problem)
 {
@@ -78,12 +70,9 @@ void SessionMessageBus::offer(BusObject &object)
         return;
     }
     // Behind another owner it waits in the bus's queue, and gets the name when that one goes.
-    auto *watcher = new QDBusPendingCallWatcher(
-        m_bus.asyncCall(busCall(QStringLiteral("RequestName"), {applicationIdentifier, 0U})), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
-        watcher->deleteLater();
+    const auto call = m_bus.asyncCall(busCall(QStringLiteral("RequestName"), {applicationIdentifier, 0U}));
+    whenAnswered(call, this, [this](const QDBusPendingReply<uint> &reply) {
         constexpr uint primaryOwner = 1;
-        const QDBusPendingReply<uint> reply = *watcher;
         if (reply.isError() || reply.value() != primaryOwner)
             m_logger.info(QStringLiteral("another program has the name on the session bus ") + reply.error().message());
     });

@@ -1,11 +1,12 @@
 #include "Platform/Freedesktop/StatusNotifierTray.h"
 
+#include "Platform/Freedesktop/BusCalls.h"
+
 #include <chrono>
 #include <limits>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QTimer>
 #include <QtDBus/QDBusMessage>
-#include <QtDBus/QDBusPendingCallWatcher>
 #include <QtDBus/QDBusPendingReply>
 #include <QtGui/QCursor>
 #include <QtGui/QGuiApplication>
@@ -67,11 +68,7 @@ StatusNotifierTray::StatusNotifierTray(const QDBusConnection &sessionBus)
         m_isDecided = true;
         return;
     }
-    m_watcher.setConnection(m_bus);
-    m_watcher.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
-    m_watcher.addWatchedService(watcherService);
-    connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
-            [this](const QString &, const QString &, const QString &newOwner) { followWatcher(newOwner); });
+    followOwner(m_bus, watcherService, this, [this](const QString &newOwner) { followWatcher(newOwner); });
     for (const char *signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"})
         m_bus.connect(watcherService, watcherPath, watcherService, QLatin1String(signal), this, SLOT(askForHost()));
     requestName();
@@ -87,11 +84,7 @@ StatusNotifierTray::~StatusNotifierTray()
 {
     m_bus.unregisterObject(itemPath);
     m_bus.unregisterObject(menuPath);
-    QDBusMessage message =
-        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-                                       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("ReleaseName"));
-    message << m_name;
-    m_bus.send(message);
+    m_bus.send(busCall(QStringLiteral("ReleaseName"), {m_name}));
 }
 
 void StatusNotifierTray::setShown(bool /*isShown*/) {}
@@ -105,12 +98,8 @@ void StatusNotifierTray::show(const StatusItemPresentation &presentation)
 void StatusNotifierTray::requestName()
 {
     // The bus keeps the order of messages, so the name is there when the watcher hears of it.
-    QDBusMessage message =
-        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-                                       QStringLiteral("org.freedesktop.DBus"), QStringLiteral("RequestName"));
     constexpr uint doNotQueue = 4;
-    message << m_name << doNotQueue;
-    m_bus.send(message);
+    m_bus.send(busCall(QStringLiteral("RequestName"), {m_name, doNotQueue}));
 }
 
 void StatusNotifierTray::registerItem()
@@ -135,13 +124,11 @@ void StatusNotifierTray::askForHost()
 {
     QDBusMessage message = watcherCall(QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
     message << watcherService << QStringLiteral("IsStatusNotifierHostRegistered");
-    auto *call = new QDBusPendingCallWatcher(m_bus.asyncCall(message, noLimit), this);
-    connect(call, &QDBusPendingCallWatcher::finished, this, [this, call, question = ++m_question] {
-        call->deleteLater();
-        const QDBusPendingReply<QVariant> reply = *call;
-        if (question == m_question)
-            decide(reply.isValid() && reply.value().toBool());
-    });
+    whenAnswered(m_bus.asyncCall(message, noLimit), this,
+                 [this, question = ++m_question](const QDBusPendingReply<QVariant> &reply) {
+                     if (question == m_question)
+                         decide(reply.isValid() && reply.value().toBool());
+                 });
 }
 
 void StatusNotifierTray::decide(bool isHosted)

@@ -6,7 +6,6 @@
 #include "Platform/Qt/TrayIcon.h"
 
 #include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusServiceWatcher>
 
 namespace tomcatto {
 
@@ -46,7 +45,6 @@ private:
     const QString m_name;
     TrayMenuService m_menu;
     StatusNotifierItem m_item;
-    QDBusServiceWatcher m_watcher;
     const Logger m_logger{QStringLiteral("StatusNotifierTray")};
     /// Answers to earlier questions are dropped.
     quint64 m_question = 0;

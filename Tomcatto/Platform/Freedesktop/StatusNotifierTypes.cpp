@@ -30,38 +30,6 @@ void registerStatusNotifierTypes()
 
 // Streams are handed through, as the library's own operators do.
 // NOLINTBEGIN(bugprone-return-const-ref-from-parameter)
-QDBusArgument &operator<<(QDBusArgument &argument, const IconPixmap &value)
-{
-    argument.beginStructure();
-    argument << value.width << value.height << value.pixels;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument &operator>>(const QDBusArgument &argument, IconPixmap &value)
-{
-    argument.beginStructure();
-    argument >> value.width >> value.height >> value.pixels;
-    argument.endStructure();
-    return argument;
-}
-
-QDBusArgument &operator<<(QDBusArgument &argument, const IconToolTip &value)
-{
-    argument.beginStructure();
-    argument << value.iconName << value.pictures << value.title << value.text;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument &operator>>(const QDBusArgument &argument, IconToolTip &value)
-{
-    argument.beginStructure();
-    argument >> value.iconName >> value.pictures >> value.title >> value.text;
-    argument.endStructure();
-    return argument;
-}
-
 QDBusArgument &operator<<(QDBusArgument &argument, const MenuLayoutItem &value)
 {
     argument.beginStructure();
@@ -89,37 +57,6 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, MenuLayoutItem &v
     return argument;
 }
 
-QDBusArgument &operator<<(QDBusArgument &argument, const MenuItemProperties &value)
-{
-    argument.beginStructure();
-    argument << value.id << value.properties;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument &operator>>(const QDBusArgument &argument, MenuItemProperties &value)
-{
-    argument.beginStructure();
-    argument >> value.id >> value.properties;
-    argument.endStructure();
-    return argument;
-}
-
-QDBusArgument &operator<<(QDBusArgument &argument, const MenuEvent &value)
-{
-    argument.beginStructure();
-    argument << value.id << value.kind << value.data << value.timestamp;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument &operator>>(const QDBusArgument &argument, MenuEvent &value)
-{
-    argument.beginStructure();
-    argument >> value.id >> value.kind >> value.data >> value.timestamp;
-    argument.endStructure();
-    return argument;
-}
 // NOLINTEND(bugprone-return-const-ref-from-parameter)
 
 }

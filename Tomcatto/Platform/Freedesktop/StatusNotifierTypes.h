@@ -1,9 +1,10 @@
 #pragma once
 
+#include "Platform/Freedesktop/BusStructure.h"
+
 #include <QtCore/QList>
 #include <QtCore/QMetaType>
 #include <QtCore/QVariantMap>
-#include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusVariant>
 #include <QtGui/QImage>
 
@@ -15,6 +16,8 @@ struct IconPixmap
     int width = 0;
     int height = 0;
     QByteArray pixels;
+
+    static constexpr auto busMembers = std::tuple(&IconPixmap::width, &IconPixmap::height, &IconPixmap::pixels);
 
     bool operator==(const IconPixmap &) const = default;
 };
@@ -29,6 +32,9 @@ struct IconToolTip
     IconPixmaps pictures;
     QString title;
     QString text;
+
+    static constexpr auto busMembers =
+        std::tuple(&IconToolTip::iconName, &IconToolTip::pictures, &IconToolTip::title, &IconToolTip::text);
 };
 
 /// A menu entry with all below it. D-Bus signature (ia{sv}av).
@@ -44,6 +50,8 @@ struct MenuItemProperties
 {
     int id = 0;
     QVariantMap properties;
+
+    static constexpr auto busMembers = std::tuple(&MenuItemProperties::id, &MenuItemProperties::properties);
 };
 using MenuItemPropertiesList = QList<MenuItemProperties>;
 
@@ -54,21 +62,16 @@ struct MenuEvent
     QString kind;
     QDBusVariant data;
     uint timestamp = 0;
+
+    static constexpr auto busMembers =
+        std::tuple(&MenuEvent::id, &MenuEvent::kind, &MenuEvent::data, &MenuEvent::timestamp);
 };
 
 /// Makes the types known to D-Bus; more than once does no harm.
 void registerStatusNotifierTypes();
 
-QDBusArgument &operator<<(QDBusArgument &argument, const IconPixmap &value);
-const QDBusArgument &operator>>(const QDBusArgument &argument, IconPixmap &value);
-QDBusArgument &operator<<(QDBusArgument &argument, const IconToolTip &value);
-const QDBusArgument &operator>>(const QDBusArgument &argument, IconToolTip &value);
 QDBusArgument &operator<<(QDBusArgument &argument, const MenuLayoutItem &value);
 const QDBusArgument &operator>>(const QDBusArgument &argument, MenuLayoutItem &value);
-QDBusArgument &operator<<(QDBusArgument &argument, const MenuItemProperties &value);
-const QDBusArgument &operator>>(const QDBusArgument &argument, MenuItemProperties &value);
-QDBusArgument &operator<<(QDBusArgument &argument, const MenuEvent &value);
-const QDBusArgument &operator>>(const QDBusArgument &argument, MenuEvent &value);
 
 }
 

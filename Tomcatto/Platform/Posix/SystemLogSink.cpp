@@ -1,6 +1,7 @@
 #include "Platform/Posix/SystemLogSink.h"
 
 #include "Foundation/ApplicationIdentity.h"
+#include "Foundation/EnumTexts.h"
 #include "Platform/Posix/DescriptorFlags.h"
 
 #include <atomic>
@@ -22,32 +23,13 @@ constexpr const char *identifier = "tomcatto";
 
 int priorityOf(LogLevel level)
 {
-    switch (level) {
-    case LogLevel::debug:
-        return LOG_DEBUG;
-    case LogLevel::info:
-        return LOG_INFO;
-    case LogLevel::error:
-        return LOG_ERR;
-    case LogLevel::fault:
-        return LOG_CRIT;
-    }
-    return LOG_ERR;
+    constexpr std::array priorities{LOG_DEBUG, LOG_INFO, LOG_ERR, LOG_CRIT};
+    return priorities.at(static_cast<std::size_t>(level));
 }
 
-QLatin1String nameOf(LogLevel level)
+QString nameOf(LogLevel level)
 {
-    switch (level) {
-    case LogLevel::debug:
-        return QLatin1String("debug");
-    case LogLevel::info:
-        return QLatin1String("info");
-    case LogLevel::error:
-        return QLatin1String("error");
-    case LogLevel::fault:
-        return QLatin1String("fault");
-    }
-    return {};
+    return textOf(std::array{"debug", "info", "error", "fault"}, level);
 }
 
 /// One field of the journal's protocol. A value of several lines has its length before it, in little-endian order.
