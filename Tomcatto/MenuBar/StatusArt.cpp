@@ -1,8 +1,6 @@
 #include "MenuBar/StatusArt.h"
 
-#include <QtCore/QFile>
 #include <QtGui/QPainter>
-#include <QtSvg/QSvgRenderer>
 
 namespace tomcatto {
 namespace {
@@ -10,13 +8,15 @@ namespace {
 /// Where the cup is drawn in its square of 24, line widths included.
 constexpr QRectF cupBounds{2.55, 6.45, 18.3, 14.5};
 
-QImage rasterised(QSvgRenderer &drawing, QSize size)
+/// @param part of the drawing that fills the image
+QImage rasterised(QPicture drawing, const QRectF &part, QSize size)
 {
     QImage image(size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    drawing.render(&painter, QRectF(QPointF(), QSizeF(size)));
+    painter.scale(size.width() / part.width(), size.height() / part.height());
+    painter.translate(-part.topLeft());
+    drawing.play(&painter);
     return image;
 }
 
@@ -27,18 +27,19 @@ StatusArt::StatusArt(QString folder)
 {
 }
 
-QByteArray StatusArt::read(const QString &name) const
+QPicture StatusArt::drawing(const QString &name) const
 {
-    QFile file(QStringLiteral("%1/%2.svg").arg(m_folder, name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    QPicture drawing;
+    // One that is missing stays empty.
+    static_cast<void>(drawing.load(QStringLiteral("%1/%2.picture").arg(m_folder, name)));
+    return drawing;
 }
 
 double StatusArt::logoAspect() const
 {
     if (!m_logoAspect) {
-        const QByteArray source = read(logoName);
-        const QSize size = source.isEmpty() ? QSize() : QSvgRenderer(source).defaultSize();
-        m_logoAspect = size.width() > 0 && size.height() > 0 ? double(size.width()) / size.height() : 0;
+        const QSize size = drawing(logoName).boundingRect().size();
+        m_logoAspect = size.isEmpty() ? 0 : double(size.width()) / size.height();
     }
     return *m_logoAspect;
 }
@@ -47,8 +48,8 @@ QImage StatusArt::logo(QSize size) const
 {
     QImage &image = m_logos[{size.width(), size.height()}];
     if (image.isNull() && !size.isEmpty()) {
-        QSvgRenderer drawing(read(logoName));
-        image = rasterised(drawing, size);
+        const QPicture logo = drawing(logoName);
+        image = rasterised(logo, logo.boundingRect(), size);
     }
     return image;
 }
@@ -57,11 +58,10 @@ QImage StatusArt::cup(QSize size, const QColor &ink) const
 {
     QImage &image = m_cups[{size.width(), size.height(), ink.rgb()}];
     if (image.isNull() && !size.isEmpty()) {
-        QByteArray source = read(QStringLiteral("cup.and.saucer.fill"));
-        source.replace("currentColor", ink.name(QColor::HexRgb).toLatin1());
-        QSvgRenderer drawing(source);
-        drawing.setViewBox(cupBounds);
-        image = rasterised(drawing, size);
+        image = rasterised(drawing(QStringLiteral("cup.and.saucer.fill")), cupBounds, size);
+        QPainter painter(&image);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        painter.fillRect(image.rect(), QColor(ink.rgb()));
     }
     return image;
 }

@@ -4,10 +4,12 @@
 #include <QtCore/QSizeF>
 #include <QtGui/QColor>
 #include <QtGui/QImage>
+#include <QtGui/QPicture>
 
 namespace tomcatto {
 
-/// The embedded drawings of the status item, rasterised once for each size and colour. Main thread only.
+/// The embedded drawings of the status item, rasterised once for each size and colour. They are records of what drawing
+/// them paints, so that a hidden application needs nothing that reads SVG. Main thread only.
 class StatusArt final
 {
 public:
@@ -25,7 +27,7 @@ public:
     [[nodiscard]] QImage cup(QSize size, const QColor &ink) const;
 
 private:
-    [[nodiscard]] QByteArray read(const QString &name) const;
+    [[nodiscard]] QPicture drawing(const QString &name) const;
 
     QString m_folder;
     mutable std::optional<double> m_logoAspect;
