@@ -1,5 +1,6 @@
 #include "MenuBar/StatusArt.h"
 
+#include <QtCore/QFile>
 #include <QtGui/QPainter>
 
 namespace tomcatto {
@@ -35,6 +36,15 @@ QPicture StatusArt::drawing(const QString &name) const
     return drawing;
 }
 
+bool StatusArt::load(QImage &logo, QSize size) const
+{
+    QFile file(QStringLiteral("%1/%2-%3.argb").arg(m_folder, logoName).arg(size.height()));
+    if (size.width() != size.height() || !file.open(QIODevice::ReadOnly))
+        return false;
+    logo = QImage(size, QImage::Format_ARGB32_Premultiplied);
+    return file.read(reinterpret_cast<char *>(logo.bits()), logo.sizeInBytes()) == logo.sizeInBytes();
+}
+
 double StatusArt::logoAspect() const
 {
     if (!m_logoAspect) {
@@ -47,7 +57,7 @@ double StatusArt::logoAspect() const
 QImage StatusArt::logo(QSize size) const
 {
     QImage &image = m_logos[{size.width(), size.height()}];
-    if (image.isNull() && !size.isEmpty()) {
+    if (image.isNull() && !size.isEmpty() && !load(image, size)) {
         const QPicture logo = drawing(logoName);
         image = rasterised(logo, logo.boundingRect(), size);
     }

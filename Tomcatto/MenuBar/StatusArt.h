@@ -9,7 +9,8 @@
 namespace tomcatto {
 
 /// The embedded drawings of the status item, rasterised once for each size and colour. They are records of what drawing
-/// them paints, so that a hidden application needs nothing that reads SVG. Main thread only.
+/// them paints, and the mark is there in usual sizes, so that a hidden application needs neither what reads SVG nor
+/// what draws strokes and gradients. Main thread only.
 class StatusArt final
 {
 public:
@@ -27,6 +28,8 @@ public:
     [[nodiscard]] QImage cup(QSize size, const QColor &ink) const;
 
 private:
+    /// Takes the mark as it was drawn when the program was built. @return false where this size was not
+    [[nodiscard]] bool load(QImage &logo, QSize size) const;
     [[nodiscard]] QPicture drawing(const QString &name) const;
 
     QString m_folder;
