@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <QtGui/QIcon>
+#include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 #include <string_view>
 
@@ -32,6 +33,14 @@ int tellFindings(DesktopPlatform &desktop, int &argc, char **argv)
     return 0;
 }
 
+/// With the first window that has the focus. A hidden application has none, and the tray's own window shows no icon,
+/// but would draw it in every size.
+void giveWindowsIcon()
+{
+    if (QGuiApplication::windowIcon().isNull())
+        QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/tomcatto/app-icon.svg")));
+}
+
 }
 
 int main(int argc, char **argv)
@@ -44,7 +53,7 @@ int main(int argc, char **argv)
         return runInTerminal(*platform, argc, argv);
     const QApplication application(argc, argv);
     QGuiApplication::setDesktopFileName(applicationIdentifier);
-    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/tomcatto/app-icon.svg")));
+    QObject::connect(&application, &QGuiApplication::focusWindowChanged, &application, giveWindowsIcon);
     Program program(*platform);
     return program.run(
         [&](const Invocation &invocation) { return program.runApplication(invocation, desktopFrontEnd(*desktop)); });

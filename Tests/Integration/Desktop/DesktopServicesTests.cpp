@@ -215,7 +215,11 @@ TEST(DisplayProbeTests, FindsADisplayThatAnswers)
 {
     const QTemporaryDir folder;
     QProcessEnvironment environment;
-    const auto isReachable = [&] { return DisplayProbe(environment).isReachable(); };
+    const auto isReachable = [&] {
+        return DisplayProbe(
+                   [&](const char *name) { return environment.value(QString::fromLatin1(name)).toLocal8Bit(); })
+            .isReachable();
+    };
     EXPECT_FALSE(isReachable());
     for (const auto &[display, expected] :
          {std::pair(qEnvironmentVariable("DISPLAY"), true),

@@ -7,7 +7,6 @@
 #include <cstring>
 #include <netdb.h>
 #include <poll.h>
-#include <QtCore/QFile>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -66,8 +65,8 @@ bool opensRemote(const QByteArray &host, int port)
 
 }
 
-DisplayProbe::DisplayProbe(const QProcessEnvironment &environment)
-    : m_environment(environment)
+DisplayProbe::DisplayProbe(std::function<QByteArray(const char *name)> variable)
+    : m_variable(std::move(variable))
 {
 }
 
@@ -78,15 +77,14 @@ bool DisplayProbe::isReachable() const
 
 bool DisplayProbe::isWaylandReachable() const
 {
-    const QString name = m_environment.value(QStringLiteral("WAYLAND_DISPLAY"));
-    const QString folder = m_environment.value(QStringLiteral("XDG_RUNTIME_DIR"));
-    return !name.isEmpty() && opensLocal(QFile::encodeName(name.startsWith(u'/') ? name : folder + u'/' + name));
+    const QByteArray name = m_variable("WAYLAND_DISPLAY");
+    return !name.isEmpty() && opensLocal(name.startsWith('/') ? name : m_variable("XDG_RUNTIME_DIR") + '/' + name);
 }
 
 bool DisplayProbe::isX11Reachable() const
 {
     // [host]:display[.screen]
-    const QByteArray display = m_environment.value(QStringLiteral("DISPLAY")).toLocal8Bit();
+    const QByteArray display = m_variable("DISPLAY");
     const auto colon = display.lastIndexOf(':');
     if (colon < 0)
         return false;

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QtCore/QProcessEnvironment>
+#include <functional>
+#include <QtCore/QByteArray>
 
 namespace tomcatto {
 
@@ -9,8 +10,8 @@ namespace tomcatto {
 class DisplayProbe final
 {
 public:
-    /// @param environment where the variables that name the display are read.
-    explicit DisplayProbe(const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment());
+    /// @param variable reads one of the variables that name the display.
+    explicit DisplayProbe(std::function<QByteArray(const char *name)> variable = qgetenv);
 
     /// Whether a display is named and its socket can be opened; takes at most half a second, for displays of other
     /// machines.
@@ -21,7 +22,7 @@ public:
     [[nodiscard]] bool isX11Reachable() const;
 
 private:
-    QProcessEnvironment m_environment;
+    std::function<QByteArray(const char *name)> m_variable;
 };
 
 }
