@@ -282,15 +282,7 @@ ExitStatus CommandRunner::publish(const Invocation &invocation) const
         publisher.publish({invocation.text, QUrl(invocation.baseUrl, QUrl::StrictMode), invocation.output});
     if (published)
         return print(QStringLiteral("%1 videos in %2").arg(*published).arg(invocation.output));
-    switch (published.error().kind) {
-    case PublishFailure::Kind::notApplicable:
-        return report(controlReply(ExitStatus::notApplicable, published.error().message));
-    case PublishFailure::Kind::usage:
-        return report(controlReply(ExitStatus::usage, published.error().message));
-    case PublishFailure::Kind::file:
-        break;
-    }
-    return report(controlReply(ExitStatus::failed, published.error().message));
+    return report(controlReply(published.error()));
 }
 
 ExitStatus CommandRunner::report(const ControlReply &reply) const

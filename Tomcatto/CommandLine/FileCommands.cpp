@@ -166,8 +166,7 @@ StoreCopyResult<QString> FileCommands::prepareStore(const QString &copy) const
 {
     const auto &support = m_surroundings.applicationSupportDirectory;
     if (!support)
-        return std::unexpected(
-            StoreCopyError{StoreCopyError::Kind::file, QStringLiteral("There is no place for the history.")});
+        return std::unexpected(Refusal{Refusal::Kind::failed, QStringLiteral("There is no place for the history.")});
     return storeReplacement::prepare(copy, CoreDataStack::storePath(*support));
 }
 

@@ -1,5 +1,6 @@
 #include "CommandLine/SessionList.h"
 
+#include "Foundation/EnumTexts.h"
 #include "Platform/Ports/IdentifierSource.h"
 
 #include <nlohmann/json.hpp>
@@ -31,17 +32,8 @@ Json json(const PomodoroSessionRecord &record)
 
 QString phaseName(const QString &phase)
 {
-    switch (phaseFromRawValue(phase).value_or(PomodoroPhase::idle)) {
-    case PomodoroPhase::working:
-        return QStringLiteral("Focus");
-    case PomodoroPhase::shortBreak:
-        return QStringLiteral("Short break");
-    case PomodoroPhase::longBreak:
-        return QStringLiteral("Long break");
-    case PomodoroPhase::idle:
-        break;
-    }
-    return QStringLiteral("Unknown");
+    constexpr std::array names{"Unknown", "Focus", "Short break", "Long break"};
+    return textOf(names, phaseFromRawValue(phase).value_or(PomodoroPhase::idle));
 }
 
 QString state(const PomodoroSessionRecord &record)

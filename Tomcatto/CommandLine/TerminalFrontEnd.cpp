@@ -39,8 +39,6 @@ QString colour(const TimerStatus &status)
     return status.isOverflowing ? QStringLiteral("\x1b[1;33m") : textOf(colours, status.phase);
 }
 
-constexpr std::array reasonTexts{"started", "completed", "skipped", "reset", "terminated"};
-
 }
 
 TerminalFrontEnd::TerminalFrontEnd(AppDependencies &dependencies, const CommandTable &commands,
@@ -150,9 +148,9 @@ void TerminalFrontEnd::printTransition(const PhaseTransition &transition)
     const Date now = m_dependencies.platform.wallClock.now();
     const QString time =
         toDateTime(now).toTimeZone(m_dependencies.platform.wallClock.calendar().timeZone).toString(key("HH:mm:ss"));
-    QString line = QStringLiteral("%1 %2 -> %3 (%4)")
-                       .arg(time, rawValue(transition.previous), rawValue(transition.current),
-                            textOf(reasonTexts, transition.reason));
+    QString line =
+        QStringLiteral("%1 %2 -> %3 (%4)")
+            .arg(time, rawValue(transition.previous), rawValue(transition.current), rawValue(transition.reason));
     if (transition.current != PomodoroPhase::idle) {
         line += QStringLiteral(", %1").arg(clockText(m_dependencies.stateMachine.currentPlannedSeconds()));
         if (m_dependencies.stateMachine.isPhasePending())

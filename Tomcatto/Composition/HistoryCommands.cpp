@@ -151,15 +151,7 @@ ControlReply replyTo(const StoreCopyResult<QString> &kept)
         return controlReply(ExitStatus::done, kept->isEmpty()
                                                   ? QString()
                                                   : QStringLiteral("The earlier history is kept as %1").arg(*kept));
-    switch (kept.error().kind) {
-    case StoreCopyError::Kind::usage:
-        return controlReply(ExitStatus::usage, kept.error().text);
-    case StoreCopyError::Kind::notNow:
-        return controlReply(ExitStatus::notApplicable, kept.error().text);
-    case StoreCopyError::Kind::file:
-        break;
-    }
-    return controlReply(ExitStatus::failed, kept.error().text);
+    return controlReply(kept.error());
 }
 
 void addHistoryCommands(CommandTable &table, const HistoryCommandParts &parts)

@@ -12,20 +12,8 @@ namespace {
 using Json = nlohmann::ordered_json;
 using Outcome = RemoteVideoProvider::DownloadOutcome;
 
-std::string text(RemoteVideoEntryView::DisplayState state)
-{
-    switch (state) {
-    case RemoteVideoEntryView::DisplayState::downloading:
-        return "downloading";
-    case RemoteVideoEntryView::DisplayState::idle:
-        return "idle";
-    case RemoteVideoEntryView::DisplayState::cachedInactive:
-        return "cachedInactive";
-    case RemoteVideoEntryView::DisplayState::selected:
-        return "selected";
-    }
-    return {};
-}
+// In the order of `RemoteVideoEntryView::DisplayState`.
+constexpr std::array stateTexts{"downloading", "idle", "cachedInactive", "selected"};
 
 ControlReply refusal(const QString &reason)
 {
@@ -47,7 +35,7 @@ void RemoteVideoCommands::list(Json &lines) const
                          {"name", entry.title.toStdString()},
                          {"seconds", entry.durationSec},
                          {"isSelected", entry.userSelected},
-                         {"state", text(entry.displayState())},
+                         {"state", stateTexts.at(static_cast<std::size_t>(entry.displayState()))},
                          {"progress", entry.downloadProgress},
                          {"path", entry.localFileUrl.toLocalFile().toStdString()}});
 }

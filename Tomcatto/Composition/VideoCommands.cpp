@@ -8,20 +8,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-ExitStatus exitStatus(UserVideoCommandError::Kind kind)
-{
-    switch (kind) {
-    case UserVideoCommandError::Kind::usage:
-        return ExitStatus::usage;
-    case UserVideoCommandError::Kind::videoNotFound:
-        return ExitStatus::notApplicable;
-    case UserVideoCommandError::Kind::file:
-    case UserVideoCommandError::Kind::store:
-        return ExitStatus::failed;
-    }
-    return ExitStatus::failed;
-}
-
 ControlReply list(const UserVideoCommands &videos, const RemoteVideoCommands &remote)
 {
     Json lines = Json::array();
@@ -43,7 +29,7 @@ void addVideoCommands(CommandTable &table, UserVideoCommands &videos, RemoteVide
                                                                const CommandTable::Answer &answer) {
         const QString action = textArgument(arguments, "action");
         const auto finish = [answer](const UserVideoCommands::Result &result) {
-            answer(result ? ControlReply{} : controlReply(exitStatus(result.error().kind), result.error().text));
+            answer(result ? ControlReply{} : controlReply(result.error()));
         };
         if (action == QStringLiteral("list"))
             return answer(list(videos, *remote));
@@ -51,8 +37,7 @@ void addVideoCommands(CommandTable &table, UserVideoCommands &videos, RemoteVide
             return;
         if (action == QStringLiteral("add"))
             return videos.add(textArgument(arguments, "path"), [answer](const UserVideoCommands::AddResult &result) {
-                answer(result ? controlReply(ExitStatus::done, identifierText(*result))
-                              : controlReply(exitStatus(result.error().kind), result.error().text));
+                answer(result ? controlReply(ExitStatus::done, identifierText(*result)) : controlReply(result.error()));
             });
         if (action == QStringLiteral("remove"))
             return videos.remove(textArgument(arguments, "id"), finish);

@@ -167,11 +167,6 @@ QVariantMap propertiesOf(const TimerStatus &status)
     return properties;
 }
 
-QString reasonText(PhaseExitReason reason)
-{
-    return textOf(std::array{"started", "completed", "skipped", "reset", "terminated"}, reason);
-}
-
 }
 
 BusInterface::BusInterface(MessageBus &bus, const CommandTable &commands, const StatusSource &status,
@@ -228,7 +223,7 @@ void BusInterface::announceChange(const TimerStatus &status)
 void BusInterface::announceTransition(const PhaseTransition &transition)
 {
     m_bus.announce(QStringLiteral("PhaseChanged"),
-                   {rawValue(transition.previous), rawValue(transition.current), reasonText(transition.reason),
+                   {rawValue(transition.previous), rawValue(transition.current), rawValue(transition.reason),
                     m_machine.phaseToken(), transition.cycleIndex, transition.previousPlannedSeconds,
                     transition.previousReachedPlan});
 }

@@ -33,6 +33,19 @@ ControlReply controlReply(ExitStatus status, QString message)
     return {status, std::move(message), {}};
 }
 
+ControlReply controlReply(const Refusal &refusal)
+{
+    switch (refusal.kind) {
+    case Refusal::Kind::usage:
+        return controlReply(ExitStatus::usage, refusal.text);
+    case Refusal::Kind::notApplicable:
+        return controlReply(ExitStatus::notApplicable, refusal.text);
+    case Refusal::Kind::failed:
+        break;
+    }
+    return controlReply(ExitStatus::failed, refusal.text);
+}
+
 QByteArray encoded(const ControlRequest &request)
 {
     Json object;

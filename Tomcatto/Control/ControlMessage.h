@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Control/ExitStatus.h"
+#include "Foundation/Refusal.h"
 
 #include <expected>
 #include <nlohmann/json.hpp>
@@ -34,6 +35,7 @@ struct ControlReply
 
 /// Makes a reply of a message alone.
 [[nodiscard]] ControlReply controlReply(ExitStatus status, QString message);
+[[nodiscard]] ControlReply controlReply(const Refusal &refusal);
 
 /// The text among a request's arguments; empty where there is none.
 [[nodiscard]] QString textArgument(const nlohmann::ordered_json &arguments, const char *name);

@@ -2,21 +2,6 @@
 
 namespace tomcatto {
 
-PluralCategory pluralCategory(SelectedLanguage language, qint64 count)
-{
-    switch (language) {
-    case SelectedLanguage::fr:
-        return count >= -1 && count <= 1 ? PluralCategory::one : PluralCategory::other;
-    case SelectedLanguage::system:
-    case SelectedLanguage::en:
-    case SelectedLanguage::tr:
-    case SelectedLanguage::de:
-    case SelectedLanguage::es:
-        return count == 1 || count == -1 ? PluralCategory::one : PluralCategory::other;
-    }
-    return PluralCategory::other;
-}
-
 LocalizedStrings::LocalizedStrings(const LanguageOverrideService &service, QString root, QObject *parent)
     : QObject(parent)
     , m_service(service)
@@ -57,13 +42,9 @@ void LocalizedStrings::announce()
 
 QString LocalizedStrings::pluralKey(const QString &key, qint64 count) const
 {
-    switch (pluralCategory(language(), count)) {
-    case PluralCategory::one:
-        return key + QStringLiteral(".one");
-    case PluralCategory::other:
-        return key + QStringLiteral(".other");
-    }
-    return key;
+    // In French nothing counts like one thing.
+    const bool isOne = count == 1 || count == -1 || (count == 0 && language() == SelectedLanguage::fr);
+    return key + (isOne ? QStringLiteral(".one") : QStringLiteral(".other"));
 }
 
 const StringsTable &LocalizedStrings::table(SelectedLanguage language) const

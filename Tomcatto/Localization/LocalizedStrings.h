@@ -11,12 +11,6 @@
 
 namespace tomcatto {
 
-/// Whether a language words a count like one thing or like several.
-enum class PluralCategory { one, other };
-
-/// How `language` words a count; a negative count as its positive one. `system` counts like English.
-[[nodiscard]] PluralCategory pluralCategory(SelectedLanguage language, qint64 count);
-
 /// All texts that people read, by key, in the language of a `LanguageOverrideService`. A table is read when it is first
 /// needed and kept. Views may use it directly. Main thread only.
 class LocalizedStrings final : public QObject
@@ -48,7 +42,6 @@ public:
     {
         return formatList(pluralKey(key, count), {formatArgument(count), formatArgument(arguments)...});
     }
-    [[nodiscard]] Q_INVOKABLE QString pluralText(const QString &key, int count) const { return plural(key, count); }
 
     /// The language of the texts; never `system`.
     [[nodiscard]] SelectedLanguage language() const;

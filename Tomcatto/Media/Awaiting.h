@@ -4,7 +4,6 @@
 #include "Platform/Ports/HttpSession.h"
 
 #include <coroutine>
-#include <deque>
 #include <optional>
 #include <QtCore/QObject>
 #include <utility>
@@ -106,53 +105,6 @@ private:
     QObject &m_context;
     std::function<Result()> m_job;
     std::shared_ptr<Result> m_result = std::make_shared<Result>();
-};
-
-/// Lets coroutines through one at a time, in the order they came. Main thread only.
-class SerialTurns final
-{
-    struct State
-    {
-        bool isTaken = false;
-        std::deque<Resumption> waiting;
-
-        void next()
-        {
-            if (waiting.empty()) {
-                isTaken = false;
-                return;
-            }
-            const Resumption resume = waiting.front();
-            waiting.pop_front();
-            resume();
-        }
-    };
-
-public:
-    /// Lets the next one through when it goes.
-    using Turn = std::shared_ptr<const void>;
-
-    class AwaitedTurn final
-    {
-    public:
-        explicit AwaitedTurn(const SerialTurns &turns)
-            : m_state(turns.m_state)
-        {
-        }
-        [[nodiscard]] bool await_ready() const { return !std::exchange(m_state->isTaken, true); }
-        void await_suspend(std::coroutine_handle<> waiting) { m_state->waiting.emplace_back(waiting); }
-        [[nodiscard]] Turn await_resume() const
-        {
-            return {m_state.get(), [state = m_state](const void *) { state->next(); }};
-        }
-
-    private:
-        std::shared_ptr<State> m_state;
-    };
-
-private:
-    // Of those who wait as well: they may outlive this.
-    std::shared_ptr<State> m_state = std::make_shared<State>();
 };
 
 }

@@ -62,10 +62,6 @@ QCoro::Task<Result> RemoteManifestClient::fetchManifest()
     const auto url = address();
     if (!url)
         co_return failure(url.error());
-    SerialTurns::AwaitedTurn nextTurn(m_turns);
-    const SerialTurns::Turn turn = co_await nextTurn;
-    if (!self)
-        co_return failure(Error::networkFailure);
     AwaitedAnswer request(m_session, {.url = *url,
                                       .file = {},
                                       .largestBody = largestManifest,

@@ -11,7 +11,7 @@
 namespace tomcatto {
 
 /// Fetches the manifest of a remote library, and keeps the last good one on disk for when its server is not reached.
-/// One fetch at a time. Main thread only; documents are read on a thread of their own.
+/// Main thread only; documents are read on a thread of their own.
 class RemoteManifestClient final : public QObject
 {
     Q_OBJECT
@@ -36,7 +36,8 @@ public:
 
     /// Whether there is an address at all.
     [[nodiscard]] bool hasAddress() const { return m_manifestUrlString && !m_manifestUrlString->isEmpty(); }
-    /// The server's manifest; the copy on disk where the server is not reached or answers with an error.
+    /// The server's manifest; the copy on disk where the server is not reached or answers with an error. Called again
+    /// once it is over.
     [[nodiscard]] QCoro::Task<Result> fetchManifest();
     /// The copy on disk; nothing where there is none that can be read.
     [[nodiscard]] QCoro::Task<std::optional<Fetched>> cachedManifest();
@@ -50,7 +51,6 @@ private:
     HttpSession &m_session;
     QString m_cacheFile;
     Logger m_logger;
-    SerialTurns m_turns;
     SerialQueue m_queue;
 };
 

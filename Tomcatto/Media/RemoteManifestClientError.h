@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtCore/QString>
+#include "Foundation/EnumTexts.h"
 
 namespace tomcatto {
 
@@ -16,19 +16,11 @@ enum class RemoteManifestClientError {
 /// One sentence for people.
 [[nodiscard]] inline QString description(RemoteManifestClientError error)
 {
-    switch (error) {
-    case RemoteManifestClientError::missingURL:
-        return QStringLiteral("There is no video library.");
-    case RemoteManifestClientError::invalidURL:
-        return QStringLiteral("The video library's address cannot be used.");
-    case RemoteManifestClientError::networkFailure:
-        return QStringLiteral("The video library's server cannot be reached.");
-    case RemoteManifestClientError::invalidResponse:
-        return QStringLiteral("The video library's server does not have the list of videos.");
-    case RemoteManifestClientError::decodingFailed:
-        return QStringLiteral("The video library's list of videos cannot be read.");
-    }
-    return {};
+    return textOf(std::array{"There is no video library.", "The video library's address cannot be used.",
+                             "The video library's server cannot be reached.",
+                             "The video library's server does not have the list of videos.",
+                             "The video library's list of videos cannot be read."},
+                  error);
 }
 
 }

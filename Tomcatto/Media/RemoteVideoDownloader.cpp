@@ -1,5 +1,6 @@
 #include "Media/RemoteVideoDownloader.h"
 
+#include "Foundation/EnumTexts.h"
 #include "Foundation/TrustedAddress.h"
 #include "Media/RemoteDownloadDelegate.h"
 #include "Media/RemoteTrust.h"
@@ -27,17 +28,10 @@ struct TakenFile
 
 QString description(RemoteVideoDownloaderError error)
 {
-    switch (error) {
-    case RemoteVideoDownloaderError::invalidURL:
-        return QStringLiteral("The video's address cannot be used.");
-    case RemoteVideoDownloaderError::networkFailure:
-        return QStringLiteral("The video's server cannot be reached.");
-    case RemoteVideoDownloaderError::invalidResponse:
-        return QStringLiteral("The video's server does not have it.");
-    case RemoteVideoDownloaderError::fileMoveFailed:
-        return QStringLiteral("The video's file cannot be stored; the log says why.");
-    }
-    return {};
+    return textOf(std::array{"The video's address cannot be used.", "The video's server cannot be reached.",
+                             "The video's server does not have it.",
+                             "The video's file cannot be stored; the log says why."},
+                  error);
 }
 
 RemoteVideoDownloader::RemoteVideoDownloader(RemoteVideoCacheStore &cacheStore, HttpSession &session,

@@ -5,9 +5,6 @@
 
 namespace tomcatto {
 
-struct RemoteVideoCacheEntry;
-struct RemoteVideoEntry;
-
 /// One video of a remote library, as lists show it.
 struct RemoteVideoEntryView
 {
@@ -48,10 +45,5 @@ struct RemoteVideoEntryView
 
     bool operator==(const RemoteVideoEntryView &) const = default;
 };
-
-/// How lists show a video. @param cached its entry in the cache; null where it is not downloaded. @param file where its
-/// file would be
-[[nodiscard]] RemoteVideoEntryView makeEntryView(const RemoteVideoEntry &entry, const RemoteVideoCacheEntry *cached,
-                                                 const QString &file);
 
 }

@@ -342,9 +342,17 @@ RemoteVideoEntryView RemoteVideoProvider::viewOf(const RemoteVideoEntry &entry, 
                                                  const QStringList &seeds) const
 {
     const auto cached = state.entries.find(entry.id);
-    RemoteVideoEntryView view = makeEntryView(entry, cached != state.entries.end() ? &cached->second : nullptr,
-                                              m_cacheStore.filePath(entry.id));
-    view.userSelected = view.userSelected || (!view.isCached && seeds.contains(entry.id));
+    const QString file = m_cacheStore.filePath(entry.id);
+    RemoteVideoEntryView view;
+    view.id = entry.id;
+    view.title = entry.title;
+    view.sizeBytes = entry.video.sizeBytes;
+    view.durationSec = entry.video.durationSec;
+    view.thumbnailUrl = QUrl(entry.thumbnail.url);
+    view.isCached = cached != state.entries.end() && QFileInfo::exists(file);
+    view.userSelected = view.isCached ? cached->second.userSelected : seeds.contains(entry.id);
+    if (view.isCached)
+        view.localFileUrl = QUrl::fromLocalFile(file);
     if (const auto progress = m_inFlightProgress.find(entry.id); progress != m_inFlightProgress.end()) {
         view.isDownloading = true;
         view.downloadProgress = progress->second;

@@ -10,18 +10,18 @@ namespace tomcatto {
 
 namespace {
 
-using Kind = UserVideoCommandError::Kind;
+using Kind = Refusal::Kind;
 
 constexpr std::chrono::seconds diskPatience{8};
 
 UserVideoCommandError refusal(VideoFileError error, const QString &path)
 {
-    return {Kind::file, description(error, path), error};
+    return {{Kind::failed, description(error, path)}, error};
 }
 
 UserVideoCommandError storeError()
 {
-    return {Kind::store, QStringLiteral("The store could not be written; the log tells why."), std::nullopt};
+    return {{Kind::failed, QStringLiteral("The store could not be written; the log tells why.")}, {}};
 }
 
 UserVideoCommands::Result resultOf(const std::expected<UserVideoSave, UserVideoRepositoryError> &written,
@@ -29,7 +29,7 @@ UserVideoCommands::Result resultOf(const std::expected<UserVideoSave, UserVideoR
 {
     if (!written)
         return std::unexpected(
-            UserVideoCommandError{Kind::videoNotFound, QStringLiteral("There is no video \"%1\".").arg(id), {}});
+            UserVideoCommandError{{Kind::notApplicable, QStringLiteral("There is no video \"%1\".").arg(id)}, {}});
     switch (*written) {
     case UserVideoSave::saved:
         return {};
@@ -79,7 +79,7 @@ void UserVideoCommands::add(const QString &path, std::function<void(const AddRes
 {
     if (!QDir::isAbsolutePath(path)) {
         done(std::unexpected(
-            UserVideoCommandError{Kind::usage, QStringLiteral("\"%1\" is no absolute path.").arg(path), {}}));
+            UserVideoCommandError{{Kind::usage, QStringLiteral("\"%1\" is no absolute path.").arg(path)}, {}}));
         return;
     }
     // A disk that hangs must not hold up the queue, and with it the end.
@@ -156,7 +156,7 @@ void UserVideoCommands::change(const QString &id, const std::function<void(const
     const auto uuid = identifierFromText(id);
     if (!uuid) {
         done(std::unexpected(UserVideoCommandError{
-            Kind::usage, QStringLiteral("\"%1\" is no id of a video; see videos list.").arg(id), {}}));
+            {Kind::usage, QStringLiteral("\"%1\" is no id of a video; see videos list.").arg(id)}, {}}));
         return;
     }
     operation(*uuid, [id, done](const std::expected<UserVideoSave, UserVideoRepositoryError> &written) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Foundation/Refusal.h"
 #include "Media/DiskQuestions.h"
 #include "Media/VideoFileValidator.h"
 #include "Persistence/Repositories/UserVideo.h"
@@ -13,23 +14,9 @@ namespace tomcatto {
 
 class UserVideoRepository;
 
-/// Why a command on the user's videos was not done.
-struct UserVideoCommandError
+/// Why a command on the user's videos was not done; `notApplicable` where no video has the id.
+struct UserVideoCommandError : Refusal
 {
-    enum class Kind {
-        /// The words of the command are wrong.
-        usage,
-        /// No video has the id.
-        videoNotFound,
-        /// The file is not a video or cannot be read.
-        file,
-        /// The store failed.
-        store,
-    };
-
-    Kind kind = Kind::store;
-    /// One sentence for people.
-    QString text;
     /// What is wrong with the file, where that is it.
     std::optional<VideoFileError> fileError;
 

@@ -1,5 +1,6 @@
 #include "Media/VideoFileValidator.h"
 
+#include "Foundation/EnumTexts.h"
 #include "Persistence/Repositories/UserVideoThumbnailRenderer.h"
 
 #include <array>
@@ -56,25 +57,15 @@ std::expected<QByteArray, VideoFileError> readableStart(const QString &path)
 
 QString description(VideoFileError error, const QString &path)
 {
-    switch (error) {
-    case VideoFileError::notFound:
-        return QStringLiteral("There is no file \"%1\".").arg(path);
-    case VideoFileError::isDirectory:
-        return QStringLiteral("\"%1\" is a folder, not a video.").arg(path);
-    case VideoFileError::notAFile:
-        return QStringLiteral("\"%1\" is a pipe or a device, not a video.").arg(path);
-    case VideoFileError::unreadable:
-        return QStringLiteral("\"%1\" cannot be read.").arg(path);
-    case VideoFileError::empty:
-        return QStringLiteral("\"%1\" is empty.").arg(path);
-    case VideoFileError::noContainer:
-        return QStringLiteral("\"%1\" is no video: its format is unknown or damaged.").arg(path);
-    case VideoFileError::noPicture:
-        return QStringLiteral("\"%1\" is no video: it has no picture that can be shown.").arg(path);
-    case VideoFileError::timedOut:
-        return QStringLiteral("\"%1\" takes too long to read.").arg(path);
-    }
-    return {};
+    constexpr std::array texts{"There is no file \"%1\".",
+                               "\"%1\" is a folder, not a video.",
+                               "\"%1\" is a pipe or a device, not a video.",
+                               "\"%1\" cannot be read.",
+                               "\"%1\" is empty.",
+                               "\"%1\" is no video: its format is unknown or damaged.",
+                               "\"%1\" is no video: it has no picture that can be shown.",
+                               "\"%1\" takes too long to read."};
+    return textOf(texts, error).arg(path);
 }
 
 std::optional<VideoFileError> VideoFileValidator::problemAtFirstSight(const QString &path)

@@ -42,4 +42,12 @@ StoreResult<void> ManagedObjectContext::save(const std::function<StoreResult<voi
     return saved;
 }
 
+StoreResult<void> ManagedObjectContext::saveAndWait(const std::function<StoreResult<void>(StoreConnection &)> &changes,
+                                                    HistoryChange change) const
+{
+    StoreResult<void> saved;
+    performAndWait([&](const ManagedObjectContext &context) { saved = context.save(changes, change); });
+    return saved;
+}
+
 }

@@ -39,6 +39,9 @@ public:
     /// @param change what `changes` does to the ended phases
     [[nodiscard]] StoreResult<void> save(const std::function<StoreResult<void>(StoreConnection &)> &changes,
                                          HistoryChange change = HistoryChange::rewritten) const;
+    /// The same from outside of a block, waited for like `performAndWait`.
+    [[nodiscard]] StoreResult<void> saveAndWait(const std::function<StoreResult<void>(StoreConnection &)> &changes,
+                                                HistoryChange change) const;
 
 private:
     StoreConnection *m_connection;

@@ -125,12 +125,12 @@ auto StoreConnection::withDatabase(Action action) -> StoreResult<decltype(action
     }
 }
 
-StoreResult<int> StoreConnection::execute(const char *sql, const std::vector<StoreValue> &values)
+StoreResult<void> StoreConnection::execute(const char *sql, const std::vector<StoreValue> &values)
 {
     return withDatabase([&](SQLite::Database &database) {
         SQLite::Statement statement(database, sql);
         bindAll(statement, values);
-        return statement.exec();
+        statement.exec();
     });
 }
 
@@ -171,12 +171,10 @@ StoreResult<void> StoreConnection::fetchEach(const char *sql, std::size_t count,
 StoreResult<void> StoreConnection::transaction(const std::function<StoreResult<void>()> &changes)
 {
     if (const auto begun = execute("BEGIN IMMEDIATE"); !begun)
-        return std::unexpected(begun.error());
+        return begun;
     StoreResult<void> result = changes();
-    if (result) {
-        if (const auto committed = execute("COMMIT"); !committed)
-            result = std::unexpected(committed.error());
-    }
+    if (result)
+        result = execute("COMMIT");
     // Some failures, such as a full disk, end the transaction by themselves.
     if (!result && sqlite3_get_autocommit(m_database->getHandle()) == 0)
         static_cast<void>(execute("ROLLBACK"));

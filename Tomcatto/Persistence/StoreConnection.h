@@ -37,8 +37,7 @@ public:
     [[nodiscard]] const QString &path() const noexcept { return m_path; }
 
     /// Runs one statement that answers with no rows; `values` fill ?1, ?2, … in order.
-    /// @return how many rows it wrote or deleted
-    [[nodiscard]] StoreResult<int> execute(const char *sql, const std::vector<StoreValue> &values = {});
+    [[nodiscard]] StoreResult<void> execute(const char *sql, const std::vector<StoreValue> &values = {});
     /// Runs several statements, separated by semicolons.
     [[nodiscard]] StoreResult<void> executeScript(const char *sql);
     /// Runs one query and calls `row` for each row of its answer.

@@ -10,14 +10,11 @@ namespace tomcatto {
 
 namespace {
 
-std::unexpected<StoreCopyError> refused(const QString &file, const QString &reason)
-{
-    return std::unexpected(StoreCopyError{StoreCopyError::Kind::file, file + QStringLiteral(": ") + reason});
-}
+using tomcatto::refused;
 
-std::unexpected<StoreCopyError> refused(const StoreError &error)
+std::unexpected<Refusal> refused(const StoreError &error)
 {
-    return std::unexpected(StoreCopyError{StoreCopyError::Kind::file, error.description()});
+    return std::unexpected(Refusal{Refusal::Kind::failed, error.description()});
 }
 
 std::filesystem::path pathOf(const QString &file)
@@ -30,8 +27,8 @@ StoreCopyResult<void> checkTarget(const QString &storePath, const QString &file)
 {
     for (const char *suffix : {"", "-wal", "-shm"}) {
         if (isSameFile(storePath + QLatin1String(suffix), file))
-            return std::unexpected(StoreCopyError{StoreCopyError::Kind::usage,
-                                                  file + QStringLiteral(" is the history itself; name another file")});
+            return std::unexpected(
+                Refusal{Refusal::Kind::usage, file + QStringLiteral(" is the history itself; name another file")});
     }
     const QFileInfo target(file);
     if (target.isSymLink() && !target.exists())
@@ -48,6 +45,11 @@ StoreCopyResult<void> checkTarget(const QString &storePath, const QString &file)
     return {};
 }
 
+}
+
+std::unexpected<Refusal> refused(const QString &file, const QString &reason)
+{
+    return std::unexpected(Refusal{Refusal::Kind::failed, file + QStringLiteral(": ") + reason});
 }
 
 bool isSameFile(const QString &one, const QString &other)

@@ -1,30 +1,16 @@
 #pragma once
 
+#include "Foundation/Refusal.h"
 #include "Persistence/StoreError.h"
 
 namespace tomcatto {
 
-/// Why a copy of the store is not made, or not taken for the store.
-struct StoreCopyError
-{
-    enum class Kind {
-        /// The file that was named cannot be meant.
-        usage,
-        /// Not now: another program is in the way.
-        notNow,
-        /// A file or the store failed.
-        file,
-    };
-
-    Kind kind = Kind::file;
-    /// One line for people, in English.
-    QString text;
-
-    bool operator==(const StoreCopyError &) const = default;
-};
-
+/// As the error, why a copy of the store is not made, or not taken for the store.
 template<typename T>
-using StoreCopyResult = std::expected<T, StoreCopyError>;
+using StoreCopyResult = std::expected<T, Refusal>;
+
+/// Of a file that failed, for a reason that follows its name.
+[[nodiscard]] std::unexpected<Refusal> refused(const QString &file, const QString &reason);
 
 /// Whether two paths lead to the same file, by whatever name or link.
 [[nodiscard]] bool isSameFile(const QString &one, const QString &other);

@@ -14,13 +14,10 @@ namespace {
 const QString logSuffix = QStringLiteral("-wal");
 const QString sharedSuffix = QStringLiteral("-shm");
 
-std::unexpected<StoreCopyError> refused(const QString &file, const QString &reason)
-{
-    return std::unexpected(StoreCopyError{StoreCopyError::Kind::file, file + QStringLiteral(": ") + reason});
-}
+using tomcatto::refused;
 
 /// Without the advice, which is for a store in its place.
-std::unexpected<StoreCopyError> refused(const StoreError &error, const QString &file)
+std::unexpected<Refusal> refused(const StoreError &error, const QString &file)
 {
     return refused(file, error.detail);
 }
@@ -40,8 +37,8 @@ QString fileOf(const QString &storePath)
 StoreCopyResult<void> checkSource(const QString &copy, const QString &storePath)
 {
     if (isSameFile(copy, storePath))
-        return std::unexpected(StoreCopyError{StoreCopyError::Kind::usage,
-                                              copy + QStringLiteral(" is the history itself; name a copy of it")});
+        return std::unexpected(
+            Refusal{Refusal::Kind::usage, copy + QStringLiteral(" is the history itself; name a copy of it")});
     const QFileInfo source(copy);
     if (!source.exists())
         return refused(copy, QStringLiteral("there is no such file"));
@@ -163,8 +160,8 @@ StoreCopyResult<QString> putInPlace(const QString &prepared, const QString &stor
     const auto closed = closeLog(earlier);
     if (!closed && closed.error().failure == StoreFailure::locked)
         return std::unexpected(
-            StoreCopyError{StoreCopyError::Kind::notNow,
-                           store + QStringLiteral(" is open in another program. End that one and try again")});
+            Refusal{Refusal::Kind::notApplicable,
+                    store + QStringLiteral(" is open in another program. End that one and try again")});
     const bool isDamaged = !closed && (closed.error().failure == StoreFailure::damaged ||
                                        closed.error().failure == StoreFailure::notAStore);
     if (!closed && !isDamaged)

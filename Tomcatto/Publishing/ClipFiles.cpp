@@ -17,9 +17,9 @@ QString unnumbered(const QString &name)
     return QString(name).remove(number);
 }
 
-PublishFailure refused(const QFileInfo &file, const QString &reason)
+Refusal refused(const QFileInfo &file, const QString &reason)
 {
-    return {PublishFailure::Kind::file, QStringLiteral("%1: %2").arg(file.filePath(), reason)};
+    return {Refusal::Kind::failed, QStringLiteral("%1: %2").arg(file.filePath(), reason)};
 }
 
 }
@@ -44,12 +44,12 @@ QString clipTitle(const QString &name)
     return title.left(1).toUpper() + title.mid(1);
 }
 
-std::expected<std::vector<ClipFile>, PublishFailure> clipsIn(const QString &folder)
+std::expected<std::vector<ClipFile>, Refusal> clipsIn(const QString &folder)
 {
     const QDir directory(folder);
     if (!directory.exists() || !directory.isReadable())
-        return std::unexpected(PublishFailure{PublishFailure::Kind::file,
-                                              QStringLiteral("%1 is not a folder that can be read.").arg(folder)});
+        return std::unexpected(
+            Refusal{Refusal::Kind::failed, QStringLiteral("%1 is not a folder that can be read.").arg(folder)});
     static const QStringList endings{QStringLiteral("*.mp4"), QStringLiteral("*.m4v"),  QStringLiteral("*.mov"),
                                      QStringLiteral("*.mkv"), QStringLiteral("*.webm"), QStringLiteral("*.avi"),
                                      QStringLiteral("*.ogv"), QStringLiteral("*.mpg"),  QStringLiteral("*.mpeg")};
@@ -68,8 +68,8 @@ std::expected<std::vector<ClipFile>, PublishFailure> clipsIn(const QString &fold
         clips.push_back(std::move(clip));
     }
     if (clips.empty())
-        return std::unexpected(PublishFailure{PublishFailure::Kind::notApplicable,
-                                              QStringLiteral("There are no videos in %1.").arg(folder)});
+        return std::unexpected(
+            Refusal{Refusal::Kind::notApplicable, QStringLiteral("There are no videos in %1.").arg(folder)});
     return clips;
 }
 

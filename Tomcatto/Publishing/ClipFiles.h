@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Publishing/PublishFailure.h"
+#include "Foundation/Refusal.h"
 
 #include <expected>
 #include <QtCore/QFileInfo>
@@ -21,7 +21,7 @@ struct ClipFile
 
 /// The videos of a folder by their endings, in the order of their names. Hidden files, folders and files with other
 /// endings are left out; two that would get the same identifier are refused.
-[[nodiscard]] std::expected<std::vector<ClipFile>, PublishFailure> clipsIn(const QString &folder);
+[[nodiscard]] std::expected<std::vector<ClipFile>, Refusal> clipsIn(const QString &folder);
 
 /// What a file's name, without its ending, makes of an identifier and of a title.
 [[nodiscard]] QString clipId(const QString &name);

@@ -13,7 +13,7 @@ namespace tomcatto {
 
 namespace {
 
-using Kind = PublishFailure::Kind;
+using Kind = Refusal::Kind;
 
 constexpr qint64 copiedAtOnce = qint64{1} << 20;
 // By how much the seam may be less alike than neighbours are.
@@ -23,24 +23,24 @@ constexpr double slightDifference = 0.1;
 const QString videosFolder = QStringLiteral("videos/");
 const QString previewsFolder = QStringLiteral("previews/");
 
-std::unexpected<PublishFailure> failed(Kind kind, const QString &path, const QString &reason)
+std::unexpected<Refusal> failed(Kind kind, const QString &path, const QString &reason)
 {
-    return std::unexpected(PublishFailure{kind, path + QStringLiteral(": ") + reason});
+    return std::unexpected(Refusal{kind, path + QStringLiteral(": ") + reason});
 }
 
-std::unexpected<PublishFailure> failed(const QFileDevice &file)
+std::unexpected<Refusal> failed(const QFileDevice &file)
 {
-    return failed(Kind::file, file.fileName(), file.errorString());
+    return failed(Kind::failed, file.fileName(), file.errorString());
 }
 
-std::unexpected<PublishFailure> failed(const ClipFile &clip, StillFrameFailure reason)
+std::unexpected<Refusal> failed(const ClipFile &clip, StillFrameFailure reason)
 {
-    const Kind kind = reason == StillFrameFailure::unavailable ? Kind::notApplicable : Kind::file;
+    const Kind kind = reason == StillFrameFailure::unavailable ? Kind::notApplicable : Kind::failed;
     return failed(kind, clip.file.filePath(), description(reason) + QLatin1Char('.'));
 }
 
 /// The folder's address, to which names are added.
-std::expected<QUrl, PublishFailure> folderAddress(QUrl base)
+std::expected<QUrl, Refusal> folderAddress(QUrl base)
 {
     if (!isTrustedAddress(base) || base.hasQuery() || base.hasFragment() || !base.userInfo().isEmpty())
         return failed(Kind::usage, base.toString(),
@@ -110,7 +110,7 @@ QString lineOf(const RemoteVideoEntry &entry)
              video.loop.confidence.value_or(QString()));
 }
 
-std::expected<void, PublishFailure> writeWhole(const QString &path, const QByteArray &bytes)
+std::expected<void, Refusal> writeWhole(const QString &path, const QByteArray &bytes)
 {
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
@@ -120,7 +120,7 @@ std::expected<void, PublishFailure> writeWhole(const QString &path, const QByteA
 
 /// Copies a file by renaming a whole copy.
 /// @return the hash of just those bytes, and their number
-std::expected<std::pair<QString, qint64>, PublishFailure> copyHashed(const QString &from, const QString &to)
+std::expected<std::pair<QString, qint64>, Refusal> copyHashed(const QString &from, const QString &to)
 {
     QFile source(from);
     QSaveFile copy(to);
@@ -142,11 +142,11 @@ std::expected<std::pair<QString, qint64>, PublishFailure> copyHashed(const QStri
     return std::pair(QString::fromLatin1(hash.result().toHex()), size);
 }
 
-std::expected<void, PublishFailure> makeFolders(const QDir &output)
+std::expected<void, Refusal> makeFolders(const QDir &output)
 {
     for (const QString &folder : {videosFolder, previewsFolder}) {
         if (!output.mkpath(folder))
-            return failed(Kind::file, output.filePath(folder), QStringLiteral("the folder cannot be made."));
+            return failed(Kind::failed, output.filePath(folder), QStringLiteral("the folder cannot be made."));
     }
     return {};
 }
@@ -159,11 +159,10 @@ LibraryPublisher::LibraryPublisher(const ClipStudio &studio, std::function<void(
 {
 }
 
-std::expected<LibraryPublisher::Item, PublishFailure> LibraryPublisher::itemOf(const ClipFile &clip,
-                                                                               const QUrl &base) const
+std::expected<LibraryPublisher::Item, Refusal> LibraryPublisher::itemOf(const ClipFile &clip, const QUrl &base) const
 {
     if (clip.file.size() > largestRemoteVideo)
-        return failed(Kind::file, clip.file.filePath(), QStringLiteral("it is larger than 2 GB."));
+        return failed(Kind::failed, clip.file.filePath(), QStringLiteral("it is larger than 2 GB."));
     const auto facts = m_studio.examine(clip.file.filePath());
     if (!facts)
         return failed(clip, facts.error());
@@ -175,7 +174,7 @@ std::expected<LibraryPublisher::Item, PublishFailure> LibraryPublisher::itemOf(c
     return Item{clip, std::move(entry), std::move(preview->mp4)};
 }
 
-std::expected<std::vector<LibraryPublisher::Item>, PublishFailure>
+std::expected<std::vector<LibraryPublisher::Item>, Refusal>
 LibraryPublisher::itemsOf(const std::vector<ClipFile> &clips, const QUrl &base) const
 {
     std::vector<Item> items;
@@ -188,7 +187,7 @@ LibraryPublisher::itemsOf(const std::vector<ClipFile> &clips, const QUrl &base) 
     return items;
 }
 
-std::expected<std::size_t, PublishFailure> LibraryPublisher::publish(const PublishRequest &request) const
+std::expected<std::size_t, Refusal> LibraryPublisher::publish(const PublishRequest &request) const
 {
     const auto base = folderAddress(request.baseUrl);
     if (!base)
@@ -202,7 +201,7 @@ std::expected<std::size_t, PublishFailure> LibraryPublisher::publish(const Publi
     return write(*std::move(items), QDir(request.output));
 }
 
-std::expected<std::size_t, PublishFailure> LibraryPublisher::write(std::vector<Item> items, const QDir &output)
+std::expected<std::size_t, Refusal> LibraryPublisher::write(std::vector<Item> items, const QDir &output)
 {
     if (const auto made = makeFolders(output); !made)
         return std::unexpected(made.error());

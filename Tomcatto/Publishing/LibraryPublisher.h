@@ -31,7 +31,7 @@ public:
     LibraryPublisher(const ClipStudio &studio, std::function<void(const QString &line)> tell);
 
     /// @return the number of clips
-    [[nodiscard]] std::expected<std::size_t, PublishFailure> publish(const PublishRequest &request) const;
+    [[nodiscard]] std::expected<std::size_t, Refusal> publish(const PublishRequest &request) const;
 
 private:
     struct Item
@@ -41,10 +41,10 @@ private:
         QByteArray preview;
     };
 
-    [[nodiscard]] std::expected<Item, PublishFailure> itemOf(const ClipFile &clip, const QUrl &base) const;
-    [[nodiscard]] std::expected<std::vector<Item>, PublishFailure> itemsOf(const std::vector<ClipFile> &clips,
-                                                                           const QUrl &base) const;
-    [[nodiscard]] static std::expected<std::size_t, PublishFailure> write(std::vector<Item> items, const QDir &output);
+    [[nodiscard]] std::expected<Item, Refusal> itemOf(const ClipFile &clip, const QUrl &base) const;
+    [[nodiscard]] std::expected<std::vector<Item>, Refusal> itemsOf(const std::vector<ClipFile> &clips,
+                                                                    const QUrl &base) const;
+    [[nodiscard]] static std::expected<std::size_t, Refusal> write(std::vector<Item> items, const QDir &output);
 
     const ClipStudio &m_studio;
     std::function<void(const QString &line)> m_tell;

@@ -143,11 +143,6 @@ QString wordOf(const NamedKey &key)
 
 }
 
-std::span<const NamedKey> namedKeys()
-{
-    return names;
-}
-
 const NamedKey *namedKey(quint16 keyCode)
 {
     const auto *const found = std::ranges::find(names, keyCode, &NamedKey::keyCode);

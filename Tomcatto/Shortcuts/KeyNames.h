@@ -2,7 +2,6 @@
 
 #include <optional>
 #include <QtCore/QString>
-#include <span>
 
 namespace tomcatto {
 
@@ -25,8 +24,6 @@ struct NamedKey
     const char *word = nullptr;
 };
 
-/// All keys that have names.
-[[nodiscard]] std::span<const NamedKey> namedKeys();
 /// Nothing for a key without a name.
 [[nodiscard]] const NamedKey *namedKey(quint16 keyCode);
 

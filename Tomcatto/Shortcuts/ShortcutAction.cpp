@@ -34,15 +34,9 @@ std::optional<ShortcutAction> shortcutActionFromHotKeyId(quint32 id)
 
 QString labelKey(ShortcutAction action)
 {
-    switch (action) {
-    case ShortcutAction::toggleTimer:
-        return QStringLiteral("main.general.shortcuts.toggle_timer");
-    case ShortcutAction::skip:
-        return QStringLiteral("main.general.shortcuts.skip");
-    case ShortcutAction::extend:
-        return QStringLiteral("main.general.shortcuts.extend");
-    }
-    return {};
+    constexpr std::array keys{"main.general.shortcuts.toggle_timer", "main.general.shortcuts.skip",
+                              "main.general.shortcuts.extend"};
+    return textOf(keys, action);
 }
 
 }

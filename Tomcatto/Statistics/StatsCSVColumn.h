@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+
 namespace tomcatto {
 
 /// The words of the exported file: its header and the labels of its columns. English in every language.
@@ -16,6 +18,10 @@ struct StatsCSVColumn
     static constexpr const char *completed = "Completed";
     static constexpr const char *skipped = "Skipped";
     static constexpr const char *interrupted = "Interrupted";
+
+    /// In the order of `PomodoroPhase` and of `SessionEnding`.
+    static constexpr std::array types{unknown, work, shortBreak, longBreak};
+    static constexpr std::array endings{completed, skipped, interrupted};
 };
 
 }

@@ -13,10 +13,6 @@ namespace tomcatto {
 
 namespace {
 
-constexpr std::array typeLabels{StatsCSVColumn::unknown, StatsCSVColumn::work, StatsCSVColumn::shortBreak,
-                                StatsCSVColumn::longBreak};
-constexpr std::array statusLabels{StatsCSVColumn::completed, StatsCSVColumn::skipped, StatsCSVColumn::interrupted};
-
 using Field = QByteArrayView;
 
 /// The case whose label the field is, in the order of the enumeration.
@@ -90,9 +86,9 @@ std::expected<ImportedSession, QString> session(Field line)
         fields.at(place) = isLast ? line : line.first(comma);
         line = line.sliced(comma + 1);
     }
-    const auto phase = labelled<PomodoroPhase>(typeLabels, fields[0]);
+    const auto phase = labelled<PomodoroPhase>(StatsCSVColumn::types, fields[0]);
     const auto length = duration(fields[1]);
-    const auto ending = labelled<SessionEnding>(statusLabels, fields[2]);
+    const auto ending = labelled<SessionEnding>(StatsCSVColumn::endings, fields[2]);
     const auto start = instant(fields[3]);
     if (!phase)
         return std::unexpected(QStringLiteral("the type is not Work, Short Break, Long Break or Unknown"));

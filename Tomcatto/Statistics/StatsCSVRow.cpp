@@ -12,17 +12,7 @@ namespace {
 const char *typeLabel(const QString &phase)
 {
     const auto known = phaseFromRawValue(phase).value_or(PomodoroPhase::idle);
-    switch (known) {
-    case PomodoroPhase::working:
-        return StatsCSVColumn::work;
-    case PomodoroPhase::shortBreak:
-        return StatsCSVColumn::shortBreak;
-    case PomodoroPhase::longBreak:
-        return StatsCSVColumn::longBreak;
-    case PomodoroPhase::idle:
-        break;
-    }
-    return StatsCSVColumn::unknown;
+    return StatsCSVColumn::types.at(static_cast<std::size_t>(known));
 }
 
 const char *statusLabel(const PomodoroSessionRecord &record)

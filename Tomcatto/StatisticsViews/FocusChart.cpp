@@ -1,5 +1,6 @@
 #include "StatisticsViews/FocusChart.h"
 
+#include "Foundation/EnumTexts.h"
 #include "StatisticsViews/ChartScale.h"
 #include "StatisticsViews/FigureRows.h"
 
@@ -8,19 +9,9 @@
 namespace tomcatto {
 namespace {
 
-QString titleKey(CalendarUnit unit)
-{
-    switch (unit) {
-    case CalendarUnit::day:
-    case CalendarUnit::weekOfYear:
-        return QStringLiteral("stats.chart.title.day");
-    case CalendarUnit::month:
-        return QStringLiteral("stats.chart.title.month");
-    case CalendarUnit::year:
-        return QStringLiteral("stats.chart.title.year");
-    }
-    return {};
-}
+// In the order of `CalendarUnit`.
+constexpr std::array titleKeys{"stats.chart.title.day", "stats.chart.title.day", "stats.chart.title.month",
+                               "stats.chart.title.year"};
 
 QString barLabel(const StatisticsSources &sources, QDate day, const StatsChartLayout &layout)
 {
@@ -87,7 +78,7 @@ FocusChart focusChart(const StatisticsSources &sources, StatsRange range, Statis
     const std::vector<FocusBucket> buckets = sources.aggregator.focusBuckets(layout.start, layout.bucketUnit);
     const bool isPage = form == StatisticsForm::page;
     FocusChart chart;
-    chart.title = sources.strings.text(titleKey(layout.bucketUnit));
+    chart.title = sources.strings.text(textOf(titleKeys, layout.bucketUnit));
     qint64 peak = 0;
     for (const FocusBucket &bucket : buckets) {
         chart.bars.append(barRow(sources, bucket, layout, !isPage || layout.strideUnit != layout.bucketUnit));

@@ -50,9 +50,7 @@ HeatRows heatRows(const StatisticsSources &sources, StatisticsForm form)
 {
     const std::vector<std::vector<qint64>> counts = sources.aggregator.weeklyHeatmap(HeatRows::weeks);
     const QLocale locale = sources.strings.locale();
-    const QDate firstWeek = sources.wallClock.calendar()
-                                .firstDay(CalendarUnit::weekOfYear, sources.today())
-                                .addDays(qint64{-7} * (HeatRows::weeks - 1));
+    const QDate firstWeek = sources.aggregator.heatmapStart(HeatRows::weeks);
     HeatRows rows;
     rows.title = sources.strings.format(QStringLiteral("stats.heatmap.title"), HeatRows::weeks);
     QDate day = firstWeek;

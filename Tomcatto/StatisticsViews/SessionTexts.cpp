@@ -1,21 +1,15 @@
 #include "StatisticsViews/SessionTexts.h"
 
+#include "Foundation/EnumTexts.h"
 #include "Localization/DurationText.h"
 
 namespace tomcatto {
 
 QString SessionTexts::name(PomodoroPhase phase) const
 {
-    switch (phase) {
-    case PomodoroPhase::idle:
-    case PomodoroPhase::working:
-        return strings.text(QStringLiteral("menubar.phase.work"));
-    case PomodoroPhase::shortBreak:
-        return strings.text(QStringLiteral("menubar.phase.short_break"));
-    case PomodoroPhase::longBreak:
-        return strings.text(QStringLiteral("menubar.phase.long_break"));
-    }
-    return {};
+    constexpr std::array keys{"menubar.phase.work", "menubar.phase.work", "menubar.phase.short_break",
+                              "menubar.phase.long_break"};
+    return strings.text(textOf(keys, phase));
 }
 
 QString SessionTexts::times(const EndedPhase &phase) const

@@ -20,4 +20,9 @@ std::optional<PomodoroPhase> phaseFromRawValue(QStringView text)
     return caseOf<PomodoroPhase>(phaseTexts, text);
 }
 
+QString rawValue(PhaseExitReason reason)
+{
+    return textOf(std::array{"started", "completed", "skipped", "reset", "terminated"}, reason);
+}
+
 }

@@ -18,6 +18,9 @@ enum class PhaseExitReason { started, completed, skipped, reset, terminated };
 /// The phase with that stored text; nothing for any other text.
 [[nodiscard]] std::optional<PomodoroPhase> phaseFromRawValue(QStringView text);
 
+/// "started", "completed", "skipped", "reset" or "terminated".
+[[nodiscard]] QString rawValue(PhaseExitReason reason);
+
 /// Whether the phase is a short or a long break.
 [[nodiscard]] constexpr bool isBreak(PomodoroPhase phase) noexcept
 {

@@ -10,7 +10,7 @@ namespace tomcatto {
 
 namespace {
 
-using Kind = UserVideoCommandError::Kind;
+using Kind = Refusal::Kind;
 
 class UserVideoCommandsTest : public VideoLibrary
 {
@@ -31,7 +31,7 @@ protected:
             result = changed ? std::nullopt : std::optional(changed.error().kind);
         });
         EXPECT_TRUE(QTest::qWaitFor([&result] { return result.has_value(); }));
-        return result.value_or(Kind::store);
+        return result.value_or(Kind::failed);
     }
 
     UserVideoCommands m_commands{m_repository, m_stillFrame, m_runLoop};

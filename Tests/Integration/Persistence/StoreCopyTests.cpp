@@ -70,7 +70,7 @@ TEST_F(StoreCopyTests, copiesWhatIsInTheLogAndReplacesOnlyCopies)
         ASSERT_FALSE(refused) << qPrintable(target);
         EXPECT_TRUE(refused.error().text.startsWith(target)) << qPrintable(refused.error().text);
         const bool isStore = target == path("itself") || target.endsWith(QStringLiteral("wal"));
-        EXPECT_EQ(refused.error().kind == StoreCopyError::Kind::usage, isStore) << qPrintable(target);
+        EXPECT_EQ(refused.error().kind == Refusal::Kind::usage, isStore) << qPrintable(target);
     }
     EXPECT_EQ(storeBytes(), before);
     EXPECT_EQ(QFileInfo(notes).size(), 11);
@@ -91,7 +91,7 @@ TEST_F(StoreCopyTests, takesTheStoresPlaceWhileItIsInUse)
         ASSERT_EQ(SQLite::Statement(other, "SELECT 1 FROM PomodoroSessionRecord").executeStep(), true);
         const auto refused = restore(copy);
         ASSERT_FALSE(refused);
-        EXPECT_EQ(refused.error().kind, StoreCopyError::Kind::notNow);
+        EXPECT_EQ(refused.error().kind, Refusal::Kind::notApplicable);
         insertOne();
     }
     QCoreApplication::sendPostedEvents();

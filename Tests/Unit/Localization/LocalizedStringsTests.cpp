@@ -80,5 +80,5 @@ TEST_F(LocalizedStringsTest, CountsByTheLanguagesRule)
     EXPECT_EQ(m_strings.plural(u"n"_s, 0, u"9"_s), u"0 cats of 9"_s);
     m_service.setLanguage(Language::fr);
     EXPECT_EQ(m_strings.plural(u"n"_s, 0), u"0 chat"_s);
-    EXPECT_EQ(m_strings.pluralText(u"n"_s, 2), u"2 chats"_s);
+    EXPECT_EQ(m_strings.plural(u"n"_s, 2), u"2 chats"_s);
 }

@@ -19,12 +19,6 @@ StoreResult<void> findOverlapping(StoreConnection &connection, const DateInterva
         [&found](const StoreRow &row) { found = sessionRecord(row); });
 }
 
-StoreResult<void> execute(StoreConnection &connection, const char *sql, const std::vector<StoreValue> &values)
-{
-    const auto executed = connection.execute(sql, values);
-    return executed ? StoreResult<void>() : std::unexpected(executed.error());
-}
-
 /// Ends a save that turned out to have nothing to do.
 StoreResult<void> nothingToSave()
 {
@@ -48,11 +42,9 @@ SessionEdits::Found SessionEdits::insertUnlessOverlapping(const PomodoroSessionI
     const auto change = [&](StoreConnection &connection) -> StoreResult<void> {
         if (auto looked = findOverlapping(connection, {request.startedAt, request.endedAt}, other); !looked)
             return looked;
-        return other ? nothingToSave() : execute(connection, sessionQueries::insert, sessionValues(request));
+        return other ? nothingToSave() : connection.execute(sessionQueries::insert, sessionValues(request));
     };
-    StoreResult<void> saved;
-    m_stack.newBackgroundContext().performAndWait(
-        [&](const ManagedObjectContext &context) { saved = context.save(change, HistoryChange::added); });
+    const auto saved = m_stack.newBackgroundContext().saveAndWait(change, HistoryChange::added);
     return saved || other ? Found(other) : std::unexpected(saved.error());
 }
 
@@ -69,23 +61,18 @@ SessionEdits::Found SessionEdits::remove(const QUuid &id)
         if (auto looked = connection.fetch(sessionQueries::withIdentifier, {identifierText(id)}, take); !looked)
             return looked;
         isMissing = !removed;
-        return isMissing ? nothingToSave() : execute(connection, sessionQueries::removeRow, {number});
+        return isMissing ? nothingToSave() : connection.execute(sessionQueries::removeRow, {number});
     };
-    StoreResult<void> saved;
-    m_stack.newBackgroundContext().performAndWait(
-        [&](const ManagedObjectContext &context) { saved = context.save(change, HistoryChange::rewritten); });
+    const auto saved = m_stack.newBackgroundContext().saveAndWait(change, HistoryChange::rewritten);
     return saved || isMissing ? Found(removed) : std::unexpected(saved.error());
 }
 
 StoreResult<void> SessionEdits::restore(const PomodoroSessionRecord &record)
 {
     const auto change = [&record](StoreConnection &connection) {
-        return execute(connection, sessionQueries::insert, sessionValues(record));
+        return connection.execute(sessionQueries::insert, sessionValues(record));
     };
-    StoreResult<void> saved;
-    m_stack.newBackgroundContext().performAndWait(
-        [&](const ManagedObjectContext &context) { saved = context.save(change, HistoryChange::added); });
-    return saved;
+    return m_stack.newBackgroundContext().saveAndWait(change, HistoryChange::added);
 }
 
 }

@@ -83,10 +83,8 @@ StoreResult<qint64> importSessions(CoreDataStack &stack, std::vector<ImportedSes
             return dropped;
         return insertAll(connection, sessions, seed);
     };
-    StoreResult<void> saved;
     // Those who follow additions one by one are better off beginning anew.
-    stack.newBackgroundContext().performAndWait(
-        [&](const ManagedObjectContext &context) { saved = context.save(change, HistoryChange::rewritten); });
+    const auto saved = stack.newBackgroundContext().saveAndWait(change, HistoryChange::rewritten);
     return saved ? StoreResult<qint64>(static_cast<qint64>(sessions.size())) : std::unexpected(saved.error());
 }
 

@@ -14,12 +14,7 @@ namespace {
 StoreResult<void> write(ManagedObjectContext &context, const char *sql, const std::vector<StoreValue> &values,
                         HistoryChange change)
 {
-    const auto execute = [&](StoreConnection &connection) -> StoreResult<void> {
-        if (const auto executed = connection.execute(sql, values); !executed)
-            return std::unexpected(executed.error());
-        return {};
-    };
-    return context.save(execute, change);
+    return context.save([&](StoreConnection &connection) { return connection.execute(sql, values); }, change);
 }
 
 void logFailure(const Logger &logger, const QString &text, const StoreResult<void> &saved)

@@ -128,42 +128,30 @@ void UserVideoRepository::insert(const UserVideo &video, Completion completion)
 
 void UserVideoRepository::deleteVideo(const QUuid &id, Completion completion)
 {
-    write({id,
-           userVideoQueries::remove,
-           {identifierText(id)},
-           QStringLiteral("deleteVideo failed: "),
-           true,
-           std::move(completion)});
+    change(id, userVideoQueries::remove, {}, "deleteVideo", std::move(completion));
 }
 
 void UserVideoRepository::setSelected(const QUuid &id, bool isSelected, Completion completion)
 {
-    write({id,
-           userVideoQueries::setSelected,
-           {identifierText(id), qint64{isSelected}},
-           QStringLiteral("setSelected failed: "),
-           true,
-           std::move(completion)});
+    change(id, userVideoQueries::setSelected, {qint64{isSelected}}, "setSelected", std::move(completion));
 }
 
 void UserVideoRepository::markPlayed(const QUuid &id, Completion completion)
 {
-    write({id,
-           userVideoQueries::markPlayed,
-           {identifierText(id), secondsSince1970(m_clock.now())},
-           QStringLiteral("markPlayed failed: "),
-           true,
-           std::move(completion)});
+    change(id, userVideoQueries::markPlayed, {secondsSince1970(m_clock.now())}, "markPlayed", std::move(completion));
 }
 
 void UserVideoRepository::updateBookmarkData(const QUuid &id, const QByteArray &data, Completion completion)
 {
-    write({id,
-           userVideoQueries::updateBookmark,
-           {identifierText(id), data},
-           QStringLiteral("updateBookmarkData failed: "),
-           true,
-           std::move(completion)});
+    change(id, userVideoQueries::updateBookmark, {data}, "updateBookmarkData", std::move(completion));
+}
+
+void UserVideoRepository::change(const QUuid &id, const char *sql, std::vector<StoreValue> values,
+                                 const char *operation, Completion completion)
+{
+    values.insert(values.begin(), identifierText(id));
+    const QString failureText = QLatin1String(operation) + QStringLiteral(" failed: ");
+    write({id, sql, std::move(values), failureText, true, std::move(completion)});
 }
 
 void UserVideoRepository::write(Write write)
@@ -182,14 +170,10 @@ UserVideoRepository::WriteResult UserVideoRepository::perform(ManagedObjectConte
                                           [&exists](const StoreRow &) { exists = true; });
     if (done && !exists)
         return std::unexpected(UserVideoRepositoryError::videoNotFound);
-    if (done) {
-        const auto change = [&write](StoreConnection &connection) -> StoreResult<void> {
-            if (const auto executed = connection.execute(write.sql, write.values); !executed)
-                return std::unexpected(executed.error());
-            return {};
-        };
-        done = context.save(change, HistoryChange::added);
-    }
+    if (done)
+        done =
+            context.save([&write](StoreConnection &connection) { return connection.execute(write.sql, write.values); },
+                         HistoryChange::added);
     if (done)
         return UserVideoSave::saved;
     m_logger.error(write.failureText + done.error().description());

@@ -85,6 +85,9 @@ private:
     };
     using WriteResult = std::expected<UserVideoSave, UserVideoRepositoryError>;
 
+    /// Writes to a record that has to be there. @param values those after the id
+    void change(const QUuid &id, const char *sql, std::vector<StoreValue> values, const char *operation,
+                Completion completion);
     void write(Write write);
     [[nodiscard]] WriteResult perform(ManagedObjectContext &context, const Write &write) const;
     void finish(const WriteResult &result, const Completion &completion);
