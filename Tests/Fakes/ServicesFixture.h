@@ -25,8 +25,8 @@ class ServicesFixture
 public:
     explicit ServicesFixture(const QString &language = QStringLiteral("en"))
     {
-        dependencies.settings.setSelectedLanguage(languageFromRawValue(language).value());
-        dependencies.languageOverrideService.setLanguage(languageFromRawValue(language).value());
+        dependencies.settings.setSelectedLanguage(fromRawValue<SelectedLanguage>(language).value());
+        dependencies.languageOverrideService.setLanguage(fromRawValue<SelectedLanguage>(language).value());
     }
 
     /// Lets time pass: all clocks and the run loop move together.

@@ -1,12 +1,11 @@
 #include "CommandLine/Invocation.h"
 
-#include "CommandLine/ArgumentDomainWords.h"
 #include "CommandLine/CommandDescription.h"
+#include "CommandLine/StartWords.h"
 #include "Composition/HistoryCommands.h"
 #include "Manners/MannersCatalog.h"
 #include "Timer/SettingsCatalog.h"
 
-#include <algorithm>
 #include <CLI/CLI.hpp>
 
 namespace tomcatto {
@@ -184,7 +183,7 @@ private:
             .add_option_function<std::string>(
                 "--range",
                 [this](const std::string &range) {
-                    m_invocation.range = *statsRangeFromRawValue(QString::fromStdString(range));
+                    m_invocation.range = *fromRawValue<StatsRange>(QString::fromStdString(range));
                 },
                 "today, week, month or allTime")
             ->check(CLI::IsMember({"today", "week", "month", "allTime"}));
@@ -373,20 +372,6 @@ private:
     Invocation &m_invocation;
     CLI::App m_app{"Tomcatto, a focus timer", "tomcatto"};
 };
-
-/// Whether the words start the application, which is read without the grammar: a hidden application would keep what
-/// that leaves behind.
-bool isPlainStart(const QStringList &words, Invocation &invocation)
-{
-    const std::map<QString, bool *> flags{{QStringLiteral("--terminal"), &invocation.isTerminal},
-                                          {QStringLiteral("--background"), &invocation.isBackground},
-                                          {QStringLiteral("--ui-test"), &invocation.isUiTest},
-                                          {QStringLiteral("--verbose"), &invocation.isVerbose}};
-    return std::ranges::all_of(words, [&flags](const QString &word) {
-        const auto flag = flags.find(word);
-        return flag != flags.end() && (*flag->second = true);
-    });
-}
 
 }
 

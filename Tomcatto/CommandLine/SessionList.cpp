@@ -33,7 +33,7 @@ Json json(const PomodoroSessionRecord &record)
 QString phaseName(const QString &phase)
 {
     constexpr std::array names{"Unknown", "Focus", "Short break", "Long break"};
-    return textOf(names, phaseFromRawValue(phase).value_or(PomodoroPhase::idle));
+    return textOf(names, fromRawValue<PomodoroPhase>(phase).value_or(PomodoroPhase::idle));
 }
 
 QString state(const PomodoroSessionRecord &record)

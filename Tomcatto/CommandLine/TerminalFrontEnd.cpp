@@ -14,22 +14,13 @@ QString key(const char *text)
 /// The command behind a key; empty for any other key.
 QString commandForKey(QChar pressed)
 {
-    switch (pressed.toLower().unicode()) {
-    case u' ':
-        return key("toggle");
-    case u's':
-        return key("skip");
-    case u'b':
-        return key("take-break");
-    case u'e':
-        return key("extend");
-    case u'r':
-        return key("reset");
-    case u'q':
-        return key("quit");
-    default:
-        return {};
+    for (const auto &[character, command] :
+         {std::pair(u' ', "toggle"), std::pair(u's', "skip"), std::pair(u'b', "take-break"), std::pair(u'e', "extend"),
+          std::pair(u'r', "reset"), std::pair(u'q', "quit")}) {
+        if (pressed.toLower() == character)
+            return key(command);
     }
+    return {};
 }
 
 /// The terminal colour of a phase: the pill's hues as close as sixteen colours come.

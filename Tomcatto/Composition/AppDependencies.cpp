@@ -15,7 +15,7 @@ std::unique_ptr<quillbay::NotificationAuthorization> makeNotificationAuthorizati
 /// A marker stays until its phase is recorded, so there is never a moment without both.
 std::optional<EndedPhase> runningPhase(const std::optional<InFlightSessionMarker> &marker)
 {
-    const auto phase = marker ? phaseFromRawValue(marker->phase) : std::nullopt;
+    const auto phase = marker ? fromRawValue<PomodoroPhase>(marker->phase) : std::nullopt;
     if (!phase)
         return std::nullopt;
     EndedPhase running;

@@ -65,10 +65,8 @@ ControlReply settingsCommand(const SettingsCommandParts &parts, const Json &argu
 ControlReply presetCommand(const SettingsCommandParts &parts, const Json &arguments)
 {
     const QString name = QString::fromStdString(arguments.value("name", std::string()));
-    for (const NamedPreset preset : namedPresets) {
-        if (rawValue(preset) != name)
-            continue;
-        parts.settings.apply(preset);
+    if (const auto preset = fromRawValue<NamedPreset>(name)) {
+        parts.settings.apply(*preset);
         return stored(parts, QStringLiteral("The preset"));
     }
     return controlReply(ExitStatus::usage,

@@ -82,7 +82,7 @@ ControlReply shortcutsCommand(const ShortcutCommandParts &parts, const Json &arg
     if (wanted == QStringLiteral("list"))
         return list(parts);
     const QString name = textArgument(arguments, "shortcut");
-    const auto action = shortcutActionFromRawValue(name);
+    const auto action = fromRawValue<ShortcutAction>(name);
     if (!action)
         return controlReply(ExitStatus::usage,
                             QStringLiteral("Unknown action \"%1\"; use toggleTimer, skip or extend").arg(name));

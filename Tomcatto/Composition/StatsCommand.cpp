@@ -8,7 +8,7 @@ void addStatsCommand(CommandTable &table, const StatsAggregator &aggregator, con
 {
     table.add(QStringLiteral("stats"), [&aggregator, &settings](const nlohmann::ordered_json &arguments) {
         const QString name = textArgument(arguments, "range");
-        const auto range = statsRangeFromRawValue(name);
+        const auto range = fromRawValue<StatsRange>(name);
         if (!range)
             return controlReply(ExitStatus::usage,
                                 QStringLiteral("Unknown range \"%1\"; use today, week, month or allTime").arg(name));

@@ -76,7 +76,7 @@ Json toJson(const TimerStatus &status)
 {
     Json object{{"phase", rawValue(status.phase).toStdString()}};
     addJsonFields(object, status);
-    object["heldBy"] = status.heldBy ? Json(textOf(holdReasonTexts, *status.heldBy).toStdString()) : Json();
+    object["heldBy"] = status.heldBy ? Json(rawValue(*status.heldBy).toStdString()) : Json();
     return object;
 }
 
@@ -85,14 +85,14 @@ std::expected<TimerStatus, QString> timerStatusFromJson(const Json &object)
     try {
         QString phaseText;
         readJsonField(object, "phase", phaseText);
-        const auto phase = phaseFromRawValue(phaseText);
+        const auto phase = fromRawValue<PomodoroPhase>(phaseText);
         if (!phase)
             return std::unexpected(QStringLiteral("Tomcatto's status has an unknown phase"));
         TimerStatus status;
         status.phase = *phase;
         readJson(object, status);
         // An application of a later version may know other reasons.
-        status.heldBy = caseOf<HoldReason>(holdReasonTexts, textArgument(object, "heldBy"));
+        status.heldBy = fromRawValue<HoldReason>(textArgument(object, "heldBy"));
         return status;
     } catch (const JsonFieldError &error) {
         return std::unexpected(QStringLiteral("Tomcatto's status cannot be read: ") + QString::fromUtf8(error.what()));

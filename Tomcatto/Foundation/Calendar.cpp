@@ -1,7 +1,5 @@
 #include "Foundation/Calendar.h"
 
-#include "Foundation/EnumTexts.h"
-
 namespace tomcatto {
 
 namespace {
@@ -13,11 +11,6 @@ constexpr qint64 furthestOffset = qint64{16} * 3600;
 
 const QDate epochDay(1970, 1, 1);
 
-}
-
-QString rawValue(CalendarUnit unit)
-{
-    return textOf(std::array{"day", "weekOfYear", "month", "year"}, unit);
 }
 
 bool Calendar::reaches(Date date)

@@ -1,17 +1,16 @@
 #pragma once
 
 #include "Foundation/Date.h"
+#include "Foundation/EnumTexts.h"
 
-#include <optional>
 #include <QtCore/QTimeZone>
 
 namespace tomcatto {
 
 /// The units that statistics are gathered in.
 enum class CalendarUnit { day, weekOfYear, month, year };
-
-/// The unit's name in reports: "day", "weekOfYear", "month" or "year".
-[[nodiscard]] QString rawValue(CalendarUnit unit);
+template<>
+inline constexpr std::array rawValues<CalendarUnit>{"day", "weekOfYear", "month", "year"};
 
 /// The rules by which instants become days and times of day: a time zone, the day a week begins with and how a time is
 /// written. Gregorian. A value; any thread.

@@ -24,4 +24,26 @@ template<typename Enum, std::size_t count>
     return std::nullopt;
 }
 
+/// The texts that the cases of an enumeration are stored and exchanged by, in their order. An enumeration that has such
+/// texts brings them beside it, and then has the functions below.
+template<typename Enum>
+inline constexpr std::nullptr_t rawValues = nullptr;
+
+template<typename Enum>
+concept HasRawValues = !std::is_same_v<decltype(rawValues<Enum>), const std::nullptr_t>;
+
+/// The text that a case is stored by.
+template<HasRawValues Enum>
+[[nodiscard]] QString rawValue(Enum value)
+{
+    return textOf(rawValues<Enum>, value);
+}
+
+/// The case with that text; nothing for any other text.
+template<HasRawValues Enum>
+[[nodiscard]] std::optional<Enum> fromRawValue(QStringView text)
+{
+    return caseOf<Enum>(rawValues<Enum>, text);
+}
+
 }

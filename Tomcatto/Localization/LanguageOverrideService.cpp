@@ -20,7 +20,7 @@ QString languageCode(const QString &tag)
 SelectedLanguage firstKnown(const QStringList &tags)
 {
     for (const QString &tag : tags) {
-        const auto language = languageFromRawValue(languageCode(tag));
+        const auto language = fromRawValue<SelectedLanguage>(languageCode(tag));
         if (language && *language != SelectedLanguage::system)
             return *language;
     }
@@ -42,7 +42,7 @@ SelectedLanguage LanguageOverrideService::currentLanguage() const
 {
     const auto value = m_defaults.value(selectedLanguageKey);
     const QString *text = value ? std::get_if<QString>(&*value) : nullptr;
-    return text ? languageFromRawValue(*text).value_or(SelectedLanguage::system) : SelectedLanguage::system;
+    return text ? fromRawValue<SelectedLanguage>(*text).value_or(SelectedLanguage::system) : SelectedLanguage::system;
 }
 
 void LanguageOverrideService::setLanguage(SelectedLanguage language)

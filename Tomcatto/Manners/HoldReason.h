@@ -14,7 +14,7 @@ enum class HoldReason {
     typing,
 };
 
-/// Their texts in a status, in their order.
-inline constexpr std::array holdReasonTexts{"call", "fullScreen", "typing"};
+template<>
+inline constexpr std::array rawValues<HoldReason>{"call", "fullScreen", "typing"};
 
 }

@@ -107,18 +107,13 @@ std::optional<Error> RemoteVideoDownloader::failureOf(const HttpResult &answer, 
         return Error::invalidResponse;
     }
     const HttpFailure &failure = answer.error();
-    switch (failure.kind) {
-    case HttpFailure::Kind::network:
-        m_logger.error(QStringLiteral("download network error for %1: %2").arg(id, failure.description));
+    const bool isNetwork = failure.kind == HttpFailure::Kind::network;
+    const QString text =
+        isNetwork ? QStringLiteral("download network error for %1: %2") : QStringLiteral("download failed for %1: %2");
+    m_logger.error(text.arg(id, failure.description));
+    if (isNetwork)
         return Error::networkFailure;
-    case HttpFailure::Kind::response:
-        m_logger.error(QStringLiteral("download failed for %1: %2").arg(id, failure.description));
-        return Error::invalidResponse;
-    case HttpFailure::Kind::file:
-        m_logger.error(QStringLiteral("download failed for %1: %2").arg(id, failure.description));
-        return Error::fileMoveFailed;
-    }
-    return std::nullopt;
+    return failure.kind == HttpFailure::Kind::response ? Error::invalidResponse : Error::fileMoveFailed;
 }
 
 void RemoteVideoDownloader::record(const RemoteVideoDownload &video, qint64 sizeBytes)

@@ -30,12 +30,8 @@ UserVideoCommands::Result resultOf(const std::expected<UserVideoSave, UserVideoR
     if (!written)
         return std::unexpected(
             UserVideoCommandError{{Kind::notApplicable, QStringLiteral("There is no video \"%1\".").arg(id)}, {}});
-    switch (*written) {
-    case UserVideoSave::saved:
-        return {};
-    case UserVideoSave::failed:
+    if (*written == UserVideoSave::failed)
         return std::unexpected(storeError());
-    }
     return {};
 }
 

@@ -22,7 +22,7 @@ bool isPlausible(const InFlightSessionMarker &marker, Date now, const Calendar &
 std::optional<PomodoroSessionInsertRequest> recoveredRequest(const InFlightSessionMarker &marker, Date now,
                                                              const Calendar &calendar, const QUuid &identifier)
 {
-    const auto phase = phaseFromRawValue(marker.phase);
+    const auto phase = fromRawValue<PomodoroPhase>(marker.phase);
     if (!phase || *phase == PomodoroPhase::idle || !isPlausible(marker, now, calendar))
         return std::nullopt;
     const Seconds paused{static_cast<double>(std::max<qint64>(marker.pausedSeconds.value_or(0), 0))};

@@ -1,24 +1,6 @@
 #include "Shortcuts/ShortcutAction.h"
 
-#include "Foundation/EnumTexts.h"
-
 namespace tomcatto {
-
-namespace {
-
-constexpr std::array rawValues{"toggleTimer", "skip", "extend"};
-
-}
-
-QString rawValue(ShortcutAction action)
-{
-    return textOf(rawValues, action);
-}
-
-std::optional<ShortcutAction> shortcutActionFromRawValue(QStringView text)
-{
-    return caseOf<ShortcutAction>(rawValues, text);
-}
 
 quint32 hotKeyId(ShortcutAction action)
 {

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <array>
-#include <optional>
-#include <QtCore/QString>
+#include "Foundation/EnumTexts.h"
 
 namespace tomcatto {
 
@@ -13,13 +11,17 @@ enum class ShortcutAction {
     skip,
     extend,
 };
+template<>
+inline constexpr std::array rawValues<ShortcutAction>{"toggleTimer", "skip", "extend"};
 
 inline constexpr std::array allShortcutActions{ShortcutAction::toggleTimer, ShortcutAction::skip,
                                                ShortcutAction::extend};
 
-/// The text that an action is stored by.
-[[nodiscard]] QString rawValue(ShortcutAction action);
-[[nodiscard]] std::optional<ShortcutAction> shortcutActionFromRawValue(QStringView text);
+/// The action that is stored by that text; nothing for any other text.
+[[nodiscard]] inline std::optional<ShortcutAction> shortcutActionFromRawValue(QStringView text)
+{
+    return fromRawValue<ShortcutAction>(text);
+}
 /// The number of its hot key, from 1.
 [[nodiscard]] quint32 hotKeyId(ShortcutAction action);
 [[nodiscard]] std::optional<ShortcutAction> shortcutActionFromHotKeyId(quint32 id);

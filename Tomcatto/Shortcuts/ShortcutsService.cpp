@@ -30,7 +30,7 @@ void ShortcutsService::load()
         return;
     std::map<ShortcutAction, KeyCombo> bindings;
     for (const auto &[name, member] : object.items()) {
-        const auto action = shortcutActionFromRawValue(QString::fromStdString(name));
+        const auto action = fromRawValue<ShortcutAction>(QString::fromStdString(name));
         if (!action)
             continue;
         const auto combo = decodedKeyCombo(member);

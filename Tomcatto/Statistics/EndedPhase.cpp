@@ -4,7 +4,7 @@ namespace tomcatto {
 
 std::optional<EndedPhase> endedPhase(const PomodoroSessionRecord &record)
 {
-    const std::optional<PomodoroPhase> phase = phaseFromRawValue(record.phase);
+    const std::optional<PomodoroPhase> phase = fromRawValue<PomodoroPhase>(record.phase);
     if (!phase || *phase == PomodoroPhase::idle)
         return std::nullopt;
     return EndedPhase{.id = record.id,

@@ -11,7 +11,7 @@ namespace {
 
 const char *typeLabel(const QString &phase)
 {
-    const auto known = phaseFromRawValue(phase).value_or(PomodoroPhase::idle);
+    const auto known = fromRawValue<PomodoroPhase>(phase).value_or(PomodoroPhase::idle);
     return StatsCSVColumn::types.at(static_cast<std::size_t>(known));
 }
 

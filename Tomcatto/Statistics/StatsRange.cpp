@@ -1,12 +1,9 @@
 #include "Statistics/StatsRange.h"
 
-#include "Foundation/EnumTexts.h"
-
 namespace tomcatto {
 
 namespace {
 
-constexpr std::array rangeTexts{"today", "week", "month", "allTime"};
 constexpr qint64 daysLabelledDaily = 14;
 constexpr qint64 daysInDailyBars = 91;
 constexpr qint64 daysInMonthlyBars = 1096;
@@ -28,16 +25,6 @@ StatsChartLayout historyLayout(QDate start, QDate today)
     return {start, CalendarUnit::day, days < daysLabelledDaily ? CalendarUnit::day : CalendarUnit::weekOfYear};
 }
 
-}
-
-QString rawValue(StatsRange range)
-{
-    return textOf(rangeTexts, range);
-}
-
-std::optional<StatsRange> statsRangeFromRawValue(QStringView text)
-{
-    return caseOf<StatsRange>(rangeTexts, text);
 }
 
 int daySpan(StatsRange range)

@@ -2,22 +2,15 @@
 
 #include "Statistics/StatsChartLayout.h"
 
-#include <array>
-#include <optional>
-
 namespace tomcatto {
 
 /// The period that the statistics are shown for.
 enum class StatsRange { today, week, month, allTime };
+template<>
+inline constexpr std::array rawValues<StatsRange>{"today", "week", "month", "allTime"};
 
 /// Every range, shortest first.
 inline constexpr std::array allStatsRanges{StatsRange::today, StatsRange::week, StatsRange::month, StatsRange::allTime};
-
-/// The range's identity in texts: "today", "week", "month" or "allTime".
-[[nodiscard]] QString rawValue(StatsRange range);
-
-/// The range with that text; nothing for any other text.
-[[nodiscard]] std::optional<StatsRange> statsRangeFromRawValue(QStringView text);
 
 /// How many days before today the range's chart starts: 0, 6 or 29. 0 for `allTime`, whose start is the history's.
 [[nodiscard]] int daySpan(StatsRange range);

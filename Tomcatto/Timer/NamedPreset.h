@@ -6,6 +6,8 @@ namespace tomcatto {
 
 /// A fixed triple of durations. Not stored: it is recognised from the three stored durations.
 enum class NamedPreset { classic, flow, deep };
+template<>
+inline constexpr std::array rawValues<NamedPreset>{"classic", "flow", "deep"};
 
 /// The named preset that the stored durations match; none is custom.
 using PomodoroPreset = std::optional<NamedPreset>;
@@ -28,12 +30,6 @@ inline constexpr std::array namedPresets{NamedPreset::classic, NamedPreset::flow
 {
     constexpr PresetDurations lengths[]{{1500, 300, 900}, {2700, 900, 1800}, {3000, 600, 1500}};
     return lengths[static_cast<std::size_t>(preset)];
-}
-
-/// The preset's name on the command line.
-[[nodiscard]] inline QString rawValue(NamedPreset preset)
-{
-    return textOf(std::array{"classic", "flow", "deep"}, preset);
 }
 
 }

@@ -1,25 +1,18 @@
 #pragma once
 
-#include <optional>
-#include <QtCore/QString>
-#include <QtCore/QStringView>
+#include "Foundation/EnumTexts.h"
 
 namespace tomcatto {
 
 /// What the timer is doing. Stored and exchanged by the texts of `rawValue`.
 enum class PomodoroPhase { idle, working, shortBreak, longBreak };
+template<>
+inline constexpr std::array rawValues<PomodoroPhase>{"idle", "work", "shortBreak", "longBreak"};
 
 /// Why a phase was left. Never stored; the history keeps two flags derived from it.
 enum class PhaseExitReason { started, completed, skipped, reset, terminated };
-
-/// The stored text of a phase: "idle", "work", "shortBreak" or "longBreak".
-[[nodiscard]] QString rawValue(PomodoroPhase phase);
-
-/// The phase with that stored text; nothing for any other text.
-[[nodiscard]] std::optional<PomodoroPhase> phaseFromRawValue(QStringView text);
-
-/// "started", "completed", "skipped", "reset" or "terminated".
-[[nodiscard]] QString rawValue(PhaseExitReason reason);
+template<>
+inline constexpr std::array rawValues<PhaseExitReason>{"started", "completed", "skipped", "reset", "terminated"};
 
 /// Whether the phase is a short or a long break.
 [[nodiscard]] constexpr bool isBreak(PomodoroPhase phase) noexcept

@@ -14,7 +14,7 @@ static Json jsonValue(WidgetPhase phase)
 static bool readJson(const Json &json, WidgetPhase &into)
 {
     QString text;
-    const auto phase = readJson(json, text) ? widgetPhaseFromRawValue(text) : std::nullopt;
+    const auto phase = readJson(json, text) ? fromRawValue<WidgetPhase>(text) : std::nullopt;
     into = phase.value_or(WidgetPhase::idle);
     return phase.has_value();
 }

@@ -1,6 +1,5 @@
 #include "Widget/WidgetSnapshot.h"
 
-#include "Foundation/EnumTexts.h"
 #include "Timer/PhaseSequence.h"
 
 #include <algorithm>
@@ -8,8 +7,6 @@
 namespace tomcatto {
 
 namespace {
-
-constexpr std::array phaseTexts{"idle", "work", "shortBreak", "longBreak"};
 
 bool isSameInstant(const std::optional<Date> &one, const std::optional<Date> &other)
 {
@@ -19,29 +16,10 @@ bool isSameInstant(const std::optional<Date> &one, const std::optional<Date> &ot
 
 }
 
-QString rawValue(WidgetPhase phase)
-{
-    return textOf(phaseTexts, phase);
-}
-
-std::optional<WidgetPhase> widgetPhaseFromRawValue(QStringView text)
-{
-    return caseOf<WidgetPhase>(phaseTexts, text);
-}
-
 WidgetPhase widgetPhase(PomodoroPhase phase)
 {
-    switch (phase) {
-    case PomodoroPhase::idle:
-        return WidgetPhase::idle;
-    case PomodoroPhase::working:
-        return WidgetPhase::work;
-    case PomodoroPhase::shortBreak:
-        return WidgetPhase::shortBreak;
-    case PomodoroPhase::longBreak:
-        return WidgetPhase::longBreak;
-    }
-    return WidgetPhase::idle;
+    // They have the same texts.
+    return fromRawValue<WidgetPhase>(rawValue(phase)).value_or(WidgetPhase::idle);
 }
 
 WidgetPhase nextPhase(PomodoroPhase current, qint64 cycleIndex, qint64 cyclesPerSet)

@@ -9,11 +9,9 @@ namespace tomcatto {
 
 /// A phase as widgets know it, exchanged by the texts of `rawValue`.
 enum class WidgetPhase { idle, work, shortBreak, longBreak };
+template<>
+inline constexpr std::array rawValues<WidgetPhase> = rawValues<PomodoroPhase>;
 
-/// "idle", "work", "shortBreak" or "longBreak".
-[[nodiscard]] QString rawValue(WidgetPhase phase);
-/// The phase with that text; nothing for any other text.
-[[nodiscard]] std::optional<WidgetPhase> widgetPhaseFromRawValue(QStringView text);
 [[nodiscard]] WidgetPhase widgetPhase(PomodoroPhase phase);
 
 /// Everything that a widget shows, in the order of the file. Instants are absolute, so that it can count by itself.

@@ -49,7 +49,7 @@ DesktopWidget::DesktopWidget(const WidgetPorts &ports, const LocalizedStrings &s
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, &DesktopWidget::restorePlace);
     winId();
     windowHandle()->installEventFilter(this);
-    const WidgetSize last = widgetSizeFromRawValue(stored(sizeKey)).value_or(WidgetSize::medium);
+    const WidgetSize last = fromRawValue<WidgetSize>(stored(sizeKey)).value_or(WidgetSize::medium);
     setSize(size.value_or(last));
     snapshotChanged();
 }

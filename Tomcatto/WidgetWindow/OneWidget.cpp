@@ -50,7 +50,7 @@ void OneWidget::take(std::unique_ptr<LocalConnection> connection)
         const QByteArray wish = m_visitor->read(longestWish).bytes;
         m_visitor.reset();
         if (!wish.isEmpty())
-            m_asked(widgetSizeFromRawValue(QString::fromLatin1(wish)));
+            m_asked(fromRawValue<WidgetSize>(QString::fromLatin1(wish)));
     });
 }
 

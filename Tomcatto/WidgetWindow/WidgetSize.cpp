@@ -1,24 +1,6 @@
 #include "WidgetWindow/WidgetSize.h"
 
-#include "Foundation/EnumTexts.h"
-
 namespace tomcatto {
-
-namespace {
-
-constexpr std::array sizeTexts{"small", "medium", "large"};
-
-}
-
-QString rawValue(WidgetSize size)
-{
-    return textOf(sizeTexts, size);
-}
-
-std::optional<WidgetSize> widgetSizeFromRawValue(QStringView text)
-{
-    return caseOf<WidgetSize>(sizeTexts, text);
-}
 
 QSize extent(WidgetSize size)
 {

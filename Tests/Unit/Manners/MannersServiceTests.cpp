@@ -21,7 +21,7 @@ struct Person : MannersFixture
         if (machine.isPaused())
             words << (machine.isPhasePending() ? QStringLiteral("ready") : QStringLiteral("paused"));
         if (const auto heldBy = manners.heldBy())
-            words << textOf(holdReasonTexts, *heldBy);
+            words << rawValue(*heldBy);
         if (const auto since = manners.awaySince())
             words << QStringLiteral("away %1").arg((wallClock.now() - *since).count());
         if (manners.isBreakNear())

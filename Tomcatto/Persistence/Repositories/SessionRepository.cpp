@@ -49,26 +49,23 @@ void SessionRepository::insert(const PomodoroSessionInsertRequest &request, Inse
     const auto write = [values = sessionValues(request), logger = m_logger](ManagedObjectContext &context) {
         writeSession(context, sessionQueries::insert, values, logger);
     };
-    switch (mode) {
-    case InsertMode::asynchronous:
-        performWhileAlive([write, &stack = m_stack, life = std::weak_ptr(m_life),
-                           afterWrite = std::move(afterWrite)](ManagedObjectContext &context) {
-            write(context);
-            if (!afterWrite)
-                return;
-            const auto call = [life, afterWrite] {
-                if (!life.expired())
-                    afterWrite();
-            };
-            QMetaObject::invokeMethod(&stack, call, Qt::QueuedConnection);
-        });
-        break;
-    case InsertMode::synchronous:
+    if (mode == InsertMode::synchronous) {
         m_stack.newBackgroundContext().performAndWait(write);
         if (afterWrite)
             afterWrite();
-        break;
+        return;
     }
+    performWhileAlive([write, &stack = m_stack, life = std::weak_ptr(m_life),
+                       afterWrite = std::move(afterWrite)](ManagedObjectContext &context) {
+        write(context);
+        if (!afterWrite)
+            return;
+        const auto call = [life, afterWrite] {
+            if (!life.expired())
+                afterWrite();
+        };
+        QMetaObject::invokeMethod(&stack, call, Qt::QueuedConnection);
+    });
 }
 
 void SessionRepository::waitForWrites()

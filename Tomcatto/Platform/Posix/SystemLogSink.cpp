@@ -96,15 +96,9 @@ public:
 private:
     [[nodiscard]] bool isCopied(LogLevel level) const
     {
-        switch (standardErrorCopy.load()) {
-        case StandardErrorCopy::nothing:
-            return false;
-        case StandardErrorCopy::errors:
-            return level == LogLevel::error;
-        case StandardErrorCopy::everything:
-            return true;
-        }
-        return false;
+        const StandardErrorCopy copied = standardErrorCopy;
+        return copied == StandardErrorCopy::everything ||
+               (copied == StandardErrorCopy::errors && level == LogLevel::error);
     }
     [[nodiscard]] bool sendToJournal(LogLevel level, const QByteArray &category, const QByteArray &message) const
     {

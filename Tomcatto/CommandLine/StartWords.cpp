@@ -1,6 +1,8 @@
-#include "CommandLine/ArgumentDomainWords.h"
+#include "CommandLine/StartWords.h"
 
 #include "Timer/SettingsCatalog.h"
+
+#include <algorithm>
 
 namespace tomcatto {
 
@@ -41,6 +43,18 @@ std::expected<QStringList, QString> takeArgumentDomain(const QStringList &words,
         return std::unexpected(
             QStringLiteral("Values for one run go with the application, not with \"%1\"").arg(words[index]));
     return rest + words.mid(index);
+}
+
+bool isPlainStart(const QStringList &words, Invocation &invocation)
+{
+    const std::map<QString, bool *> flags{{QStringLiteral("--terminal"), &invocation.isTerminal},
+                                          {QStringLiteral("--background"), &invocation.isBackground},
+                                          {QStringLiteral("--ui-test"), &invocation.isUiTest},
+                                          {QStringLiteral("--verbose"), &invocation.isVerbose}};
+    return std::ranges::all_of(words, [&flags](const QString &word) {
+        const auto flag = flags.find(word);
+        return flag != flags.end() && (*flag->second = true);
+    });
 }
 
 }

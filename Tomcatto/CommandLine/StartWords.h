@@ -8,4 +8,8 @@ namespace tomcatto {
 /// tell the user
 [[nodiscard]] std::expected<QStringList, QString> takeArgumentDomain(const QStringList &words, Invocation &invocation);
 
+/// Whether the words start the application, which is read without the grammar: a hidden application would keep what
+/// that leaves behind.
+[[nodiscard]] bool isPlainStart(const QStringList &words, Invocation &invocation);
+
 }
