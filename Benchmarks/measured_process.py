@@ -118,29 +118,36 @@ class Running:
         except OSError:
             pass
 
-    def processor_seconds(self):
-        """Of all its threads, those that have ended as well: the kernel's clock of a process, by its number; and of the
-        programs that it has started and that run now."""
-        return sum(time.clock_gettime(~process << 3 | 2) for process in [self.process.pid, *self.children()])
-
-    def children(self):
+    def processes(self):
+        """Itself, and the programs that it has started and that run now, with theirs."""
+        parents = {}
         for process in filter(str.isdigit, os.listdir("/proc")):
             try:
                 with open(f"/proc/{process}/stat", encoding="utf-8", errors="replace") as file:
-                    if int(file.read().rpartition(")")[2].split()[1]) == self.process.pid:
-                        yield int(process)
+                    parents[int(process)] = int(file.read().rpartition(")")[2].split()[1])
             except (FileNotFoundError, ProcessLookupError):
                 pass  # One that has just ended.
+        found = [self.process.pid]
+        for known in found:
+            found += [process for process, parent in parents.items() if parent == known]
+        return found
+
+    def processor_seconds(self):
+        """Of all threads of its processes, those that have ended as well: the kernel's clock of a process, by its number."""
+        return sum(time.clock_gettime(~process << 3 | 2) for process in self.processes())
 
     def sleeps(self):
-        """For each thread how often it has gone to sleep by itself."""
-        folder, counted = f"/proc/{self.process.pid}/task", {}
-        for task in os.listdir(folder):
-            try:
-                with open(f"{folder}/{task}/status", encoding="ascii") as file:
-                    counted[task] = next(int(line.split()[1]) for line in file if line.startswith("voluntary_ctxt_switches"))
-            except FileNotFoundError:
-                pass  # A thread that has just ended.
+        """For each thread of its processes how often it has gone to sleep by itself."""
+        counted = {}
+        for process in self.processes():
+            folder = f"/proc/{process}/task"
+            for task in os.listdir(folder):
+                try:
+                    with open(f"{folder}/{task}/status", encoding="ascii") as file:
+                        counted[task] = next(int(line.split()[1]) for line in file
+                                             if line.startswith("voluntary_ctxt_switches"))
+                except FileNotFoundError:
+                    pass  # A thread that has just ended.
         return counted
 
     def wakeups_a_second(self, seconds):
@@ -149,16 +156,22 @@ class Running:
         return sum(count - before.get(task, 0) for task, count in self.sleeps().items()) / seconds
 
     def megabytes(self, *kinds):
-        """In units of 10⁶ bytes, by the kernel's names."""
-        with open(f"/proc/{self.process.pid}/smaps_rollup", encoding="ascii") as file:
-            return sum(int(line.split()[1]) for line in file if line.split(":")[0] in kinds) * 1024 / 1e6
+        """Of its processes together, in units of 10⁶ bytes, by the kernel's names."""
+        kilobytes = 0
+        for process in self.processes():
+            try:
+                with open(f"/proc/{process}/smaps_rollup", encoding="ascii") as file:
+                    kilobytes += sum(int(line.split()[1]) for line in file if line.split(":")[0] in kinds)
+            except ProcessLookupError:
+                pass  # One that is just ending.
+        return kilobytes * 1024 / 1e6
 
     def memory(self):
         """What it costs the machine, and how it is usually told."""
         return Memory(self.megabytes("Private_Dirty", "Swap"), self.megabytes("Pss"))
 
     def threads(self):
-        return len(os.listdir(f"/proc/{self.process.pid}/task"))
+        return sum(len(os.listdir(f"/proc/{process}/task")) for process in self.processes())
 
     def descriptors(self):
-        return len(os.listdir(f"/proc/{self.process.pid}/fd"))
+        return sum(len(os.listdir(f"/proc/{process}/fd")) for process in self.processes())

@@ -2,7 +2,7 @@
 
 namespace quillbay {
 
-PopoverFocusDismissal::PopoverFocusDismissal(QWindow &popover, tomcatto::GlobalClickMonitor &clickMonitor,
+PopoverFocusDismissal::PopoverFocusDismissal(tomcatto::HostedView &popover, tomcatto::GlobalClickMonitor &clickMonitor,
                                              tomcatto::MainRunLoop &runLoop, std::function<void()> dismiss)
     : m_popover(popover)
     , m_runLoop(runLoop)
@@ -10,12 +10,10 @@ PopoverFocusDismissal::PopoverFocusDismissal(QWindow &popover, tomcatto::GlobalC
     , m_clicks(clickMonitor.onPressed([this](QPoint place) { pressed(place); }))
     , m_wasActive(popover.isActive())
 {
-    connect(&popover, &QWindow::activeChanged, this, &PopoverFocusDismissal::activeChanged);
 }
 
 void PopoverFocusDismissal::activeChanged()
 {
-    // A dialog that belongs to the popover counts as the popover.
     if (m_popover.isActive())
         m_wasActive = true;
     else if (m_wasActive)
@@ -24,7 +22,7 @@ void PopoverFocusDismissal::activeChanged()
 
 void PopoverFocusDismissal::pressed(QPoint place)
 {
-    if (!m_popover.frameGeometry().contains(place))
+    if (!m_popover.frame().contains(place))
         ask();
 }
 

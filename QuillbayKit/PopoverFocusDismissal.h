@@ -2,9 +2,9 @@
 
 #include "Platform/Ports/GlobalClickMonitor.h"
 #include "Platform/Ports/MainRunLoop.h"
+#include "Platform/Ports/ViewHost.h"
 
 #include <QtCore/QObject>
-#include <QtGui/QWindow>
 
 namespace quillbay {
 
@@ -17,15 +17,17 @@ class PopoverFocusDismissal final : public QObject
 
 public:
     /// @param popover outlives this object. @param dismiss closes it.
-    PopoverFocusDismissal(QWindow &popover, tomcatto::GlobalClickMonitor &clickMonitor, tomcatto::MainRunLoop &runLoop,
-                          std::function<void()> dismiss);
+    PopoverFocusDismissal(tomcatto::HostedView &popover, tomcatto::GlobalClickMonitor &clickMonitor,
+                          tomcatto::MainRunLoop &runLoop, std::function<void()> dismiss);
+
+    /// To be called when the popover got or lost the keyboard.
+    void activeChanged();
 
 private:
-    void activeChanged();
     void pressed(QPoint place);
     void ask();
 
-    QWindow &m_popover;
+    tomcatto::HostedView &m_popover;
     tomcatto::MainRunLoop &m_runLoop;
     std::function<void()> m_dismiss;
     tomcatto::Cancellable m_clicks;

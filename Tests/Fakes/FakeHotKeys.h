@@ -12,8 +12,10 @@ namespace tomcatto {
 class FakeKeyMonitor final : public KeyMonitor
 {
 public:
-    [[nodiscard]] Cancellable onKeyDown(std::function<bool(const KeyPress &)> pressed) override
+    [[nodiscard]] Cancellable onKeyDown(std::optional<Qt::Key> only,
+                                        std::function<void(const KeyPress &)> pressed) override
     {
+        watched = only;
         handler = std::move(pressed);
         return Cancellable([this] { handler = nullptr; });
     }
@@ -21,7 +23,10 @@ public:
     bool press(const KeyPress &press) const
     {
         const auto current = handler;
-        return current && current(press);
+        if (!current || (watched && watched != press.key))
+            return false;
+        current(press);
+        return true;
     }
     bool press(Qt::Key key) const { return press({key, Qt::NoModifier}); }
     bool press(quint16 keyCode, KeyModifiers held) const
@@ -29,7 +34,8 @@ public:
         return press({Qt::Key_unknown, Qt::NoModifier, keyCode, held});
     }
 
-    std::function<bool(const KeyPress &)> handler;
+    std::optional<Qt::Key> watched;
+    std::function<void(const KeyPress &)> handler;
 };
 
 /// Hot keys that a test presses. As the real ones it gives a combination to one holder only.

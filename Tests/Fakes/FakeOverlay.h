@@ -20,10 +20,6 @@ public:
     {
         return m_changes.onChanged(std::move(handler));
     }
-    void cover(QWindow &, const QString &screenId) override { covered.push_back(screenId); }
-    void uncover(QWindow &) override {}
-    void makeKey(QWindow &) override {}
-    [[nodiscard]] bool canFade() const override { return fades; }
 
     /// Makes these the screens, the first one the main one. None: only the stand-in is left.
     void plug(const QStringList &ids)
@@ -35,8 +31,6 @@ public:
     }
 
     std::vector<Screen> live;
-    QStringList covered;
-    bool fades = false;
 
 private:
     ScreenChanges m_changes;

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "Platform/Ports/ViewHost.h"
+#include "Platform/Qt/WindowView.h"
 
 #include <map>
-#include <QtGui/QWindow>
 
 namespace tomcatto {
 
@@ -11,16 +10,32 @@ namespace tomcatto {
 class FakeViewHost final : public ViewHost
 {
 public:
+    explicit FakeViewHost(MainRunLoop &runLoop)
+        : m_places(runLoop, m_windowSystem)
+    {
+    }
+
     [[nodiscard]] std::unique_ptr<HostedView> create(const ViewDescription &description) override
     {
         if (isBroken)
             return nullptr;
         last = description;
         ++made;
-        return std::make_unique<View>(*this);
+        auto window = std::make_unique<QWindow>();
+        window->resize(size);
+        for (const auto &[name, value] : properties)
+            window->setProperty(name, value);
+        current = window.get();
+        ++alive;
+        QObject::connect(current, &QObject::destroyed, [this] {
+            --alive;
+            current = nullptr;
+        });
+        return std::make_unique<WindowView>(std::move(window), description.kind, m_places);
     }
 
     [[nodiscard]] QString problem() const override { return {}; }
+    void setFading(bool canFade) { m_windowSystem.isFading = canFade; }
 
     ViewDescription last;
     /// The last window made; null once it was let go.
@@ -33,29 +48,14 @@ public:
     bool isBroken = false;
 
 private:
-    class View final : public HostedView
+    struct System final : WindowSystem
     {
-    public:
-        explicit View(FakeViewHost &host)
-            : m_host(host)
-        {
-            ++m_host.alive;
-            m_host.current = &m_window;
-            m_window.resize(m_host.size);
-            for (const auto &[name, value] : m_host.properties)
-                m_window.setProperty(name, value);
-        }
-        ~View() override
-        {
-            --m_host.alive;
-            m_host.current = nullptr;
-        }
-        [[nodiscard]] QWindow &window() override { return m_window; }
-
-    private:
-        QWindow m_window;
-        FakeViewHost &m_host;
+        [[nodiscard]] bool canFade() const override { return isFading; }
+        bool isFading = false;
     };
+
+    System m_windowSystem;
+    WindowPlaces m_places;
 };
 
 }

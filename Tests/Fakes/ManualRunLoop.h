@@ -2,10 +2,12 @@
 
 #include "Platform/Ports/MainRunLoop.h"
 
+#include <algorithm>
 #include <deque>
 #include <map>
 #include <optional>
 #include <QtCore/QObject>
+#include <vector>
 
 namespace tomcatto {
 
@@ -25,7 +27,11 @@ public:
     {
         m_queue.emplace_back(&context, std::move(action));
         QObject::connect(&context, &QObject::destroyed, &m_guard, [this](const QObject *gone) {
-            std::erase_if(m_queue, [gone](const auto &entry) { return entry.first == gone; });
+            // What an action holds may be a context itself.
+            const auto from =
+                std::ranges::stable_partition(m_queue, [gone](const auto &entry) { return entry.first != gone; });
+            const std::vector dropped(std::move_iterator(from.begin()), std::move_iterator(from.end()));
+            m_queue.erase(from.begin(), from.end());
         });
     }
 

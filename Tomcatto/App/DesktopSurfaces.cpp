@@ -49,7 +49,7 @@ DesktopSurfaces::DesktopSurfaces(AppDependencies &dependencies, DesktopPorts des
                         dependencies.platform.wallClock)
     , m_windows(m_desktop.viewHost, dependencies.platform.runLoop)
     , m_overlayWindows({dependencies.stateMachine, dependencies.timer, dependencies.settings, dependencies.strings},
-                       m_windows, m_desktop.screens, overlayVideos())
+                       m_windows, overlayVideos())
     , m_breakPreviewController(dependencies.settings, dependencies.strings, dependencies.platform.runLoop, m_windows,
                                m_activationPolicy)
 {
@@ -158,7 +158,7 @@ void DesktopSurfaces::chooseVideos(const QString &title, const QStringList &filt
         m_videosPage.addFiles(dialog->selectedUrls());
     });
     connect(this, &QObject::destroyed, dialog, [dialog] { delete dialog; });
-    dialog->show();
+    m_desktop.showDialog(*dialog);
 }
 
 AppMenuCommands::Actions DesktopSurfaces::menuActions()

@@ -110,16 +110,13 @@ void BreakOverlayController::buildWindows()
     if (m_windows.empty())
         m_keyMonitor.cancel();
     else if (!m_keyMonitor.isActive())
-        m_keyMonitor = m_keys.onKeyDown([this](const KeyPress &press) { return keyPressed(press); });
+        m_keyMonitor = m_keys.onKeyDown(Qt::Key_Escape, [this](const KeyPress &) { skip(); });
 }
 
-bool BreakOverlayController::keyPressed(const KeyPress &press)
+void BreakOverlayController::skip()
 {
-    if (press.key != Qt::Key_Escape)
-        return false;
     hide();
     m_stateMachine.skip();
-    return true;
 }
 
 void BreakOverlayController::updateWarmth()

@@ -41,7 +41,7 @@ private:
     void pendingChanged(bool isPending);
     void screensChanged();
     void buildWindows();
-    [[nodiscard]] bool keyPressed(const KeyPress &press);
+    void skip();
     [[nodiscard]] bool isAnnouncedOtherwise() const;
     void updateWarmth();
 

@@ -12,17 +12,15 @@ class BreakOverlayWindow final : public OverlayWindow
 {
 public:
     /// Shows the view over the screen. @param owner takes the view when the window ends
-    BreakOverlayWindow(std::unique_ptr<ViewWindow> view, const Screen &screen, Screens &screens,
-                       BreakOverlayWindows &owner);
+    BreakOverlayWindow(std::unique_ptr<ViewWindow> view, const Screen &screen, BreakOverlayWindows &owner);
     BreakOverlayWindow(const BreakOverlayWindow &) = delete;
     BreakOverlayWindow &operator=(const BreakOverlayWindow &) = delete;
     ~BreakOverlayWindow() override;
 
-    void makeKey() override;
+    void makeKey() override { m_view->view().makeKey(); }
 
 private:
     std::unique_ptr<ViewWindow> m_view;
-    Screens &m_screens;
     BreakOverlayWindows &m_owner;
 };
 

@@ -1,16 +1,12 @@
 #include "BreakOverlay/BreakOverlayWindows.h"
 
-#include <QtCore/QPropertyAnimation>
-#include <QtGui/QWindow>
-
 namespace tomcatto {
 
-BreakOverlayWindows::BreakOverlayWindows(const BreakOverlayServices &services, ViewWindows &windows, Screens &screens,
+BreakOverlayWindows::BreakOverlayWindows(const BreakOverlayServices &services, ViewWindows &windows,
                                          BreakVideoSource videos, QObject *parent)
     : QObject(parent)
     , m_services(services)
     , m_windows(windows)
-    , m_screens(screens)
     , m_videos(std::move(videos))
 {
     // What was chosen holds for one break.
@@ -25,7 +21,8 @@ std::unique_ptr<ViewWindow> BreakOverlayWindows::makeView(const QString &compone
 {
     return m_windows.make({QStringLiteral("Tomcatto.BreakOverlay"),
                            component,
-                           {{QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(model.get())}}},
+                           {{QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(model.get())}},
+                           ViewDescription::Kind::cover},
                           model);
 }
 
@@ -41,7 +38,7 @@ std::unique_ptr<OverlayWindow> BreakOverlayWindows::make(const Screen &screen, s
     });
     connect(view.get(), &ViewWindow::closed, this, std::move(onClosed));
     ++m_openWindows;
-    return std::make_unique<BreakOverlayWindow>(std::move(view), screen, m_screens, *this);
+    return std::make_unique<BreakOverlayWindow>(std::move(view), screen, *this);
 }
 
 bool BreakOverlayWindows::startsMuted(const Screen &screen) const
@@ -62,27 +59,11 @@ Cancellable BreakOverlayWindows::warm()
 void BreakOverlayWindows::retire(std::unique_ptr<ViewWindow> view)
 {
     view->disconnect(this);
-    view->window().setProperty("isLeaving", true);
-    m_screens.uncover(view->window());
-    if (m_screens.canFade() && view->window().isVisible())
-        fadeOut(std::move(view));
-    else
-        view.reset();
+    const auto leaving = m_leaving.insert(m_leaving.end(), std::move(view));
+    connect(leaving->get(), &ViewWindow::left, this, [this, leaving] { m_leaving.erase(leaving); });
+    (*leaving)->view().leave();
     if (--m_openWindows == 0 && m_videos.finished)
         m_videos.finished();
-}
-
-void BreakOverlayWindows::fadeOut(std::unique_ptr<ViewWindow> view)
-{
-    QWindow &window = view->window();
-    const auto fading = m_fading.insert(m_fading.end(), std::move(view));
-    qDeleteAll(window.findChildren<QPropertyAnimation *>(Qt::FindDirectChildrenOnly));
-    auto *fade = new QPropertyAnimation(&window, "opacity", &window);
-    fade->setDuration(window.property("outTime").toInt());
-    fade->setEasingCurve(QEasingCurve::OutQuad);
-    fade->setEndValue(0.0);
-    connect(fade, &QAbstractAnimation::finished, this, [this, fading] { m_fading.erase(fading); });
-    fade->start();
 }
 
 }

@@ -17,8 +17,8 @@ class BreakOverlayWindows final : public QObject, public OverlayWindows
 
 public:
     /// @param services and what else is referred to outlive this object
-    BreakOverlayWindows(const BreakOverlayServices &services, ViewWindows &windows, Screens &screens,
-                        BreakVideoSource videos, QObject *parent = nullptr);
+    BreakOverlayWindows(const BreakOverlayServices &services, ViewWindows &windows, BreakVideoSource videos,
+                        QObject *parent = nullptr);
 
     [[nodiscard]] std::unique_ptr<OverlayWindow> make(const Screen &screen, std::function<void()> onClosed) override;
     [[nodiscard]] Cancellable warm() override;
@@ -29,15 +29,13 @@ public:
 private:
     [[nodiscard]] std::unique_ptr<ViewWindow> makeView(const QString &component,
                                                        const std::shared_ptr<BreakContentModel> &model);
-    void fadeOut(std::unique_ptr<ViewWindow> view);
     [[nodiscard]] bool startsMuted(const Screen &screen) const;
 
     BreakOverlayServices m_services;
     ViewWindows &m_windows;
-    Screens &m_screens;
     BreakVideoSource m_videos;
     int m_openWindows = 0;
-    std::list<std::unique_ptr<ViewWindow>> m_fading;
+    std::list<std::unique_ptr<ViewWindow>> m_leaving;
     // The user's choices of this break, by screen, and the last of them.
     QHash<QString, bool> m_mutes;
     bool m_wasMuted = false;

@@ -14,7 +14,7 @@ public:
         : m_window(std::move(window))
         , m_dockPolicy(activationPolicy.hold())
     {
-        m_window->present();
+        m_window->view().present();
     }
 
     /// Whether the window keeps the application among the ordinary ones.

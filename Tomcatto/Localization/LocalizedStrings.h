@@ -17,6 +17,8 @@ class LocalizedStrings final : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(int revision READ revision NOTIFY changed FINAL)
+    /// That of the texts, as it is stored; never that of the system.
+    Q_PROPERTY(QString language READ languageName NOTIFY changed FINAL)
 
 public:
     /// @param service tells the language; must outlive the texts.
@@ -45,6 +47,7 @@ public:
 
     /// The language of the texts; never `system`.
     [[nodiscard]] SelectedLanguage language() const;
+    [[nodiscard]] QString languageName() const { return rawValue(language()); }
     /// The locale for dates and numbers between the texts.
     [[nodiscard]] QLocale locale() const;
 

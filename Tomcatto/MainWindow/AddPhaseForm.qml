@@ -88,9 +88,15 @@ Card {
                     width: 84 * Theme.textScale
                     name: Texts.text("stats.add.label.start")
                     refusal: card.form.isStartRefused ? card.form.line : ""
-                    text: card.form.startText
                     onTextEdited: card.form.writeStart(text)
                     onAccepted: card.form.add()
+
+                    // What is typed meanwhile is newer than what comes back.
+                    Binding on text {
+                        when: !start.activeFocus
+                        value: card.form.startText
+                        restoreMode: Binding.RestoreNone
+                    }
                 }
             }
             Labelled {

@@ -53,10 +53,7 @@ Item {
         height: Math.max(34, implicitHeight)
         symbol: "plus"
         text: Texts.text("stats.add.button")
-        onClicked: {
-            heading.log.openForm()
-            form.takeFocus()
-        }
+        onClicked: heading.log.openForm()
     }
     Column {
         id: column
@@ -68,9 +65,20 @@ Item {
             width: parent.width
             height: visible ? form.implicitHeight + 16 : 0
             visible: heading.log.form.isOpen
-            onVisibleChanged: if (!visible)
-                heading.takeFocus()
+            onVisibleChanged: {
+                if (visible)
+                    opened.start()
+                else
+                    heading.takeFocus()
+            }
 
+            // Its texts come with it, in the same turn.
+            Timer {
+                id: opened
+
+                interval: 0
+                onTriggered: form.takeFocus()
+            }
             AddPhaseForm {
                 id: form
 

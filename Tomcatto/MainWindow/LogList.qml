@@ -14,6 +14,8 @@ ListView {
     required property real columnX
     required property real columnWidth
     readonly property SessionLogViewModel log: viewModel.log
+    /// That gets the keyboard when one has been removed by it; below 0 where none does.
+    property int rowToTake: -1
 
     /// Gives the keyboard to a row, or to the nearest there is.
     function takeRow(index: int) {
@@ -29,9 +31,21 @@ ListView {
     }
 
     function removeRow(index: int, id: string, byKey: bool) {
+        rowToTake = byKey ? index : -1
         log.remove(id)
-        if (byKey)
-            takeRow(index)
+    }
+
+    // Once the row is gone, the next one stands in its place.
+    onCountChanged: if (rowToTake >= 0)
+        removed.start()
+    Timer {
+        id: removed
+
+        interval: 0
+        onTriggered: {
+            list.takeRow(list.rowToTake)
+            list.rowToTake = -1
+        }
     }
 
     boundsBehavior: Flickable.StopAtBounds

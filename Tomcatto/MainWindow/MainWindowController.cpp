@@ -1,25 +1,6 @@
 #include "MainWindow/MainWindowController.h"
 
-#include <QtGui/QScreen>
-#include <QtGui/QWindow>
-
 namespace tomcatto {
-
-namespace {
-
-/// Makes a window that is larger than its screen fit; its lower rows and its corner would be out of reach.
-void fitScreen(QWindow &window)
-{
-    // How high the title bar is shows only later, when the window has its frame.
-    constexpr int titleBarHeight = 40;
-    const QScreen *const screen = window.screen();
-    if (screen == nullptr)
-        return;
-    const QSize room = screen->availableSize() - QSize(0, titleBarHeight);
-    window.resize(window.size().boundedTo(room).expandedTo(window.minimumSize()));
-}
-
-}
 
 MainWindowController::MainWindowController(ViewWindows &windows, MainWindowRouter &router,
                                            ActivationPolicy &activationPolicy, MainWindowViewModel &viewModel,
@@ -41,7 +22,7 @@ MainWindowController::MainWindowController(ViewWindows &windows, MainWindowRoute
 void MainWindowController::openWindow()
 {
     if (m_window || makeWindow())
-        m_window->present();
+        m_window->view().present();
 }
 
 bool MainWindowController::makeWindow()
@@ -51,15 +32,14 @@ bool MainWindowController::makeWindow()
                                {{QStringLiteral("viewModel"), QVariant::fromValue<QObject *>(&m_viewModel)}}});
     if (!m_window)
         return false;
-    fitScreen(m_window->window());
-    connect(&m_window->window(), &QWindow::activeChanged, this, &MainWindowController::followActive);
+    connect(m_window.get(), &ViewWindow::activeChanged, this, &MainWindowController::followActive);
     connect(m_window.get(), &ViewWindow::closed, this, &MainWindowController::closeWindow);
     return true;
 }
 
 void MainWindowController::followActive()
 {
-    if (!m_window || !m_window->window().isActive())
+    if (!m_window || !m_window->view().isActive())
         return m_viewModel.stopRecording();
     if (!m_dockHold.isActive())
         m_dockHold = m_activationPolicy.hold();

@@ -39,7 +39,7 @@ void OnboardingController::show()
             return;
         connect(m_window.get(), &ViewWindow::closed, this, [this] { m_window.reset(); });
     }
-    m_window->present();
+    m_window->view().present();
 }
 
 void OnboardingController::finish()

@@ -98,6 +98,12 @@ void RemoteLibraryViewModel::statusChanged()
     Q_EMIT changed();
 }
 
+void RemoteLibraryViewModel::askStill(const QString &id, double scale)
+{
+    if (const QString made = still(id, scale); !made.isEmpty())
+        Q_EMIT stillCame(id, made);
+}
+
 QString RemoteLibraryViewModel::still(const QString &id, double scale)
 {
     const QString key = id + QLatin1Char('@') + QString::number(scale);

@@ -35,9 +35,9 @@ public:
     /// The page is seen from now on: the list is fetched, unless it has just been.
     Q_INVOKABLE void appear();
     Q_INVOKABLE void disappear();
-    /// The still of a video as a "data:" address; empty while there is none, see `stillReady`.
+    /// Makes the still of a video, which `stillCame` tells; it does not where there is none yet, see `stillReady`.
     /// @param scale pixels of the picture for one of the tile's 205 × 115, from 1 to 2
-    Q_INVOKABLE QString still(const QString &id, double scale);
+    Q_INVOKABLE void askStill(const QString &id, double scale);
 
     /// Fetches the list.
     Q_INVOKABLE void refresh();
@@ -50,11 +50,15 @@ public:
 
 Q_SIGNALS:
     void changed();
+    /// @param still a "data:" address
+    void stillCame(const QString &id, const QString &still);
+    /// A still can be made from now on.
     void stillReady(const QString &id);
     /// A downloaded video is to be previewed.
     void previewRequested(const QUrl &file);
 
 private:
+    [[nodiscard]] QString still(const QString &id, double scale);
     [[nodiscard]] std::optional<RemoteManifestClientError> error() const;
     void statusChanged();
 

@@ -18,6 +18,12 @@ ScrollPage {
     subtitle: Texts.text("window.timer.subtitle")
     spacing: Theme.cardGap
 
+    Connections {
+        target: page.viewModel
+        function onControlsWanted() {
+            (rows.itemAt(0) as DurationRow)?.focusControl()
+        }
+    }
     Grid {
         id: grid
 
@@ -51,11 +57,7 @@ ScrollPage {
                 text: preset.name ?? ""
                 durations: preset.durations ?? []
                 selected: page.viewModel.preset === preset.id
-                onClicked: {
-                    // A mix of one's own is made with the controls below.
-                    if (!page.viewModel.choosePreset(preset.id) && rows.count > 0)
-                        rows.itemAt(0).focusControl()
-                }
+                onClicked: page.viewModel.choosePreset(preset.id)
                 Keys.onLeftPressed: grid.move(index, -1)
                 Keys.onRightPressed: grid.move(index, 1)
                 Keys.onUpPressed: grid.move(index, -grid.columns)

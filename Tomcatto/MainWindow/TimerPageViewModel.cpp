@@ -142,10 +142,10 @@ bool TimerPageViewModel::isPhaseActive() const
     return m_stateMachine.currentPhase() != PomodoroPhase::idle;
 }
 
-bool TimerPageViewModel::choosePreset(const QString &id)
+void TimerPageViewModel::choosePreset(const QString &id)
 {
     if (id == customId && preset() == customId)
-        return false;
+        return controlsWanted();
     // The three settings change one by one; what lies between is nobody's choice.
     m_isApplying = true;
     const auto *const named = std::ranges::find_if(namedPresets, [&id](auto each) { return rawValue(each) == id; });
@@ -159,7 +159,8 @@ bool TimerPageViewModel::choosePreset(const QString &id)
     }
     m_isApplying = false;
     Q_EMIT changed();
-    return preset() == id;
+    if (preset() != id)
+        Q_EMIT controlsWanted();
 }
 
 void TimerPageViewModel::rememberCustom()

@@ -53,8 +53,7 @@ public:
     [[nodiscard]] bool isPhaseActive() const;
 
     /// Applies a preset by its id. "custom" brings back the last durations that matched no preset, in this run.
-    /// @return false where there is nothing to bring back: the user is to move a control.
-    Q_INVOKABLE bool choosePreset(const QString &id);
+    Q_INVOKABLE void choosePreset(const QString &id);
     /// Sets the duration of a row by its id, in minutes; values outside 1 to 180 are taken to the bound.
     Q_INVOKABLE void setMinutes(const QString &id, int minutes);
     /// Rounds from 1 to 12.
@@ -67,6 +66,8 @@ public:
 
 Q_SIGNALS:
     void changed();
+    /// A preset was chosen that there is not yet: a mix of one's own, which is made with the controls.
+    void controlsWanted();
 
 private:
     void rememberCustom();

@@ -125,13 +125,12 @@ Column {
                 Wanted {
                     when: (place.row >= root.firstRow && place.row <= root.lastRow) || place.index === root.focusedTile
 
-                    VideoTile {
+                    StillTile {
                         id: tile
 
-                        function showStill() {
-                            thumbnail = root.viewModel.still(place.videoId, root.stillScale)
-                        }
-
+                        source: root.viewModel
+                        videoId: place.videoId
+                        stillScale: root.stillScale
                         width: place.width
                         height: place.height
                         title: place.title
@@ -149,17 +148,12 @@ Column {
                         onDeleteRequested: root.viewModel.remove(place.videoId)
                         onActiveFocusChanged: if (activeFocus)
                             root.focusedTile = place.index
-                        Component.onCompleted: showStill()
 
-                        Connections {
-                            target: root
-                            function onStillScaleChanged() { tile.showStill() }
-                        }
                         Connections {
                             target: root.viewModel
                             function onStillReady(id) {
                                 if (id === place.videoId)
-                                    tile.showStill()
+                                    tile.askStill()
                             }
                         }
                     }

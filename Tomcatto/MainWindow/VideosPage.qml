@@ -72,13 +72,12 @@ Item {
                     Wanted {
                         when: (place.row >= root.firstRow && place.row <= root.lastRow) || place.index === root.focusedTile
 
-                        VideoTile {
+                        StillTile {
                             id: tile
 
-                            function showStill() {
-                                thumbnail = root.viewModel.still(place.videoId, root.stillScale)
-                            }
-
+                            source: root.viewModel
+                            videoId: place.videoId
+                            stillScale: root.stillScale
                             width: place.width
                             height: place.height
                             title: place.title
@@ -91,17 +90,12 @@ Item {
                             onDeleteRequested: root.viewModel.remove(place.videoId)
                             onActiveFocusChanged: if (activeFocus)
                                 root.focusedTile = place.index
-                            Component.onCompleted: showStill()
 
-                            Connections {
-                                target: root
-                                function onStillScaleChanged() { tile.showStill() }
-                            }
                             Connections {
                                 // The still of a video that was just added comes after it.
                                 target: root.viewModel
                                 enabled: String(tile.thumbnail).length === 0
-                                function onChanged() { tile.showStill() }
+                                function onChanged() { tile.askStill() }
                             }
                         }
                     }
@@ -170,14 +164,16 @@ Item {
             Repeater {
                 model: root.viewModel.included.length
 
-                VideoTile {
+                StillTile {
                     required property int index
                     readonly property var video: root.viewModel.included[index] ?? ({})
 
+                    source: root.viewModel
+                    videoId: video.id ?? ""
+                    stillScale: root.stillScale
                     width: includedGrid.tileWidth
                     // Without a caption.
                     height: implicitHeight - 115 + includedGrid.stillHeight - Theme.lineHeight("caption", textScale)
-                    thumbnail: video.id ? root.viewModel.still(video.id, root.stillScale) : ""
                     title: video.title ?? ""
                     // Cannot be ticked: pressing it shows it.
                     status: "included"
@@ -196,7 +192,7 @@ Item {
         keys: ["text/uri-list"]
         onDropped: event => {
             event.acceptProposedAction()
-            root.viewModel.addFiles(event.urls)
+            root.viewModel.dropFiles(event.urls.map(String))
         }
     }
 

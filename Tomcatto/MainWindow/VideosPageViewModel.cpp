@@ -186,6 +186,12 @@ void VideosPageViewModel::searchMoved()
     m_movedVideoSearch.search(std::move(moved));
 }
 
+void VideosPageViewModel::askStill(const QString &id, double scale)
+{
+    if (const QString made = still(id, scale); !made.isEmpty())
+        Q_EMIT stillCame(id, made);
+}
+
 QString VideosPageViewModel::still(const QString &id, double scale)
 {
     const QString key = id + QLatin1Char('@') + QString::number(scale);
@@ -217,6 +223,11 @@ void VideosPageViewModel::chooseFiles()
         {m_strings.text(QStringLiteral("window.videos.add.dialog_filter")) +
              QStringLiteral(" (*.mp4 *.m4v *.mov *.mkv *.webm *.avi)"),
          m_strings.text(QStringLiteral("window.videos.add.dialog_all_files")) + QStringLiteral(" (*)")});
+}
+
+void VideosPageViewModel::dropFiles(const QStringList &addresses)
+{
+    addFiles(QUrl::fromStringList(addresses));
 }
 
 void VideosPageViewModel::addFiles(const QList<QUrl> &files)

@@ -49,14 +49,16 @@ public:
     Q_INVOKABLE void appear();
     /// The page is gone: what was deleted stays deleted.
     Q_INVOKABLE void disappear();
-    /// The still of a video of either list as a "data:" address; empty while there is none.
+    /// Makes the still of a video of either list, which `stillCame` tells; it does not where there is none yet.
     /// @param scale pixels of the picture for one of the tile's 205 × 115, from 1 to 2
-    Q_INVOKABLE QString still(const QString &id, double scale);
+    Q_INVOKABLE void askStill(const QString &id, double scale);
 
     /// Asks for a dialog that lets the user choose files to add.
     Q_INVOKABLE void chooseFiles();
     /// Adds the files that are videos and not among them yet; `error` tells of the others.
-    Q_INVOKABLE void addFiles(const QList<QUrl> &files);
+    void addFiles(const QList<QUrl> &files);
+    /// The same, by their addresses.
+    Q_INVOKABLE void dropFiles(const QStringList &addresses);
     /// Ticks or unticks a video of the user's, unless its file is gone.
     Q_INVOKABLE void toggle(const QString &id);
     /// Deletes a video of the user's from the list, never its file.
@@ -74,6 +76,8 @@ public:
 
 Q_SIGNALS:
     void changed();
+    /// @param still a "data:" address
+    void stillCame(const QString &id, const QString &still);
     void errorChanged();
     void deletedChanged();
     /// Files are to be chosen; those chosen go to `addFiles`.
@@ -87,6 +91,7 @@ Q_SIGNALS:
     void previewBreakRequested();
 
 private:
+    [[nodiscard]] QString still(const QString &id, double scale);
     using Result = UserVideoCommands::Result;
 
     void storeChanged();

@@ -5,7 +5,6 @@
 #include <optional>
 #include <QtCore/QObject>
 #include <QtCore/QRect>
-#include <QtCore/QVariantAnimation>
 
 namespace tomcatto {
 
@@ -19,11 +18,11 @@ public:
     /// Makes the view's models as children of `owner` and names them as the view's properties.
     using ModelFactory = std::function<QVariantMap(QObject &owner)>;
 
-    MenuBarPopover(ViewWindows &windows, MainRunLoop &runLoop, ModelFactory models, QObject *parent = nullptr);
+    MenuBarPopover(ViewWindows &windows, ModelFactory models, QObject *parent = nullptr);
 
     [[nodiscard]] bool isShown() const noexcept { return m_shown != nullptr; }
     /// The window while it is shown, else null.
-    [[nodiscard]] QWindow *window() const { return m_shown ? &m_shown->window() : nullptr; }
+    [[nodiscard]] ViewWindow *window() const { return m_shown.get(); }
     /// The size of the next showing; a shown window glides to it.
     void setContentSize(QSize size);
 
@@ -40,19 +39,12 @@ Q_SIGNALS:
 private:
     bool makeWindow(std::optional<QRect> item);
     [[nodiscard]] QRect target() const;
-    void place(const QRect &rectangle);
-    void correctPlace();
 
     ViewWindows &m_windows;
-    MainRunLoop &m_runLoop;
     ModelFactory m_models;
     QSize m_contentSize;
     std::optional<QRect> m_item;
     std::unique_ptr<ViewWindow> m_shown;
-    QVariantAnimation m_resizing;
-    /// Runs for a moment after the window has moved.
-    Cancellable m_settling;
-    int m_corrections = 0;
 };
 
 }

@@ -53,7 +53,7 @@ StatusItemController::StatusItemController(const MenuBarServices &services, cons
     , m_clickMonitor(platform.clickMonitor)
     , m_router(router)
     , m_source(services.stateMachine, services.timer, services.settings, services.strings)
-    , m_popover(platform.windows, services.runLoop, [this](QObject &owner) { return makeModels(owner); })
+    , m_popover(platform.windows, [this](QObject &owner) { return makeModels(owner); })
 {
     m_popover.setContentSize(panelSize);
     connect(&m_popover, &MenuBarPopover::willShow, this, &StatusItemController::popoverWillShow);
@@ -198,8 +198,11 @@ bool StatusItemController::present(std::optional<QRect> item)
     const bool wasShown = m_popover.isShown();
     if (!m_popover.show(item) || wasShown)
         return wasShown;
-    m_focusDismissal = std::make_unique<quillbay::PopoverFocusDismissal>(*m_popover.window(), m_clickMonitor,
+    ViewWindow &window = *m_popover.window();
+    m_focusDismissal = std::make_unique<quillbay::PopoverFocusDismissal>(window.view(), m_clickMonitor,
                                                                          m_services.runLoop, [this] { dismiss(); });
+    connect(&window, &ViewWindow::activeChanged, m_focusDismissal.get(),
+            &quillbay::PopoverFocusDismissal::activeChanged);
     return true;
 }
 

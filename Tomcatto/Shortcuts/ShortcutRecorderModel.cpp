@@ -24,10 +24,7 @@ void ShortcutRecorderModel::start(std::function<void(const KeyCombo &)> onCaptur
     m_onCapture = std::move(onCapture);
     m_isRecording = true;
     m_refusal.clear();
-    m_monitor = m_keys.onKeyDown([this](const KeyPress &press) {
-        keyDown(press);
-        return true;
-    });
+    m_monitor = m_keys.onKeyDown({}, [this](const KeyPress &press) { keyDown(press); });
     m_clickMonitor = m_clicks.onPressed([this](QPoint) { stop(); });
     Q_EMIT changed();
 }

@@ -1,8 +1,5 @@
 #include "ViewWindows/ViewWindow.h"
 
-#include <QtCore/QEvent>
-#include <QtGui/QWindow>
-
 namespace tomcatto {
 
 ViewWindow::ViewWindow(Contents contents, MainRunLoop &runLoop, QObject &keeper)
@@ -10,36 +7,28 @@ ViewWindow::ViewWindow(Contents contents, MainRunLoop &runLoop, QObject &keeper)
     , m_runLoop(runLoop)
     , m_keeper(keeper)
 {
-    window().installEventFilter(this);
+    view().onEvent([this](ViewEvent event) { tell(event); });
 }
 
 ViewWindow::~ViewWindow()
 {
-    window().removeEventFilter(this);
-    window().hide();
+    view().onEvent({});
+    view().hide();
     m_runLoop.async(m_keeper, [leaving = std::make_shared<Contents>(std::move(m_contents))] {});
 }
 
-void ViewWindow::present()
+void ViewWindow::tell(ViewEvent event)
 {
-    QWindow &shown = window();
-    if (shown.windowStates().testFlag(Qt::WindowMinimized))
-        shown.setWindowStates(shown.windowStates() & ~Qt::WindowMinimized);
-    shown.show();
-    shown.raise();
-    shown.requestActivate();
-}
-
-bool ViewWindow::eventFilter(QObject *watched, QEvent *event)
-{
-    // Hiding alone does not count: a window whose screen goes is hidden for a moment.
-    if (event->type() == QEvent::Close) {
-        m_runLoop.async(*this, [this] {
-            if (!window().isVisible())
-                Q_EMIT closed();
-        });
+    switch (event) {
+    case ViewEvent::closed:
+        return closed();
+    case ViewEvent::activeChanged:
+        return activeChanged();
+    case ViewEvent::frameChanged:
+        return;
+    case ViewEvent::left:
+        return left();
     }
-    return QObject::eventFilter(watched, event);
 }
 
 }

@@ -7,7 +7,7 @@
 
 namespace tomcatto {
 
-/// One window that shows a view. Destroying it closes the window at once; the view itself goes in a later turn of the
+/// One window that shows a view. Destroying it hides the window at once; the view itself goes in a later turn of the
 /// main loop, since the closing call may come from within it. Main thread only.
 class ViewWindow final : public QObject
 {
@@ -25,18 +25,16 @@ public:
     ViewWindow(Contents contents, MainRunLoop &runLoop, QObject &keeper);
     ~ViewWindow() override;
 
-    [[nodiscard]] QWindow &window() const { return m_contents.view->window(); }
-    /// Shows the window and brings it to the front, with the keyboard.
-    void present();
+    [[nodiscard]] HostedView &view() const { return *m_contents.view; }
 
 Q_SIGNALS:
-    /// The user or the desktop has closed the window. In a later turn, unless it was shown again by then.
     void closed();
-
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    void activeChanged();
+    void left();
 
 private:
+    void tell(ViewEvent event);
+
     Contents m_contents;
     MainRunLoop &m_runLoop;
     QObject &m_keeper;

@@ -64,12 +64,13 @@ struct RealOverlay
     LanguageOverrideService language{defaults, {u"en"_s}};
     LocalizedStrings strings{language};
     QObject looks;
-    QuickViewHost host{looks, strings, [] {}};
-    ViewWindows viewWindows{host, runLoop};
     WindowSystem windowSystem;
-    DesktopScreens screens{runLoop, windowSystem};
+    WindowPlaces places{runLoop, windowSystem};
+    QuickViewHost host{looks, strings, places};
+    ViewWindows viewWindows{host, runLoop};
+    DesktopScreens screens{runLoop};
     ApplicationKeyMonitor keys;
-    BreakOverlayWindows overlayWindows{{machine, timer, settings, strings}, viewWindows, screens, {}};
+    BreakOverlayWindows overlayWindows{{machine, timer, settings, strings}, viewWindows, {}};
     BreakOverlayController controller{machine, timer, settings, manners, runLoop, screens, keys, overlayWindows};
 };
 
@@ -132,6 +133,7 @@ TEST(BreakPreviewTests, IsAnOrdinaryWindowThatEscCloses)
     overlay.expectAfter({left}, {overThree[1]});
     QTest::keyClick(QGuiApplication::focusWindow(), Qt::Key_Escape);
     EXPECT_TRUE(QTest::qWaitFor([] { return RealOverlay::windows().isEmpty(); }));
+    overlay.plugged.plug({{u"wide"_s, {0, 0, 1600, 1000}}});
     ActivationPolicy policy(port);
     BreakPreviewController preview(overlay.settings, overlay.strings, overlay.runLoop, overlay.viewWindows, policy);
     preview.open({});

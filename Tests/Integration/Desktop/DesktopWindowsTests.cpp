@@ -1,16 +1,14 @@
-#include "Fakes/CapturedLog.h"
-#include "Platform/Qt/DesktopScreens.h"
+#include "Platform/Qt/CoveringWindows.h"
 #include "Platform/Qt/MessageBoxAlert.h"
-#include "Platform/Qt/PluginViewHost.h"
 #include "Platform/Qt/QtMainRunLoop.h"
 #include "Platform/X11/X11ClickMonitor.h"
 #include "Platform/X11/X11TaskbarPresence.h"
-#include "TestLooks.h"
 #include "TestScreen.h"
 
 #include <gmock/gmock.h>
 #include <QtCore/QDir>
 #include <QtGui/QImage>
+#include <QtGui/QScreen>
 #include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMessageBox>
@@ -64,23 +62,23 @@ TEST(X11ClickMonitorTests, SeesPressesAnywhereWhileSubscribed)
     EXPECT_THAT(secondPlaces, testing::ElementsAre(QPoint(400, 400), QPoint(400, 400), QPoint(20, 700)));
 }
 
-TEST(DesktopScreensTests, GivesTheKeyboardToOneOfItsWindowsAndTakesItBack)
+TEST(CoveringWindowsTests, GivesTheKeyboardToOneOfItsWindowsAndTakesItBack)
 {
     QtMainRunLoop runLoop;
     const X11WindowSystem windowSystem;
-    DesktopScreens screens(runLoop, windowSystem);
+    CoveringWindows covering(runLoop, windowSystem);
     QWindow main, second;
     for (QWindow *window : {&main, &second}) {
-        screens.cover(*window, screens.screens().at(0).id);
-        screens.makeKey(*window);
+        covering.cover(*window, QGuiApplication::primaryScreen()->geometry());
+        covering.makeKey(*window);
     }
-    screens.makeKey(main);
+    covering.makeKey(main);
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&main) && QTest::qWaitForWindowExposed(&second));
     const auto hasKeyboard = [&main] { return QGuiApplication::focusWindow() == &main; };
     QTest::qWait(300);
     EXPECT_TRUE(hasKeyboard());
     bool wasLost = false;
-    QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, &screens,
+    QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, &covering,
                      [&wasLost](const QWindow *focused) { wasLost = wasLost || !focused; });
     const SideProgram other(QStringLiteral("xev"), {});
     EXPECT_TRUE(QTest::qWaitFor([&wasLost] { return wasLost; }, 20'000));
@@ -100,16 +98,18 @@ TEST(DesktopScreensTests, GivesTheKeyboardToOneOfItsWindowsAndTakesItBack)
     activate();
     EXPECT_TRUE(QTest::qWaitFor(hasKeyboard));
     for (QWindow *window : {&main, &second})
-        screens.uncover(*window);
+        covering.uncover(*window);
     activate();
-    QTest::qWait(3 * static_cast<int>(DesktopScreens::returnTime.count()));
+    QTest::qWait(3 * static_cast<int>(CoveringWindows::returnTime.count()));
     EXPECT_EQ(QGuiApplication::focusWindow(), &own);
     EXPECT_THAT(windowStates(main.winId()).toStdString(), testing::HasSubstr("_NET_WM_STATE_ABOVE"));
 }
 
 TEST(MessageBoxAlertTests, ShowsOneWarningAfterTheOther)
 {
-    MessageBoxAlert alert;
+    const X11WindowSystem windowSystem;
+    const DialogPlace dialogs(windowSystem);
+    MessageBoxAlert alert(dialogs);
     std::vector<AlertButton> pressed;
     for (const char *text : {"<b>one</b>", "two"})
         alert.showWarning(
@@ -137,30 +137,4 @@ TEST(MessageBoxAlertTests, ShowsOneWarningAfterTheOther)
     QTest::keyClick(box(), Qt::Key_Escape);
     EXPECT_TRUE(QTest::qWaitFor([&] { return pressed.size() == 2; }));
     EXPECT_THAT(pressed, testing::ElementsAre(AlertButton::first, AlertButton::second));
-}
-
-TEST(PluginViewHostTests, LoadsThePluginWithTheFirstViewAndFollowsTheLooks)
-{
-    CapturedLog log;
-    TestLooks looks;
-    const X11WindowSystem windowSystem;
-    PluginViewHost missing(looks, looks, windowSystem, {}, {QStringLiteral("/nonexistent")});
-    const ViewDescription description{
-        QStringLiteral("TestViews"), QStringLiteral("Sample"), {{QStringLiteral("shownText"), QStringLiteral("text")}}};
-    EXPECT_EQ(missing.create(description), nullptr);
-    EXPECT_EQ(log.count(LogLevel::error), 1);
-
-    PluginViewHost host(looks, looks, windowSystem, {},
-                        {QStringLiteral("/nonexistent"), QStringLiteral(VIEW_PLUGIN_FOLDER)});
-    EXPECT_FALSE(host.isLoaded());
-    const std::unique_ptr<HostedView> view = host.create(description);
-    ASSERT_NE(view, nullptr);
-    EXPECT_FALSE(view->window().isVisible());
-    EXPECT_EQ(view->window().property("shownText").toString(), QStringLiteral("text"));
-    EXPECT_FALSE(view->window().property("isDark").toBool());
-    looks.setProperty("dark", true);
-    EXPECT_TRUE(view->window().property("isDark").toBool());
-    view->window().show();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&view->window()));
-    EXPECT_EQ(log.count(LogLevel::error), 1);
 }

@@ -1,4 +1,5 @@
 #include "Fakes/CapturedLog.h"
+#include "Platform/Qt/QtMainRunLoop.h"
 #include "Platform/Qt/QuickViewHost.h"
 
 #include <gmock/gmock.h>
@@ -15,54 +16,38 @@ ViewDescription sample(const QString &component = QStringLiteral("Sample"))
     return {QStringLiteral("TestViews"), component, {{QStringLiteral("shownText"), QStringLiteral("text")}}};
 }
 
-}
-
-TEST(QuickViewHostTests, LetsTheEngineGoSomeTimeAfterTheLastViewAndMakesAnotherOne)
+struct Host
 {
-    CapturedLog log;
     QObject appearance;
-    QuickViewHost host(
-        appearance, appearance, [] {}, std::chrono::milliseconds(50));
-    EXPECT_FALSE(host.hasEngine());
-    auto first = host.create(sample());
-    auto second = host.create(sample());
-    ASSERT_TRUE(first && second);
-    first.reset();
-    QTest::qWait(150);
-    EXPECT_TRUE(host.hasEngine());
-    second.reset();
-    EXPECT_TRUE(host.hasEngine());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !host.hasEngine(); }));
-    second = host.create(sample());
-    ASSERT_NE(second, nullptr);
-    QTest::qWait(150);
-    EXPECT_TRUE(host.hasEngine());
-    EXPECT_EQ(log.count(LogLevel::error), 0);
+    QtMainRunLoop runLoop;
+    WindowSystem windowSystem;
+    WindowPlaces places{runLoop, windowSystem};
+    QuickViewHost views{appearance, appearance, places};
+};
+
 }
 
 TEST(QuickViewHostTests, EndsAWindowWithItsViewForItsBindingsReadWhatGoesNext)
 {
-    QObject appearance;
-    QuickViewHost host(appearance, appearance, [] {});
-    auto view = host.create(sample());
+    Host host;
+    auto view = host.views.create(sample());
     ASSERT_NE(view, nullptr);
-    const QPointer<QWindow> window = &view->window();
-    window->show();
+    const QPointer<QWindow> window = QGuiApplication::topLevelWindows().value(0);
+    view->present();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(window));
     view.reset();
     EXPECT_TRUE(window.isNull());
 }
 
-TEST(QuickViewHostTests, LogsViewsThatCannotBeMadeAndKeepsNoEngineForThem)
+TEST(QuickViewHostTests, LogsViewsThatCannotBeMade)
 {
     CapturedLog log;
-    QObject appearance;
-    QuickViewHost host(
-        appearance, appearance, [] {}, std::chrono::milliseconds(0));
+    Host host;
     ViewDescription incomplete = sample();
     incomplete.properties.clear();
     for (const ViewDescription &description :
          {sample(QStringLiteral("Missing")), sample(QStringLiteral("NoWindow")), incomplete})
-        EXPECT_EQ(host.create(description), nullptr);
+        EXPECT_EQ(host.views.create(description), nullptr);
     EXPECT_GE(log.count(LogLevel::error), 3);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !host.hasEngine(); }));
+    EXPECT_FALSE(host.views.problem().isEmpty());
 }

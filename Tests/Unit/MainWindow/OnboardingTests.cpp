@@ -18,7 +18,7 @@ protected:
     }
 
     MainWindowFixture fixture;
-    FakeViewHost viewHost;
+    FakeViewHost viewHost{fixture.engine.runLoop};
     ViewWindows windows{viewHost, fixture.engine.runLoop};
     OnboardingController controller{windows, fixture.engine.settings, fixture.engine.machine, fixture.onboarding};
     int completed = 0;

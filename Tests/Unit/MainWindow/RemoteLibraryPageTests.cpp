@@ -145,17 +145,23 @@ TEST_F(RemoteLibraryPageTest, StillsAreFetchedOneTimeAndOnlyWhenTheyAreSeen)
     QBuffer buffer(&picture);
     buffer.open(QIODevice::WriteOnly);
     QImage(40, 30, QImage::Format_RGB32).save(&buffer, "PNG");
-    EXPECT_EQ(page.still(tom, 1), QString());
-    EXPECT_EQ(page.still(tom, 2), QString());
+    const QSignalSpy stills(&page, &RemoteLibraryViewModel::stillCame);
+    page.askStill(tom, 1);
+    page.askStill(tom, 2);
     ASSERT_EQ(world.library.http.requests.size(), 1U);
     EXPECT_EQ(world.library.http.requests.front().request.largestBody, RemoteStills::largestPreview);
     answer("tom.small.mp4", 200, picture);
     ASSERT_TRUE(waitUntil([&ready] { return !ready.isEmpty(); }));
-    EXPECT_TRUE(page.still(tom, 1).startsWith(QStringLiteral("data:image/png")));
-    EXPECT_EQ(page.still(QStringLiteral("mia"), 1), QString());
+    EXPECT_TRUE(stills.isEmpty());
+    page.askStill(tom, 1);
+    ASSERT_EQ(stills.size(), 1);
+    EXPECT_EQ(stills[0][0], tom);
+    EXPECT_TRUE(stills[0][1].toString().startsWith(QStringLiteral("data:image/png")));
+    page.askStill(QStringLiteral("mia"), 1);
     answer("mia.small.mp4", 200, "text");
     page.disappear();
-    EXPECT_EQ(page.still(tom, 1), QString()) << "it holds nothing while it is not seen";
+    page.askStill(tom, 1);
+    EXPECT_EQ(stills.size(), 1) << "it holds nothing while it is not seen";
 
     MainWindowFixture without;
     without.remoteLibrary.appear();

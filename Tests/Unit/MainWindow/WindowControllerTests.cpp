@@ -16,7 +16,7 @@ class WindowController : public testing::Test
 {
 protected:
     MainWindowFixture fixture;
-    FakeViewHost viewHost;
+    FakeViewHost viewHost{fixture.engine.runLoop};
     ViewWindows windows{viewHost, fixture.engine.runLoop};
     FakeActivationPolicyPort port;
     ActivationPolicy policy{port};

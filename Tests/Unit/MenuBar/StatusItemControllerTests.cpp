@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 struct Item : MenuBarFixture
 {
     FakeStatusItem item;
-    FakeViewHost viewHost;
+    FakeViewHost viewHost{runLoop};
     ViewWindows windows{viewHost, runLoop};
     ManualClickMonitor clicks;
     MainWindowRouter router;

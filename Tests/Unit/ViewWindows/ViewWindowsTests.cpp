@@ -21,7 +21,7 @@ protected:
     }
 
     ManualRunLoop runLoop;
-    FakeViewHost host;
+    FakeViewHost host{runLoop};
     std::unique_ptr<ViewWindows> windows = std::make_unique<ViewWindows>(host, runLoop);
     int let = 0;
 };
@@ -31,8 +31,8 @@ protected:
 TEST_F(ViewWindowsTest, HideAtOnceAndGoInALaterTurn)
 {
     auto window = make();
-    window->present();
-    QWindow &shown = window->window();
+    window->view().present();
+    QWindow &shown = *host.current;
     QObject::connect(window.get(), &ViewWindow::closed, window.get(), [] { ADD_FAILURE() << "nobody else closed it"; });
     window.reset();
     EXPECT_FALSE(shown.isVisible());
@@ -53,15 +53,15 @@ TEST_F(ViewWindowsTest, TellOfAClosingThatLastsAndMayEndInIt)
         ++closed;
         window.reset();
     });
-    window->present();
-    window->window().hide();
-    window->present();
+    window->view().present();
+    host.current->hide();
+    window->view().present();
     runLoop.drain();
-    window->window().close();
-    window->present();
+    host.current->close();
+    window->view().present();
     runLoop.drain();
     EXPECT_EQ(closed, 0) << "it was shown again";
-    window->window().close();
+    host.current->close();
     EXPECT_EQ(closed, 0);
     runLoop.drain();
     EXPECT_EQ(closed, 1);

@@ -15,6 +15,8 @@
 
 #include <memory>
 
+class QWidget;
+
 namespace tomcatto {
 
 /// What a desktop gives the surfaces.
@@ -30,6 +32,8 @@ struct DesktopPorts
     ViewHost &viewHost;
     StatusItem &statusItem;
     SavePanel &savePanel;
+    /// Shows a dialog of the toolkit in front of the ordinary window that has the keyboard, and gives it that.
+    std::function<void(QWidget &dialog)> showDialog;
     /// Whether windows come where the application wants them, in the layer that it wants, and take the keyboard only
     /// when they ask for it.
     bool canPlaceWindows = true;

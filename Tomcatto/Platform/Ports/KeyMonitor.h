@@ -29,9 +29,11 @@ class KeyMonitor
 public:
     virtual ~KeyMonitor() = default;
 
-    /// Calls `handler` with each press until the result is cancelled, which the handler itself may do. Where it returns
-    /// true the key is swallowed, else it goes on unchanged.
-    [[nodiscard]] virtual Cancellable onKeyDown(std::function<bool(const KeyPress &)> handler) = 0;
+    /// Takes presses away from the windows and tells `handler` of them, until the result is cancelled, which the
+    /// handler itself may do.
+    /// @param key the one that is taken, with or without modifiers; every one where there is none
+    [[nodiscard]] virtual Cancellable onKeyDown(std::optional<Qt::Key> key,
+                                                std::function<void(const KeyPress &)> handler) = 0;
 };
 
 }

@@ -1,10 +1,17 @@
 #include "Platform/Posix/CompanionProgram.h"
 
+#include "Platform/Posix/DescriptorFlags.h"
+#include "Platform/Posix/SharedMemory.h"
+#include "Platform/Posix/UnixLocalConnection.h"
+
+#include <array>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QFile>
 #include <QtCore/QPointer>
 #include <QtCore/QProcess>
+#include <sys/socket.h>
+#include <unistd.h>
 #include <utility>
 
 namespace tomcatto {
@@ -34,6 +41,26 @@ QString companionProgram(const QString &name)
     const QString folder = QCoreApplication::applicationDirPath();
     const QString beside = folder + u'/' + name;
     return QFile::exists(beside) ? beside : folder + QStringLiteral("/../" TOMCATTO_LIBRARY_FOLDER "/tomcatto/") + name;
+}
+
+std::unique_ptr<LocalConnection> startConnected(QProcess &process, const QString &program)
+{
+    std::array<int, 2> ends{};
+    if (::socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()) != 0)
+        return nullptr;
+    auto connection = companionsConnection(ends[0]);
+    const int theirs = closedOnReplacement(ends[1]);
+    process.setChildProcessModifier([theirs] { handOn(theirs); });
+    process.start(program, {QString::number(theirs)}, QIODevice::ReadOnly);
+    ::close(theirs);
+    return connection;
+}
+
+std::unique_ptr<LocalConnection> companionsConnection(int descriptor)
+{
+    if (!stopWaiting(closedOnReplacement(descriptor)))
+        return nullptr;
+    return std::make_unique<UnixLocalConnection>(descriptor);
 }
 
 void endCompanion(QProcess *process)

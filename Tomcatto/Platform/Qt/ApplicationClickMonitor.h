@@ -15,6 +15,9 @@ class ApplicationClickMonitor : public QObject, public GlobalClickMonitor
 public:
     [[nodiscard]] Cancellable onPressed(std::function<void(QPoint)> handler) override;
 
+    /// Tells of a press in a window of the application that belongs to another process.
+    virtual void notice(QPoint place) { Q_EMIT pressed(place); }
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:

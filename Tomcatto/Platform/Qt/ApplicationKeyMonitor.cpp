@@ -26,26 +26,26 @@ KeyPress keyPress(const QKeyEvent &event)
 
 }
 
-Cancellable ApplicationKeyMonitor::onKeyDown(std::function<bool(const KeyPress &)> handler)
+Cancellable ApplicationKeyMonitor::onKeyDown(std::optional<Qt::Key> key, std::function<void(const KeyPress &)> handler)
 {
-    const int key = ++m_lastKey;
-    m_handlers->emplace(key, std::make_shared<std::function<bool(const KeyPress &)>>(std::move(handler)));
+    const int number = ++m_lastNumber;
+    m_handlers.emplace(number, std::make_shared<const Handler>(key, std::move(handler)));
     QCoreApplication::instance()->installEventFilter(this);
-    return Cancellable([self = QPointer(this), key] {
+    return Cancellable([self = QPointer(this), number] {
         if (self)
-            self->remove(key);
+            self->remove(number);
     });
 }
 
-void ApplicationKeyMonitor::remove(int key)
+void ApplicationKeyMonitor::remove(int number)
 {
-    m_handlers->erase(key);
+    m_handlers.erase(number);
     rest();
 }
 
 void ApplicationKeyMonitor::rest()
 {
-    if (m_handlers->empty() && !m_taken)
+    if (m_handlers.empty() && !m_taken)
         QCoreApplication::instance()->removeEventFilter(this);
 }
 
@@ -75,11 +75,14 @@ bool ApplicationKeyMonitor::eventFilter(QObject *watched, QEvent *event)
 
 bool ApplicationKeyMonitor::isTaken(const KeyPress &press) const
 {
-    // Handlers may cancel themselves and each other.
-    const auto handlers = m_handlers;
-    return std::ranges::any_of(Handlers(*handlers), [&](const auto &entry) {
-        return handlers->contains(entry.first) && (*entry.second)(press);
-    });
+    for (const auto &[number, handler] : m_handlers) {
+        if (handler->key && handler->key != press.key)
+            continue;
+        const auto told = handler;
+        told->tell(press);
+        return true;
+    }
+    return false;
 }
 
 }

@@ -18,21 +18,27 @@ class ApplicationKeyMonitor final : public QObject, public KeyMonitor
 public:
     using QObject::QObject;
 
-    [[nodiscard]] Cancellable onKeyDown(std::function<bool(const KeyPress &)> handler) override;
+    [[nodiscard]] Cancellable onKeyDown(std::optional<Qt::Key> key,
+                                        std::function<void(const KeyPress &)> handler) override;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    using Handlers = std::map<int, std::shared_ptr<std::function<bool(const KeyPress &)>>>;
+    struct Handler
+    {
+        std::optional<Qt::Key> key;
+        std::function<void(const KeyPress &)> tell;
+    };
 
-    void remove(int key);
+    void remove(int number);
     void rest();
+    /// Tells the first who wants the key. @return whether there is one
     [[nodiscard]] bool isTaken(const KeyPress &press) const;
 
-    // Kept by a running call, during which the monitor may go.
-    std::shared_ptr<Handlers> m_handlers = std::make_shared<Handlers>();
-    int m_lastKey = 0;
+    // A running call keeps its own.
+    std::map<int, std::shared_ptr<const Handler>> m_handlers;
+    int m_lastNumber = 0;
     // Taken from the shortcuts; its press is still to come.
     std::optional<Qt::Key> m_taken;
 };

@@ -1,9 +1,7 @@
 #include "Platform/Qt/DesktopScreens.h"
 
-#include <QtCore/QEvent>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
-#include <QtGui/QWindow>
 
 namespace tomcatto {
 namespace {
@@ -23,10 +21,8 @@ QString screenId(const QScreen *screen)
 
 }
 
-DesktopScreens::DesktopScreens(MainRunLoop &runLoop, const WindowSystem &windowSystem, QObject *parent)
+DesktopScreens::DesktopScreens(MainRunLoop &runLoop, QObject *parent)
     : QObject(parent)
-    , m_runLoop(runLoop)
-    , m_windowSystem(windowSystem)
     , m_changes(runLoop, [this] { return !liveScreens().isEmpty(); })
 {
     for (QScreen *screen : QGuiApplication::screens())
@@ -37,9 +33,6 @@ DesktopScreens::DesktopScreens(MainRunLoop &runLoop, const WindowSystem &windowS
     });
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, &DesktopScreens::noteChange);
     connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &DesktopScreens::noteChange);
-    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow *focused) {
-        m_return = isCovering(focused) ? Cancellable() : m_runLoop.after(returnTime, [this] { returnToFront(); });
-    });
 }
 
 void DesktopScreens::watch(QScreen *screen)
@@ -77,65 +70,6 @@ std::vector<Screen> DesktopScreens::screens() const
 Cancellable DesktopScreens::onChanged(std::function<void()> handler)
 {
     return m_changes.onChanged(std::move(handler));
-}
-
-void DesktopScreens::cover(QWindow &window, const QString &id)
-{
-    for (QScreen *screen : liveScreens()) {
-        if (screenId(screen) != id)
-            continue;
-        window.setScreen(screen);
-        window.setFlags(window.flags() | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-        window.setGeometry(screen->geometry());
-        m_windowSystem.setCovering(window);
-        window.showFullScreen();
-        m_covering.removeAll(nullptr);
-        m_covering.append(&window);
-        return;
-    }
-}
-
-void DesktopScreens::makeKey(QWindow &window)
-{
-    m_keyWindow = &window;
-    window.installEventFilter(this);
-    window.requestActivate();
-    if (window.isExposed())
-        m_windowSystem.activate(window);
-}
-
-void DesktopScreens::uncover(QWindow &window)
-{
-    m_covering.removeAll(&window);
-    if (m_keyWindow == &window)
-        m_keyWindow = nullptr;
-}
-
-bool DesktopScreens::isCovering(const QWindow *window) const
-{
-    return window != nullptr && m_covering.contains(window);
-}
-
-void DesktopScreens::returnToFront()
-{
-    for (const QPointer<QWindow> &window : m_covering) {
-        if (window && window->isVisible())
-            window->raise();
-    }
-    if (m_keyWindow && m_keyWindow->isExposed())
-        m_windowSystem.activate(*m_keyWindow);
-}
-
-bool DesktopScreens::eventFilter(QObject *watched, QEvent *event)
-{
-    if (const auto *shown = qobject_cast<QWindow *>(watched);
-        event->type() == QEvent::Expose && shown && shown->isExposed()) {
-        watched->removeEventFilter(this);
-        // Window managers give the keyboard to each window that they get to know, so it is asked for after every one.
-        if (m_keyWindow && m_keyWindow->isExposed())
-            m_windowSystem.activate(*m_keyWindow);
-    }
-    return QObject::eventFilter(watched, event);
 }
 
 }

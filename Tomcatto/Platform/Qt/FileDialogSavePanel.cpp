@@ -1,24 +1,14 @@
 #include "Platform/Qt/FileDialogSavePanel.h"
 
 #include <QtCore/QStandardPaths>
-#include <QtGui/QGuiApplication>
-#include <QtGui/QWindow>
 #include <QtWidgets/QFileDialog>
 
 namespace tomcatto {
-namespace {
 
-/// The ordinary window with the keyboard, which the dialog stays in front of: neither a panel, which closes when it
-/// loses the keyboard, nor a break.
-QWindow *windowBehind()
+FileDialogSavePanel::FileDialogSavePanel(const DialogPlace &dialogs)
+    : m_dialogs(dialogs)
 {
-    QWindow *const focused = QGuiApplication::focusWindow();
-    return focused && !focused->flags().testFlag(Qt::FramelessWindowHint) ? focused : nullptr;
 }
-
-}
-
-FileDialogSavePanel::FileDialogSavePanel() = default;
 
 FileDialogSavePanel::~FileDialogSavePanel()
 {
@@ -45,9 +35,7 @@ void FileDialogSavePanel::ask(const SavePanelRequest &request, std::function<voi
         m_folder = m_dialog->directory().path();
         onChosen(m_dialog->selectedFiles().value(0));
     });
-    m_dialog->winId();
-    m_dialog->windowHandle()->setTransientParent(windowBehind());
-    m_dialog->show();
+    m_dialogs.show(*m_dialog);
 }
 
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/Ports/SavePanel.h"
+#include "Platform/Qt/DialogPlace.h"
 
 #include <memory>
 #include <QtCore/QPointer>
@@ -13,12 +14,14 @@ namespace tomcatto {
 class FileDialogSavePanel final : public SavePanel
 {
 public:
-    FileDialogSavePanel();
+    /// @param dialogs outlives this
+    explicit FileDialogSavePanel(const DialogPlace &dialogs);
     ~FileDialogSavePanel() override;
 
     void ask(const SavePanelRequest &request, std::function<void(const QString &path)> onChosen) override;
 
 private:
+    const DialogPlace &m_dialogs;
     QPointer<QFileDialog> m_dialog;
     /// Where the next one opens: where a file was saved the last time.
     QString m_folder;

@@ -2,14 +2,15 @@
 
 #include "Foundation/ApplicationIdentity.h"
 
-#include <QtGui/QGuiApplication>
-#include <QtGui/QWindow>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
 
 namespace tomcatto {
 
-MessageBoxAlert::MessageBoxAlert() = default;
+MessageBoxAlert::MessageBoxAlert(const DialogPlace &dialogs)
+    : m_dialogs(dialogs)
+{
+}
 
 MessageBoxAlert::~MessageBoxAlert() = default;
 
@@ -38,12 +39,7 @@ void MessageBoxAlert::showNext()
     m_box->setAttribute(Qt::WA_QuitOnClose, false);
     connect(m_box.get(), &QMessageBox::finished, this,
             [this, first] { close(m_box->clickedButton() == first ? AlertButton::first : AlertButton::second); });
-    m_box->winId();
-    // In front of the window that it is about, but not of a break.
-    QWindow *const focused = QGuiApplication::focusWindow();
-    if (focused && focused->visibility() != QWindow::FullScreen)
-        m_box->windowHandle()->setTransientParent(focused);
-    m_box->show();
+    m_dialogs.show(*m_box);
 }
 
 void MessageBoxAlert::close(AlertButton button)

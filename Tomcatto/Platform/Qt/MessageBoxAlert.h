@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/Ports/Alert.h"
+#include "Platform/Qt/DialogPlace.h"
 
 #include <deque>
 #include <memory>
@@ -16,7 +17,8 @@ class MessageBoxAlert final : public QObject, public Alert
     Q_OBJECT
 
 public:
-    MessageBoxAlert();
+    /// @param dialogs outlives this
+    explicit MessageBoxAlert(const DialogPlace &dialogs);
     ~MessageBoxAlert() override;
 
     void showWarning(const AlertDescription &description, std::function<void(AlertButton)> onClosed) override;
@@ -31,6 +33,7 @@ private:
     void showNext();
     void close(AlertButton button);
 
+    const DialogPlace &m_dialogs;
     /// The first one is showing.
     std::deque<Waiting> m_waiting;
     std::unique_ptr<QMessageBox> m_box;

@@ -1,7 +1,8 @@
 #include "Platform/Qt/QuickViewHost.h"
 
+#include "Appearance/Texts.h"
+
 #include <QtQml/QQmlComponent>
-#include <QtQml/QQmlEngine>
 #include <QtQml/QQmlError>
 #include <QtQuick/QQuickWindow>
 
@@ -12,91 +13,36 @@ namespace {
 /// The path below which modules that are built in are found.
 const QString modulesAddress = QStringLiteral("qrc:/qt-project.org/imports/");
 
-class QuickHostedView final : public HostedView
-{
-public:
-    explicit QuickHostedView(QQuickWindow &window)
-        : m_window(&window)
-    {
-    }
-    QuickHostedView(const QuickHostedView &) = delete;
-    QuickHostedView &operator=(const QuickHostedView &) = delete;
-    ~QuickHostedView() override
-    {
-        if (!m_window)
-            return;
-        m_window->hide();
-        delete m_window.data();
-    }
-
-    [[nodiscard]] QWindow &window() override { return *m_window; }
-
-private:
-    QPointer<QQuickWindow> m_window;
-};
-
 }
 
-QuickViewHost::QuickViewHost(QObject &appearance, QObject &texts, std::function<void()> released,
-                             std::chrono::milliseconds patience)
-    : m_released(std::move(released))
+QuickViewHost::QuickViewHost(QObject &appearance, QObject &texts, WindowPlaces &places)
+    : m_places(places)
     , m_settings(nullptr)
-    , m_texts(texts)
     , m_mirror(appearance, m_settings, {"dark", "reducedMotion", "highContrast", "textScale"})
 {
-    m_release.setSingleShot(true);
-    m_release.setInterval(patience);
-    connect(&m_release, &QTimer::timeout, this, &QuickViewHost::releaseEngine);
-}
-
-QuickViewHost::~QuickViewHost()
-{
-    const auto windows = std::exchange(m_windows, {});
-    for (QQuickWindow *window : windows) {
-        window->disconnect(this);
-        delete window;
-    }
+    m_engine.setOutputWarningsToStandardError(false);
+    connect(&m_engine, &QQmlEngine::warnings, this, [this](const QList<QQmlError> &warnings) {
+        for (const QQmlError &warning : warnings)
+            m_logger.error(warning.toString());
+    });
+    m_settings.install(m_engine);
+    Texts::install(m_engine, texts);
 }
 
 std::unique_ptr<HostedView> QuickViewHost::create(const ViewDescription &description)
 {
-    m_release.stop();
-    if (!m_engine)
-        makeEngine();
-    std::unique_ptr<QQuickWindow> window = makeWindow(description);
-    m_problem =
-        window ? QString() : QStringLiteral("the view %1 is faulty; the log says more").arg(description.component);
-    if (!window) {
-        if (m_windows.isEmpty())
-            m_release.start();
-        return nullptr;
-    }
-    m_windows.append(window.get());
-    connect(window.get(), &QObject::destroyed, this, [this, gone = window.get()] {
-        m_windows.removeOne(gone);
-        if (m_windows.isEmpty())
-            m_release.start();
-    });
-    return std::make_unique<QuickHostedView>(*window.release());
+    m_problem.clear();
+    if (auto window = makeWindow(description))
+        return std::make_unique<WindowView>(std::move(window), description.kind, m_places);
+    m_problem = QStringLiteral("the view %1 is faulty; the log says more").arg(description.component);
+    return nullptr;
 }
 
-void QuickViewHost::makeEngine()
-{
-    m_engine = std::make_unique<QQmlEngine>();
-    m_engine->setOutputWarningsToStandardError(false);
-    connect(m_engine.get(), &QQmlEngine::warnings, this, [this](const QList<QQmlError> &warnings) {
-        for (const QQmlError &warning : warnings)
-            m_logger.error(warning.toString());
-    });
-    m_settings.install(*m_engine);
-    Texts::install(*m_engine, m_texts);
-}
-
-std::unique_ptr<QQuickWindow> QuickViewHost::makeWindow(const ViewDescription &description)
+std::unique_ptr<QWindow> QuickViewHost::makeWindow(const ViewDescription &description)
 {
     QString folder = description.module;
     folder.replace(u'.', u'/');
-    QQmlComponent component(m_engine.get(),
+    QQmlComponent component(&m_engine,
                             QUrl(modulesAddress + folder + u'/' + description.component + QStringLiteral(".qml")));
     std::unique_ptr<QObject> root(component.isReady() ? component.createWithInitialProperties(description.properties)
                                                       : nullptr);
@@ -115,26 +61,7 @@ std::unique_ptr<QQuickWindow> QuickViewHost::makeWindow(const ViewDescription &d
     QQmlEngine::setObjectOwnership(window, QQmlEngine::CppOwnership);
     window->setPersistentGraphics(false);
     window->setPersistentSceneGraph(false);
-    return std::unique_ptr<QQuickWindow>(window);
-}
-
-void QuickViewHost::dropPictures()
-{
-    // Drawing without a graphics card keeps the pictures of a window that is gone, a screen of them after a break,
-    // until the next window is drawn.
-    if (QQuickWindow::sceneGraphBackend() != QStringLiteral("software"))
-        return;
-    QQuickWindow next;
-    next.resize(1, 1);
-    next.grabWindow();
-}
-
-void QuickViewHost::releaseEngine()
-{
-    dropPictures();
-    m_engine.reset();
-    m_logger.debug(QStringLiteral("no views are left, their engine is let go"));
-    m_released();
+    return std::unique_ptr<QWindow>(window);
 }
 
 }

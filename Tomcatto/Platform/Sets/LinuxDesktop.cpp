@@ -6,23 +6,22 @@
 #include "Platform/Freedesktop/StatusNotifierTray.h"
 #include "Platform/Linux/CameraInUse.h"
 #include "Platform/Linux/ProcessMemory.h"
-#include "Platform/Linux/RenderDevice.h"
 #include "Platform/Ports/AnyFactSource.h"
 #include "Platform/Ports/DesktopPlatform.h"
 #include "Platform/Posix/CompanionFact.h"
 #include "Platform/Posix/CompanionProgram.h"
-#include "Platform/Qt/ApplicationKeyMonitor.h"
 #include "Platform/Qt/DesktopScreens.h"
 #include "Platform/Qt/DisplayLoss.h"
 #include "Platform/Qt/FileDialogSavePanel.h"
 #include "Platform/Qt/MessageBoxAlert.h"
-#include "Platform/Qt/PluginViewHost.h"
 #include "Platform/Qt/QtMainRunLoop.h"
 #include "Platform/Qt/StatusItemSwitch.h"
 #include "Platform/Qt/ToolkitTheme.h"
 #include "Platform/Qt/ToolkitTray.h"
 #include "Platform/Sets/LinuxDisplay.h"
 #include "Platform/Sets/LinuxSurroundings.h"
+#include "Platform/Views/ProcessViewHost.h"
+#include "Platform/Views/ViewProcessInput.h"
 #include "Platform/X11/X11ClickMonitor.h"
 #include "Platform/X11/X11HotKeys.h"
 #include "Platform/X11/X11TaskbarPresence.h"
@@ -33,14 +32,9 @@ namespace tomcatto {
 
 namespace {
 
-/// Whether views may be drawn by a graphics processor. X servers for remote or virtual screens do not share it.
-bool hasGraphicsProcessor()
+QString viewsProgram()
 {
-    if (qEnvironmentVariableIsSet("LIBGL_ALWAYS_SOFTWARE") || !hasRenderDevice())
-        return false;
-    const X11Display display;
-    return display.isValid() ? display.hasExtension("DRI3")
-                             : QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+    return companionProgram(QStringLiteral("tomcatto-views"));
 }
 
 std::vector<std::unique_ptr<TrayIcon>> makeTrays()
@@ -60,7 +54,9 @@ std::unique_ptr<HotKeys> makeHotKeys()
 
 struct ServiceAdapters
 {
-    MessageBoxAlert alert;
+    X11WindowSystem windowSystem;
+    DialogPlace dialogs{windowSystem};
+    MessageBoxAlert alert{dialogs};
     DesktopSystemSettings systemSettings{DesktopSystemSettings::currentDesktops(), AutostartLoginItem::userFolder()};
     FreedesktopNotificationProbe notificationProbe{QDBusConnection::sessionBus()};
     std::unique_ptr<HotKeys> hotKeys = makeHotKeys();
@@ -73,22 +69,28 @@ struct ServiceAdapters
 
 struct SurfaceAdapters
 {
-    SurfaceAdapters(MainRunLoop &runLoop, UserDefaults &defaults, QObject &texts)
-        : screens(runLoop, windowSystem)
-        , viewHost(appearance, texts, windowSystem, {hasGraphicsProcessor, giveBackUnusedMemory})
+    SurfaceAdapters(MainRunLoop &runLoop, UserDefaults &defaults, QObject &texts, const ServiceAdapters &services)
+        : windowSystem(services.windowSystem)
+        , screens(runLoop)
+        , views(viewsProgram(), runLoop)
+        , viewHost(views, runLoop, appearance, texts, giveBackUnusedMemory)
         , statusItem(makeTrays(), appearance, defaults, windowSystem)
+        , savePanel(services.dialogs)
     {
+        followPresses(views, clickMonitor);
     }
 
-    X11WindowSystem windowSystem;
+    const WindowSystem &windowSystem;
     DesktopAppearance appearance;
     AppearancePortal portal{QDBusConnection::sessionBus(), appearance};
     ToolkitTheme toolkitTheme{appearance};
-    X11TaskbarPresence taskbarPresence;
     X11ClickMonitor clickMonitor;
     DesktopScreens screens;
-    ApplicationKeyMonitor keyMonitor;
-    PluginViewHost viewHost;
+    ViewProcess views;
+    ProcessViewHost viewHost;
+    ViewProcessKeys keyMonitor{views};
+    X11TaskbarPresence ownTaskbar;
+    ViewProcessTaskbar taskbar{views, ownTaskbar};
     StatusItemSwitch statusItem;
     FileDialogSavePanel savePanel;
 };
@@ -102,13 +104,14 @@ public:
         Findings findings = LinuxDisplay::findings();
         for (const Finding &finding : LinuxSurroundings::findings())
             findings.push_back(finding);
-        findings.push_back(PluginViewHost::findPlugin());
+        findings.push_back(ProcessViewHost::find(viewsProgram()));
         return findings;
     }
     [[nodiscard]] DesktopServices services() override
     {
         m_display.letGo();
         const auto adapters = std::make_shared<ServiceAdapters>();
+        m_services = adapters;
         return {adapters,
                 adapters->alert,
                 adapters->systemSettings,
@@ -119,16 +122,22 @@ public:
     }
     [[nodiscard]] DesktopPorts ports(MainRunLoop &runLoop, UserDefaults &defaults, QObject &texts) override
     {
-        const auto adapters = std::make_shared<SurfaceAdapters>(runLoop, defaults, texts);
+        const auto services = m_services.lock();
+        const auto adapters = std::make_shared<SurfaceAdapters>(runLoop, defaults, texts, *services);
+        services->dialogs.setBehind([weak = std::weak_ptr(adapters)] {
+            const auto surfaces = weak.lock();
+            return surfaces ? surfaces->viewHost.windowBehind() : 0;
+        });
         return {adapters,
                 adapters->appearance,
-                adapters->taskbarPresence,
+                adapters->taskbar,
                 adapters->clickMonitor,
                 adapters->screens,
                 adapters->keyMonitor,
                 adapters->viewHost,
                 adapters->statusItem,
                 adapters->savePanel,
+                [services](QWidget &dialog) { services->dialogs.show(dialog); },
                 adapters->windowSystem.canPlaceWindows()};
     }
     [[nodiscard]] Cancellable onDisplayLost(std::function<void()> onLost) override
@@ -138,6 +147,8 @@ public:
 
 private:
     LinuxDisplay m_display;
+    /// Theirs is the application, which uses them.
+    std::weak_ptr<ServiceAdapters> m_services;
 };
 
 }

@@ -15,6 +15,10 @@ namespace {
 
 using Mark = Finding::Mark;
 
+/// Read by the toolkit when it connects. The windows here are small: their pictures go over the connection. In memory
+/// that is shared with the server each would wait for the one before, which wakes two threads up.
+constexpr const char *noSharedMemoryVariable = "QT_XCB_NO_MITSHM";
+
 Finding findDisplay(const X11Access &access, bool isWayland)
 {
     const QString part = QStringLiteral("display");
@@ -76,7 +80,17 @@ bool LinuxDisplay::opens(const QString &platform)
     if (!platform.startsWith(QLatin1String("xcb")))
         return true;
     m_access.emplace();
+    if (m_access->isGranted() && !qEnvironmentVariableIsSet(noSharedMemoryVariable))
+        m_sharesNoMemory = qputenv(noSharedMemoryVariable, "1");
     return m_access->isGranted();
+}
+
+void LinuxDisplay::letGo()
+{
+    m_access.reset();
+    // Not for programs that this one starts.
+    if (std::exchange(m_sharesNoMemory, false))
+        qunsetenv(noSharedMemoryVariable);
 }
 
 }

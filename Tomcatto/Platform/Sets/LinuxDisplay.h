@@ -15,12 +15,13 @@ public:
     /// Looks at the display and its tray.
     [[nodiscard]] static Findings findings();
     /// To be called once the toolkit has a connection of its own.
-    void letGo() { m_access.reset(); }
+    void letGo();
 
 private:
     [[nodiscard]] bool opens(const QString &platform);
 
     std::optional<X11Access> m_access;
+    bool m_sharesNoMemory = false;
 };
 
 }

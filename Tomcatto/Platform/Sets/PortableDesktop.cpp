@@ -1,12 +1,11 @@
 #include "Platform/Ports/AbsentSurroundings.h"
 #include "Platform/Ports/DesktopPlatform.h"
-#include "Platform/Qt/ApplicationClickMonitor.h"
-#include "Platform/Qt/ApplicationKeyMonitor.h"
+#include "Platform/Posix/CompanionProgram.h"
+#include "Platform/Qt/AbsentActivationPolicy.h"
 #include "Platform/Qt/DesktopScreens.h"
 #include "Platform/Qt/DisplayLoss.h"
 #include "Platform/Qt/FileDialogSavePanel.h"
 #include "Platform/Qt/MessageBoxAlert.h"
-#include "Platform/Qt/PluginViewHost.h"
 #include "Platform/Qt/QtMainRunLoop.h"
 #include "Platform/Qt/StatusItemSwitch.h"
 #include "Platform/Qt/ToolkitTheme.h"
@@ -15,6 +14,8 @@
 #include "Platform/Qt/ToolkitWindowSystem.h"
 #include "Platform/Qt/TrayNotificationCenter.h"
 #include "Platform/Sets/PortableDisplay.h"
+#include "Platform/Views/ProcessViewHost.h"
+#include "Platform/Views/ViewProcessInput.h"
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QSystemTrayIcon>
@@ -22,13 +23,6 @@
 namespace tomcatto {
 
 namespace {
-
-/// Windows are listed among the running ones as the desktop likes.
-class AbsentActivationPolicy final : public ActivationPolicyPort
-{
-public:
-    void setPolicy(ActivationPolicyKind /*kind*/) override {}
-};
 
 /// The toolkit opens no page of a system's settings.
 class AbsentSystemSettings final : public SystemSettings
@@ -70,7 +64,9 @@ public:
 
 struct ServiceAdapters
 {
-    MessageBoxAlert alert;
+    ToolkitWindowSystem windowSystem;
+    DialogPlace dialogs{windowSystem};
+    MessageBoxAlert alert{dialogs};
     AbsentSystemSettings systemSettings;
     TrayMessageProbe notificationProbe;
     QtMainRunLoop runLoop;
@@ -81,6 +77,11 @@ struct ServiceAdapters
 
     [[nodiscard]] Surroundings surroundings() { return {fact, fact, fact, idle}; }
 };
+
+QString viewsProgram()
+{
+    return companionProgram(QStringLiteral("tomcatto-views"));
+}
 
 std::vector<std::unique_ptr<TrayIcon>> makeTrays(TrayNotificationCenter &notificationCenter)
 {
@@ -93,22 +94,27 @@ std::vector<std::unique_ptr<TrayIcon>> makeTrays(TrayNotificationCenter &notific
 
 struct SurfaceAdapters
 {
-    SurfaceAdapters(MainRunLoop &runLoop, UserDefaults &defaults, QObject &texts,
-                    TrayNotificationCenter &notificationCenter)
-        : screens(runLoop, windowSystem)
-        , viewHost(appearance, texts, windowSystem)
-        , statusItem(makeTrays(notificationCenter), appearance, defaults, windowSystem)
+    SurfaceAdapters(MainRunLoop &runLoop, UserDefaults &defaults, QObject &texts, ServiceAdapters &services)
+        : windowSystem(services.windowSystem)
+        , screens(runLoop)
+        , views(viewsProgram(), runLoop)
+        , viewHost(views, runLoop, appearance, texts)
+        , statusItem(makeTrays(services.notificationCenter), appearance, defaults, windowSystem)
+        , savePanel(services.dialogs)
     {
+        followPresses(views, clickMonitor);
     }
 
-    ToolkitWindowSystem windowSystem;
+    const WindowSystem &windowSystem;
     DesktopAppearance appearance;
     ToolkitTheme toolkitTheme{appearance};
-    AbsentActivationPolicy activationPolicy;
     ApplicationClickMonitor clickMonitor;
     DesktopScreens screens;
-    ApplicationKeyMonitor keyMonitor;
-    PluginViewHost viewHost;
+    ViewProcess views;
+    ProcessViewHost viewHost;
+    ViewProcessKeys keyMonitor{views};
+    AbsentActivationPolicy ownTaskbar;
+    ViewProcessTaskbar taskbar{views, ownTaskbar};
     StatusItemSwitch statusItem;
     FileDialogSavePanel savePanel;
 };
@@ -120,7 +126,7 @@ public:
     [[nodiscard]] Findings findings() override
     {
         return {{QStringLiteral("display"), Finding::Mark::there, QStringLiteral("it answers"), {}},
-                PluginViewHost::findPlugin()};
+                ProcessViewHost::find(viewsProgram())};
     }
     [[nodiscard]] DesktopServices services() override
     {
@@ -132,16 +138,21 @@ public:
     [[nodiscard]] DesktopPorts ports(MainRunLoop &runLoop, UserDefaults &defaults, QObject &texts) override
     {
         const auto services = m_services.lock();
-        const auto adapters = std::make_shared<SurfaceAdapters>(runLoop, defaults, texts, services->notificationCenter);
+        const auto adapters = std::make_shared<SurfaceAdapters>(runLoop, defaults, texts, *services);
+        services->dialogs.setBehind([weak = std::weak_ptr(adapters)] {
+            const auto surfaces = weak.lock();
+            return surfaces ? surfaces->viewHost.windowBehind() : 0;
+        });
         return {adapters,
                 adapters->appearance,
-                adapters->activationPolicy,
+                adapters->taskbar,
                 adapters->clickMonitor,
                 adapters->screens,
                 adapters->keyMonitor,
                 adapters->viewHost,
                 adapters->statusItem,
                 adapters->savePanel,
+                [services](QWidget &dialog) { services->dialogs.show(dialog); },
                 adapters->windowSystem.canPlaceWindows()};
     }
     [[nodiscard]] Cancellable onDisplayLost(std::function<void()> onLost) override

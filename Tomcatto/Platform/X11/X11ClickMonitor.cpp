@@ -64,6 +64,13 @@ X11ClickMonitor::~X11ClickMonitor()
         X11ClickMonitor::unsubscribe();
 }
 
+void X11ClickMonitor::notice(QPoint place)
+{
+    // Else it sees that press itself.
+    if (m_extension == 0)
+        ApplicationClickMonitor::notice(place);
+}
+
 void X11ClickMonitor::subscribe()
 {
     if (m_extension == 0)

@@ -18,6 +18,8 @@ public:
     X11ClickMonitor();
     ~X11ClickMonitor() override;
 
+    void notice(QPoint place) override;
+
 private:
     bool nativeEventFilter(const QByteArray &eventType, void *message, qintptr *result) override;
     void subscribe() override;

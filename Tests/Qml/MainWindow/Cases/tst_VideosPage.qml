@@ -27,12 +27,12 @@ TestCase {
         property string checkedText: "Checked just now"
         property string problem
         property var calls: []
+        signal stillCame(id: string, still: string)
         signal stillReady(id: string)
         function appear() {}
         function disappear() {}
-        function still(id: string, scale: real): string {
+        function askStill(id: string, scale: real) {
             calls.push("still " + id)
-            return ""
         }
         function refresh() { calls.push("refresh") }
         function press(id: string) { calls.push("press " + id) }
@@ -49,12 +49,12 @@ TestCase {
         property string deletedText
         property var stills: []
         signal changed
+        signal stillCame(id: string, still: string)
         signal deletedChanged
         function appear() {}
         function disappear() {}
-        function still(id: string, scale: real): string {
+        function askStill(id: string, scale: real) {
             stills.push(id)
-            return ""
         }
     }
     VideosPage {
