@@ -162,7 +162,7 @@ class Running:
             try:
                 with open(f"/proc/{process}/smaps_rollup", encoding="ascii") as file:
                     kilobytes += sum(int(line.split()[1]) for line in file if line.split(":")[0] in kinds)
-            except ProcessLookupError:
+            except (FileNotFoundError, ProcessLookupError):
                 pass  # One that is just ending.
         return kilobytes * 1024 / 1e6
 
