@@ -111,6 +111,7 @@ void ObjectPublisher::flush()
     m_isFlushDue = false;
     // Values may hold objects that are new.
     std::vector<ObjectRelay *> relays;
+    relays.reserve(m_objects.size());
     for (const auto &[number, relay] : m_objects)
         relays.push_back(relay.get());
     for (ObjectRelay *const relay : relays)
