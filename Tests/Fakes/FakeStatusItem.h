@@ -30,6 +30,11 @@ public:
         activate = std::move(handler);
         return Cancellable([this] { activate = nullptr; });
     }
+    [[nodiscard]] Cancellable onMenuWanted(std::function<void(QPoint)> handler) override
+    {
+        wantMenu = std::move(handler);
+        return Cancellable([this] { wantMenu = nullptr; });
+    }
     [[nodiscard]] Cancellable onMenuCommand(std::function<void(const TrayMenuCommand &)> handler) override
     {
         choose = std::move(handler);
@@ -44,6 +49,7 @@ public:
     bool isPillWanted = false;
     std::function<void()> formsChanged;
     std::function<void(std::optional<QRect>)> activate;
+    std::function<void(QPoint)> wantMenu;
     std::function<void(const TrayMenuCommand &)> choose;
 
     /// The command of the entry that reads like this; one that does nothing if there is none.

@@ -6,7 +6,6 @@
 #include <QtGui/QClipboard>
 #include <QtGui/QDesktopServices>
 #include <QtGui/QGuiApplication>
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QFileDialog>
 
 namespace tomcatto {
@@ -85,12 +84,7 @@ void DesktopSurfaces::install()
     connect(m_breakOverlayController.get(), &BreakOverlayController::didHide, this,
             // The phase may be about to change.
             [this] { soon([this] { openLater(); }); });
-    m_statusItemController->setOnWillShow([this] {
-        m_logger.debug(QStringLiteral("the panel opens"));
-        // An open menu holds the keyboard, which the panel needs at once.
-        if (QWidget *menu = QApplication::activePopupWidget())
-            menu->close();
-    });
+    m_statusItemController->setOnWillShow([this] { m_logger.debug(QStringLiteral("the panel opens")); });
     m_statusItemController->setOnDidClose([this] { m_logger.debug(QStringLiteral("the panel is closed")); });
     m_mainWindowController = std::make_unique<MainWindowController>(m_windows, m_dependencies.mainWindowRouter,
                                                                     m_activationPolicy, m_mainWindowModel);
@@ -320,10 +314,6 @@ void DesktopSurfaces::makeRoomForBreak()
     // One video is heard, and Esc is the break's.
     m_breakPreviewController.close();
     m_statusItemController->closePopover();
-    while (QWidget *menu = QApplication::activePopupWidget()) {
-        if (!menu->close())
-            break;
-    }
 }
 
 DesktopSurfaces::WindowOutcome DesktopSurfaces::whenUncovered(std::function<WindowOutcome()> open)

@@ -4,9 +4,9 @@
 #include "Foundation/ApplicationIdentity.h"
 
 #include <cstdio>
+#include <QtGui/QGuiApplication>
 #include <QtGui/QIcon>
 #include <QtGui/QWindow>
-#include <QtWidgets/QApplication>
 #include <string_view>
 
 using namespace tomcatto;
@@ -51,9 +51,9 @@ int main(int argc, char **argv)
         return tellFindings(*desktop, argc, argv);
     if (!desktop->opensDisplay())
         return runInTerminal(*platform, argc, argv);
-    const QApplication application(argc, argv);
+    const auto application = desktop->makeApplication(argc, argv);
     QGuiApplication::setDesktopFileName(applicationIdentifier);
-    QObject::connect(&application, &QGuiApplication::focusWindowChanged, &application, giveWindowsIcon);
+    QObject::connect(application.get(), &QGuiApplication::focusWindowChanged, application.get(), giveWindowsIcon);
     Program program(*platform);
     return program.run(
         [&](const Invocation &invocation) { return program.runApplication(invocation, desktopFrontEnd(*desktop)); });

@@ -31,4 +31,15 @@ QRect popoverRectangle(QSize size, std::optional<QRect> item, QRect available)
             size};
 }
 
+QRect menuRectangle(QSize size, QPoint place, QRect available)
+{
+    const auto start = [](int position, int length, int low, int high) {
+        const int wanted = position + length > high ? position - length : position;
+        return std::max(low, std::min(wanted, high - length));
+    };
+    return {QPoint(start(place.x(), size.width(), available.x(), available.x() + available.width()),
+                   start(place.y(), size.height(), available.y(), available.y() + available.height())),
+            size};
+}
+
 }

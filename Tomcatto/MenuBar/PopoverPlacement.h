@@ -11,4 +11,8 @@ namespace tomcatto {
 /// upper left corner stays inside.
 [[nodiscard]] QRect popoverRectangle(QSize size, std::optional<QRect> item, QRect available);
 
+/// Where a menu of `size` goes that is opened at `place`, in logical pixels: to the right and below, else to the other
+/// side, as far as it fits into `available`.
+[[nodiscard]] QRect menuRectangle(QSize size, QPoint place, QRect available);
+
 }

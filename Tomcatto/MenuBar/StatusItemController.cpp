@@ -54,10 +54,12 @@ StatusItemController::StatusItemController(const MenuBarServices &services, cons
     , m_router(router)
     , m_source(services.stateMachine, services.timer, services.settings, services.strings)
     , m_popover(platform.windows, [this](QObject &owner) { return makeModels(owner); })
+    , m_menu(platform.windows, platform.clickMonitor, services.runLoop)
 {
     m_popover.setContentSize(panelSize);
     connect(&m_popover, &MenuBarPopover::willShow, this, &StatusItemController::popoverWillShow);
     connect(&m_popover, &MenuBarPopover::didClose, this, &StatusItemController::popoverDidClose);
+    connect(&m_menu, &TrayMenuPopover::chosen, this, &StatusItemController::choose);
     const auto wanted = services.defaults.value(pillWantedKey());
     m_isPillWanted = wanted && std::holds_alternative<bool>(*wanted) && std::get<bool>(*wanted);
     connectItem();
@@ -69,6 +71,7 @@ void StatusItemController::connectItem()
 {
     m_statusItem.setPillWanted(m_isPillWanted);
     m_itemCancellables.push_back(m_statusItem.onActivated([this](std::optional<QRect> item) { togglePopover(item); }));
+    m_itemCancellables.push_back(m_statusItem.onMenuWanted([this](QPoint place) { m_menu.show(place); }));
     m_itemCancellables.push_back(
         m_statusItem.onMenuCommand([this](const TrayMenuCommand &command) { choose(command); }));
     m_itemCancellables.push_back(m_statusItem.onFormsChanged([this] { updateStatusItem(); }));
@@ -162,6 +165,7 @@ void StatusItemController::updateMenu()
     if (menu == m_shownMenu)
         return;
     m_shownMenu = menu;
+    m_menu.setMenu(menu);
     m_statusItem.setMenu(menu);
 }
 
@@ -220,8 +224,15 @@ void StatusItemController::dismiss()
 
 void StatusItemController::popoverWillShow()
 {
+    m_menu.close();
     if (m_onWillShow)
         m_onWillShow();
+}
+
+void StatusItemController::closePopover()
+{
+    m_menu.close();
+    m_popover.performClose();
 }
 
 void StatusItemController::popoverDidClose()

@@ -4,6 +4,7 @@
 #include "MenuBar/MenuBarServices.h"
 #include "MenuBar/StatusPillRenderer.h"
 #include "MenuBar/TrayIconRenderer.h"
+#include "MenuBar/TrayMenuPopover.h"
 #include "Navigation/MainWindowRouter.h"
 #include "Navigation/PopoverNavigationStore.h"
 #include "Platform/Ports/GlobalClickMonitor.h"
@@ -13,8 +14,8 @@
 
 namespace tomcatto {
 
-/// Owns the application's face in the system's bar: draws the pill and the tray icon, keeps the menu, and opens the
-/// panel beside the item. Main thread only.
+/// Owns the application's face in the system's bar: draws the pill and the tray icon, keeps the menu and opens it where
+/// the bar does not, and opens the panel beside the item. Main thread only.
 class StatusItemController final : public QObject
 {
     Q_OBJECT
@@ -37,7 +38,8 @@ public:
     /// Opens the panel, or brings it to the front.
     /// @return whether the panel is shown now.
     bool showPopover();
-    void closePopover() { m_popover.performClose(); }
+    /// Closes the panel, and the menu.
+    void closePopover();
     /// Opens the panel with the statistics.
     void showStatistics();
     [[nodiscard]] bool isPopoverShown() const noexcept { return m_popover.isShown(); }
@@ -85,6 +87,7 @@ private:
     StatusPillSource m_source;
     PopoverNavigationStore m_navigationStore;
     MenuBarPopover m_popover;
+    TrayMenuPopover m_menu;
     std::unique_ptr<quillbay::PopoverFocusDismissal> m_focusDismissal;
     Cancellable m_statusCancellable;
     Cancellable m_themeCancellable;

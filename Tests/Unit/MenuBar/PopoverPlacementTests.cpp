@@ -31,5 +31,14 @@ TEST(PopoverPlacement, StaysBesideTheItemAndInsideTheScreen)
     EXPECT_EQ(popoverRectangle(size, std::nullopt, QRect(0, 0, 200, 200)).topLeft(), QPoint(8, 8)) << "too small";
 }
 
+TEST(PopoverPlacement, AMenuOpensTowardsWhereThereIsRoom)
+{
+    const QRect screen(100, 30, 1000, 800);
+    const QSize size(200, 300);
+    EXPECT_EQ(menuRectangle(size, {300, 40}, screen), QRect({300, 40}, size));
+    EXPECT_EQ(menuRectangle(size, {1000, 800}, screen), QRect({800, 500}, size)) << "to the left and above";
+    EXPECT_EQ(menuRectangle(size, {90, 10}, screen), QRect({100, 30}, size)) << "in a bar outside";
+}
+
 }
 }

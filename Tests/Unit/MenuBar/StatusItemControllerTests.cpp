@@ -140,6 +140,46 @@ TEST(StatusItemController, AClickOnWhatTheMenuNoLongerOffersDoesNothing)
     }
 }
 
+TEST(StatusItemController, ShowsTheMenuWhereTheBarDoesNot)
+{
+    Item test;
+    const auto model = [&] { return test.viewHost.last.properties.value(u"viewModel"_qs).value<QObject *>(); };
+    const auto keyAt = [&](int line) { return model()->property("lines").toList().at(line).toMap().value(u"key"_qs); };
+    test.item.wantMenu({700, 10});
+    EXPECT_EQ(test.viewHost.last.component, u"TrayMenuView"_qs);
+    EXPECT_FALSE(test.viewHost.current->isVisible()) << "its size is not known";
+    QMetaObject::invokeMethod(model(), "fit", Q_ARG(int, 200), Q_ARG(int, 300));
+    EXPECT_TRUE(test.viewHost.current->isVisible());
+    EXPECT_EQ(test.viewHost.current->geometry(), QRect(500, 10, 200, 300)) << "inside the screen";
+
+    // The open menu follows; a press on the line of before does nothing.
+    const QVariant start = keyAt(2);
+    test.machine.start();
+    test.runLoop.drain();
+    EXPECT_NE(keyAt(2), start);
+    QMetaObject::invokeMethod(model(), "choose", Q_ARG(QString, start.toString()));
+    EXPECT_FALSE(test.machine.isPaused());
+    QMetaObject::invokeMethod(model(), "choose", Q_ARG(QString, keyAt(2).toString()));
+    EXPECT_TRUE(test.machine.isPaused());
+    test.runLoop.drain();
+    EXPECT_EQ(test.viewHost.alive, 0) << "chosen, and gone";
+
+    test.item.wantMenu({10, 10});
+    test.item.wantMenu({20, 10});
+    test.runLoop.drain();
+    EXPECT_EQ(test.viewHost.alive, 1) << "one at a time";
+    test.clicks.press({500, 500});
+    test.runLoop.drain();
+    EXPECT_EQ(test.viewHost.alive, 0) << "a press elsewhere";
+    for (const auto &open :
+         {std::function<void()>([&] { test.controller.showPopover(); }), {[&] { test.controller.closePopover(); }}}) {
+        test.item.wantMenu({10, 10});
+        open();
+        test.runLoop.drain();
+        EXPECT_FALSE(test.viewHost.alive > 0 && test.viewHost.last.component == u"TrayMenuView"_qs);
+    }
+}
+
 TEST(StatusItemController, ThePillIsAChoiceOnlyBesideAnIconAndAllControlsAgree)
 {
     Item test;

@@ -15,6 +15,7 @@
 
 #include <memory>
 
+class QGuiApplication;
 class QWidget;
 
 namespace tomcatto {
@@ -51,6 +52,8 @@ public:
     /// Looks at what windows and the icon need: display, tray, views. May hang where one of them does. Needs an
     /// application object, of the kind that opens no display.
     [[nodiscard]] virtual Findings findings() = 0;
+    /// Makes the toolkit's application object, of the kind that the adapters need. The arguments outlive it.
+    [[nodiscard]] virtual std::unique_ptr<QGuiApplication> makeApplication(int &argc, char **argv) = 0;
     /// Builds what services need, once. Needs the toolkit's application object, as all that follows.
     [[nodiscard]] virtual DesktopServices services() = 0;
     /// Builds what surfaces need, once, while the services have theirs.

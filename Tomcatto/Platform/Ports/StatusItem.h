@@ -101,7 +101,7 @@ public:
     [[nodiscard]] virtual Cancellable onFormsChanged(std::function<void()> handler) = 0;
 
     virtual void show(const StatusItemPresentation &presentation) = 0;
-    /// Replaces the menu, an open one as well; it is shown on a context click, or by the bar itself.
+    /// Replaces the menu where the bar shows it by itself, an open one as well.
     virtual void setMenu(const TrayMenu &menu) = 0;
     /// Whether the user wants the pill although a tray shows the square icon. It always shows where there is no tray.
     virtual void setPillWanted(bool isWanted) = 0;
@@ -111,7 +111,9 @@ public:
     /// Calls `handler` on a click with the item's rectangle, or with an empty rectangle at the click's place where only
     /// that is known, or with nothing.
     [[nodiscard]] virtual Cancellable onActivated(std::function<void(std::optional<QRect>)> handler) = 0;
-    /// Calls `handler` when an entry of the menu was chosen, possibly of one that has been replaced since.
+    /// Calls `handler` where the application is to show the menu, with the place of the click in logical pixels.
+    [[nodiscard]] virtual Cancellable onMenuWanted(std::function<void(QPoint)> handler) = 0;
+    /// Calls `handler` when an entry was chosen in the bar's own menu, possibly of one that has been replaced since.
     [[nodiscard]] virtual Cancellable onMenuCommand(std::function<void(const TrayMenuCommand &)> handler) = 0;
 };
 

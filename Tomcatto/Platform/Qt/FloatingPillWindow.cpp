@@ -6,13 +6,12 @@
 #include <algorithm>
 #include <chrono>
 #include <QtGui/QAccessible>
-#include <QtGui/QContextMenuEvent>
 #include <QtGui/QCursor>
+#include <QtGui/QFontMetrics>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPainter>
 #include <QtGui/QScreen>
-#include <QtGui/QWindow>
-#include <QtWidgets/QApplication>
+#include <QtGui/QStyleHints>
 
 namespace tomcatto {
 
@@ -41,20 +40,17 @@ FloatingPillWindow::FloatingPillWindow(UserDefaults &defaults, const WindowSyste
     , m_windowSystem(windowSystem)
 {
     installPillAccessibility();
-    setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-    setAttribute(Qt::WA_ShowWithoutActivating);
-    setAttribute(Qt::WA_TranslucentBackground);
-    setAttribute(Qt::WA_QuitOnClose, false);
-    setWindowTitle(productName);
-    QFont titleFont = font();
-    titleFont.setPixelSize(titlePixels);
-    titleFont.setBold(true);
-    setFont(titleFont);
+    QSurfaceFormat translucent = format();
+    translucent.setAlphaBufferSize(8);
+    setFormat(translucent);
+    setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    // The name that the toolkit's platforms know it by.
+    setProperty("_q_showWithoutActivating", true);
+    setTitle(productName);
     m_settling.setSingleShot(true);
     m_settling.setInterval(settlingTime);
     connect(&m_settling, &QTimer::timeout, this, &FloatingPillWindow::correctPlace);
-    connect(this, &QPushButton::clicked, this, &FloatingPillWindow::activated);
-    connect(&m_popup, &TrayMenuPopup::chosen, this, &FloatingPillWindow::menuCommandChosen);
+    connect(this, &QWindow::screenChanged, this, &FloatingPillWindow::checkScale);
     const auto screens = QGuiApplication::screens();
     for (QScreen *screen : screens)
         watchScreen(screen);
@@ -94,27 +90,22 @@ void FloatingPillWindow::restorePlace()
     checkScale();
 }
 
-void FloatingPillWindow::setShown(bool isShown)
+void FloatingPillWindow::show()
 {
-    if (isShown == isVisible())
+    if (isVisible())
         return;
-    if (!isShown) {
-        hide();
-        return;
-    }
-    winId();
-    m_windowSystem.setFloating(*windowHandle());
-    connect(windowHandle(), &QWindow::screenChanged, this, &FloatingPillWindow::checkScale, Qt::UniqueConnection);
+    create();
+    m_windowSystem.setFloating(*this);
     fit();
     m_corrections = 0;
-    show();
+    QRasterWindow::show();
 }
 
 void FloatingPillWindow::present(const StatusItemPresentation &presentation)
 {
     m_pill = presentation.pill;
     m_title = presentation.title;
-    setToolTip(presentation.toolTip);
+    m_toolTip = presentation.toolTip;
     m_accessibleText = presentation.accessibleText;
     fit();
     update();
@@ -129,7 +120,7 @@ void FloatingPillWindow::setDark(bool isDark)
 double FloatingPillWindow::scale() const
 {
     if (isVisible())
-        return windowHandle()->devicePixelRatio();
+        return devicePixelRatio();
     return m_screen ? m_screen->devicePixelRatio() : qGuiApp->devicePixelRatio();
 }
 
@@ -139,9 +130,26 @@ void FloatingPillWindow::checkScale()
         Q_EMIT scaleChanged();
 }
 
+QFont FloatingPillWindow::titleFont() const
+{
+    QFont font = QGuiApplication::font();
+    font.setPixelSize(titlePixels);
+    font.setBold(true);
+    return font;
+}
+
+void FloatingPillWindow::setFixedSize(QSize size)
+{
+    // Of one size, and says so: a compositor that tiles windows lets such a one float.
+    setMinimumSize({});
+    setMaximumSize(size);
+    setMinimumSize(size);
+    resize(size);
+}
+
 void FloatingPillWindow::fit()
 {
-    const int content = m_pill.isNull() ? fontMetrics().horizontalAdvance(m_title) + 2 * titlePadding
+    const int content = m_pill.isNull() ? QFontMetrics(titleFont()).horizontalAdvance(m_title) + 2 * titlePadding
                                         : qRound(m_pill.deviceIndependentSize().width()) + 2 * stripPadding;
     const QSize wanted(std::max(content, stripHeight), stripHeight);
     // Whether there is a compositor is asked of the display server, which is too dear for every second.
@@ -156,7 +164,7 @@ void FloatingPillWindow::shape()
 {
     // Without a compositor there is no translucency, and the corners are cut off instead.
     if (m_windowSystem.isComposited()) {
-        clearMask();
+        setMask({});
         return;
     }
     QRegion strip(stripRadius, 0, width() - 2 * stripRadius, stripHeight);
@@ -175,18 +183,18 @@ QPoint FloatingPillWindow::wantedPlace() const
 void FloatingPillWindow::place()
 {
     if (m_screen && m_windowSystem.canPlaceWindows() && !m_isDragged)
-        move(wantedPlace());
+        setPosition(wantedPlace());
 }
 
 void FloatingPillWindow::moveEvent(QMoveEvent *event)
 {
-    QPushButton::moveEvent(event);
+    QRasterWindow::moveEvent(event);
     m_settling.start();
 }
 
 void FloatingPillWindow::correctPlace()
 {
-    if (!isVisible() || !m_screen || m_pressed || pos() == wantedPlace() || m_corrections >= mostCorrections)
+    if (!isVisible() || !m_screen || m_pressed || position() == wantedPlace() || m_corrections >= mostCorrections)
         return;
     // A window manager that puts a frame around the window may do so elsewhere and move it then. What was reported in
     // between stays, and the panel would open there, until the window is moved once more.
@@ -196,40 +204,48 @@ void FloatingPillWindow::correctPlace()
 
 void FloatingPillWindow::paintEvent(QPaintEvent * /*event*/)
 {
+    const QRect strip({}, size());
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor::fromRgba(m_isDark ? darkStrip : lightStrip));
     if (mask().isEmpty())
-        painter.drawRoundedRect(rect(), stripRadius, stripRadius);
+        painter.drawRoundedRect(strip, stripRadius, stripRadius);
     else // What a smooth corner leaves out would be black.
-        painter.drawRect(rect());
+        painter.drawRect(strip);
     if (m_pill.isNull()) {
         painter.setPen(QColor::fromRgba(m_isDark ? darkInk : lightInk));
-        painter.drawText(rect(), Qt::AlignCenter, m_title);
+        painter.setFont(titleFont());
+        painter.drawText(strip, Qt::AlignCenter, m_title);
     } else {
         painter.drawImage(QPointF(stripPadding, stripPadding), m_pill);
     }
-    if (m_showsFocus && hasFocus() && isActiveWindow()) {
+    if (m_showsFocus && isActive()) {
         painter.setPen(QPen(QColor::fromRgba(m_isDark ? darkFocus : lightFocus), 2));
         painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), stripRadius - 1, stripRadius - 1);
+        painter.drawRoundedRect(QRectF(strip).adjusted(1, 1, -1, -1), stripRadius - 1, stripRadius - 1);
     }
 }
 
 void FloatingPillWindow::focusInEvent(QFocusEvent *event)
 {
     // The window manager gives the keyboard before the press comes, and does not say why.
-    m_showsFocus = !rect().contains(mapFromGlobal(QCursor::pos()));
+    m_showsFocus = !geometry().contains(QCursor::pos());
+    update();
     // Readers keep the words that they were told last.
-    QAccessibleEvent words(this, QAccessible::NameChanged);
-    QAccessible::updateAccessibility(&words);
-    QPushButton::focusInEvent(event);
+    for (const auto kind : {QAccessible::NameChanged, QAccessible::Focus}) {
+        QAccessibleEvent news(this, kind);
+        QAccessible::updateAccessibility(&news);
+    }
+    QRasterWindow::focusInEvent(event);
 }
 
 void FloatingPillWindow::mousePressEvent(QMouseEvent *event)
 {
     m_showsFocus = false;
+    update();
+    if (event->button() == Qt::RightButton)
+        Q_EMIT menuWanted(event->globalPosition().toPoint());
     if (event->button() != Qt::LeftButton)
         return;
     m_pressed = event->globalPosition().toPoint();
@@ -242,12 +258,13 @@ void FloatingPillWindow::mouseMoveEvent(QMouseEvent *event)
     if (!m_pressed)
         return;
     const QPoint cursor = event->globalPosition().toPoint();
-    m_isDragged = m_isDragged || (cursor - *m_pressed).manhattanLength() >= QApplication::startDragDistance();
+    m_isDragged =
+        m_isDragged || (cursor - *m_pressed).manhattanLength() >= QGuiApplication::styleHints()->startDragDistance();
     if (!m_isDragged)
         return;
     if (m_windowSystem.canPlaceWindows())
         drag(cursor - *m_pressed, cursor);
-    else if (windowHandle()->startSystemMove())
+    else if (startSystemMove())
         m_pressed.reset();
 }
 
@@ -261,7 +278,7 @@ void FloatingPillWindow::drag(QPoint way, QPoint cursor)
     const int left =
         std::clamp(m_pressedLeft + way.x(), area.left(), std::max(area.left(), area.right() + 1 - width()));
     m_fraction = std::clamp((left + width() / 2.0 - area.left()) / std::max(area.width(), 1), 0.0, 1.0);
-    move(left, area.top());
+    setPosition(left, area.top());
 }
 
 void FloatingPillWindow::finishDrag()
@@ -278,24 +295,29 @@ void FloatingPillWindow::mouseReleaseEvent(QMouseEvent *event)
     m_pressed.reset();
     if (m_isDragged)
         finishDrag();
-    else if (rect().contains(event->position().toPoint()))
-        click();
+    else if (QRect({}, size()).contains(event->position().toPoint()))
+        Q_EMIT activated();
 }
 
 void FloatingPillWindow::keyPressEvent(QKeyEvent *event)
 {
     m_showsFocus = true;
     update();
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        click();
+    const bool isMenuKey =
+        event->key() == Qt::Key_Menu || (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
+    const bool presses =
+        event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    if (isMenuKey)
+        Q_EMIT menuWanted(geometry().bottomLeft());
+    else if (presses && !event->isAutoRepeat())
+        Q_EMIT activated();
     else
-        QPushButton::keyPressEvent(event);
+        QRasterWindow::keyPressEvent(event);
 }
 
-void FloatingPillWindow::contextMenuEvent(QContextMenuEvent *event)
+QAccessibleInterface *FloatingPillWindow::accessibleRoot() const
 {
-    const bool isFromMouse = event->reason() == QContextMenuEvent::Mouse;
-    m_popup.popUp(isFromMouse ? event->globalPos() : mapToGlobal(rect().bottomLeft()), this);
+    return QAccessible::queryAccessibleInterface(const_cast<FloatingPillWindow *>(this));
 }
 
 }

@@ -2,22 +2,21 @@
 
 #include "Platform/Ports/StatusItem.h"
 #include "Platform/Ports/UserDefaults.h"
-#include "Platform/Qt/TrayMenuPopup.h"
 #include "Platform/Qt/WindowSystem.h"
 
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
-#include <QtWidgets/QPushButton>
+#include <QtGui/QRasterWindow>
 
 class QScreen;
 
 namespace tomcatto {
 
 /// The pill as a small window at the top edge of a screen: always on top, on every workspace, in no taskbar. It is
-/// dragged along the edge and remembers its place. A click activates it, a right click or the menu key shows the menu,
-/// and Return and the space bar do when it has the keyboard. Where the display server places windows itself it is an
-/// ordinary small window. Main thread only.
-class FloatingPillWindow final : public QPushButton
+/// dragged along the edge and remembers its place. A click activates it, and Return and the space bar do when it has
+/// the keyboard; a right click or the menu key asks for the menu. Where the display server places windows itself it is
+/// an ordinary small window. Main thread only.
+class FloatingPillWindow final : public QRasterWindow
 {
     Q_OBJECT
 
@@ -27,20 +26,21 @@ public:
     FloatingPillWindow(UserDefaults &defaults, const WindowSystem &windowSystem);
     ~FloatingPillWindow() override;
 
-    void setShown(bool isShown);
+    /// Shows the window, with what was presented.
+    void show();
     /// Shows the pill, else the title as text, on the strip.
     void present(const StatusItemPresentation &presentation);
-    void setMenu(const TrayMenu &menu) { m_popup.setMenu(menu); }
     /// Whether the strip behind the pill is dark.
     void setDark(bool isDark);
     /// What a screen reader says.
     [[nodiscard]] const QString &accessibleText() const noexcept { return m_accessibleText; }
     /// Device pixels to a logical pixel where the window is or will be.
     [[nodiscard]] double scale() const;
+    [[nodiscard]] QAccessibleInterface *accessibleRoot() const override;
 
 Q_SIGNALS:
     void activated();
-    void menuCommandChosen(const tomcatto::TrayMenuCommand &command);
+    void menuWanted(QPoint place);
     void scaleChanged();
 
 protected:
@@ -51,12 +51,13 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
-    void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
     void watchScreen(QScreen *screen);
     void restorePlace();
     void fit();
+    void setFixedSize(QSize size);
+    [[nodiscard]] QFont titleFont() const;
     [[nodiscard]] QPoint wantedPlace() const;
     void place();
     void correctPlace();
@@ -67,9 +68,9 @@ private:
 
     UserDefaults &m_defaults;
     const WindowSystem &m_windowSystem;
-    TrayMenuPopup m_popup;
     QImage m_pill;
     QString m_title;
+    QString m_toolTip;
     QString m_accessibleText;
     /// The place: a screen, and where on its width the middle of the window is, 0 to 1.
     QPointer<QScreen> m_screen;

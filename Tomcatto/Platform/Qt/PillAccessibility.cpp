@@ -2,36 +2,56 @@
 
 #include "Platform/Qt/FloatingPillWindow.h"
 
-#include <QtWidgets/QAccessibleWidget>
+#include <QtGui/QAccessibleObject>
+#include <QtGui/QGuiApplication>
 
 namespace tomcatto {
 
 namespace {
 
-class PillInterface final : public QAccessibleWidget
+class PillInterface final : public QAccessibleObject, private QAccessibleActionInterface
 {
 public:
     explicit PillInterface(FloatingPillWindow &pill)
-        : QAccessibleWidget(&pill, QAccessible::Button)
+        : QAccessibleObject(&pill)
         , m_pill(pill)
     {
     }
 
+    [[nodiscard]] QAccessible::Role role() const override { return QAccessible::Button; }
     [[nodiscard]] QString text(QAccessible::Text kind) const override
     {
-        return kind == QAccessible::Name ? m_pill.accessibleText() : QAccessibleWidget::text(kind);
+        return kind == QAccessible::Name ? m_pill.accessibleText() : QString();
     }
-    [[nodiscard]] QStringList actionNames() const override
+    [[nodiscard]] QAccessible::State state() const override
     {
-        return QAccessibleWidget::actionNames() << QAccessibleActionInterface::pressAction();
+        QAccessible::State state;
+        state.focusable = true;
+        state.focused = m_pill.isActive();
+        state.active = m_pill.isActive();
+        state.invisible = !m_pill.isVisible();
+        return state;
     }
+    [[nodiscard]] QWindow *window() const override { return &m_pill; }
+    [[nodiscard]] QAccessibleInterface *parent() const override
+    {
+        return QAccessible::queryAccessibleInterface(qGuiApp);
+    }
+    [[nodiscard]] QAccessibleInterface *child(int /*index*/) const override { return nullptr; }
+    [[nodiscard]] int childCount() const override { return 0; }
+    [[nodiscard]] int indexOfChild(const QAccessibleInterface * /*child*/) const override { return -1; }
+    void *interface_cast(QAccessible::InterfaceType type) override
+    {
+        return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface *>(this) : nullptr;
+    }
+
+    [[nodiscard]] QStringList actionNames() const override { return {pressAction()}; }
     void doAction(const QString &name) override
     {
-        if (name == QAccessibleActionInterface::pressAction())
-            m_pill.click();
-        else
-            QAccessibleWidget::doAction(name);
+        if (name == pressAction())
+            Q_EMIT m_pill.activated();
     }
+    [[nodiscard]] QStringList keyBindingsForAction(const QString & /*name*/) const override { return {}; }
 
 private:
     FloatingPillWindow &m_pill;

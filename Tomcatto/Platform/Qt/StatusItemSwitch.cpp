@@ -16,20 +16,16 @@ Cancellable held(const QMetaObject::Connection &connection)
 StatusItemSwitch::StatusItemSwitch(std::vector<std::unique_ptr<TrayIcon>> trays, const DesktopAppearance &appearance,
                                    UserDefaults &defaults, const WindowSystem &windowSystem)
     : m_appearance(appearance)
+    , m_defaults(defaults)
+    , m_windowSystem(windowSystem)
     , m_trays(std::move(trays))
-    , m_pill(defaults, windowSystem)
 {
     for (const auto &tray : m_trays) {
         connect(tray.get(), &TrayIcon::hostChanged, this, &StatusItemSwitch::update);
         connect(tray.get(), &TrayIcon::activated, this, &StatusItemSwitch::activated);
         connect(tray.get(), &TrayIcon::menuCommandChosen, this, &StatusItemSwitch::menuCommandChosen);
-        connect(tray.get(), &TrayIcon::menuWanted, this,
-                [this](QPoint place) { m_popup.popUp(place, m_pill.isVisible() ? &m_pill : nullptr); });
+        connect(tray.get(), &TrayIcon::menuWanted, this, &StatusItemSwitch::menuWanted);
     }
-    connect(&m_popup, &TrayMenuPopup::chosen, this, &StatusItemSwitch::menuCommandChosen);
-    connect(&m_pill, &FloatingPillWindow::activated, this, [this] { Q_EMIT activated(m_pill.geometry()); });
-    connect(&m_pill, &FloatingPillWindow::menuCommandChosen, this, &StatusItemSwitch::menuCommandChosen);
-    connect(&m_pill, &FloatingPillWindow::scaleChanged, this, &StatusItemSwitch::update);
     connect(&m_appearance, &DesktopAppearance::desktopDarkChanged, this, &StatusItemSwitch::update);
     connect(&m_appearance, &DesktopAppearance::reducedMotionChanged, this, &StatusItemSwitch::update);
     update();
@@ -45,6 +41,11 @@ Cancellable StatusItemSwitch::onFormsChanged(std::function<void()> handler)
 Cancellable StatusItemSwitch::onActivated(std::function<void(std::optional<QRect>)> handler)
 {
     return held(connect(this, &StatusItemSwitch::activated, this, std::move(handler)));
+}
+
+Cancellable StatusItemSwitch::onMenuWanted(std::function<void(QPoint)> handler)
+{
+    return held(connect(this, &StatusItemSwitch::menuWanted, this, std::move(handler)));
 }
 
 Cancellable StatusItemSwitch::onMenuCommand(std::function<void(const TrayMenuCommand &)> handler)
@@ -71,40 +72,50 @@ bool StatusItemSwitch::isPillDue() const
     return isDecided() && currentTray() == nullptr;
 }
 
+void StatusItemSwitch::makePill()
+{
+    m_pill = std::make_unique<FloatingPillWindow>(m_defaults, m_windowSystem);
+    connect(m_pill.get(), &FloatingPillWindow::activated, this, [this] { Q_EMIT activated(m_pill->geometry()); });
+    connect(m_pill.get(), &FloatingPillWindow::menuWanted, this, &StatusItemSwitch::menuWanted);
+    connect(m_pill.get(), &FloatingPillWindow::scaleChanged, this, &StatusItemSwitch::update);
+}
+
 void StatusItemSwitch::update()
 {
     const TrayIcon *tray = currentTray();
     for (const auto &each : m_trays)
         each->setShown(isDecided() && tray == each.get());
-    m_pill.setDark(m_appearance.isDesktopDark());
+    if (!isPillDue())
+        m_pill.reset();
+    else if (!m_pill)
+        makePill();
     StatusItemForms forms;
     if (tray != nullptr)
         forms.squareSizes = tray->iconSizes();
-    if (isPillDue())
-        forms.pillScale = m_pill.scale();
+    if (m_pill) {
+        m_pill->setDark(m_appearance.isDesktopDark());
+        forms.pillScale = m_pill->scale();
+    }
     forms.isDark = m_appearance.isDesktopDark();
     forms.isStill = m_appearance.reducedMotion();
     if (std::exchange(m_forms, forms) != forms)
         Q_EMIT formsChanged();
-    m_pill.setShown(m_hasPresentation && isPillDue());
 }
 
 void StatusItemSwitch::show(const StatusItemPresentation &presentation)
 {
     for (const auto &tray : m_trays)
         tray->show(presentation);
-    if (isPillDue())
-        m_pill.present(presentation);
-    m_hasPresentation = true;
-    m_pill.setShown(isPillDue());
+    if (!m_pill)
+        return;
+    m_pill->present(presentation);
+    m_pill->show();
 }
 
 void StatusItemSwitch::setMenu(const TrayMenu &menu)
 {
     for (const auto &tray : m_trays)
         tray->setMenu(menu);
-    m_pill.setMenu(menu);
-    m_popup.setMenu(menu);
 }
 
 void StatusItemSwitch::setPillWanted(bool isWanted)
@@ -115,8 +126,8 @@ void StatusItemSwitch::setPillWanted(bool isWanted)
 
 std::optional<QRect> StatusItemSwitch::geometry() const
 {
-    if (m_pill.isVisible())
-        return m_pill.geometry();
+    if (m_pill && m_pill->isVisible())
+        return m_pill->geometry();
     const TrayIcon *tray = currentTray();
     return tray == nullptr ? std::nullopt : tray->geometry();
 }

@@ -28,26 +28,30 @@ public:
     /// The pill's place while it shows, else the icon's.
     [[nodiscard]] std::optional<QRect> geometry() const override;
     [[nodiscard]] Cancellable onActivated(std::function<void(std::optional<QRect>)> handler) override;
+    [[nodiscard]] Cancellable onMenuWanted(std::function<void(QPoint)> handler) override;
     [[nodiscard]] Cancellable onMenuCommand(std::function<void(const TrayMenuCommand &)> handler) override;
 
 Q_SIGNALS:
     void formsChanged();
     void activated(std::optional<QRect> place);
+    void menuWanted(QPoint place);
     void menuCommandChosen(const tomcatto::TrayMenuCommand &command);
 
 private:
     [[nodiscard]] const TrayIcon *currentTray() const;
     [[nodiscard]] bool isDecided() const;
     [[nodiscard]] bool isPillDue() const;
+    void makePill();
     void update();
 
     const DesktopAppearance &m_appearance;
+    UserDefaults &m_defaults;
+    const WindowSystem &m_windowSystem;
     std::vector<std::unique_ptr<TrayIcon>> m_trays;
-    FloatingPillWindow m_pill;
-    TrayMenuPopup m_popup;
     StatusItemForms m_forms;
+    /// While it is due.
+    std::unique_ptr<FloatingPillWindow> m_pill;
     bool m_isPillWanted = false;
-    bool m_hasPresentation = false;
 };
 
 }

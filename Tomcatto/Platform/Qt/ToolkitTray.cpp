@@ -31,7 +31,6 @@ ToolkitTray::ToolkitTray(std::unique_ptr<TrayPresence> presence)
     m_fitting.setSingleShot(true);
     m_fitting.setInterval(std::chrono::milliseconds(500));
     connect(&m_fitting, &QTimer::timeout, this, &ToolkitTray::followEdge);
-    connect(&m_popup, &TrayMenuPopup::chosen, this, &ToolkitTray::menuCommandChosen);
     connect(m_presence.get(), &TrayPresence::trayChanged, this, [this] {
         m_icon.reset();
         update();
@@ -91,7 +90,7 @@ void ToolkitTray::makeIcon()
             Q_EMIT activated(geometry());
             break;
         case QSystemTrayIcon::Context:
-            m_popup.popUp(QCursor::pos(), nullptr);
+            Q_EMIT menuWanted(QCursor::pos());
             break;
         case QSystemTrayIcon::DoubleClick: // The first click has done it.
         case QSystemTrayIcon::Unknown:

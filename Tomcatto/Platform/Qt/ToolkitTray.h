@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Platform/Qt/TrayIcon.h"
-#include "Platform/Qt/TrayMenuPopup.h"
 #include "Platform/Qt/TrayPresence.h"
 
 #include <memory>
@@ -30,7 +29,6 @@ public:
 
     void setShown(bool isShown) override;
     void show(const StatusItemPresentation &presentation) override;
-    void setMenu(const TrayMenu &menu) override { m_popup.setMenu(menu); }
     /// Shows a message at the icon for some seconds, in the place of one that still shows; none where there is no icon.
     void showMessage(const QString &title, const QString &text);
 
@@ -46,7 +44,6 @@ private:
     void followEdge();
 
     std::unique_ptr<TrayPresence> m_presence;
-    TrayMenuPopup m_popup;
     std::unique_ptr<QSystemTrayIcon> m_icon;
     /// The tray fits the icon in some time after it was shown.
     QTimer m_fitting;

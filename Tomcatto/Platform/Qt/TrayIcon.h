@@ -25,13 +25,14 @@ public:
     virtual void setShown(bool isShown) = 0;
     /// Shows the square icons, the tooltip and the accessible text; the rest is for other forms.
     virtual void show(const StatusItemPresentation &presentation) = 0;
-    virtual void setMenu(const TrayMenu &menu) = 0;
+    /// The menu, for a tray that shows it by itself.
+    virtual void setMenu(const TrayMenu & /*menu*/) {}
 
 Q_SIGNALS:
     /// `isDecided`, `isHosted` or `iconSizes` changed.
     void hostChanged();
     void activated(std::optional<QRect> place);
-    /// The tray asks the application to show the menu at this place.
+    /// The application is to show the menu at this place, in logical pixels.
     void menuWanted(QPoint place);
     void menuCommandChosen(const tomcatto::TrayMenuCommand &command);
 };

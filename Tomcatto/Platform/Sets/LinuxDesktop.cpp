@@ -28,6 +28,8 @@
 #include "Platform/X11/X11TrayWatcher.h"
 #include "Platform/X11/X11WindowSystem.h"
 
+#include <QtWidgets/QApplication>
+
 namespace tomcatto {
 
 namespace {
@@ -106,6 +108,10 @@ public:
             findings.push_back(finding);
         findings.push_back(ProcessViewHost::find(viewsProgram()));
         return findings;
+    }
+    [[nodiscard]] std::unique_ptr<QGuiApplication> makeApplication(int &argc, char **argv) override
+    {
+        return std::make_unique<QApplication>(argc, argv);
     }
     [[nodiscard]] DesktopServices services() override
     {

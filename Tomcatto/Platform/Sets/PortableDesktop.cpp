@@ -20,6 +20,8 @@
 #include <QtCore/QTimer>
 #include <QtWidgets/QSystemTrayIcon>
 
+#include <QtWidgets/QApplication>
+
 namespace tomcatto {
 
 namespace {
@@ -127,6 +129,10 @@ public:
     {
         return {{QStringLiteral("display"), Finding::Mark::there, QStringLiteral("it answers"), {}},
                 ProcessViewHost::find(viewsProgram())};
+    }
+    [[nodiscard]] std::unique_ptr<QGuiApplication> makeApplication(int &argc, char **argv) override
+    {
+        return std::make_unique<QApplication>(argc, argv);
     }
     [[nodiscard]] DesktopServices services() override
     {
