@@ -1,4 +1,5 @@
 #include "Platform/Qt/CoveringWindows.h"
+#include "Platform/Qt/HintWindow.h"
 #include "Platform/Qt/MessageBoxAlert.h"
 #include "Platform/Qt/QtMainRunLoop.h"
 #include "Platform/X11/X11ClickMonitor.h"
@@ -60,6 +61,33 @@ TEST(X11ClickMonitorTests, SeesPressesAnywhereWhileSubscribed)
     QTest::qWait(100);
     EXPECT_THAT(places, testing::ElementsAre(QPoint(400, 400), QPoint(400, 400)));
     EXPECT_THAT(secondPlaces, testing::ElementsAre(QPoint(400, 400), QPoint(400, 400), QPoint(20, 700)));
+}
+
+TEST(HintWindowTests, ComesUpWhereThePointerRestsInsideTheScreenAndFollowsItsWords)
+{
+    HintWindow hint;
+    hint.setDark(true);
+    hint.setText(QStringLiteral("Focus"));
+    hint.pointerAt({100, 100});
+    hint.hide();
+    hint.pointerAt({1278, 790});
+    EXPECT_FALSE(hint.isShown());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return hint.isShown(); }));
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    const QWindow &window = **std::ranges::find(windows, Qt::ToolTip, &QWindow::type);
+    EXPECT_EQ(window.geometry().right(), 1279);
+    EXPECT_LT(window.geometry().bottom(), 790) << "above the pointer, which is at the lower edge";
+    const auto paper = [&window] {
+        const QPoint inside = window.geometry().topLeft() + QPoint(2, 2);
+        return qApp->primaryScreen()->grabWindow(0, inside.x(), inside.y(), 1, 1).toImage().pixel(0, 0);
+    };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return paper() == 0xFF2C2420; }));
+    const int width = window.width();
+    hint.setText(QStringLiteral("Focus, 24 minutes left"));
+    EXPECT_GT(window.width(), width);
+    EXPECT_EQ(window.geometry().right(), 1279);
+    hint.setText({});
+    EXPECT_FALSE(hint.isShown());
 }
 
 TEST(CoveringWindowsTests, GivesTheKeyboardToOneOfItsWindowsAndTakesItBack)
