@@ -2,10 +2,10 @@
 #include "Integration/Platform/PrivateBus.h"
 #include "Platform/Freedesktop/StatusNotifierTray.h"
 #include "Platform/Qt/StatusItemSwitch.h"
-#include "Platform/Qt/ToolkitTray.h"
-#include "Platform/X11/X11TrayWatcher.h"
+#include "Platform/X11/X11Tray.h"
 #include "Platform/X11/X11WindowSystem.h"
 #include "TestScreen.h"
+#include "WindowTray.h"
 
 #include <gmock/gmock.h>
 #include <QtCore/QJsonDocument>
@@ -48,11 +48,12 @@ protected:
         presentation.accessibleText = QStringLiteral("25 minutes left");
         m_item.show(presentation);
     }
-    [[nodiscard]] static std::vector<std::unique_ptr<TrayIcon>> trays(const QDBusConnection &bus)
+    [[nodiscard]] static std::vector<std::unique_ptr<TrayIcon>> trays(const QDBusConnection &bus,
+                                                                      const DesktopAppearance &appearance)
     {
         std::vector<std::unique_ptr<TrayIcon>> trays;
         trays.push_back(std::make_unique<StatusNotifierTray>(bus));
-        trays.push_back(std::make_unique<ToolkitTray>(std::make_unique<X11TrayWatcher>()));
+        trays.push_back(std::make_unique<X11Tray>(appearance));
         return trays;
     }
     [[nodiscard]] std::unique_ptr<SideProgram> startHost()
@@ -79,6 +80,10 @@ protected:
             },
             20'000);
     }
+    static QRgb pixel(QPoint place)
+    {
+        return qApp->primaryScreen()->grabWindow(0, place.x(), place.y(), 1, 1).toImage().pixel(0, 0);
+    }
     static QByteArray json(const QByteArray &text)
     {
         QByteArray plain = text;
@@ -93,7 +98,7 @@ protected:
     FakeUserDefaults m_defaults;
     DesktopAppearance m_appearance;
     X11WindowSystem m_windowSystem;
-    StatusItemSwitch m_item{trays(m_bus.connection()), m_appearance, m_defaults, m_windowSystem};
+    StatusItemSwitch m_item{trays(m_bus.connection(), m_appearance), m_appearance, m_defaults, m_windowSystem};
     std::vector<std::optional<QRect>> m_places;
     std::vector<TrayMenuAction> m_actions;
     std::vector<QPoint> m_menus;
@@ -191,19 +196,60 @@ TEST_F(StatusItemTests, IsReadAndUsedByATrayOverTheBus)
 
 TEST_F(StatusItemTests, SitsInATrayThatTakesInWindows)
 {
-    const SideProgram tray(QStringLiteral("trayer"), {});
-    EXPECT_TRUE(becomes(true, false));
-    ASSERT_TRUE(QTest::qWaitFor([this] { return m_item.geometry().value_or(QRect()).y() > 0; }, 20'000));
+    auto tray = std::make_unique<SideProgram>(QStringLiteral("trayer"), QStringList());
     const auto place = [this] { return m_item.geometry().value_or(QRect()); };
     const auto edge = [&] { return std::min(place().width(), place().height()); };
-    EXPECT_TRUE(QTest::qWaitFor([&] { return m_item.forms().squareSizes == std::vector{edge()}; }, 20'000)) << edge();
+    const auto isSettled = [&] { return place().y() > 0 && m_item.forms().squareSizes == std::vector{edge()}; };
+    ASSERT_TRUE(QTest::qWaitFor(isSettled, 20'000)) << edge();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pixel(place().center()) == 0xFFFF0000; }));
+    tray->stop();
+    EXPECT_TRUE(becomes(false, true));
+    tray = std::make_unique<SideProgram>(QStringLiteral("trayer"), QStringList());
+    ASSERT_TRUE(QTest::qWaitFor(isSettled, 20'000)) << "back in the next one";
+
     const QPoint middle = place().center();
-    usePointer(QStringLiteral("mousemove %1 %2 click 1").arg(middle.x()).arg(middle.y()));
+    usePointer(QStringLiteral("mousemove %1 %2 click --repeat 2 1").arg(middle.x()).arg(middle.y()));
     EXPECT_TRUE(QTest::qWaitFor([this] { return !m_places.empty(); }));
-    EXPECT_THAT(m_places, testing::ElementsAre(place()));
-    usePointer(QStringLiteral("click 3"));
+    usePointer(QStringLiteral("mousedown 3"));
     EXPECT_TRUE(QTest::qWaitFor([this] { return !m_menus.empty(); }));
+    EXPECT_THAT(m_places, testing::ElementsAre(place())) << "a double click is one";
     EXPECT_THAT(m_menus, testing::ElementsAre(middle));
+    // What opens takes the pointer, although the button is still down.
+    QWindow menu;
+    menu.setFlags(Qt::Popup);
+    menu.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&menu));
+    EXPECT_TRUE(menu.setMouseGrabEnabled(true));
+    menu.close();
+    usePointer(QStringLiteral("mouseup 3 mousemove_relative 1 0"));
+    const auto hasHint = [] {
+        return std::ranges::any_of(qApp->topLevelWindows(), [](QWindow *each) { return each->type() == Qt::ToolTip; });
+    };
+    EXPECT_TRUE(QTest::qWaitFor(hasHint));
+    usePointer(QStringLiteral("mousemove 640 400"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !hasHint(); }));
+}
+
+TEST_F(StatusItemTests, IsSeenThroughInTraysOfBothLooksAndGoesWhereItIsPutOut)
+{
+    constexpr QRgb clear = 0xFF000000, halfRed = 0xFF800000, blue = 0xFF0000FF, halfRedOnBlue = 0xFF80007F;
+    for (const bool isTranslucent : {true, false}) {
+        WindowTray tray(isTranslucent);
+        ASSERT_TRUE(QTest::qWaitFor([this] { return m_item.geometry() == WindowTray::icon; }));
+        EXPECT_TRUE(QTest::qWaitFor([this] { return m_item.forms().squareSizes == std::vector{41}; }));
+        // The next one as well is laid over the tray, not over the one before.
+        for (const QColor colour : {QColor(0, 255, 0, 128), QColor(255, 0, 0, 128)})
+            present(colour, QStringLiteral("Focus"));
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            return pixel(WindowTray::icon.center()) == (isTranslucent ? halfRed : halfRedOnBlue);
+        })) << std::hex
+            << pixel(WindowTray::icon.center());
+        EXPECT_EQ(pixel(WindowTray::icon.topLeft()), isTranslucent ? clear : blue) << "beside the picture";
+        tray.putOut();
+        EXPECT_TRUE(becomes(false, true));
+        tray.announce();
+        EXPECT_TRUE(becomes(true, false));
+    }
 }
 
 TEST_F(StatusItemTests, FloatsAboveEverythingIsDraggedAlongTheEdgeAndComesBackThere)

@@ -17,7 +17,6 @@
 #include "Platform/Qt/QtMainRunLoop.h"
 #include "Platform/Qt/StatusItemSwitch.h"
 #include "Platform/Qt/ToolkitTheme.h"
-#include "Platform/Qt/ToolkitTray.h"
 #include "Platform/Sets/LinuxDisplay.h"
 #include "Platform/Sets/LinuxSurroundings.h"
 #include "Platform/Views/ProcessViewHost.h"
@@ -25,7 +24,7 @@
 #include "Platform/X11/X11ClickMonitor.h"
 #include "Platform/X11/X11HotKeys.h"
 #include "Platform/X11/X11TaskbarPresence.h"
-#include "Platform/X11/X11TrayWatcher.h"
+#include "Platform/X11/X11Tray.h"
 #include "Platform/X11/X11WindowSystem.h"
 
 #include <QtWidgets/QApplication>
@@ -39,11 +38,11 @@ QString viewsProgram()
     return companionProgram(QStringLiteral("tomcatto-views"));
 }
 
-std::vector<std::unique_ptr<TrayIcon>> makeTrays()
+std::vector<std::unique_ptr<TrayIcon>> makeTrays(const DesktopAppearance &appearance)
 {
     std::vector<std::unique_ptr<TrayIcon>> trays;
     trays.push_back(std::make_unique<StatusNotifierTray>(QDBusConnection::sessionBus()));
-    trays.push_back(std::make_unique<ToolkitTray>(std::make_unique<X11TrayWatcher>()));
+    trays.push_back(std::make_unique<X11Tray>(appearance));
     return trays;
 }
 
@@ -76,7 +75,7 @@ struct SurfaceAdapters
         , screens(runLoop)
         , views(viewsProgram(), runLoop)
         , viewHost(views, runLoop, appearance, texts, giveBackUnusedMemory)
-        , statusItem(makeTrays(), appearance, defaults, windowSystem)
+        , statusItem(makeTrays(appearance), appearance, defaults, windowSystem)
         , savePanel(services.dialogs)
     {
         followPresses(views, clickMonitor);
