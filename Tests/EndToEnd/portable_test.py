@@ -74,7 +74,7 @@ class Making(unittest.TestCase):
     def test_what_every_system_has(self):
         folder = os.path.dirname(PROGRAM)
         files = [os.path.join(folder, name) for name in
-                 ("tomcatto", "tomcatto-desktop", "tomcatto-fetch", "tomcatto-film", "tomcatto-sound", "tomcatto-views", "tomcatto-media.so")]
+                 ("tomcatto", "tomcatto-desktop", "tomcatto-dialogs", "tomcatto-fetch", "tomcatto-film", "tomcatto-sound", "tomcatto-views", "tomcatto-media.so")]
         check = [os.path.join(ROOT, "Tools", "check-portable"), os.path.dirname(folder)]
         looked = subprocess.run(check + files, capture_output=True, text=True, check=False)
         self.assertEqual((looked.returncode, looked.stderr), (0, ""))

@@ -6,7 +6,6 @@
 #include <QtGui/QClipboard>
 #include <QtGui/QDesktopServices>
 #include <QtGui/QGuiApplication>
-#include <QtWidgets/QFileDialog>
 
 namespace tomcatto {
 
@@ -134,25 +133,7 @@ void DesktopSurfaces::connectPages()
 
 void DesktopSurfaces::chooseVideos(const QString &title, const QStringList &filters)
 {
-    if (m_videosDialog) {
-        m_videosDialog->raise();
-        m_videosDialog->activateWindow();
-        return;
-    }
-    // Not modal to the process: the timer and its windows go on.
-    auto *const dialog =
-        new QFileDialog(nullptr, title, QDir(m_videosFolder).exists() ? m_videosFolder : QDir::homePath());
-    m_videosDialog = dialog;
-    dialog->setNameFilters(filters);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(QFileDialog::ExistingFiles);
-    // The dialog that is made of widgets does not emit `urlsSelected`.
-    connect(dialog, &QDialog::accepted, &m_videosPage, [this, dialog] {
-        m_videosFolder = dialog->directory().path();
-        m_videosPage.addFiles(dialog->selectedUrls());
-    });
-    connect(this, &QObject::destroyed, dialog, [dialog] { delete dialog; });
-    m_desktop.showDialog(*dialog);
+    m_desktop.openPanel.ask({title, filters}, [this](const QList<QUrl> &files) { m_videosPage.addFiles(files); });
 }
 
 AppMenuCommands::Actions DesktopSurfaces::menuActions()

@@ -20,9 +20,6 @@
 #include "SystemIntegration/ActivationPolicy.h"
 
 #include <QtCore/QPointer>
-#include <QtCore/QStandardPaths>
-
-class QFileDialog;
 
 namespace tomcatto {
 
@@ -104,9 +101,6 @@ private:
     ShortcutsViewModel m_shortcuts;
     MannersViewModel m_manners;
     GeneralPageViewModel m_generalPage;
-    QPointer<QFileDialog> m_videosDialog;
-    /// Where the dialog opens: where it was closed the last time.
-    QString m_videosFolder = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
     RemoteStills m_remoteStills;
     RemoteLibraryViewModel m_remoteLibrary;
     VideosPageViewModel m_videosPage;

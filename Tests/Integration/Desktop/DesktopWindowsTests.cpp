@@ -1,6 +1,5 @@
 #include "Platform/Qt/CoveringWindows.h"
 #include "Platform/Qt/HintWindow.h"
-#include "Platform/Qt/MessageBoxAlert.h"
 #include "Platform/Qt/QtMainRunLoop.h"
 #include "Platform/X11/X11ClickMonitor.h"
 #include "Platform/X11/X11TaskbarPresence.h"
@@ -11,9 +10,6 @@
 #include <QtGui/QImage>
 #include <QtGui/QScreen>
 #include <QtGui/QWindow>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QMessageBox>
-#include <QtWidgets/QPushButton>
 
 using namespace tomcatto;
 
@@ -131,38 +127,4 @@ TEST(CoveringWindowsTests, GivesTheKeyboardToOneOfItsWindowsAndTakesItBack)
     QTest::qWait(3 * static_cast<int>(CoveringWindows::returnTime.count()));
     EXPECT_EQ(QGuiApplication::focusWindow(), &own);
     EXPECT_THAT(windowStates(main.winId()).toStdString(), testing::HasSubstr("_NET_WM_STATE_ABOVE"));
-}
-
-TEST(MessageBoxAlertTests, ShowsOneWarningAfterTheOther)
-{
-    const X11WindowSystem windowSystem;
-    const DialogPlace dialogs(windowSystem);
-    MessageBoxAlert alert(dialogs);
-    std::vector<AlertButton> pressed;
-    for (const char *text : {"<b>one</b>", "two"})
-        alert.showWarning(
-            {QLatin1String(text), QStringLiteral("more"), QStringLiteral("Act"), QStringLiteral("Not now")},
-            [&](AlertButton button) { pressed.push_back(button); });
-    const auto box = [] {
-        for (QWidget *widget : QApplication::topLevelWidgets()) {
-            if (auto *shown = qobject_cast<QMessageBox *>(widget); shown && shown->isVisible())
-                return shown;
-        }
-        return static_cast<QMessageBox *>(nullptr);
-    };
-    ASSERT_TRUE(QTest::qWaitFor([&] { return box() != nullptr && box()->text() == QLatin1String("<b>one</b>"); }));
-    EXPECT_EQ(box()->textFormat(), Qt::PlainText);
-    struct Overlay final : QWindow
-    {
-        void keyPressEvent(QKeyEvent *) override { ++keys; }
-        int keys = 0;
-    } overlay;
-    overlay.show();
-    QTest::keyClick(&overlay, Qt::Key_Escape);
-    EXPECT_EQ(overlay.keys, 1) << "a break that begins meanwhile hears its Esc";
-    box()->buttons().at(0)->click();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return box() != nullptr && box()->text() == QLatin1String("two"); }));
-    QTest::keyClick(box(), Qt::Key_Escape);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return pressed.size() == 2; }));
-    EXPECT_THAT(pressed, testing::ElementsAre(AlertButton::first, AlertButton::second));
 }

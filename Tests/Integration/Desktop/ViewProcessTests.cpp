@@ -179,8 +179,8 @@ TEST_F(ViewProcessTest, SaysThatItIsNotThere)
     ProcessViewHost none(missing, runLoop, model, model);
     EXPECT_EQ(none.create({}), nullptr);
     EXPECT_THAT(none.problem().toStdString(), testing::HasSubstr("/nonexistent does not start"));
-    EXPECT_EQ(ProcessViewHost::find(u"/nonexistent"_s).mark, Finding::Mark::failing);
-    EXPECT_EQ(ProcessViewHost::find(QStringLiteral(VIEWS_PROGRAM)).mark, Finding::Mark::there);
+    EXPECT_EQ(ProcessViewHost::find({QStringLiteral(VIEWS_PROGRAM), u"/nonexistent"_s}).mark, Finding::Mark::failing);
+    EXPECT_EQ(ProcessViewHost::find({QStringLiteral(VIEWS_PROGRAM)}).mark, Finding::Mark::there);
 }
 
 }

@@ -6,6 +6,7 @@
 #include "Platform/Ports/GlobalClickMonitor.h"
 #include "Platform/Ports/KeyMonitor.h"
 #include "Platform/Ports/MainRunLoop.h"
+#include "Platform/Ports/OpenPanel.h"
 #include "Platform/Ports/SavePanel.h"
 #include "Platform/Ports/Screens.h"
 #include "Platform/Ports/StatusItem.h"
@@ -16,7 +17,6 @@
 #include <memory>
 
 class QGuiApplication;
-class QWidget;
 
 namespace tomcatto {
 
@@ -33,8 +33,7 @@ struct DesktopPorts
     ViewHost &viewHost;
     StatusItem &statusItem;
     SavePanel &savePanel;
-    /// Shows a dialog of the toolkit in front of the ordinary window that has the keyboard, and gives it that.
-    std::function<void(QWidget &dialog)> showDialog;
+    OpenPanel &openPanel;
     /// Whether windows come where the application wants them, in the layer that it wants, and take the keyboard only
     /// when they ask for it.
     bool canPlaceWindows = true;

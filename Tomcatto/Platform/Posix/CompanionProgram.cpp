@@ -8,6 +8,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QPointer>
 #include <QtCore/QProcess>
 #include <sys/socket.h>
@@ -41,6 +42,15 @@ QString companionProgram(const QString &name)
     const QString folder = QCoreApplication::applicationDirPath();
     const QString beside = folder + u'/' + name;
     return QFile::exists(beside) ? beside : folder + QStringLiteral("/../" TOMCATTO_LIBRARY_FOLDER "/tomcatto/") + name;
+}
+
+QProcessEnvironment environmentOfWindows()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    // A session would begin the process anew, and desktops know windows by the program's name.
+    environment.remove(QStringLiteral("SESSION_MANAGER"));
+    environment.insert(QStringLiteral("RESOURCE_NAME"), QFileInfo(QCoreApplication::applicationFilePath()).fileName());
+    return environment;
 }
 
 std::unique_ptr<LocalConnection> startConnected(QProcess &process, const QString &program)

@@ -6,12 +6,19 @@
 #include <QtCore/QString>
 
 class QProcess;
+class QProcessEnvironment;
 
 namespace tomcatto {
 
 /// A program that ships with this one and does in a process of its own what this one is not to carry.
 /// @return its path: beside this program as it is built, else where an installation keeps plugins; it may be missing
 [[nodiscard]] QString companionProgram(const QString &name);
+
+/// Where desktops on Wayland leave the token for a program's next window.
+inline constexpr const char *activationTokenVariable = "XDG_ACTIVATION_TOKEN";
+
+/// For companions that show windows of this program.
+[[nodiscard]] QProcessEnvironment environmentOfWindows();
 
 /// Starts a companion with a connection to this process, whose descriptor is its one argument. Where it does not start,
 /// the process tells so. @return this end; null where the system has no sockets left

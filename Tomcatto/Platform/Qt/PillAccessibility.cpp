@@ -67,7 +67,13 @@ QAccessibleInterface *makeInterface(const QString & /*className*/, QObject *obje
 
 void installPillAccessibility()
 {
-    [[maybe_unused]] static const bool isInstalled = (QAccessible::installFactory(makeInterface), true);
+    static bool isInstalled = false;
+    if (std::exchange(isInstalled, true))
+        return;
+    QAccessible::installFactory(makeInterface);
+    // Tells readers that the application is there. The main loop that runs here does not, and without the pill there
+    // would be nothing to read in this process.
+    QAccessible::setRootObject(qGuiApp);
 }
 
 }

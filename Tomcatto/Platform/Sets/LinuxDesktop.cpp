@@ -1,3 +1,5 @@
+#include "Platform/Dialogs/ProcessAlert.h"
+#include "Platform/Dialogs/ProcessFilePanels.h"
 #include "Platform/Freedesktop/AppearancePortal.h"
 #include "Platform/Freedesktop/AutostartLoginItem.h"
 #include "Platform/Freedesktop/DesktopSystemSettings.h"
@@ -12,11 +14,8 @@
 #include "Platform/Posix/CompanionProgram.h"
 #include "Platform/Qt/DesktopScreens.h"
 #include "Platform/Qt/DisplayLoss.h"
-#include "Platform/Qt/FileDialogSavePanel.h"
-#include "Platform/Qt/MessageBoxAlert.h"
 #include "Platform/Qt/QtMainRunLoop.h"
 #include "Platform/Qt/StatusItemSwitch.h"
-#include "Platform/Qt/ToolkitTheme.h"
 #include "Platform/Sets/LinuxDisplay.h"
 #include "Platform/Sets/LinuxSurroundings.h"
 #include "Platform/Views/ProcessViewHost.h"
@@ -27,7 +26,7 @@
 #include "Platform/X11/X11Tray.h"
 #include "Platform/X11/X11WindowSystem.h"
 
-#include <QtWidgets/QApplication>
+#include <QtGui/QGuiApplication>
 
 namespace tomcatto {
 
@@ -36,6 +35,11 @@ namespace {
 QString viewsProgram()
 {
     return companionProgram(QStringLiteral("tomcatto-views"));
+}
+
+QString dialogsProgram()
+{
+    return companionProgram(QStringLiteral("tomcatto-dialogs"));
 }
 
 std::vector<std::unique_ptr<TrayIcon>> makeTrays(const DesktopAppearance &appearance)
@@ -56,12 +60,14 @@ std::unique_ptr<HotKeys> makeHotKeys()
 struct ServiceAdapters
 {
     X11WindowSystem windowSystem;
-    DialogPlace dialogs{windowSystem};
-    MessageBoxAlert alert{dialogs};
     DesktopSystemSettings systemSettings{DesktopSystemSettings::currentDesktops(), AutostartLoginItem::userFolder()};
     FreedesktopNotificationProbe notificationProbe{QDBusConnection::sessionBus()};
     std::unique_ptr<HotKeys> hotKeys = makeHotKeys();
     QtMainRunLoop runLoop;
+    DesktopAppearance appearance;
+    AppearancePortal portal{QDBusConnection::sessionBus(), appearance};
+    DialogSurroundings dialogs{dialogsProgram(), runLoop, appearance};
+    ProcessAlert alert{dialogs};
     CompanionFact microphone{companionProgram(QStringLiteral("tomcatto-calls")), runLoop};
     CameraInUse camera{runLoop};
     AnyFactSource call{{microphone, camera}};
@@ -70,21 +76,21 @@ struct ServiceAdapters
 
 struct SurfaceAdapters
 {
-    SurfaceAdapters(MainRunLoop &runLoop, UserDefaults &defaults, QObject &texts, const ServiceAdapters &services)
+    SurfaceAdapters(MainRunLoop &runLoop, UserDefaults &defaults, QObject &texts, ServiceAdapters &services)
         : windowSystem(services.windowSystem)
+        , appearance(services.appearance)
         , screens(runLoop)
         , views(viewsProgram(), runLoop)
         , viewHost(views, runLoop, appearance, texts, giveBackUnusedMemory)
         , statusItem(makeTrays(appearance), appearance, defaults, windowSystem)
         , savePanel(services.dialogs)
+        , openPanel(services.dialogs)
     {
         followPresses(views, clickMonitor);
     }
 
     const WindowSystem &windowSystem;
-    DesktopAppearance appearance;
-    AppearancePortal portal{QDBusConnection::sessionBus(), appearance};
-    ToolkitTheme toolkitTheme{appearance};
+    DesktopAppearance &appearance;
     X11ClickMonitor clickMonitor;
     DesktopScreens screens;
     ViewProcess views;
@@ -93,7 +99,8 @@ struct SurfaceAdapters
     X11TaskbarPresence ownTaskbar;
     ViewProcessTaskbar taskbar{views, ownTaskbar};
     StatusItemSwitch statusItem;
-    FileDialogSavePanel savePanel;
+    ProcessSavePanel savePanel;
+    ProcessOpenPanel openPanel;
 };
 
 class LinuxDesktop final : public DesktopPlatform
@@ -105,12 +112,12 @@ public:
         Findings findings = LinuxDisplay::findings();
         for (const Finding &finding : LinuxSurroundings::findings())
             findings.push_back(finding);
-        findings.push_back(ProcessViewHost::find(viewsProgram()));
+        findings.push_back(ProcessViewHost::find({viewsProgram(), dialogsProgram()}));
         return findings;
     }
     [[nodiscard]] std::unique_ptr<QGuiApplication> makeApplication(int &argc, char **argv) override
     {
-        return std::make_unique<QApplication>(argc, argv);
+        return std::make_unique<QGuiApplication>(argc, argv);
     }
     [[nodiscard]] DesktopServices services() override
     {
@@ -129,10 +136,10 @@ public:
     {
         const auto services = m_services.lock();
         const auto adapters = std::make_shared<SurfaceAdapters>(runLoop, defaults, texts, *services);
-        services->dialogs.setBehind([weak = std::weak_ptr(adapters)] {
+        services->dialogs.windowBehind = [weak = std::weak_ptr(adapters)] {
             const auto surfaces = weak.lock();
             return surfaces ? surfaces->viewHost.windowBehind() : 0;
-        });
+        };
         return {adapters,
                 adapters->appearance,
                 adapters->taskbar,
@@ -142,7 +149,7 @@ public:
                 adapters->viewHost,
                 adapters->statusItem,
                 adapters->savePanel,
-                [services](QWidget &dialog) { services->dialogs.show(dialog); },
+                adapters->openPanel,
                 adapters->windowSystem.canPlaceWindows()};
     }
     [[nodiscard]] Cancellable onDisplayLost(std::function<void()> onLost) override

@@ -1,11 +1,11 @@
+#include "Platform/Dialogs/ProcessAlert.h"
+#include "Platform/Dialogs/ProcessFilePanels.h"
 #include "Platform/Ports/AbsentSurroundings.h"
 #include "Platform/Ports/DesktopPlatform.h"
 #include "Platform/Posix/CompanionProgram.h"
 #include "Platform/Qt/AbsentActivationPolicy.h"
 #include "Platform/Qt/DesktopScreens.h"
 #include "Platform/Qt/DisplayLoss.h"
-#include "Platform/Qt/FileDialogSavePanel.h"
-#include "Platform/Qt/MessageBoxAlert.h"
 #include "Platform/Qt/QtMainRunLoop.h"
 #include "Platform/Qt/StatusItemSwitch.h"
 #include "Platform/Qt/ToolkitTheme.h"
@@ -64,14 +64,25 @@ public:
     }
 };
 
+QString viewsProgram()
+{
+    return companionProgram(QStringLiteral("tomcatto-views"));
+}
+
+QString dialogsProgram()
+{
+    return companionProgram(QStringLiteral("tomcatto-dialogs"));
+}
+
 struct ServiceAdapters
 {
     ToolkitWindowSystem windowSystem;
-    DialogPlace dialogs{windowSystem};
-    MessageBoxAlert alert{dialogs};
     AbsentSystemSettings systemSettings;
     TrayMessageProbe notificationProbe;
     QtMainRunLoop runLoop;
+    DesktopAppearance appearance;
+    DialogSurroundings dialogs{dialogsProgram(), runLoop, appearance};
+    ProcessAlert alert{dialogs};
     TrayNotificationCenter notificationCenter{runLoop};
     AbsentHotKeys hotKeys;
     AbsentFact fact;
@@ -79,11 +90,6 @@ struct ServiceAdapters
 
     [[nodiscard]] Surroundings surroundings() { return {fact, fact, fact, idle}; }
 };
-
-QString viewsProgram()
-{
-    return companionProgram(QStringLiteral("tomcatto-views"));
-}
 
 std::vector<std::unique_ptr<TrayIcon>> makeTrays(TrayNotificationCenter &notificationCenter)
 {
@@ -98,17 +104,19 @@ struct SurfaceAdapters
 {
     SurfaceAdapters(MainRunLoop &runLoop, UserDefaults &defaults, QObject &texts, ServiceAdapters &services)
         : windowSystem(services.windowSystem)
+        , appearance(services.appearance)
         , screens(runLoop)
         , views(viewsProgram(), runLoop)
         , viewHost(views, runLoop, appearance, texts)
         , statusItem(makeTrays(services.notificationCenter), appearance, defaults, windowSystem)
         , savePanel(services.dialogs)
+        , openPanel(services.dialogs)
     {
         followPresses(views, clickMonitor);
     }
 
     const WindowSystem &windowSystem;
-    DesktopAppearance appearance;
+    DesktopAppearance &appearance;
     ToolkitTheme toolkitTheme{appearance};
     ApplicationClickMonitor clickMonitor;
     DesktopScreens screens;
@@ -118,7 +126,8 @@ struct SurfaceAdapters
     AbsentActivationPolicy ownTaskbar;
     ViewProcessTaskbar taskbar{views, ownTaskbar};
     StatusItemSwitch statusItem;
-    FileDialogSavePanel savePanel;
+    ProcessSavePanel savePanel;
+    ProcessOpenPanel openPanel;
 };
 
 class PortableDesktop final : public DesktopPlatform
@@ -128,7 +137,7 @@ public:
     [[nodiscard]] Findings findings() override
     {
         return {{QStringLiteral("display"), Finding::Mark::there, QStringLiteral("it answers"), {}},
-                ProcessViewHost::find(viewsProgram())};
+                ProcessViewHost::find({viewsProgram(), dialogsProgram()})};
     }
     [[nodiscard]] std::unique_ptr<QGuiApplication> makeApplication(int &argc, char **argv) override
     {
@@ -145,10 +154,10 @@ public:
     {
         const auto services = m_services.lock();
         const auto adapters = std::make_shared<SurfaceAdapters>(runLoop, defaults, texts, *services);
-        services->dialogs.setBehind([weak = std::weak_ptr(adapters)] {
+        services->dialogs.windowBehind = [weak = std::weak_ptr(adapters)] {
             const auto surfaces = weak.lock();
             return surfaces ? surfaces->viewHost.windowBehind() : 0;
-        });
+        };
         return {adapters,
                 adapters->appearance,
                 adapters->taskbar,
@@ -158,7 +167,7 @@ public:
                 adapters->viewHost,
                 adapters->statusItem,
                 adapters->savePanel,
-                [services](QWidget &dialog) { services->dialogs.show(dialog); },
+                adapters->openPanel,
                 adapters->windowSystem.canPlaceWindows()};
     }
     [[nodiscard]] Cancellable onDisplayLost(std::function<void()> onLost) override

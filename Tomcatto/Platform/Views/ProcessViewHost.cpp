@@ -55,12 +55,14 @@ ProcessViewHost::ProcessViewHost(ViewProcess &process, MainRunLoop &runLoop, QOb
 
 ProcessViewHost::~ProcessViewHost() = default;
 
-Finding ProcessViewHost::find(const QString &program)
+Finding ProcessViewHost::find(const QStringList &programs)
 {
     const QString part = QStringLiteral("windows");
     const QString advice = QStringLiteral("Install Tomcatto completely, with the packages that it depends on");
-    if (const QString reason = whyNotStarting(program); !reason.isEmpty())
-        return {part, Finding::Mark::failing, reason, advice};
+    for (const QString &program : programs) {
+        if (const QString reason = whyNotStarting(program); !reason.isEmpty())
+            return {part, Finding::Mark::failing, reason, advice};
+    }
     if (const QStringList missing = missingModules(); !missing.empty())
         return {part, Finding::Mark::failing,
                 QStringLiteral("these modules of QML are missing: ") + missing.join(QLatin1String(", ")), advice};

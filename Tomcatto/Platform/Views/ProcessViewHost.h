@@ -35,8 +35,9 @@ public:
     /// The ordinary window that got the keyboard last, as the display server knows it; 0 where there is none.
     [[nodiscard]] quint64 windowBehind() const { return m_windowBehind; }
 
-    /// Looks whether the process can run and what views import is there. @param program as the process has it
-    [[nodiscard]] static Finding find(const QString &program);
+    /// Looks whether programs with windows can run and what views import is there. @param programs as processes have
+    /// them
+    [[nodiscard]] static Finding find(const QStringList &programs);
 
 private:
     friend class RemoteView;

@@ -1,5 +1,7 @@
 #include "Platform/Views/RemoteView.h"
 
+#include "Platform/Posix/CompanionProgram.h"
+
 namespace tomcatto {
 
 RemoteView::~RemoteView()

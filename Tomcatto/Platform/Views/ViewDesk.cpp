@@ -1,5 +1,7 @@
 #include "Platform/Views/ViewDesk.h"
 
+#include "Platform/Posix/CompanionProgram.h"
+
 namespace tomcatto {
 
 namespace {

@@ -69,9 +69,6 @@ enum class ViewMessageKind : quint8 {
     logged,
 };
 
-/// Where desktops on Wayland leave the token for a program's next window.
-inline constexpr const char *activationTokenVariable = "XDG_ACTIVATION_TOKEN";
-
 struct ViewMessage
 {
     ViewMessageKind kind{};

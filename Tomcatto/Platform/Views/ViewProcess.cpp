@@ -3,8 +3,6 @@
 #include "Platform/Posix/CompanionProgram.h"
 
 #include <algorithm>
-#include <QtCore/QCoreApplication>
-#include <QtCore/QFileInfo>
 #include <QtCore/QProcess>
 
 namespace tomcatto {
@@ -12,15 +10,6 @@ namespace tomcatto {
 namespace {
 
 constexpr qsizetype mostBytes = 1 << 18;
-
-QProcessEnvironment environment()
-{
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    // A session would begin the process anew, and desktops know windows by the program's name.
-    environment.remove(QStringLiteral("SESSION_MANAGER"));
-    environment.insert(QStringLiteral("RESOURCE_NAME"), QFileInfo(QCoreApplication::applicationFilePath()).fileName());
-    return environment;
-}
 
 }
 
@@ -43,7 +32,7 @@ void ViewProcess::start()
     m_process = new QProcess;
     m_process->setStandardInputFile(QProcess::nullDevice());
     m_process->setProcessChannelMode(QProcess::ForwardedChannels);
-    m_process->setProcessEnvironment(environment());
+    m_process->setProcessEnvironment(environmentOfWindows());
     auto connection = startConnected(*m_process, m_program);
     if (!connection)
         return lose(QStringLiteral("there is no socket for them"));

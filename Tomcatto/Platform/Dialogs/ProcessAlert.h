@@ -1,25 +1,21 @@
 #pragma once
 
+#include "Platform/Dialogs/DialogProcess.h"
 #include "Platform/Ports/Alert.h"
-#include "Platform/Qt/DialogPlace.h"
 
 #include <deque>
-#include <memory>
-#include <QtCore/QObject>
-
-class QMessageBox;
 
 namespace tomcatto {
 
-/// Warnings in message boxes, one after the other. Main thread only.
-class MessageBoxAlert final : public QObject, public Alert
+/// Warnings in dialogs, one after the other. One that cannot be shown counts as closed. Main thread only.
+class ProcessAlert final : public Alert
 {
-    Q_OBJECT
-
 public:
-    /// @param dialogs outlives this
-    explicit MessageBoxAlert(const DialogPlace &dialogs);
-    ~MessageBoxAlert() override;
+    /// @param surroundings outlives this
+    explicit ProcessAlert(const DialogSurroundings &surroundings)
+        : m_surroundings(surroundings)
+    {
+    }
 
     void showWarning(const AlertDescription &description, std::function<void(AlertButton)> onClosed) override;
 
@@ -33,10 +29,10 @@ private:
     void showNext();
     void close(AlertButton button);
 
-    const DialogPlace &m_dialogs;
+    const DialogSurroundings &m_surroundings;
     /// The first one is showing.
     std::deque<Waiting> m_waiting;
-    std::unique_ptr<QMessageBox> m_box;
+    std::unique_ptr<DialogProcess> m_dialog;
 };
 
 }
