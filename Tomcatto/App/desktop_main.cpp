@@ -5,8 +5,6 @@
 
 #include <cstdio>
 #include <QtGui/QGuiApplication>
-#include <QtGui/QIcon>
-#include <QtGui/QWindow>
 #include <string_view>
 
 using namespace tomcatto;
@@ -33,14 +31,6 @@ int tellFindings(DesktopPlatform &desktop, int &argc, char **argv)
     return 0;
 }
 
-/// With the first window that has the focus. A hidden application has none, and the tray's own window shows no icon,
-/// but would draw it in every size.
-void giveWindowsIcon()
-{
-    if (QGuiApplication::windowIcon().isNull())
-        QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/tomcatto/app-icon.svg")));
-}
-
 }
 
 int main(int argc, char **argv)
@@ -53,7 +43,6 @@ int main(int argc, char **argv)
         return runInTerminal(*platform, argc, argv);
     const auto application = desktop->makeApplication(argc, argv);
     QGuiApplication::setDesktopFileName(applicationIdentifier);
-    QObject::connect(application.get(), &QGuiApplication::focusWindowChanged, application.get(), giveWindowsIcon);
     Program program(*platform);
     return program.run(
         [&](const Invocation &invocation) { return program.runApplication(invocation, desktopFrontEnd(*desktop)); });

@@ -84,6 +84,12 @@ TEST(HintWindowTests, ComesUpWhereThePointerRestsInsideTheScreenAndFollowsItsWor
     EXPECT_EQ(window.geometry().right(), 1279);
     hint.setText({});
     EXPECT_FALSE(hint.isShown());
+
+    hint.setText(QStringLiteral("Focus"));
+    hint.dismiss();
+    hint.pointerAt({100, 100});
+    QTest::qWait(1000);
+    EXPECT_FALSE(hint.isShown()) << "it would lie over what the press opened";
 }
 
 TEST(CoveringWindowsTests, GivesTheKeyboardToOneOfItsWindowsAndTakesItBack)

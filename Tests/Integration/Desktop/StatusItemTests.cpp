@@ -221,7 +221,7 @@ TEST_F(StatusItemTests, SitsInATrayThatTakesInWindows)
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&menu));
     EXPECT_TRUE(menu.setMouseGrabEnabled(true));
     menu.close();
-    usePointer(QStringLiteral("mouseup 3 mousemove_relative 1 0"));
+    usePointer(QStringLiteral("mouseup 3 mousemove 640 400 mousemove %1 %2").arg(middle.x()).arg(middle.y()));
     const auto hasHint = [] {
         return std::ranges::any_of(qApp->topLevelWindows(), [](QWindow *each) { return each->type() == Qt::ToolTip; });
     };

@@ -105,7 +105,7 @@ void FloatingPillWindow::present(const StatusItemPresentation &presentation)
 {
     m_pill = presentation.pill;
     m_title = presentation.title;
-    m_toolTip = presentation.toolTip;
+    m_hint.setText(presentation.toolTip);
     m_accessibleText = presentation.accessibleText;
     fit();
     update();
@@ -113,6 +113,7 @@ void FloatingPillWindow::present(const StatusItemPresentation &presentation)
 
 void FloatingPillWindow::setDark(bool isDark)
 {
+    m_hint.setDark(isDark);
     if (std::exchange(m_isDark, isDark) != isDark)
         update();
 }
@@ -227,6 +228,13 @@ void FloatingPillWindow::paintEvent(QPaintEvent * /*event*/)
     }
 }
 
+bool FloatingPillWindow::event(QEvent *event)
+{
+    if (event->type() == QEvent::Leave || event->type() == QEvent::Hide)
+        m_hint.hide();
+    return QRasterWindow::event(event);
+}
+
 void FloatingPillWindow::focusInEvent(QFocusEvent *event)
 {
     // The window manager gives the keyboard before the press comes, and does not say why.
@@ -243,6 +251,7 @@ void FloatingPillWindow::focusInEvent(QFocusEvent *event)
 void FloatingPillWindow::mousePressEvent(QMouseEvent *event)
 {
     m_showsFocus = false;
+    m_hint.dismiss();
     update();
     if (event->button() == Qt::RightButton)
         Q_EMIT menuWanted(event->globalPosition().toPoint());
@@ -255,9 +264,9 @@ void FloatingPillWindow::mousePressEvent(QMouseEvent *event)
 
 void FloatingPillWindow::mouseMoveEvent(QMouseEvent *event)
 {
-    if (!m_pressed)
-        return;
     const QPoint cursor = event->globalPosition().toPoint();
+    if (!m_pressed)
+        return m_hint.pointerAt(cursor);
     m_isDragged =
         m_isDragged || (cursor - *m_pressed).manhattanLength() >= QGuiApplication::styleHints()->startDragDistance();
     if (!m_isDragged)

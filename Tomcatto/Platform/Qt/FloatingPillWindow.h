@@ -2,6 +2,7 @@
 
 #include "Platform/Ports/StatusItem.h"
 #include "Platform/Ports/UserDefaults.h"
+#include "Platform/Qt/HintWindow.h"
 #include "Platform/Qt/WindowSystem.h"
 
 #include <QtCore/QPointer>
@@ -44,6 +45,7 @@ Q_SIGNALS:
     void scaleChanged();
 
 protected:
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void moveEvent(QMoveEvent *event) override;
@@ -70,7 +72,7 @@ private:
     const WindowSystem &m_windowSystem;
     QImage m_pill;
     QString m_title;
-    QString m_toolTip;
+    HintWindow m_hint{this};
     QString m_accessibleText;
     /// The place: a screen, and where on its width the middle of the window is, 0 to 1.
     QPointer<QScreen> m_screen;

@@ -100,24 +100,23 @@ void HintWindow::setText(const QString &text)
 
 void HintWindow::pointerAt(QPoint place)
 {
-    if (isShown())
+    if (isShown() || m_isDismissed)
         return;
     m_place = place;
     m_timer.start(restTime);
 }
 
-void HintWindow::show(const QString &text, QPoint place)
-{
-    hide();
-    m_text = text;
-    m_place = place;
-    open();
-}
-
 void HintWindow::hide()
 {
+    m_isDismissed = false;
     m_timer.stop();
     m_window.reset();
+}
+
+void HintWindow::dismiss()
+{
+    hide();
+    m_isDismissed = true;
 }
 
 void HintWindow::open()

@@ -23,10 +23,10 @@ public:
     /// The pointer has come to a place, in logical pixels of the screens. The hint shows there when no other call
     /// follows for 700 ms; one that shows stays where it is.
     void pointerAt(QPoint place);
-    /// Shows the words at once, beside a place in logical pixels of the screens.
-    void show(const QString &text, QPoint place);
-    /// Hides it, and forgets where the pointer is.
+    /// Hides it, and forgets where the pointer is. To be called when that has left.
     void hide();
+    /// Hides it, and shows none until the pointer has left: to be called at a press, which may open something here.
+    void dismiss();
     [[nodiscard]] bool isShown() const noexcept { return m_window != nullptr; }
 
 private:
@@ -41,6 +41,7 @@ private:
     QString m_text;
     QPoint m_place;
     bool m_isDark = false;
+    bool m_isDismissed = false;
 };
 
 }

@@ -115,7 +115,9 @@ void X11Tray::note(const xcb_generic_event_t &event)
         break;
     }
     case XCB_LEAVE_NOTIFY:
-        m_hint.hide();
+        // With a grab the pointer seems to leave.
+        if (reinterpret_cast<const xcb_leave_notify_event_t &>(event).mode == XCB_NOTIFY_MODE_NORMAL)
+            m_hint.hide();
         break;
     case XCB_BUTTON_PRESS:
         press(reinterpret_cast<const xcb_button_press_event_t &>(event));
@@ -137,7 +139,7 @@ void X11Tray::press(const xcb_button_press_event_t &event)
     xcb_connection_t *const connection = m_watch->display().connection();
     xcb_ungrab_pointer(connection, XCB_CURRENT_TIME);
     xcb_flush(connection);
-    m_hint.hide();
+    m_hint.dismiss();
     const auto longest = static_cast<uint32_t>(QGuiApplication::styleHints()->mouseDoubleClickInterval());
     const bool isSecond = event.detail == m_button && event.time - m_pressed < longest;
     m_button = isSecond ? 0 : event.detail;
