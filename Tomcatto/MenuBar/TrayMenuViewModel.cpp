@@ -40,11 +40,11 @@ void TrayMenuViewModel::setMenu(const TrayMenu &menu)
 void TrayMenuViewModel::choose(const QString &key)
 {
     const auto entry = std::ranges::find(m_menu.entries, key, keyOf);
-    if (entry == m_menu.entries.end() || !entry->command || !entry->isEnabled)
+    if (entry == m_menu.entries.end() || !entry->isEnabled)
         return;
-    // The handler may end this.
-    const TrayMenuCommand command = *entry->command;
-    Q_EMIT chosen(command);
+    // A copy: the handler may end this.
+    if (const auto command = entry->command)
+        Q_EMIT chosen(*command);
 }
 
 }

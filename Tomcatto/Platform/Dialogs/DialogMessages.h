@@ -48,7 +48,7 @@ constexpr QLatin1String paths{"paths"};
     const qsizetype end = bytes.indexOf('\n');
     if (end < 0)
         return std::nullopt;
-    const QJsonObject message = QJsonDocument::fromJson(bytes.left(end)).object();
+    QJsonObject message = QJsonDocument::fromJson(bytes.left(end)).object();
     bytes.remove(0, end + 1);
     return message;
 }
