@@ -37,11 +37,11 @@ X11Tray::X11Tray(const DesktopAppearance &appearance)
 {
     m_settling.setSingleShot(true);
     if (X11Display().isValid())
-        m_watch.emplace([this](const xcb_generic_event_t &event) { note(event); },
-                        [this] {
-                            m_tray = XCB_WINDOW_NONE;
-                            m_settling.start();
-                        });
+        m_watch = std::make_unique<X11Watch>([this](const xcb_generic_event_t &event) { note(event); },
+                                             [this] {
+                                                 m_tray = XCB_WINDOW_NONE;
+                                                 m_settling.start();
+                                             });
     if (!m_watch || !m_watch->isOpen())
         return;
     m_settling.callOnTimeout(this, &X11Tray::settle);

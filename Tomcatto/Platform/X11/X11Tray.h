@@ -41,7 +41,7 @@ private:
 
     const DesktopAppearance &m_appearance;
     HintWindow m_hint;
-    std::optional<X11Watch> m_watch;
+    std::unique_ptr<X11Watch> m_watch;
     xcb_atom_t m_selection = XCB_ATOM_NONE;
     xcb_atom_t m_manager = XCB_ATOM_NONE;
     /// The window that speaks for the tray.
