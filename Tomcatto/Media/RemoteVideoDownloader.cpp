@@ -53,16 +53,9 @@ RemoteVideoDownloader::~RemoteVideoDownloader()
 QCoro::Task<Outcome> RemoteVideoDownloader::download(RemoteVideoDownload video, std::function<void(double)> onProgress)
 {
     const QPointer<RemoteVideoDownloader> self(this);
-    const QString failed = QStringLiteral("download failed for %1: ").arg(video.id);
     const QUrl url(video.url, QUrl::StrictMode);
-    if (!isTrustedAddress(url) || !isPlainFileName(video.id)) {
-        m_logger.error(failed + QStringLiteral("its address or its identifier cannot be used"));
-        co_return Outcome{Error::invalidURL, {}};
-    }
-    if (!m_cacheStore.makeDirectory()) {
-        m_logger.error(failed + QStringLiteral("the folder cannot be made"));
-        co_return Outcome{Error::fileMoveFailed, {}};
-    }
+    if (const auto error = obstacleTo(url, video.id))
+        co_return Outcome{error, {}};
     const QString part = m_cacheStore.partPath(video.id);
     const auto delegate = std::make_shared<RemoteDownloadDelegate>(std::move(onProgress));
     AwaitedAnswer request(m_session,
@@ -94,6 +87,20 @@ QCoro::Task<Outcome> RemoteVideoDownloader::download(RemoteVideoDownload video, 
         co_return Outcome{Error::fileMoveFailed, {}};
     delegate->didFinish();
     co_return Outcome{{}, QUrl::fromLocalFile(m_cacheStore.filePath(video.id))};
+}
+
+std::optional<Error> RemoteVideoDownloader::obstacleTo(const QUrl &url, const QString &id)
+{
+    const QString failed = QStringLiteral("download failed for %1: ").arg(id);
+    if (!isTrustedAddress(url) || !isPlainFileName(id)) {
+        m_logger.error(failed + QStringLiteral("its address or its identifier cannot be used"));
+        return Error::invalidURL;
+    }
+    if (!m_cacheStore.makeDirectory()) {
+        m_logger.error(failed + QStringLiteral("the folder cannot be made"));
+        return Error::fileMoveFailed;
+    }
+    return std::nullopt;
 }
 
 std::optional<Error> RemoteVideoDownloader::failureOf(const HttpResult &answer, const QString &id) const

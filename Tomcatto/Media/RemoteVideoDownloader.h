@@ -53,6 +53,7 @@ public:
     [[nodiscard]] QCoro::Task<Outcome> download(RemoteVideoDownload video, std::function<void(double)> onProgress);
 
 private:
+    [[nodiscard]] std::optional<RemoteVideoDownloaderError> obstacleTo(const QUrl &url, const QString &id);
     [[nodiscard]] std::optional<RemoteVideoDownloaderError> failureOf(const HttpResult &answer,
                                                                       const QString &id) const;
     void record(const RemoteVideoDownload &video, qint64 sizeBytes);

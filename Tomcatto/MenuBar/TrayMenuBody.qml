@@ -39,6 +39,11 @@ FocusScope {
         if (current.length > 0)
             viewModel.choose(current)
     }
+    /// Of the line at a place of the column that can be chosen; empty for none.
+    function keyAt(place: point): string {
+        const entry = (column.childAt(place.x, place.y) as TrayMenuLine)?.entry
+        return entry?.isEnabled ? entry.key : ""
+    }
     function press(event: KeyEvent) {
         event.accepted = true
         switch (event.key) {
@@ -91,7 +96,8 @@ FocusScope {
                 width: column.width
                 entry: modelData
                 isCurrent: modelData.key.length > 0 && modelData.key === menu.current
-                onPointerCame: menu.current = modelData.key
+                onPointed: place => menu.current = menu.keyAt(place)
+                onLetGo: place => menu.viewModel.choose(menu.keyAt(place))
                 onPointerLeft: if (isCurrent) menu.current = ""
                 onChosen: menu.viewModel.choose(modelData.key)
             }

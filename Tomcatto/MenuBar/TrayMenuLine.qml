@@ -10,7 +10,9 @@ Item {
     property bool isCurrent: false
     readonly property bool isSeparator: entry.key.length === 0
 
-    signal pointerCame
+    /// The pointer moved, and let a button go, at a place of the parent: a press may be dragged to another line.
+    signal pointed(place: point)
+    signal letGo(place: point)
     signal pointerLeft
     signal chosen
 
@@ -64,8 +66,8 @@ Item {
         anchors.fill: parent
         acceptedButtons: Qt.LeftButton | Qt.RightButton
         hoverEnabled: true
-        onPositionChanged: line.pointerCame()
+        onPositionChanged: mouse => line.pointed(mapToItem(line.parent, mouse.x, mouse.y))
+        onReleased: mouse => line.letGo(mapToItem(line.parent, mouse.x, mouse.y))
         onExited: line.pointerLeft()
-        onReleased: if (containsMouse) line.chosen()
     }
 }

@@ -90,6 +90,9 @@ TEST(HintWindowTests, ComesUpWhereThePointerRestsInsideTheScreenAndFollowsItsWor
     hint.pointerAt({100, 100});
     QTest::qWait(1000);
     EXPECT_FALSE(hint.isShown()) << "it would lie over what the press opened";
+    hint.hide();
+    hint.pointerAt({100, 100});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hint.isShown(); }));
 }
 
 TEST(CoveringWindowsTests, GivesTheKeyboardToOneOfItsWindowsAndTakesItBack)

@@ -2,6 +2,7 @@
 #include "Integration/Platform/PrivateBus.h"
 #include "Platform/Freedesktop/StatusNotifierTray.h"
 #include "Platform/Qt/StatusItemSwitch.h"
+#include "Platform/X11/X11ClickMonitor.h"
 #include "Platform/X11/X11Tray.h"
 #include "Platform/X11/X11WindowSystem.h"
 #include "TestScreen.h"
@@ -208,8 +209,12 @@ TEST_F(StatusItemTests, SitsInATrayThatTakesInWindows)
     ASSERT_TRUE(QTest::qWaitFor(isSettled, 20'000)) << "back in the next one";
 
     const QPoint middle = place().center();
+    X11ClickMonitor presses;
+    std::vector<bool> wereActivated;
+    const Cancellable watching = presses.onPressed([&](QPoint) { wereActivated.push_back(!m_places.empty()); });
     usePointer(QStringLiteral("mousemove %1 %2 click --repeat 2 1").arg(middle.x()).arg(middle.y()));
     EXPECT_TRUE(QTest::qWaitFor([this] { return !m_places.empty(); }));
+    EXPECT_THAT(wereActivated, testing::Contains(false)) << "told later, the press would close what it opened";
     usePointer(QStringLiteral("mousedown 3"));
     EXPECT_TRUE(QTest::qWaitFor([this] { return !m_menus.empty(); }));
     EXPECT_THAT(m_places, testing::ElementsAre(place())) << "a double click is one";
@@ -260,6 +265,7 @@ TEST_F(StatusItemTests, FloatsAboveEverythingIsDraggedAlongTheEdgeAndComesBackTh
     EXPECT_EQ(window.geometry(), QRect(640 - 44, 0, 88, 32));
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&window)->text(QAccessible::Name),
               QStringLiteral("25 minutes left"));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&window)->rect(), window.geometry());
     const QImage drawn = window.screen()->grabWindow(window.winId()).toImage();
     EXPECT_FALSE(window.mask().isEmpty() || window.mask().contains(QPoint(0, 0))) << "outside the round end";
     EXPECT_EQ(drawn.pixelColor(20, 2), QColor(0xEC, 0xE9, 0xE7));

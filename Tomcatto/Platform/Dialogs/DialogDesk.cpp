@@ -54,6 +54,7 @@ void DialogDesk::obey(const QJsonObject &message)
     if (message.contains(dialogKey::raise) && m_dialog) {
         m_dialog->raise();
         m_windowSystem.activate(*m_dialog->windowHandle());
+        m_connection.write(lineOf({{dialogKey::isShown, true}}));
     }
 }
 
@@ -61,8 +62,7 @@ void DialogDesk::show(const QJsonObject &request)
 {
     ToolkitDialog made = makeToolkitDialog(request);
     m_dialog = std::move(made.dialog);
-    connect(m_dialog.get(), &QDialog::finished, this,
-            [this, answerOf = std::move(made.answer)] { answer(answerOf()); });
+    connect(m_dialog.get(), &QDialog::finished, this, [this, answerOf = std::move(made.answer)] { end(answerOf()); });
     putInFront(*m_dialog, request.value(dialogKey::windowBehind).toString().toULongLong());
     m_dialog->show();
     m_dialog->raise();
@@ -70,10 +70,12 @@ void DialogDesk::show(const QJsonObject &request)
     m_connection.write(lineOf({{dialogKey::isShown, true}}));
 }
 
-void DialogDesk::answer(const QJsonObject &answer)
+void DialogDesk::end(const QJsonObject &answer)
 {
-    // The program ends this process once it has read that.
-    m_connection.write(lineOf(answer));
+    // The program ends this process as soon as it has read the answer; before, the dialog writes down what it
+    // remembers.
+    connect(m_dialog.get(), &QObject::destroyed, this, [this, answer] { m_connection.write(lineOf(answer)); });
+    m_dialog.release()->deleteLater();
 }
 
 }

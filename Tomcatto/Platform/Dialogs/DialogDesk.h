@@ -26,7 +26,7 @@ private:
     void read();
     void obey(const QJsonObject &message);
     void show(const QJsonObject &request);
-    void answer(const QJsonObject &answer);
+    void end(const QJsonObject &answer);
 
     LocalConnection &m_connection;
     const WindowSystem &m_windowSystem;

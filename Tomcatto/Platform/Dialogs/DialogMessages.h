@@ -29,6 +29,7 @@ constexpr QLatin1String isDark{"isDark"};
 constexpr QLatin1String raise{"raise"};
 
 // Of the process.
+/// At first, and as the answer to `raise`.
 constexpr QLatin1String isShown{"isShown"};
 /// The number of the choice that was pressed.
 constexpr QLatin1String chosen{"chosen"};

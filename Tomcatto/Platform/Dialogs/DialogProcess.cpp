@@ -37,19 +37,29 @@ void DialogProcess::start(QJsonObject request)
             fail(QStringLiteral("%1 does not start; is Tomcatto installed completely?").arg(m_surroundings.program));
     });
     m_connection = startConnected(*m_process, m_surroundings.program);
+    if (m_hasEnded)
+        return;
     // What a desktop gave this process for its next window is the dialog's.
     qunsetenv(activationTokenVariable);
     if (!m_connection)
         return fail(QStringLiteral("there is no socket for it"));
     m_connection->onChange([this] { read(); });
-    m_waiting = m_surroundings.runLoop.after(patience, [this] { fail(QStringLiteral("its process does not answer")); });
+    awaitShown();
     request.insert(dialogKey::isDark, m_surroundings.appearance.dark());
     request.insert(dialogKey::windowBehind, QString::number(m_surroundings.windowBehind()));
     send(request);
 }
 
+void DialogProcess::awaitShown()
+{
+    m_waiting = m_surroundings.runLoop.after(patience, [this] { fail(QStringLiteral("its process does not answer")); });
+}
+
 void DialogProcess::raise()
 {
+    if (m_hasEnded)
+        return;
+    awaitShown();
     send({{dialogKey::raise, true}});
 }
 

@@ -41,11 +41,12 @@ public:
                   std::function<void(const QJsonObject &answer)> onEnd);
     ~DialogProcess() override;
 
-    /// Brings the dialog to the front, with the keyboard.
+    /// Brings the dialog to the front, with the keyboard. One that does not answer counts as closed.
     void raise();
 
 private:
     void start(QJsonObject request);
+    void awaitShown();
     void send(const QJsonObject &message);
     void read();
     void take(const QJsonObject &message);

@@ -10,7 +10,9 @@ namespace tomcatto {
 void ProcessAlert::showWarning(const AlertDescription &description, std::function<void(AlertButton)> onClosed)
 {
     m_waiting.push_back({description, std::move(onClosed)});
-    if (!m_dialog)
+    if (m_dialog)
+        m_dialog->raise();
+    else
         showNext();
 }
 

@@ -29,7 +29,8 @@ public:
     virtual ~Alert() = default;
 
     /// Shows a warning over the application's windows and returns at once. `onClosed` is called later, once, with the
-    /// button pressed; not at all when the alert is destroyed before. Alerts asked for meanwhile follow one by one.
+    /// button pressed; not at all when the alert is destroyed before. Alerts asked for meanwhile bring it to the front,
+    /// and follow one by one.
     virtual void showWarning(const AlertDescription &description, std::function<void(AlertButton)> onClosed) = 0;
 };
 

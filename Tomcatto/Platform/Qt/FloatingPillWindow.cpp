@@ -232,6 +232,10 @@ bool FloatingPillWindow::event(QEvent *event)
 {
     if (event->type() == QEvent::Leave || event->type() == QEvent::Hide)
         m_hint.hide();
+    if (event->type() == QEvent::FocusOut) {
+        m_isSpaceDown = false;
+        update();
+    }
     return QRasterWindow::event(event);
 }
 
@@ -314,14 +318,24 @@ void FloatingPillWindow::keyPressEvent(QKeyEvent *event)
     update();
     const bool isMenuKey =
         event->key() == Qt::Key_Menu || (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
-    const bool presses =
-        event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
     if (isMenuKey)
         Q_EMIT menuWanted(geometry().bottomLeft());
-    else if (presses && !event->isAutoRepeat())
+    else if (event->isAutoRepeat())
+        return;
+    else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         Q_EMIT activated();
+    else if (event->key() == Qt::Key_Space)
+        m_isSpaceDown = true;
     else
         QRasterWindow::keyPressEvent(event);
+}
+
+void FloatingPillWindow::keyReleaseEvent(QKeyEvent *event)
+{
+    // The button that gets the keyboard when the panel opens would take this release for its own.
+    const bool isSpace = event->key() == Qt::Key_Space && !event->isAutoRepeat();
+    if (isSpace && std::exchange(m_isSpaceDown, false))
+        Q_EMIT activated();
 }
 
 QAccessibleInterface *FloatingPillWindow::accessibleRoot() const

@@ -53,6 +53,7 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
 
 private:
     void watchScreen(QScreen *screen);
@@ -85,6 +86,7 @@ private:
     QTimer m_settling;
     int m_corrections = 0;
     bool m_isDragged = false;
+    bool m_isSpaceDown = false;
     /// Whether the ring shows while it has the keyboard: not after a press of the mouse.
     bool m_showsFocus = false;
     bool m_isDark = false;

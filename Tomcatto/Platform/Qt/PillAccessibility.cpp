@@ -32,6 +32,7 @@ public:
         state.invisible = !m_pill.isVisible();
         return state;
     }
+    [[nodiscard]] QRect rect() const override { return m_pill.geometry(); }
     [[nodiscard]] QWindow *window() const override { return &m_pill; }
     [[nodiscard]] QAccessibleInterface *parent() const override
     {
@@ -45,11 +46,13 @@ public:
         return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface *>(this) : nullptr;
     }
 
-    [[nodiscard]] QStringList actionNames() const override { return {pressAction()}; }
+    [[nodiscard]] QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
     void doAction(const QString &name) override
     {
         if (name == pressAction())
             Q_EMIT m_pill.activated();
+        else if (name == setFocusAction())
+            m_pill.requestActivate();
     }
     [[nodiscard]] QStringList keyBindingsForAction(const QString & /*name*/) const override { return {}; }
 

@@ -77,7 +77,8 @@ void StatusItemSwitch::makePill()
     m_pill = std::make_unique<FloatingPillWindow>(m_defaults, m_windowSystem);
     connect(m_pill.get(), &FloatingPillWindow::activated, this, [this] { Q_EMIT activated(m_pill->geometry()); });
     connect(m_pill.get(), &FloatingPillWindow::menuWanted, this, &StatusItemSwitch::menuWanted);
-    connect(m_pill.get(), &FloatingPillWindow::scaleChanged, this, &StatusItemSwitch::update);
+    // In a later turn: the pill may go then.
+    connect(m_pill.get(), &FloatingPillWindow::scaleChanged, this, &StatusItemSwitch::update, Qt::QueuedConnection);
 }
 
 void StatusItemSwitch::update()

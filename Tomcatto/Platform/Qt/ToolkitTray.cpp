@@ -25,13 +25,12 @@ QIcon iconOf(const std::vector<QImage> &images)
 
 }
 
-ToolkitTray::ToolkitTray(std::unique_ptr<TrayPresence> presence)
-    : m_presence(std::move(presence))
+ToolkitTray::ToolkitTray()
 {
     m_fitting.setSingleShot(true);
     m_fitting.setInterval(std::chrono::milliseconds(500));
     connect(&m_fitting, &QTimer::timeout, this, &ToolkitTray::followEdge);
-    connect(m_presence.get(), &TrayPresence::trayChanged, this, [this] {
+    connect(&m_presence, &ToolkitTrayPresence::trayChanged, this, [this] {
         m_icon.reset();
         update();
         Q_EMIT hostChanged();
@@ -72,7 +71,7 @@ void ToolkitTray::showMessage(const QString &title, const QString &text)
 void ToolkitTray::update()
 {
     // Without a picture the tray would keep an empty place.
-    const bool isWanted = m_isShown && m_presence->hasTray() && !m_images.empty();
+    const bool isWanted = m_isShown && m_presence.hasTray() && !m_images.empty();
     if (isWanted && !m_icon)
         makeIcon();
     else if (!isWanted)

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Platform/Qt/ToolkitTrayPresence.h"
 #include "Platform/Qt/TrayIcon.h"
-#include "Platform/Qt/TrayPresence.h"
 
 #include <memory>
 #include <QtCore/QTimer>
@@ -17,12 +17,11 @@ class ToolkitTray final : public TrayIcon
     Q_OBJECT
 
 public:
-    /// @param presence tells of the tray.
-    explicit ToolkitTray(std::unique_ptr<TrayPresence> presence);
+    ToolkitTray();
     ~ToolkitTray() override;
 
     [[nodiscard]] bool isDecided() const override { return true; }
-    [[nodiscard]] bool isHosted() const override { return m_presence->hasTray(); }
+    [[nodiscard]] bool isHosted() const override { return m_presence.hasTray(); }
     /// The edge that the tray gave the icon; a usual one until it has.
     [[nodiscard]] std::vector<int> iconSizes() const override { return {m_edge}; }
     [[nodiscard]] std::optional<QRect> geometry() const override;
@@ -43,7 +42,7 @@ private:
     void makeIcon();
     void followEdge();
 
-    std::unique_ptr<TrayPresence> m_presence;
+    ToolkitTrayPresence m_presence;
     std::unique_ptr<QSystemTrayIcon> m_icon;
     /// The tray fits the icon in some time after it was shown.
     QTimer m_fitting;

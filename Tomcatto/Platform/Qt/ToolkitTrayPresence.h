@@ -1,20 +1,23 @@
 #pragma once
 
-#include "Platform/Qt/TrayPresence.h"
-
 #include <QtCore/QTimer>
 
 namespace tomcatto {
 
-/// What the toolkit knows of trays. It tells of no change by itself, so it is asked now and then.
-class ToolkitTrayPresence final : public TrayPresence
+/// Whether a tray runs that takes the toolkit's icons. The toolkit tells of no change by itself, so it is asked now and
+/// then. Main thread only.
+class ToolkitTrayPresence final : public QObject
 {
     Q_OBJECT
 
 public:
     ToolkitTrayPresence();
 
-    [[nodiscard]] bool hasTray() const override { return m_hasTray; }
+    [[nodiscard]] bool hasTray() const { return m_hasTray; }
+
+Q_SIGNALS:
+    /// The tray came or went.
+    void trayChanged();
 
 private:
     void look();

@@ -10,7 +10,6 @@
 #include "Platform/Qt/StatusItemSwitch.h"
 #include "Platform/Qt/ToolkitTheme.h"
 #include "Platform/Qt/ToolkitTray.h"
-#include "Platform/Qt/ToolkitTrayPresence.h"
 #include "Platform/Qt/ToolkitWindowSystem.h"
 #include "Platform/Qt/TrayNotificationCenter.h"
 #include "Platform/Sets/PortableDisplay.h"
@@ -18,9 +17,8 @@
 #include "Platform/Views/ViewProcessInput.h"
 
 #include <QtCore/QTimer>
-#include <QtWidgets/QSystemTrayIcon>
-
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QSystemTrayIcon>
 
 namespace tomcatto {
 
@@ -93,7 +91,7 @@ struct ServiceAdapters
 
 std::vector<std::unique_ptr<TrayIcon>> makeTrays(TrayNotificationCenter &notificationCenter)
 {
-    auto tray = std::make_unique<ToolkitTray>(std::make_unique<ToolkitTrayPresence>());
+    auto tray = std::make_unique<ToolkitTray>();
     notificationCenter.setTray(*tray);
     std::vector<std::unique_ptr<TrayIcon>> trays;
     trays.push_back(std::move(tray));

@@ -115,9 +115,11 @@ void X11Tray::note(const xcb_generic_event_t &event)
         break;
     }
     case XCB_LEAVE_NOTIFY:
-        // With a grab the pointer seems to leave.
+        // With a grab the pointer seems to leave, and something opens.
         if (reinterpret_cast<const xcb_leave_notify_event_t &>(event).mode == XCB_NOTIFY_MODE_NORMAL)
             m_hint.hide();
+        else
+            m_hint.dismiss();
         break;
     case XCB_BUTTON_PRESS:
         press(reinterpret_cast<const xcb_button_press_event_t &>(event));
@@ -131,6 +133,18 @@ void X11Tray::pointAt(QPoint place)
 {
     m_hint.setDark(m_appearance.dark());
     m_hint.pointerAt(logical(place));
+}
+
+void X11Tray::onceToolkitHas(std::function<void()> action)
+{
+    // Whoever watches presses anywhere hears of this one over the toolkit's connection. Heard later, it would count as
+    // one elsewhere and close what opens now. The answer brings along all events before it, and the turn after the next
+    // is one in which they have been told.
+    static_cast<void>(X11Display().selectionOwner(m_selection));
+    const auto nextTurn = [this](const std::function<void()> &then) {
+        QMetaObject::invokeMethod(this, then, Qt::QueuedConnection);
+    };
+    nextTurn([nextTurn, action = std::move(action)] { nextTurn(action); });
 }
 
 void X11Tray::press(const xcb_button_press_event_t &event)
@@ -149,9 +163,11 @@ void X11Tray::press(const xcb_button_press_event_t &event)
         return;
     const QPoint place(event.root_x, event.root_y);
     if (event.detail == XCB_BUTTON_INDEX_1 || event.detail == XCB_BUTTON_INDEX_2)
-        Q_EMIT activated(logical(QRect(place - QPoint(event.event_x, event.event_y), m_window->size())));
+        onceToolkitHas([this, item = logical(QRect(place - QPoint(event.event_x, event.event_y), m_window->size()))] {
+            Q_EMIT activated(item);
+        });
     else if (event.detail == XCB_BUTTON_INDEX_3)
-        Q_EMIT menuWanted(logical(place));
+        onceToolkitHas([this, place = logical(place)] { Q_EMIT menuWanted(place); });
 }
 
 void X11Tray::settle()

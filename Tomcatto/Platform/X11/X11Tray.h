@@ -32,6 +32,7 @@ public:
 
 private:
     void note(const xcb_generic_event_t &event);
+    void onceToolkitHas(std::function<void()> action);
     void press(const xcb_button_press_event_t &event);
     void pointAt(QPoint place);
     void settle();

@@ -67,9 +67,13 @@ TestCase {
         mousePress(menu, 40, 60)
         mouseMove(menu, 40, 85)
         mouseRelease(menu, 40, 300)
-        compare(calls, [], "let go elsewhere")
+        compare(calls.filter(key => key.length > 0), [], "let go elsewhere")
         mouseClick(menu, 40, 60)
         mouseClick(menu, 40, 90)
-        compare(calls, ["Start"], "the other one is off")
+        mousePress(menu, 40, 60)
+        mouseMove(menu, 40, 120)
+        compare(menu.current, "Statistics")
+        mouseRelease(menu, 40, 120)
+        compare(calls.filter(key => key.length > 0), ["Start", "Statistics"], "the one between is off, and a press may be dragged")
     }
 }
