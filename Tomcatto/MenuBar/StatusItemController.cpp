@@ -71,7 +71,11 @@ void StatusItemController::connectItem()
 {
     m_statusItem.setPillWanted(m_isPillWanted);
     m_itemCancellables.push_back(m_statusItem.onActivated([this](std::optional<QRect> item) { togglePopover(item); }));
-    m_itemCancellables.push_back(m_statusItem.onMenuWanted([this](QPoint place) { m_menu.show(place); }));
+    m_itemCancellables.push_back(m_statusItem.onMenuWanted([this](QPoint place) {
+        // The press that closed the panel was this one.
+        m_noReopeningUntilNanoseconds.reset();
+        m_menu.show(place);
+    }));
     m_itemCancellables.push_back(
         m_statusItem.onMenuCommand([this](const TrayMenuCommand &command) { choose(command); }));
     m_itemCancellables.push_back(m_statusItem.onFormsChanged([this] { updateStatusItem(); }));

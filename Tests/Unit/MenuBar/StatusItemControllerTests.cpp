@@ -270,6 +270,12 @@ TEST(StatusItemController, AClickElsewhereClosesAndTheSameClickDoesNotReopen)
     EXPECT_FALSE(test.controller.isPopoverShown());
     test.item.activate(place);
     EXPECT_TRUE(test.controller.isPopoverShown());
+
+    test.clicks.press(QPoint(410, 10));
+    test.runLoop.drain();
+    test.item.wantMenu({410, 10});
+    test.item.activate(place);
+    EXPECT_TRUE(test.controller.isPopoverShown()) << "the press before was for the menu";
 }
 
 }
