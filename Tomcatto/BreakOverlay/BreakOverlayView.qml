@@ -16,8 +16,10 @@ Window {
 
     title: window.viewModel.title
     color: OverlayStyle.ground
-    onFrameSwapped: window.viewModel.bodyAppeared()
 
+    FirstFrame {
+        onShown: window.viewModel.bodyAppeared()
+    }
     BreakOverlayContent {
         anchors.fill: parent
         enabled: !window.isLeaving

@@ -15,8 +15,10 @@ Window {
     minimumWidth: 720
     minimumHeight: 405
     color: OverlayStyle.ground
-    onFrameSwapped: window.viewModel.bodyAppeared()
 
+    FirstFrame {
+        onShown: window.viewModel.bodyAppeared()
+    }
     BreakOverlayContent {
         anchors.fill: parent
         focus: true

@@ -231,8 +231,8 @@ std::vector<QRect> FramePicture::changes() const
     for (int top = 0; top < m_size.height(); top += step.height()) {
         const QRect band = QRect(0, top, m_size.width(), step.height()) & whole;
         const std::vector<char> differ = changes(band, step.width());
-        // What is to both sides of a single area that stands still goes together with it.
-        constexpr int gap = 2;
+        // What is to both sides of two areas that stand still, or one, goes together with them.
+        constexpr int gap = 3;
         int last = -gap - 1;
         for (int index = 0; index < std::ssize(differ); ++index) {
             if (differ[static_cast<size_t>(index)] == 0)

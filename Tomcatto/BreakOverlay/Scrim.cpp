@@ -56,6 +56,7 @@ public:
         m_size = size;
         m_colour = colour;
         m_shares = shares;
+        m_colours.clear();
         markDirty(DirtyMaterial);
     }
 
@@ -64,11 +65,12 @@ public:
         const qreal scale = m_window.effectiveDevicePixelRatio();
         const PaintedPixels pixels = PaintedPixels::of(m_window, *this, *state, scale);
         const QRect mine(QPoint(), (m_size * scale).toSize());
+        mixColours(mine.height());
         for (const QRect &asked : pixels.asked &mine) {
             for (int row = asked.top(); row <= asked.bottom(); ++row) {
                 uchar *line = pixels.target->scanLine(pixels.origin.y() + row);
                 cover(line + (pixels.origin.x() + asked.left()) * qsizetype{4}, static_cast<size_t>(asked.width()) * 4,
-                      colourAt((row + 0.5) / mine.height()));
+                      m_colours[row]);
             }
         }
     }
@@ -78,17 +80,27 @@ public:
     [[nodiscard]] QRectF rect() const override { return {QPointF(), m_size}; }
 
 private:
-    [[nodiscard]] QRgb colourAt(qreal place) const
+    /// Of each row, kept for the many small areas that a film asks for.
+    void mixColours(int rows)
     {
-        QColor colour = m_colour;
-        colour.setAlphaF(static_cast<float>(shareAt(m_shares, place) * inheritedOpacity()));
-        return qPremultiply(colour.rgba());
+        const qreal opacity = inheritedOpacity();
+        if (m_colours.size() == rows && m_mixedOpacity == opacity)
+            return;
+        m_colours.clear();
+        m_mixedOpacity = opacity;
+        for (int row = 0; row < rows; ++row) {
+            QColor colour = m_colour;
+            colour.setAlphaF(static_cast<float>(shareAt(m_shares, (row + 0.5) / rows) * opacity));
+            m_colours.append(qPremultiply(colour.rgba()));
+        }
     }
 
     QQuickWindow &m_window;
     QSizeF m_size;
     QColor m_colour;
     QList<qreal> m_shares;
+    QList<QRgb> m_colours;
+    qreal m_mixedOpacity = 0;
 };
 
 /// The same for a graphics card.

@@ -180,6 +180,13 @@ TestCase {
         tryVerify(() => model.calls.includes("appeared"))
         model.videoUrl = "file:///nowhere/at-all.mp4"
         tryVerify(() => model.calls.includes("failed"), 30000)
-        verify(findChild(overlay, "break.countdown.chip").visible)
+        const chip = findChild(overlay, "break.countdown.chip")
+        verify(chip.visible)
+        // Once: the other process, which is told, would wake with each frame.
+        for (const time of ["03:17", "03:16"]) {
+            model.time = time
+            verify(waitForRendering(chip))
+        }
+        compare(model.calls.filter(call => call === "appeared").length, 1)
     }
 }
