@@ -47,8 +47,8 @@ std::shared_ptr<FilmProcess> FilmProcess::shared()
 FilmProcess::FilmProcess()
     : m_memory(std::make_shared<QFile>())
     , m_process(new QProcess)
-    , m_problem(start())
 {
+    start();
 }
 
 FilmProcess::~FilmProcess()
@@ -57,14 +57,13 @@ FilmProcess::~FilmProcess()
     endCompanion(m_process);
 }
 
-QString FilmProcess::start()
+void FilmProcess::start()
 {
     const int memory = openSharedMemory(memorySize);
-    if (memory < 0 || !m_memory->open(memory, QIODevice::ReadWrite, QFileDevice::AutoCloseHandle))
-        return QStringLiteral("there is no memory for films");
-    m_frames = m_memory->map(0, memorySize);
+    if (memory >= 0 && m_memory->open(memory, QIODevice::ReadWrite, QFileDevice::AutoCloseHandle))
+        m_frames = m_memory->map(0, memorySize);
     if (!m_frames)
-        return QStringLiteral("there is no memory for films");
+        return fail(QStringLiteral("there is no memory for films"));
     connect(m_process, &QProcess::readyReadStandardOutput, this, &FilmProcess::read);
     connect(m_process, &QProcess::finished, this, [this] { fail(QStringLiteral("what plays videos has ended")); });
     connect(m_process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
@@ -75,7 +74,6 @@ QString FilmProcess::start()
     m_process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process->start(companionProgram(QStringLiteral("tomcatto-film")),
                      {QString::number(memory), QString::number(memorySize)}, QIODevice::ReadWrite);
-    return {};
 }
 
 int FilmProcess::begin(RunningFilm &film, const QUrl &source, const FilmWish &wish)

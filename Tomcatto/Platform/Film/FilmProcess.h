@@ -37,7 +37,7 @@ public:
     void send(const FilmOrder &order, const QByteArray &text = {});
 
 private:
-    [[nodiscard]] QString start();
+    void start();
     void read();
     void tell(const FilmNews &news, const QString &reason);
     [[nodiscard]] FilmFrame frameOf(const FilmNews &news);
