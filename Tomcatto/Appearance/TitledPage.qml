@@ -50,10 +50,13 @@ Rectangle {
         }
     }
 
-    readonly property Item focused: Window.activeFocusItem
-    onFocusedChanged: {
-        if (focused && holds(focused))
-            reveal(focused)
+    Connections {
+        target: page.Window.window
+        function onActiveFocusItemChanged() {
+            const focused = page.Window.activeFocusItem
+            if (focused && page.holds(focused))
+                page.reveal(focused)
+        }
     }
 
     Item {

@@ -190,7 +190,10 @@ TestCase {
         const page = one(item => item.columnWidth > 0)
         tryVerify(() => page.flickable.contentHeight > page.flickable.height)
         keyClick(Qt.Key_PageDown)
-        verify(page.flickable.contentY > 0)
+        const scrolled = page.flickable.contentY
+        verify(scrolled > 0)
+        keyClick(Qt.Key_Tab)
+        verify(page.flickable.contentY < scrolled, "what has the keyboard is shown")
         window.height = 820
     }
 
