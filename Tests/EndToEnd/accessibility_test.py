@@ -45,7 +45,11 @@ class AccessibilityTest(unittest.TestCase):
         self.assertEqual(desktop.run("start").returncode, 0)
         expected = ["Focus, 1 minute 3 seconds left", "Focus, 1 minute left"]
         desktop.wait_for(lambda: self.notices() == expected)
+        time.sleep(1)
+        heard = len(self.lines())
         time.sleep(3)
+        # While nobody asks. One may have been on its way.
+        self.assertLess(len(self.lines()) - heard, 2, "nobody hears the clock tick")
         remaining = desktop.status()["remainingSeconds"]
         told = [name for name in self.names() if name.endswith("seconds left")]
         self.assertEqual(len(told), 1, told)
@@ -53,8 +57,6 @@ class AccessibilityTest(unittest.TestCase):
         self.assertIn("Tomcatto, 00:", "\n".join(self.names()), "the pill's words")
         self.assertEqual(desktop.run("reset").returncode, 0)
         desktop.wait_for(lambda: self.notices() == [*expected, planned])
-        renamed = [line for line in self.lines() if "accessible-name" in line and ("s left" in line or "00:" in line)]
-        self.assertLess(len(renamed), 3, "nobody hears the clock tick")
 
     def test_the_widget_follows_the_application_and_says_when_that_is_gone(self):
         desktop = self.desktop

@@ -70,7 +70,7 @@ public:
             for (int row = asked.top(); row <= asked.bottom(); ++row) {
                 uchar *line = pixels.target->scanLine(pixels.origin.y() + row);
                 cover(line + (pixels.origin.x() + asked.left()) * qsizetype{4}, static_cast<size_t>(asked.width()) * 4,
-                      m_colours[row]);
+                      m_colours.at(row));
             }
         }
     }
