@@ -25,7 +25,8 @@ class Display:
     def __enter__(self):
         self.folder = tempfile.mkdtemp(prefix="tomscreen", dir="/dev/shm" if os.path.isdir("/dev/shm") else None)
         read, write = os.pipe()
-        screen = ["-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-fbdir", self.folder]
+        # It begins nothing anew, for then it refuses whoever comes meanwhile.
+        screen = ["-noreset", "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-fbdir", self.folder]
         self.helpers = [subprocess.Popen(["Xvfb", "-displayfd", str(write), *screen], pass_fds=[write],
                                          stderr=subprocess.DEVNULL)]
         os.close(write)

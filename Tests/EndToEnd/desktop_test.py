@@ -19,7 +19,8 @@ class Desktop(Tomcatto):
     def __init__(self):
         super().__init__()
         read, write = os.pipe()
-        self.server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1280x900x24"],
+        # Without "-noreset" it refuses whoever comes while it begins anew, which it does when its last client has gone.
+        self.server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-noreset", "-screen", "0", "1280x900x24"],
                                        pass_fds=[write], stderr=subprocess.DEVNULL)
         os.close(write)
         with os.fdopen(read) as display:

@@ -67,6 +67,8 @@ class Tomcatto:
         return self.process.wait(timeout=60)
 
     def output(self):
+        if not os.path.exists(self.output_path):
+            return "nothing, for it was not started"
         with open(self.output_path, encoding="utf-8", errors="replace") as output:
             return output.read()
 

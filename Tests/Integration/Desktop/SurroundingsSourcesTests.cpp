@@ -84,7 +84,7 @@ struct OtherServer
     ~OtherServer() { qputenv("DISPLAY", display); }
 
     QByteArray display = qgetenv("DISPLAY");
-    SideProgram program{QStringLiteral("Xvfb"), QStringLiteral("-displayfd 1 -nolisten tcp").split(u' ')};
+    SideProgram program{QStringLiteral("Xvfb"), QStringLiteral("-displayfd 1 -noreset -nolisten tcp").split(u' ')};
 };
 
 /// A full-screen window of another client.
