@@ -32,7 +32,10 @@ BreakOverlayController::BreakOverlayController(PomodoroStateMachine &stateMachin
             deliver([this] { phaseChanged(m_stateMachine.currentPhase()); });
     });
     deliver([this, isPending = m_isPending] { pendingChanged(isPending); });
-    m_screensCancellable = m_screens.onChanged([this] { deliver([this] { screensChanged(); }); });
+    m_screensCancellable = m_screens.onChanged([this] {
+        // At once: a turn later the screens that the report is about may be gone, and the overlay with them.
+        screensChanged();
+    });
     connect(&m_timer, &PomodoroTimer::remainingSecondsChanged, this, &BreakOverlayController::updateWarmth);
     connect(&m_stateMachine, &PomodoroStateMachine::isPausedChanged, this, &BreakOverlayController::updateWarmth);
 }

@@ -128,6 +128,18 @@ TEST(BreakOverlayController, DeliversInALaterTurnAndNotToADeadController)
     EXPECT_EQ(overlay.windows.made, 0);
 }
 
+TEST(BreakOverlayController, StaysForScreensThatGoWithTheReportOfTheirComing)
+{
+    Overlay overlay;
+    overlay.finishWork();
+    overlay.screens.plug({u"other"_s});
+    const Cancellable going = overlay.screens.onChanged([&] { overlay.screens.plug({}); });
+    overlay.settle();
+    overlay.screens.plug({u"left"_s});
+    overlay.settle();
+    EXPECT_EQ(overlay.windows.open.size(), 1);
+}
+
 TEST(BreakOverlayController, EscSkipsAndEveryOtherKeyPasses)
 {
     Overlay overlay;
