@@ -78,10 +78,12 @@ class Shortcuts(unittest.TestCase):
         desktop.wait_for(lambda: desktop.status()["phase"] == "shortBreak")
         self.expect_press("Return", lambda status: status["phase"] == "work")
         before = self.planned()
+        subprocess.run(["xset", "r", "on"], env=desktop.outside, check=True)
         desktop.tool("keydown", "ctrl", "keydown", "alt", "keydown", Q)
         # The server begins to repeat it after less than a second.
         time.sleep(1.5)
         desktop.tool("keyup", Q, "keyup", "alt", "keyup", "ctrl")
+        subprocess.run(["xset", "r", "off"], env=desktop.outside, check=True)
         self.assertEqual(self.planned(), before + 300, "a held key acts once")
         self.expect_one_extension()
 

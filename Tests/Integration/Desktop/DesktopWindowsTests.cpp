@@ -42,7 +42,7 @@ TEST(X11ClickMonitorTests, SeesPressesAnywhereWhileSubscribed)
 {
     // A window of another program, which takes its clicks for itself.
     const SideProgram other(QStringLiteral("xev"), QStringLiteral("-geometry 200x200+300+300").split(u' '));
-    QTest::qWait(500);
+    outputOf(QStringLiteral("xdotool"), QStringLiteral("search --sync --onlyvisible --name Tester").split(u' '));
     X11ClickMonitor monitor;
     std::vector<QPoint> places, secondPlaces;
     Cancellable first = monitor.onPressed([&](QPoint place) { places.push_back(place); });
@@ -109,7 +109,7 @@ TEST(CoveringWindowsTests, GivesTheKeyboardToOneOfItsWindowsAndTakesItBack)
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&main) && QTest::qWaitForWindowExposed(&second));
     const auto hasKeyboard = [&main] { return QGuiApplication::focusWindow() == &main; };
     QTest::qWait(300);
-    EXPECT_TRUE(hasKeyboard());
+    EXPECT_TRUE(QTest::qWaitFor(hasKeyboard));
     bool wasLost = false;
     QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, &covering,
                      [&wasLost](const QWindow *focused) { wasLost = wasLost || !focused; });
