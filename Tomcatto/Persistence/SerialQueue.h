@@ -1,7 +1,9 @@
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <QtCore/QThreadPool>
 #include <semaphore>
 
@@ -18,9 +20,24 @@ public:
         m_pool.setMaxThreadCount(1);
         m_pool.setExpiryTimeout(idleThreadMilliseconds);
     }
+    SerialQueue(const SerialQueue &) = delete;
+    SerialQueue &operator=(const SerialQueue &) = delete;
+    ~SerialQueue()
+    {
+        m_pool.waitForDone();
+        // After the last job also for the thread sanitizer, which does not see the pool's own locks.
+        const std::lock_guard turn(m_turn);
+    }
 
     /// Runs `job` later. What was handed over is finished before the queue ends.
-    void async(std::function<void()> job) { m_pool.start(std::move(job)); }
+    void async(std::function<void()> job)
+    {
+        {
+            const std::lock_guard lock(m_handedOver);
+            m_jobs.push_back(std::move(job));
+        }
+        m_pool.start([this] { runNext(); });
+    }
     /// Runs `job` after all jobs handed over before and returns when it is done. Not from within a job.
     void sync(const std::function<void()> &job)
     {
@@ -39,6 +56,24 @@ public:
     }
 
 private:
+    void runNext()
+    {
+        const std::lock_guard turn(m_turn);
+        const auto job = take();
+        job();
+    }
+    [[nodiscard]] std::function<void()> take()
+    {
+        const std::lock_guard lock(m_handedOver);
+        auto job = std::move(m_jobs.front());
+        m_jobs.pop_front();
+        return job;
+    }
+
+    // Held while a job runs, and until it is gone.
+    std::mutex m_turn;
+    std::mutex m_handedOver;
+    std::deque<std::function<void()>> m_jobs;
     QThreadPool m_pool;
 };
 

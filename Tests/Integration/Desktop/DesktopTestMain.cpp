@@ -9,7 +9,8 @@ bool startServer(QProcess &server)
 {
     // It ends with this process, however this one ends.
     server.start(QStringLiteral("setpriv"),
-                 QStringLiteral("--pdeathsig KILL Xvfb -displayfd 1 -noreset -r -screen 0 1280x800x24 -nolisten tcp").split(u' '));
+                 QStringLiteral("--pdeathsig KILL Xvfb -displayfd 1 -noreset -r -screen 0 1280x800x24 -nolisten tcp")
+                     .split(u' '));
     if (!server.waitForReadyRead())
         return false;
     qputenv("DISPLAY", ':' + server.readLine().trimmed());

@@ -63,8 +63,9 @@ void DialogDesk::show(const QJsonObject &request)
     ToolkitDialog made = makeToolkitDialog(request);
     m_dialog = std::move(made.dialog);
     // Once: a second press that was on its way finishes it again.
-    connect(m_dialog.get(), &QDialog::finished, this, [this, answerOf = std::move(made.answer)] { end(answerOf()); },
-            Qt::SingleShotConnection);
+    connect(
+        m_dialog.get(), &QDialog::finished, this, [this, answerOf = std::move(made.answer)] { end(answerOf()); },
+        Qt::SingleShotConnection);
     putInFront(*m_dialog, request.value(dialogKey::windowBehind).toString().toULongLong());
     m_dialog->show();
     m_dialog->raise();
