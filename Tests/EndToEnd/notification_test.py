@@ -48,6 +48,7 @@ class NotificationTest(unittest.TestCase):
         subprocess.run(["dunstctl", "close-all"], env=self.desktop.outside, check=True)
 
     def press_banner(self):
+        self.desktop.wait_for(lambda: self.desktop.windows("Dunst"))
         self.desktop.tool("mousemove", "--window", self.desktop.windows("Dunst")[0], "20", "10", "click", "1")
 
     def test_buttons_and_clicks_reach_the_timer_and_the_windows(self):

@@ -43,7 +43,7 @@ class Session(unittest.TestCase):
         desktop.run("start")
         desktop.run("skip")
         desktop.wait_for(lambda: desktop.is_focused("Short break"))
-        desktop.wait_for(lambda: self.geometry(desktop.windows("Short break")[0]) == SCREEN)
+        desktop.wait_for(lambda: [self.geometry(window) for window in desktop.windows("Short break")] == [SCREEN])
         desktop.press("Escape")
         desktop.wait_for(lambda: desktop.status()["phase"] == "work")
         refused = desktop.run("settings", "set", "launchAtLogin", "true")

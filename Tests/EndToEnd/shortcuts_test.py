@@ -126,6 +126,14 @@ class Shortcuts(unittest.TestCase):
         desktop.press("space", "Escape")
         self.expect_press(SPACE, lambda status: status["phase"] == "work")
         self.expect_one_extension()
+        desktop.press("space")
+        # Down until it is held from anywhere; only the page's window hears of its release.
+        desktop.tool("keydown", "ctrl", "keydown", "alt", "keydown", E)
+        self.wait_for_line("extend\tcontrol+alt+e\t⌃⌥E")
+        desktop.tool("keyup", E, "keyup", "alt", "keyup", "ctrl")
+        time.sleep(0.2)
+        before = self.planned()
+        self.expect_press(E, lambda status: status["plannedSeconds"] == before + 300)
         self.assertEqual(desktop.end(), 0, desktop.output())
         self.assertNotIn("TypeError", desktop.output())
 

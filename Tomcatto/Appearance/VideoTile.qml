@@ -41,7 +41,10 @@ PressButton {
     Accessible.description: caption
     Accessible.checkable: present
     Accessible.checked: checked
-    Keys.onDeletePressed: if (deletable) deleteRequested()
+    Keys.onDeletePressed: event => {
+        if (deletable && !event.isAutoRepeat)
+            deleteRequested()
+    }
 
     HoverHandler {
         id: hover

@@ -41,7 +41,11 @@ FocusScope {
     Accessible.name: spoken
     Keys.onUpPressed: moved(-1)
     Keys.onDownPressed: moved(1)
-    Keys.onDeletePressed: removed(phaseId, true)
+    // Held, it would empty the list.
+    Keys.onDeletePressed: event => {
+        if (!event.isAutoRepeat)
+            removed(phaseId, true)
+    }
 
     component Words: ThemedText {
         height: row.lineHeight

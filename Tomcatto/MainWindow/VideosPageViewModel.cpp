@@ -287,10 +287,14 @@ void VideosPageViewModel::remove(const QString &id)
 {
     clearErrors();
     const auto video = m_repository.video(QUuid::fromString(id));
-    if (!video)
+    if (!video || m_removing.contains(id))
         return;
-    m_commands.remove(id, [self = QPointer(this), video = *video](const Result &result) {
-        if (!self || !self->m_isShown)
+    m_removing.insert(id);
+    m_commands.remove(id, [self = QPointer(this), id, video = *video](const Result &result) {
+        if (!self)
+            return;
+        self->m_removing.remove(id);
+        if (!self->m_isShown)
             return;
         if (!result) {
             self->reporter(video.displayName)(result);

@@ -130,6 +130,8 @@ private:
     QStringList m_errors;
     /// The files that are being looked into.
     QSet<QString> m_adding;
+    /// By id, until the removal is stored.
+    QSet<QString> m_removing;
     std::optional<UserVideo> m_deleted;
 };
 

@@ -98,8 +98,12 @@ void SessionLogViewModel::openForm()
 
 void SessionLogViewModel::remove(const QString &id)
 {
+    const QUuid uuid = QUuid::fromString(id);
+    // Asked twice before the row had left the view: it can still be brought back.
+    if (m_removed && m_removed->id == uuid)
+        return;
     m_removed.reset();
-    const auto removed = m_editor.remove(QUuid::fromString(id));
+    const auto removed = m_editor.remove(uuid);
     if (!removed)
         return report(removed.error());
     // Nothing where another process was faster; the rows follow the history by themselves.

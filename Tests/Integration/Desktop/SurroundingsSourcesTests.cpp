@@ -87,20 +87,29 @@ struct OtherServer
     SideProgram program{QStringLiteral("Xvfb"), QStringLiteral("-displayfd 1 -noreset -nolisten tcp").split(u' ')};
 };
 
-/// A full-screen window of another client.
+/// A window of another client: a full-screen one, or an ordinary one of this application's class.
 struct OtherWindow
 {
-    OtherWindow()
+    explicit OtherWindow(bool isFullScreen)
     {
         xcb_connection_t *const connection = access.connection();
         const X11Display display(connection);
         xcb_create_window(connection, 0, id, display.root(), 0, 0, 9, 9, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, 0, 0,
                           nullptr);
         const xcb_atom_t state = display.atom("_NET_WM_STATE_FULLSCREEN");
-        xcb_change_property(connection, XCB_PROP_MODE_REPLACE, id, display.atom("_NET_WM_STATE"), XCB_ATOM_ATOM, 32, 1,
-                            &state);
+        const QByteArray texts = QByteArray("other") + '\0' + QCoreApplication::applicationName().toUtf8() + '\0';
+        if (isFullScreen)
+            xcb_change_property(connection, XCB_PROP_MODE_REPLACE, id, display.atom("_NET_WM_STATE"), XCB_ATOM_ATOM, 32,
+                                1, &state);
+        else
+            xcb_change_property(connection, XCB_PROP_MODE_REPLACE, id, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 8,
+                                static_cast<uint32_t>(texts.size()), texts.constData());
         xcb_map_window(connection, id);
         xcb_flush(connection);
+    }
+    [[nodiscard]] bool isActive() const
+    {
+        return outputOf(QStringLiteral("xdotool"), {QStringLiteral("getactivewindow")}).toUInt() == id;
     }
 
     X11Access access;
@@ -236,8 +245,10 @@ TEST(X11FullScreenTests, IsOfAnotherProgramAndOutlivesALookAtOwnWindows)
     activateOwn();
     EXPECT_EQ(told.facts.back(), no);
     {
-        const OtherWindow other;
+        const OtherWindow other(true);
         EXPECT_TRUE(told.becomes(yes));
+        const OtherWindow companions(false);
+        EXPECT_TRUE(QTest::qWaitFor([&companions] { return companions.isActive(); }));
         activateOwn();
         own.close();
         EXPECT_THAT(told.facts, ElementsAre(no, yes));

@@ -50,10 +50,10 @@ std::vector<std::unique_ptr<TrayIcon>> makeTrays(const DesktopAppearance &appear
     return trays;
 }
 
-std::unique_ptr<HotKeys> makeHotKeys()
+std::unique_ptr<HotKeys> makeHotKeys(MainRunLoop &runLoop)
 {
     if (X11Display().isValid())
-        return std::make_unique<X11HotKeys>();
+        return std::make_unique<X11HotKeys>(runLoop);
     return std::make_unique<PortalHotKeys>(QDBusConnection::sessionBus());
 }
 
@@ -62,8 +62,8 @@ struct ServiceAdapters
     X11WindowSystem windowSystem;
     DesktopSystemSettings systemSettings{DesktopSystemSettings::currentDesktops(), AutostartLoginItem::userFolder()};
     FreedesktopNotificationProbe notificationProbe{QDBusConnection::sessionBus()};
-    std::unique_ptr<HotKeys> hotKeys = makeHotKeys();
     QtMainRunLoop runLoop;
+    std::unique_ptr<HotKeys> hotKeys = makeHotKeys(runLoop);
     DesktopAppearance appearance;
     AppearancePortal portal{QDBusConnection::sessionBus(), appearance};
     DialogSurroundings dialogs{dialogsProgram(), runLoop, appearance};

@@ -1,7 +1,7 @@
 #include "Platform/X11/X11FullScreen.h"
 
 #include <algorithm>
-#include <span>
+#include <QtCore/QCoreApplication>
 
 namespace tomcatto {
 
@@ -27,14 +27,18 @@ xcb_window_t windowIn(const X11Display &display, xcb_window_t window, xcb_atom_t
     return items.empty() ? static_cast<xcb_window_t>(XCB_WINDOW_NONE) : items.front();
 }
 
-/// Whether the toolkit made the window: the server gives each connection its own numbers.
-bool isOwn(xcb_window_t window)
+/// Whether this process or another of the application made the window: its class is the application's name.
+bool isOwn(const X11Display &display, xcb_window_t window)
 {
-    const X11Display toolkit;
-    if (!toolkit.isValid())
+    constexpr uint32_t most = 64;
+    const auto request = xcb_get_property(display.connection(), 0, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 0, most);
+    const X11Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(display.connection(), request, nullptr));
+    if (!reply)
         return false;
-    const auto *const setup = xcb_get_setup(toolkit.connection());
-    return (window & ~setup->resource_id_mask) == setup->resource_id_base;
+    const QByteArray texts(static_cast<const char *>(xcb_get_property_value(reply.get())),
+                           xcb_get_property_value_length(reply.get()));
+    // The name of the instance stands before it. The toolkit makes its first letter a capital.
+    return texts.split('\0').value(1).compare(QCoreApplication::applicationName().toUtf8(), Qt::CaseInsensitive) == 0;
 }
 
 }
@@ -84,7 +88,7 @@ Fact X11FullScreen::presentFact()
     if (managersWindow() == XCB_WINDOW_NONE)
         return Fact::untold;
     const xcb_window_t active = windowIn(display, display.root(), m_atoms.active);
-    if (active != m_window && !isOwn(active)) {
+    if (active != m_window && !isOwn(display, active)) {
         follow(m_window, XCB_EVENT_MASK_NO_EVENT);
         m_window = active;
         follow(m_window, followedEvents);

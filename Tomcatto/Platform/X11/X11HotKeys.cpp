@@ -19,6 +19,8 @@ constexpr int accessError = XCB_ACCESS;
 constexpr uint8_t newKeyboard = 0;
 constexpr uint8_t newMap = 1;
 
+constexpr std::chrono::milliseconds releaseInterval{50};
+
 xcb_extension_t keyboardExtension{"XKEYBOARD", 0};
 
 std::vector<xcb_window_t> rootsOf(xcb_connection_t *connection)
@@ -31,7 +33,8 @@ std::vector<xcb_window_t> rootsOf(xcb_connection_t *connection)
 
 }
 
-X11HotKeys::X11HotKeys()
+X11HotKeys::X11HotKeys(MainRunLoop &runLoop)
+    : m_runLoop(runLoop)
 {
     if (!m_display.isValid())
         return;
@@ -71,6 +74,8 @@ std::expected<Cancellable, int> X11HotKeys::registerHotKey(const HotKeyRequest &
     // Held since before, as right after it was recorded: the keyboard goes on repeating it.
     held.isDown = isDown(held);
     m_held.push_back(held);
+    if (held.isDown)
+        awaitRelease();
     return Cancellable([self = QPointer(this), identifier = request.identifier] {
         if (self)
             self->unregister(identifier);
@@ -130,6 +135,18 @@ bool X11HotKeys::isDown(const Held &held) const
     // The key alone may be down for another reason, and its release may go elsewhere: Return, say, after a command.
     return keys && state && m_keyboard.withoutLocks(state->mask) == held.mask &&
            (keys->keys[held.key / bitsPerByte] & (1U << (held.key % bitsPerByte))) != 0;
+}
+
+/// The release of one that was down when it was taken may be told only to the window that has the keyboard, which
+/// another process may have made.
+void X11HotKeys::awaitRelease()
+{
+    m_release = m_runLoop.after(releaseInterval, [this] {
+        for (Held &held : m_held)
+            held.isDown = held.isDown && isDown(held);
+        if (std::ranges::any_of(m_held, &Held::isDown))
+            awaitRelease();
+    });
 }
 
 bool X11HotKeys::nativeEventFilter(const QByteArray &eventType, void *message, qintptr * /*result*/)

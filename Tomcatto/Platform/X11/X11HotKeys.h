@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/Ports/HotKeys.h"
+#include "Platform/Ports/MainRunLoop.h"
 #include "Platform/X11/X11KeyboardState.h"
 
 #include <QtCore/QAbstractNativeEventFilter>
@@ -16,7 +17,8 @@ class X11HotKeys final : public QObject, public HotKeys, private QAbstractNative
     Q_OBJECT
 
 public:
-    X11HotKeys();
+    /// @param runLoop outlives this
+    explicit X11HotKeys(MainRunLoop &runLoop);
     ~X11HotKeys() override;
 
     [[nodiscard]] HotKeySupport support() const override;
@@ -50,7 +52,9 @@ private:
     void unregister(HotKeyIdentifier identifier);
     void tellLater(std::function<void(HotKeysDelegate &)> action);
     [[nodiscard]] bool isDown(const Held &held) const;
+    void awaitRelease();
 
+    MainRunLoop &m_runLoop;
     X11Display m_display;
     std::vector<xcb_window_t> m_roots;
     X11KeyboardState m_keyboard;
@@ -58,6 +62,7 @@ private:
     uint8_t m_keyboardEvent = 0;
     std::vector<Held> m_held;
     HotKeysDelegate *m_delegate = nullptr;
+    Cancellable m_release;
     bool m_isChangeNoted = false;
 };
 
