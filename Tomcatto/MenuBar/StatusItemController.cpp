@@ -10,6 +10,8 @@
 #include <cmath>
 #include <numbers>
 #include <QtGui/QCursor>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QStyleHints>
 
 namespace tomcatto {
 namespace {
@@ -181,7 +183,8 @@ void StatusItemController::updateContentSize()
 void StatusItemController::togglePopover(std::optional<QRect> item)
 {
     if (m_popover.isShown()) {
-        m_popover.performClose();
+        if (!hasJustOpened())
+            m_popover.performClose();
         return;
     }
     const auto noReopeningUntil = std::exchange(m_noReopeningUntilNanoseconds, std::nullopt);
@@ -206,12 +209,27 @@ bool StatusItemController::present(std::optional<QRect> item)
     const bool wasShown = m_popover.isShown();
     if (!m_popover.show(item) || wasShown)
         return wasShown;
+    m_openedNanoseconds = m_services.monotonicClock.nowNanoseconds();
+    awaitDismissal();
+    return true;
+}
+
+void StatusItemController::awaitDismissal()
+{
+    // One that has asked does not ask again.
+    m_focusDismissal.reset();
     ViewWindow &window = *m_popover.window();
     m_focusDismissal = std::make_unique<quillbay::PopoverFocusDismissal>(window.view(), m_clickMonitor,
                                                                          m_services.runLoop, [this] { dismiss(); });
     connect(&window, &ViewWindow::activeChanged, m_focusDismissal.get(),
             &quillbay::PopoverFocusDismissal::activeChanged);
-    return true;
+}
+
+bool StatusItemController::hasJustOpened() const
+{
+    const std::chrono::milliseconds longest(QGuiApplication::styleHints()->mouseDoubleClickInterval());
+    const std::chrono::nanoseconds since(m_services.monotonicClock.nowNanoseconds() - m_openedNanoseconds);
+    return since < longest;
 }
 
 void StatusItemController::dismiss()
@@ -221,6 +239,11 @@ void StatusItemController::dismiss()
     if (item && item->isEmpty())
         item = item->marginsAdded({iconReach, iconReach, iconReach, iconReach});
     const bool isOnItem = item && item->contains(QCursor::pos());
+    if (isOnItem && hasJustOpened()) {
+        m_popover.show(item);
+        awaitDismissal();
+        return;
+    }
     m_noReopeningUntilNanoseconds =
         m_services.monotonicClock.nowNanoseconds() + (isOnItem ? heldPressNanoseconds : dismissalNanoseconds);
     m_popover.performClose();

@@ -72,6 +72,9 @@ private:
     void popoverWillShow();
     void popoverDidClose();
     bool present(std::optional<QRect> item);
+    void awaitDismissal();
+    /// Whether a press on the item may be the rest of a double click, whose first half opened the panel.
+    [[nodiscard]] bool hasJustOpened() const;
     void dismiss();
     [[nodiscard]] TrayMenu currentMenu() const;
     void choose(const TrayMenuCommand &command);
@@ -103,6 +106,7 @@ private:
     Cancellable m_breathing;
     int m_breathStep = 0;
     bool m_isPillWanted = false;
+    quint64 m_openedNanoseconds = 0;
     /// Set when a click elsewhere closed the panel: the same click may go on to the item.
     std::optional<quint64> m_noReopeningUntilNanoseconds;
 };
