@@ -24,7 +24,9 @@ void BreakOverlayModel::start()
 
 void BreakOverlayModel::extend()
 {
-    m_services.stateMachine.extend(extensionSeconds);
+    // A window that fades away still takes a click; the focus phase is none of its business.
+    if (isBreak(m_services.stateMachine.currentPhase()))
+        m_services.stateMachine.extend(extensionSeconds);
 }
 
 QString BreakOverlayModel::text(const char *part) const

@@ -41,8 +41,10 @@ TEST(BreakOverlayModel, ShowsTheBreakAndDrivesTheStateMachine)
 
     // Work begins while the window fades: it keeps what it showed.
     models.machine.skip();
+    model.extend();
     EXPECT_EQ(model.time(), u"08:18"_s);
     EXPECT_EQ(model.title(), u"Short break"_s);
+    EXPECT_EQ(models.machine.currentPlannedSeconds(), 1500);
 
     models.settings.setAutoStartBreaks(false);
     models.pass(1500s);
