@@ -14,10 +14,11 @@ PopoverFocusDismissal::PopoverFocusDismissal(tomcatto::HostedView &popover, tomc
 
 void PopoverFocusDismissal::activeChanged()
 {
+    m_lost.cancel();
     if (m_popover.isActive())
         m_wasActive = true;
     else if (m_wasActive)
-        ask();
+        m_lost = m_runLoop.after(patience, [this] { ask(); });
 }
 
 void PopoverFocusDismissal::pressed(QPoint place)

@@ -289,5 +289,24 @@ TEST(StatusItemController, AClickElsewhereClosesAndTheSameClickDoesNotReopen)
     EXPECT_TRUE(test.controller.isPopoverShown()) << "the press before was for the menu";
 }
 
+TEST(StatusItemController, ClosesOnceTheKeyboardHasLeftForGood)
+{
+    Item test;
+    test.controller.showPopover();
+    QWindow *const panel = QGuiApplication::topLevelWindows().first();
+    QWindow other;
+    other.show();
+    const auto turnTo = [&test](QWindow &window, std::chrono::milliseconds span) {
+        window.requestActivate();
+        QCoreApplication::processEvents();
+        test.pass(span);
+        return test.controller.isPopoverShown();
+    };
+    EXPECT_TRUE(turnTo(*panel, 1s));
+    EXPECT_TRUE(turnTo(other, 200ms));
+    EXPECT_TRUE(turnTo(*panel, 1s));
+    EXPECT_FALSE(turnTo(other, 300ms));
+}
+
 }
 }
