@@ -19,7 +19,7 @@ class Desktop(Tomcatto):
     def __init__(self):
         super().__init__()
         read, write = os.pipe()
-        # Without "-noreset" it refuses whoever comes while it begins anew, which it does when its last client has gone.
+        # Without "-noreset" it begins anew when its last client has gone, and refuses others meanwhile.
         # Without "-r" a key is pressed again and again while the machine is too busy to let go of it.
         self.server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-noreset", "-r", "-screen", "0", "1280x900x24"],
                                        pass_fds=[write], stderr=subprocess.DEVNULL)

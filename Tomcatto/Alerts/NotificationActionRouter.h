@@ -35,7 +35,7 @@ struct NotificationRouteState
 /// the notification itself always opens the application.
 namespace NotificationActionRouter {
 
-/// @param token the phase that the notification was about; nothing where it does not say
+/// @param token the phase that the notification was about; `nullopt` if it does not say
 [[nodiscard]] NotificationRouteDecision decision(const QString &actionIdentifier, const std::optional<QString> &token,
                                                  const NotificationRouteState &state);
 

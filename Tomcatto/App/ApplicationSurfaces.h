@@ -6,8 +6,8 @@
 
 namespace tomcatto {
 
-/// What is seen of the application. The delegate calls these in the order of the start; a front end does nothing where
-/// it has nothing of the kind. Main thread only.
+/// What is seen of the application. The delegate calls these in the order of the start; a front end does nothing if it
+/// has nothing of the kind. Main thread only.
 class ApplicationSurfaces
 {
 public:
@@ -41,7 +41,7 @@ struct SurfaceParts
 /// A way in which the application shows itself.
 struct FrontEnd
 {
-    /// What is answered to whoever starts the application again.
+    /// The answer to a second start of the application.
     QString runningMessage;
     /// Makes the surfaces, with their commands in the application's table.
     std::function<std::unique_ptr<ApplicationSurfaces>(const SurfaceParts &)> makeSurfaces;

@@ -4,7 +4,7 @@
 
 namespace tomcatto {
 
-/// A bar on standard output that shows how far something is; nothing where that is not a terminal.
+/// A bar on standard output that shows how far something is; it writes only to a terminal.
 class ProgressBar final
 {
 public:

@@ -44,7 +44,7 @@ struct PlatformServices
     QString widgetSnapshotFile;
     /// The folder with the videos that ship with the application; it may be missing.
     QString bundledVideosDirectory;
-    /// The address of the remote library's manifest; nothing where there is no library.
+    /// The address of the remote library's manifest; not set without a library.
     std::optional<QString> remoteManifestUrl = std::nullopt;
     /// Missing without a desktop.
     const DesktopServices *desktop = nullptr;

@@ -4,8 +4,8 @@ import QtQuick
 import Tomcatto.Appearance
 import Tomcatto.MainWindow
 
-/// The remote library on the page of videos: what was last checked, and a tile for each of its videos. Nothing where
-/// there is none.
+/// The remote library on the page of videos: what was last checked, and a tile for each of its videos. Empty if
+/// there is no library.
 Column {
     id: root
 

@@ -30,7 +30,7 @@ public:
               MainRunLoop &runLoop, const Surroundings &surroundings);
     ~BreakHold() override;
 
-    /// Why the break that is pending waits; nothing where none is held back.
+    /// Why the break that is pending waits; `nullopt` while none is held back.
     [[nodiscard]] std::optional<HoldReason> heldBy() const noexcept { return m_heldBy; }
 
 Q_SIGNALS:

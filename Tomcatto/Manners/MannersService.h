@@ -23,7 +23,7 @@ public:
         UserDefaults &defaults;
         WallClock &wallClock;
         MainRunLoop &runLoop;
-        /// Nothing where there is no desktop.
+        /// Not set without a desktop.
         std::optional<Surroundings> surroundings;
     };
 
@@ -32,7 +32,7 @@ public:
     [[nodiscard]] MannersSettings &settings() noexcept { return m_settings; }
     [[nodiscard]] const MannersSettings &settings() const noexcept { return m_settings; }
 
-    /// Why the break that is pending waits; nothing where none is held back.
+    /// Why the break that is pending waits; `nullopt` while none is held back.
     [[nodiscard]] std::optional<HoldReason> heldBy() const noexcept { return m_hold ? m_hold->heldBy() : std::nullopt; }
     /// Since when the person was away, from their return until the paused focus phase goes on or ends.
     [[nodiscard]] std::optional<Date> awaySince() const { return m_away ? m_away->awaySince() : std::nullopt; }

@@ -14,7 +14,7 @@ public:
     /// What they stand on; everything outlives them.
     struct Surroundings
     {
-        /// The address of the manifest; nothing where there is no library.
+        /// The address of the manifest; not set without a library.
         std::optional<QString> manifestUrl;
         HttpSession &httpSession;
         UserDefaults &defaults;

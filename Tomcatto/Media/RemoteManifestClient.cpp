@@ -148,7 +148,7 @@ std::optional<Fetched> readCachedManifest(const QString &cacheFile, const Logger
     // Opening a pipe would wait for a writer.
     if (!info.isFile() || !file.open(QIODevice::ReadOnly)) {
         logger.error(QStringLiteral("manifest cache read failed: ") +
-                     (info.isFile() ? file.errorString() : QStringLiteral("it is no file")));
+                     (info.isFile() ? file.errorString() : QStringLiteral("it is not a file")));
         return std::nullopt;
     }
     auto manifest = decodedManifest(file.read(largestManifest));

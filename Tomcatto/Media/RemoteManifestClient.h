@@ -28,7 +28,7 @@ public:
     };
     using Result = std::expected<Fetched, RemoteManifestClientError>;
 
-    /// @param manifestUrlString the manifest's address; nothing where there is no library. @param session outlives the
+    /// @param manifestUrlString the manifest's address; `nullopt` without a library. @param session outlives the
     /// client. @param cacheFile the file "manifest.json"
     RemoteManifestClient(std::optional<QString> manifestUrlString, HttpSession &session, QString cacheFile,
                          QObject *parent = nullptr);
@@ -39,7 +39,7 @@ public:
     /// The server's manifest; the copy on disk where the server is not reached or answers with an error. Called again
     /// once it is over.
     [[nodiscard]] QCoro::Task<Result> fetchManifest();
-    /// The copy on disk; nothing where there is none that can be read.
+    /// The copy on disk; `nullopt` if there is none that can be read.
     [[nodiscard]] QCoro::Task<std::optional<Fetched>> cachedManifest();
 
 private:
@@ -54,7 +54,7 @@ private:
     SerialQueue m_queue;
 };
 
-/// Reads the copy of a manifest that is on disk. Blocking; any thread. @return nothing where there is none; what cannot
+/// Reads the copy of a manifest that is on disk. Blocking; any thread. @return `nullopt` if there is none; what cannot
 /// be read is logged
 [[nodiscard]] std::optional<RemoteManifestClient::Fetched> readCachedManifest(const QString &cacheFile,
                                                                               const Logger &logger);

@@ -21,7 +21,7 @@ bool isTrusted(const QString &address)
 QString refusal(const RemoteVideoEntry &entry, const QSet<QString> &taken)
 {
     if (!isPlainFileName(entry.id))
-        return QStringLiteral("its identifier is no file name");
+        return QStringLiteral("its identifier is not a file name");
     if (taken.contains(entry.id))
         return QStringLiteral("its identifier is there already");
     if (!isTrusted(entry.video.url))

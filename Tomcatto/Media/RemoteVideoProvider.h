@@ -49,8 +49,8 @@ public:
     [[nodiscard]] std::optional<Date> lastSuccessfulRefresh() const noexcept { return m_lastSuccessfulRefresh; }
     /// When the list that is shown came from the server; nothing while there is none.
     [[nodiscard]] std::optional<Date> listDate() const noexcept { return m_listDate; }
-    /// Why the list that is shown is a former one, although the last refresh went well; nothing where it is the
-    /// server's.
+    /// Why the list that is shown is a former one, although the last refresh went well; `nullopt` if it is
+    /// the server's.
     [[nodiscard]] std::optional<RemoteManifestClientError> offlineReason() const noexcept { return m_offlineReason; }
 
     /// Clears away what was left behind by force, then refreshes. Once.

@@ -62,8 +62,8 @@ QString description(VideoFileError error, const QString &path)
                                "\"%1\" is a pipe or a device, not a video.",
                                "\"%1\" cannot be read.",
                                "\"%1\" is empty.",
-                               "\"%1\" is no video: its format is unknown or damaged.",
-                               "\"%1\" is no video: it has no picture that can be shown.",
+                               "\"%1\" is not a video: its format is unknown or damaged.",
+                               "\"%1\" is not a video: it has no picture that can be shown.",
                                "\"%1\" takes too long to read."};
     return textOf(texts, error).arg(path);
 }

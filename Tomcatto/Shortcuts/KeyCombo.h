@@ -23,7 +23,7 @@ struct KeyCombo
 
 /// An object with the members "keyCode" and "modifierFlags", both whole numbers.
 [[nodiscard]] nlohmann::ordered_json encoded(const KeyCombo &combo);
-/// Nothing where it is not such an object; further members do not matter.
+/// `nullopt` if it is not such an object; further members do not matter.
 [[nodiscard]] std::optional<KeyCombo> decodedKeyCombo(const nlohmann::ordered_json &object);
 
 }

@@ -52,7 +52,7 @@ std::optional<KeyModifier> modifierOf(const QString &word)
     return std::nullopt;
 }
 
-/// Takes a modifier off the beginning; nothing where a key stands there.
+/// Takes a modifier off the beginning; `nullopt` if a key stands there.
 std::optional<KeyModifier> takeModifier(QString &text)
 {
     for (const NamedModifier &modifier : modifiers) {

@@ -20,7 +20,7 @@ public:
     /// A combination in words, such as "control+alt+space", in no language: what is read back gives the same one.
     [[nodiscard]] static QString words(const KeyCombo &combo);
     /// Reads a combination: modifiers as words (control, alt or option, shift, super or command, and their short forms)
-    /// or as symbols, then one key; "+" between them, where there are no symbols. Nothing where it is not one.
+    /// or as symbols, then one key; "+" between them, where there are no symbols. `nullopt` for anything else.
     [[nodiscard]] static std::optional<KeyCombo> parsed(const QString &text);
 };
 

@@ -94,7 +94,7 @@ std::expected<EndedPhase, AddRefusal> HistoryEditor::checkedOutsideStore(Date st
                            .plannedSeconds = length.count(),
                            .actualSeconds = length.count(),
                            .wasCompleted = true};
-    // A start that is no moment at all is not before now either.
+    // A start that is not a number is not before now either.
     if (!(phase.endedAt <= m_wallClock.now()) || !Calendar::reaches(start))
         return std::unexpected(AddRefusal{.reason = Reason::future});
     if (const auto unrecorded = m_unrecordedPhase(); unrecorded && overlaps(phase, *unrecorded))

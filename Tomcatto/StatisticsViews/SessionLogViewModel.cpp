@@ -106,7 +106,7 @@ void SessionLogViewModel::remove(const QString &id)
     const auto removed = m_editor.remove(uuid);
     if (!removed)
         return report(removed.error());
-    // Nothing where another process was faster; the rows follow the history by themselves.
+    // Not set if another process was faster; the rows follow the history by themselves.
     const std::optional<PomodoroSessionRecord> &record = *removed;
     if (!record)
         return forget();

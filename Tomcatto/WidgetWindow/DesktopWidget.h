@@ -25,7 +25,7 @@ public:
     ~DesktopWidget() override;
 
     [[nodiscard]] const QString &spokenText() const noexcept { return m_content.spoken; }
-    /// Somebody asked for a widget once more. @param size nothing where any will do
+    /// Somebody asked for a widget once more. @param size `nullopt` if any will do
     void present(std::optional<WidgetSize> size);
 
 Q_SIGNALS:

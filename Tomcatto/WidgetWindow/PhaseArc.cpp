@@ -42,7 +42,7 @@ std::optional<double> PhaseArc::length(const Seen &seen, const WidgetSnapshot &n
     if (!m_length || !seen.left)
         return std::nullopt;
     const double expected = *seen.left - (isCounting(before) ? uptime - seen.uptime : 0);
-    // The countdown ran out unnoticed: whoever wrote the file was not there any more.
+    // The countdown ran out unnoticed: the program that wrote the file has ended.
     if (!before.isOverflowing && !next.isOverflowing && expected < -jitterSeconds)
         return std::nullopt;
     const double jump = left - expected;

@@ -14,11 +14,11 @@ namespace tomcatto {
 class PhaseArc final
 {
 public:
-    /// Takes the next snapshot as it comes; nothing where there is none.
+    /// Takes the next snapshot as it comes, `nullopt` if there is none.
     /// @param now when it came, on the wall clock, which may jump
     /// @param uptime the same, as seconds that only ever grow
     void follow(const std::optional<WidgetSnapshot> &snapshot, Date now, double uptime);
-    /// The part of the phase that has passed, 0 to 1; nothing where the length is not known.
+    /// The part of the phase that has passed, 0 to 1; `nullopt` while the length is not known.
     [[nodiscard]] std::optional<double> progress(double secondsLeft) const;
 
 private:

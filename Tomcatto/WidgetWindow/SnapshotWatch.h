@@ -12,7 +12,7 @@ public:
     /// @param path the snapshot's file; it and its folders may be missing
     SnapshotWatch(QString path, FileWatch &fileWatch, std::function<void()> changed);
 
-    /// What was read last; nothing where the file is missing or is not a snapshot.
+    /// What was read last; `nullopt` if the file is missing or not a snapshot.
     [[nodiscard]] const std::optional<WidgetSnapshot> &snapshot() const noexcept { return m_snapshot; }
     /// Reads the file now.
     void read();

@@ -11,7 +11,7 @@ namespace tomcatto {
 
 namespace {
 
-/// Whoever runs the timer goes on past the end at once; this long it may take to say so.
+/// The program goes on past the end at once, but may take this long to say so.
 constexpr Seconds graceTime{5};
 
 /// Puts the content of one snapshot together.

@@ -75,7 +75,7 @@ struct WidgetContent
 };
 
 /// The content of one moment.
-/// @param snapshot nothing where there is none that can be read
+/// @param snapshot `nullopt` if there is none that can be read
 /// @param calendar of the person who looks
 [[nodiscard]] WidgetContent widgetContent(const std::optional<WidgetSnapshot> &snapshot, const PhaseArc &arc, Date now,
                                           const Calendar &calendar, const LocalizedStrings &strings);

@@ -11,7 +11,7 @@ from sound import mix
 from stage import HEIGHT, WIDTH
 
 # x264's rate factor. It is low, and the first frame is the only key frame, so that the step from the last frame to the
-# first is no larger than those within the clip: a key frame sets everything right at once, which can be seen.
+# first is not larger than those within the clip: a key frame sets everything right at once, which can be seen.
 QUALITY = 18
 
 # What a break costs is mostly decoding. Two thirds of each picture stand still, and a decoder is done with them soonest

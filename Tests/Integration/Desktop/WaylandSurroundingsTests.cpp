@@ -39,7 +39,7 @@ public:
     MockCompositor &operator=(const MockCompositor &) = delete;
 
     void flush() { wl_display_flush_clients(m_display); }
-    /// The resource of whoever binds it becomes `bound`.
+    /// The resource of the client that binds it becomes `bound`.
     void offer(const wl_interface &interface, int version, const void *implementation)
     {
         m_offers.push_back(std::make_unique<Offer>(*this, interface, implementation));

@@ -80,7 +80,7 @@ TEST_F(Calls, AreToldOfMicrophonesAloneAndOfEveryServerThatComes)
     record(m_recorder, "microphone");
     EXPECT_TRUE(isTold({untold, no, yes}));
     stop(m_recorder);
-    EXPECT_TRUE(isTold({untold, no, yes, no})) << "what is played is no call";
+    EXPECT_TRUE(isTold({untold, no, yes, no})) << "what is played is not a call";
     record(m_recorder, "microphone");
     EXPECT_TRUE(isTold({untold, no, yes, no, yes}));
     stop(m_server);

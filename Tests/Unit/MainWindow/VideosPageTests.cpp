@@ -56,8 +56,8 @@ TEST_F(VideosPageTest, RefusesWhatIsNoVideoAndSaysWhy)
     const QUrl folder = QUrl::fromLocalFile(world.library.folder.path());
     const QString folderName = QFileInfo(folder.path()).fileName();
     for (const auto &[file, text] :
-         {std::pair{makeFile("text.mp4", "text"), QStringLiteral("“text.mp4” is no video.")},
-          {makeFile("sound.mp4", "sound"), QStringLiteral("“sound.mp4” is no video: it has no picture.")},
+         {std::pair{makeFile("text.mp4", "text"), QStringLiteral("“text.mp4” is not a video.")},
+          {makeFile("sound.mp4", "sound"), QStringLiteral("“sound.mp4” is not a video: it has no picture.")},
           {makeFile("empty.mp4", ""), QStringLiteral("“empty.mp4” is empty.")},
           {folder, QStringLiteral("“%1” is a folder, not a video.").arg(folderName)},
           {QUrl(folder.toString() + QLatin1Char('/')),

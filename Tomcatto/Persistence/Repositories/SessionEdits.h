@@ -17,7 +17,7 @@ public:
     /// How long a phase lasts at most by its stamps. What says more was stamped while the clock was set.
     static constexpr Seconds longestPhase = std::chrono::days{31};
 
-    /// A record, or nothing where there is none.
+    /// A record; `nullopt` if there is none.
     using Found = StoreResult<std::optional<PomodoroSessionRecord>>;
 
     /// @param stack outlives this object

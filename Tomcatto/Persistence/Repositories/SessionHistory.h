@@ -19,8 +19,8 @@ public:
 
     /// Start and length of every completed work phase, earliest first, and how far the history was read for it.
     [[nodiscard]] virtual CompletedWorkReading completedWork() const { return {}; }
-    /// The completed work phases that were added after a reading, in the order they were added. Nothing where that is
-    /// not all that has happened since, or where the reading fails.
+    /// The completed work phases that were added after a reading, in the order they were added; `nullopt` if
+    /// something else has happened since, or if the reading fails.
     [[nodiscard]] virtual std::optional<CompletedWorkReading>
     completedWorkAfter(const HistoryPosition & /*position*/) const
     {

@@ -43,7 +43,7 @@ constexpr QLatin1String paths{"paths"};
     return QJsonDocument(message).toJson(QJsonDocument::Compact) + '\n';
 }
 
-/// Takes a whole line off the front; nothing where there is none. What is not JSON counts as an empty object.
+/// Takes a whole line off the front; `nullopt` if there is none. What is not JSON counts as an empty object.
 [[nodiscard]] inline std::optional<QJsonObject> takeLine(QByteArray &bytes)
 {
     const qsizetype end = bytes.indexOf('\n');

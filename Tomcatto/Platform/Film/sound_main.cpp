@@ -21,7 +21,7 @@ int fail(const std::string &reason)
     return 1;
 }
 
-/// What plays by the system's own choice; nothing where there is no device.
+/// The device that the system plays on unless told otherwise; null if there is none.
 GstElement *openDevice(GstElement *choice)
 {
     if (gst_element_set_state(choice, GST_STATE_READY) != GST_STATE_CHANGE_SUCCESS)

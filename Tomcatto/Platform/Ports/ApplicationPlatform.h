@@ -77,7 +77,7 @@ struct ProgramPorts
     const ClipStudio &clipStudio;
     LoginItem &loginItem;
     HttpSession &httpSession;
-    /// The address of the remote library's manifest; nothing where there is no library.
+    /// The address of the remote library's manifest; not set without a library.
     std::function<std::optional<QString>()> remoteManifestUrl;
     /// Opens the user defaults, for reading only or for a change.
     std::function<std::unique_ptr<UserDefaults>(bool isReadOnly)> openDefaults;

@@ -44,7 +44,7 @@ inline constexpr std::array findingMarks{"there", "lacking", "failing"};
            '\n';
 }
 
-/// Reads such a line, without its end; nothing where it is none.
+/// Reads such a line, without its end; `nullopt` for any other line.
 [[nodiscard]] inline std::optional<Finding> findingFromLine(const QByteArray &line)
 {
     const QStringList texts = QString::fromUtf8(line).split(QLatin1Char('\t'));

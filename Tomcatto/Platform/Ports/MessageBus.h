@@ -25,7 +25,7 @@ enum class BusProblem {
 /// What a call is answered with.
 struct BusAnswer
 {
-    /// Nothing where it was done.
+    /// Why it failed; not set if it was done.
     std::optional<BusProblem> problem;
     /// What to tell people about the problem.
     QString message;

@@ -12,7 +12,7 @@ public:
     /// Whether to speak with the other end of a connected socket.
     using PeerCheck = bool (*)(int descriptor);
 
-    /// @param isPeerTrusted nothing where the file's mode has to do.
+    /// @param isPeerTrusted null if the socket file's mode is protection enough.
     explicit UnixLocalSockets(PeerCheck isPeerTrusted = nullptr)
         : m_isPeerTrusted(isPeerTrusted)
     {

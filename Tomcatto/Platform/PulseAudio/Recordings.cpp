@@ -45,7 +45,7 @@ bool isCall(const pa_source_output_info &recording)
 
 void start(pa_operation *operation)
 {
-    // It is nothing where the connection is being lost, which the state tells.
+    // It is null while the connection is being lost, which the state tells.
     if (operation)
         pa_operation_unref(operation);
 }
@@ -92,7 +92,7 @@ void Recordings::connect()
     pa_proplist_free(properties);
     pa_context_set_state_callback(
         m_context, [](pa_context *, void *self) { of(self).onState(); }, this);
-    // A look at the server is no reason to start one.
+    // Looking at the server should not start one.
     const bool isUnderWay = pa_context_connect(m_context, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) >= 0;
     if (!isUnderWay && pa_context_get_state(m_context) == PA_CONTEXT_UNCONNECTED)
         lose();

@@ -16,7 +16,7 @@ namespace tomcatto {
 class Recordings final
 {
 public:
-    /// Told whether somebody records, nothing where no server tells; with each change, and more often.
+    /// Told whether somebody records, `nullopt` if no server tells; with each change, and more often.
     using Handler = std::function<void(std::optional<bool>)>;
 
     Recordings(pa_mainloop_api &loop, Handler handler);

@@ -47,7 +47,7 @@ DefaultsFile::Content DefaultsFile::read() const
         return {};
     // Opening a pipe would wait for a writer.
     if (!info.isFile())
-        return {State::corrupt, {}, QStringLiteral("it is no regular file")};
+        return {State::corrupt, {}, QStringLiteral("it is not a regular file")};
     QFile file(info.filePath());
     if (!file.open(QIODevice::ReadOnly))
         return {State::unreadable, {}, file.errorString()};

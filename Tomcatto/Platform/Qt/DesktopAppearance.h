@@ -12,7 +12,7 @@ namespace tomcatto {
 /// What a desktop says that it prefers in looks.
 struct LookPreferences
 {
-    /// Nothing where it does not say: then the palette tells dark from light.
+    /// `nullopt` if it does not say: then the palette tells dark from light.
     std::optional<bool> isDark;
     bool reducedMotion = false;
     bool highContrast = false;

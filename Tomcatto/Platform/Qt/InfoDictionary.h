@@ -11,7 +11,7 @@ namespace tomcatto {
 class InfoDictionary final
 {
 public:
-    /// The text under a key; nothing where it is absent or empty.
+    /// The text under a key; `nullopt` if it is absent or empty.
     [[nodiscard]] static std::optional<QString> text(const QString &key);
 };
 

@@ -27,7 +27,7 @@ public:
     /// Takes the place of an earlier one with the same identifier.
     void add(const NotificationRequest &request);
     void remove(const QStringList &identifiers);
-    /// Gives the request and forgets it; nothing where it was taken back or replaced.
+    /// Gives the request and forgets it; `nullopt` if it was taken back or replaced.
     [[nodiscard]] std::optional<NotificationRequest> take(const Ticket &ticket);
 
 private:

@@ -54,7 +54,7 @@ std::unique_ptr<QWindow> QuickViewHost::makeWindow(const ViewDescription &descri
     }
     auto *window = qobject_cast<QQuickWindow *>(root.get());
     if (window == nullptr) {
-        m_logger.error(QStringLiteral("%1.%2 is no window").arg(description.module, description.component));
+        m_logger.error(QStringLiteral("%1.%2 is not a window").arg(description.module, description.component));
         return nullptr;
     }
     static_cast<void>(root.release());

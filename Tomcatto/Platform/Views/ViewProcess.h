@@ -34,7 +34,7 @@ public:
     void send(const ViewMessage &message);
     void send(ViewMessageKind kind, const QVariantList &arguments) { send(ViewMessage{kind, arguments}); }
     /// Blocks until a message of this kind comes; others are told later. One that does not come in time ends the
-    /// process. @return nothing where the process has ended
+    /// process. @return `nullopt` if the process has ended
     [[nodiscard]] std::optional<ViewMessage> await(ViewMessageKind kind);
     /// Ends it; nobody is told, and nobody waits.
     void end();

@@ -230,7 +230,7 @@ void X11HotKeys::grabAnew()
 
 void X11HotKeys::tellLater(std::function<void(HotKeysDelegate &)> action)
 {
-    // What it does may open windows, which the toolkit's handling of an event is no place for.
+    // What it does may open windows, for which the toolkit's handling of an event is the wrong place.
     QMetaObject::invokeMethod(
         this,
         [this, action = std::move(action)] {

@@ -137,7 +137,7 @@ void X11Tray::pointAt(QPoint place)
 
 void X11Tray::onceToolkitHas(std::function<void()> action)
 {
-    // Whoever watches presses anywhere hears of this one over the toolkit's connection. Heard later, it would count as
+    // The watch on presses anywhere hears of this one over the toolkit's connection. Heard later, it would count as
     // one elsewhere and close what opens now. The answer brings along all events before it, and the turn after the next
     // is one in which they have been told.
     static_cast<void>(X11Display().selectionOwner(m_selection));
