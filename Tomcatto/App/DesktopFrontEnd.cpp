@@ -32,6 +32,8 @@ ControlReply previewReply(const DesktopSurfaces &surfaces, DesktopSurfaces::Prev
         return {};
     case duringBreak:
         return refused(QStringLiteral("A break covers the screens; the preview can be seen once it is over."));
+    case overtaken:
+        return refused(QStringLiteral("A later preview or a break came before the video's disk had answered."));
     case noVideo:
         return refused(QStringLiteral("There is no such video; `tomcatto videos list` shows all."));
     case fileGone:

@@ -191,11 +191,14 @@ void DesktopSurfaces::previewVideo(const QString &id, const std::function<void(P
         return done(openPreview(videos));
     }
     const QUuid video = QUuid::fromString(id);
-    m_dependencies.userVideoProvider.open(
-        video, [this, video, done](const std::optional<VideoPlace> &place) { done(previewPlace(video, place)); });
+    const int preview = m_breakPreviewController.await();
+    m_dependencies.userVideoProvider.open(video, [this, video, done, preview](const std::optional<VideoPlace> &place) {
+        done(previewPlace(video, place, preview));
+    });
 }
 
-DesktopSurfaces::PreviewOutcome DesktopSurfaces::previewPlace(const QUuid &id, const std::optional<VideoPlace> &place)
+DesktopSurfaces::PreviewOutcome DesktopSurfaces::previewPlace(const QUuid &id, const std::optional<VideoPlace> &place,
+                                                              int preview)
 {
     if (!place)
         return PreviewOutcome::noVideo;
@@ -208,6 +211,8 @@ DesktopSurfaces::PreviewOutcome DesktopSurfaces::previewPlace(const QUuid &id, c
     // A break may have begun while the disk was asked.
     if (m_breakOverlayController->isShown())
         return PreviewOutcome::duringBreak;
+    if (!m_breakPreviewController.isAwaited(preview))
+        return PreviewOutcome::overtaken;
     BreakVideoSource source = oneVideo({place->fileUrl, thumbnail(id)});
     // The access to the file lasts as long as the preview holds its source.
     source.finished = [access = place->access] {};

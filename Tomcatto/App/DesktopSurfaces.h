@@ -42,7 +42,17 @@ public:
     void showOnboardingIfNeeded() override;
 
     /// What became of a wish for a preview.
-    enum class PreviewOutcome { opened, duringBreak, noVideo, fileGone, fileUnreadable, fileSilent, noView };
+    enum class PreviewOutcome {
+        opened,
+        duringBreak,
+        /// A later preview or a break came while the disk was asked.
+        overtaken,
+        noVideo,
+        fileGone,
+        fileUnreadable,
+        fileSilent,
+        noView,
+    };
     /// What became of a wish for the panel or the main window.
     enum class WindowOutcome {
         opened,
@@ -76,7 +86,7 @@ private:
     [[nodiscard]] BreakVideoSource overlayVideos();
     [[nodiscard]] BreakVideoSource oneVideo(const BreakVideo &video);
     [[nodiscard]] QUrl thumbnail(const QUuid &id) const;
-    [[nodiscard]] PreviewOutcome previewPlace(const QUuid &id, const std::optional<VideoPlace> &place);
+    [[nodiscard]] PreviewOutcome previewPlace(const QUuid &id, const std::optional<VideoPlace> &place, int preview);
     void noteMissingSound();
     void previewFile(const QUrl &file);
     void previewFromPage(const QString &id);

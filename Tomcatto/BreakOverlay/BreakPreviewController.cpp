@@ -29,8 +29,14 @@ void BreakPreviewController::open(const BreakVideoSource &videos)
                                  model);
     if (!window)
         return;
-    connect(window.get(), &ViewWindow::closed, this, &BreakPreviewController::close);
+    connect(window.get(), &ViewWindow::closed, this, &BreakPreviewController::closeWindow);
     m_windowController = std::make_unique<BreakPreviewWindowController>(std::move(window), m_activationPolicy);
+}
+
+void BreakPreviewController::close()
+{
+    ++m_newest;
+    closeWindow();
 }
 
 }

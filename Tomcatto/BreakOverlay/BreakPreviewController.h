@@ -19,17 +19,24 @@ public:
     /// Opens the preview of a video, in place of one that is open. @param videos where the window takes its one video
     /// from; its `finished` runs once the window is gone, or at once where it cannot be shown
     void open(const BreakVideoSource &videos);
-    /// Closes the window if it is open.
-    void close() { m_windowController.reset(); }
+    /// Notes that a preview is wanted whose file a disk is still asked for. @return its number for `isAwaited`
+    [[nodiscard]] int await() noexcept { return ++m_newest; }
+    /// Whether no other preview was wanted since, and none was closed by `close`.
+    [[nodiscard]] bool isAwaited(int preview) const noexcept { return preview == m_newest; }
+    /// Closes the window if it is open; what is awaited is awaited no longer.
+    void close();
     [[nodiscard]] bool isOpen() const noexcept { return m_windowController != nullptr; }
 
 private:
+    void closeWindow() { m_windowController.reset(); }
+
     const PomodoroSettings &m_settings;
     const LocalizedStrings &m_strings;
     MainRunLoop &m_runLoop;
     ViewWindows &m_windows;
     ActivationPolicy &m_activationPolicy;
     std::unique_ptr<BreakPreviewWindowController> m_windowController;
+    int m_newest = 0;
 };
 
 }

@@ -145,6 +145,24 @@ TEST(BreakPreviewController, HoldsTheTaskbarPlaceUntilItsOneWindowCloses)
     EXPECT_EQ(fixture.finished, 3);
 }
 
+TEST(BreakPreviewController, AwaitsTheNewestPreviewUntilItIsClosedByABreak)
+{
+    Windows fixture;
+    BreakPreviewController preview(fixture.settings, fixture.strings, fixture.runLoop, fixture.viewWindows,
+                                   fixture.policy);
+    const int first = preview.await();
+    preview.open(fixture.videos);
+    EXPECT_FALSE(preview.isAwaited(first)) << "its disk answers after another preview opened";
+    const int second = preview.await();
+    fixture.host.current->close();
+    fixture.runLoop.drain();
+    EXPECT_TRUE(preview.isAwaited(second)) << "the user closed another one";
+    const int third = preview.await();
+    EXPECT_FALSE(preview.isAwaited(second));
+    preview.close();
+    EXPECT_FALSE(preview.isAwaited(third)) << "the break may be over when its disk answers";
+}
+
 TEST(ApplicationKeyMonitor, SwallowsWhatAHandlerTakesAndMayEndInIt)
 {
     struct Window final : QWindow
