@@ -46,17 +46,22 @@ void showLastList(RemoteVideoProvider &provider)
 }
 
 /// What an application that ended without an answer has done of a request all the same.
-std::optional<ControlReply> doneSince(Date asked, const std::vector<UserVideoListing> &videos,
+std::optional<ControlReply> doneSince(Date asked, const UserVideoRepository &repository,
                                       const nlohmann::ordered_json &arguments)
 {
     const std::string action = arguments.value("action", std::string());
     const QUuid id = QUuid::fromString(QString::fromStdString(arguments.value("id", std::string())));
     const QFileInfo file(QString::fromStdString(arguments.value("path", std::string())));
-    const auto found = std::ranges::find_if(videos, [&](const UserVideoListing &line) {
-        return action == "add" ? line.video.addedAt >= asked && QFileInfo(line.path) == file : line.video.id == id;
+    const std::vector<UserVideo> videos = repository.allVideos();
+    const auto isOfFile = [&](const UserVideo &video) {
+        const auto place = repository.resolveBookmark(video, QDeadlineTimer(0));
+        return place && QFileInfo(place->fileUrl.toLocalFile()) == file;
+    };
+    const auto found = std::ranges::find_if(videos, [&](const UserVideo &video) {
+        return action == "add" ? video.addedAt >= asked && isOfFile(video) : video.id == id;
     });
     if (action == "add" && found != videos.end())
-        return controlReply(ExitStatus::done, identifierText(found->video.id));
+        return controlReply(ExitStatus::done, identifierText(found->id));
     return action == "remove" && found == videos.end() ? std::optional(ControlReply{}) : std::nullopt;
 }
 
@@ -192,7 +197,7 @@ ControlReply FileCommands::videos(nlohmann::ordered_json arguments, std::optiona
                                    *m_surroundings.bookmarks, m_look);
     UserVideoCommands videos(repository, m_look, m_surroundings.runLoop);
     if (askedSince) {
-        if (const auto done = doneSince(*askedSince, videos.list(), arguments))
+        if (const auto done = doneSince(*askedSince, repository, arguments))
             return *done;
     }
     const auto defaults = m_surroundings.openDefaults(false);

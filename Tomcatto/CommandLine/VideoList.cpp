@@ -1,11 +1,12 @@
 #include "CommandLine/VideoList.h"
 
 #include "CommandLine/HistoryReports.h"
-#include "Media/UserVideoCommands.h"
+#include "Media/VideoFiles.h"
 #include "Persistence/CoreDataStack.h"
 #include "Persistence/Repositories/UserVideoRepository.h"
 
 #include <QtCore/QDeadlineTimer>
+#include <QtCore/QEventLoop>
 #include <QtCore/QFileInfo>
 
 namespace tomcatto {
@@ -36,6 +37,32 @@ QString videoLine(const QString &id, bool isSelected, double seconds, const QStr
         .join(QLatin1Char('\t'));
 }
 
+/// Where the files of videos are. Runs the main loop until the disks have answered, or a person has waited long enough.
+VideoFiles::Places placesOf(const std::vector<UserVideo> &videos, VideoFiles &files)
+{
+    QEventLoop waiting;
+    VideoFiles::Places found;
+    files.find(videos, VideoFiles::longPatience, [&waiting, &found](const VideoFiles::Places &places) {
+        found = places;
+        waiting.quit();
+    });
+    waiting.exec();
+    return found;
+}
+
+QString textOf(const VideoPlace &place)
+{
+    switch (place.state) {
+    case VideoPlace::State::silent:
+        return QStringLiteral("(its disk does not answer)");
+    case VideoPlace::State::lost:
+        return QStringLiteral("(not found)");
+    case VideoPlace::State::found:
+        return place.fileUrl.toLocalFile();
+    }
+    return {};
+}
+
 }
 
 ControlReply VideoList::reply() const
@@ -57,12 +84,14 @@ std::optional<QStringList> VideoList::ownVideos() const
                                    *m_surroundings.bookmarks, m_surroundings.stillFrame);
     bool hasFailed = false;
     QObject::connect(&repository, &UserVideoRepository::fetchFailed, &repository, [&hasFailed] { hasFailed = true; });
-    const UserVideoCommands videos(repository, m_surroundings.stillFrame, m_surroundings.runLoop);
+    const std::vector<UserVideo> videos = repository.allVideos();
+    VideoFiles files(repository, m_surroundings.bookmarks, m_surroundings.runLoop);
+    const VideoFiles::Places places = placesOf(videos, files);
     QStringList lines;
-    for (const UserVideoListing &line : videos.list()) {
-        const UserVideo &video = line.video;
+    for (std::size_t row = 0; row < places.size(); ++row) {
+        const UserVideo &video = videos.at(row);
         lines << videoLine(identifierText(video.id), video.userSelected, video.durationSeconds, video.displayName,
-                           line.path.isEmpty() ? QStringLiteral("(not found)") : line.path);
+                           textOf(places.at(row)));
     }
     return hasFailed ? std::nullopt : std::optional(lines);
 }

@@ -27,12 +27,6 @@ QString idText(const UserVideo &video)
 }
 
 /// The same text for every way to write the same file.
-QString comparablePath(const QString &path)
-{
-    const QString canonical = QFileInfo(path).canonicalFilePath();
-    return canonical.isEmpty() ? QDir::cleanPath(path) : canonical;
-}
-
 QString fileName(const QUrl &file)
 {
     const QString name = QFileInfo(QDir::cleanPath(file.path())).fileName();
@@ -155,10 +149,11 @@ void VideosPageViewModel::refresh()
         return;
     m_pause = m_runLoop.after(readingInterval, [this] { catchUp(); });
     const auto videos = std::make_shared<const std::vector<UserVideo>>(m_repository.allVideos());
-    m_files.find(*videos, [self = QPointer(this), videos, number = ++m_question](const VideoFiles::Places &places) {
-        if (self && number == self->m_question)
-            self->list(*videos, places);
-    });
+    m_files.find(*videos, VideoFiles::shortPatience,
+                 [self = QPointer(this), videos, number = ++m_question](const VideoFiles::Places &places) {
+                     if (self && number == self->m_question)
+                         self->list(*videos, places);
+                 });
 }
 
 void VideosPageViewModel::list(const std::vector<UserVideo> &videos, const VideoFiles::Places &places)
@@ -234,27 +229,39 @@ void VideosPageViewModel::addFiles(const QList<QUrl> &files)
 {
     clearErrors();
     // Of the store: the page may be closed by the time that files come from the dialog.
-    m_files.find(m_repository.allVideos(), [self = QPointer(this), files](const VideoFiles::Places &places) {
+    m_files.find(m_repository.allVideos(), VideoFiles::shortPatience,
+                 [self = QPointer(this), files](const VideoFiles::Places &places) {
+                     if (self)
+                         self->addFilesBeside(places, files);
+                 });
+}
+
+void VideosPageViewModel::addFilesBeside(const VideoFiles::Places &own, const QList<QUrl> &files)
+{
+    QStringList paths;
+    for (const VideoPlace &place : own) {
+        if (place.state == VideoPlace::State::found)
+            paths << place.fileUrl.toLocalFile();
+    }
+    const qsizetype ownCount = paths.size();
+    for (const QUrl &file : files)
+        paths << file.toLocalFile();
+    m_files.followLinks(paths, [self = QPointer(this), files, ownCount](const QStringList &followed) {
         if (!self)
             return;
-        QSet<QString> known;
-        for (const VideoPlace &place : places) {
-            if (place.state == VideoPlace::State::found)
-                known.insert(comparablePath(place.fileUrl.toLocalFile()));
-        }
-        for (const QUrl &file : files)
-            self->addFile(file, known);
+        const QSet<QString> known(followed.begin(), followed.begin() + ownCount);
+        for (qsizetype place = 0; place < files.size(); ++place)
+            self->addFile(files.at(place), followed.at(ownCount + place), known);
     });
 }
 
-void VideosPageViewModel::addFile(const QUrl &file, const QSet<QString> &ownPaths)
+void VideosPageViewModel::addFile(const QUrl &file, const QString &path, const QSet<QString> &ownPaths)
 {
     const QString name = fileName(file);
     if (!file.isLocalFile()) {
         report(QStringLiteral("unreadable"), name);
         return;
     }
-    const QString path = comparablePath(file.toLocalFile());
     if (m_adding.contains(path) || ownPaths.contains(path)) {
         report(QStringLiteral("already_added"), name);
         return;

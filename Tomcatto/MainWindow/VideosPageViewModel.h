@@ -14,6 +14,20 @@ namespace tomcatto {
 
 class MovedVideoSearch;
 
+/// One of the user's videos as the page shows it.
+struct UserVideoListing
+{
+    UserVideo video;
+    /// Where the file is; empty if it was not found.
+    QString path;
+    /// The file was moved or replaced since its bookmark was made, which should be renewed.
+    bool isStale = false;
+    /// The file's disk does not answer, so nothing is known of it.
+    bool isSilent = false;
+
+    [[nodiscard]] bool isLost() const { return path.isEmpty() && !isSilent; }
+};
+
 /// The page with the videos for the breaks: the user's own and those that came along. Between `appear` and `disappear`
 /// it follows the store and keeps the stills; otherwise it holds nothing. Main thread only.
 class VideosPageViewModel final : public QObject
@@ -100,7 +114,9 @@ private:
     void list(const std::vector<UserVideo> &videos, const VideoFiles::Places &places);
     void searchMoved();
     void showRows();
-    void addFile(const QUrl &file, const QSet<QString> &ownPaths);
+    void addFilesBeside(const VideoFiles::Places &own, const QList<QUrl> &files);
+    /// @param path the file's, with its links followed, as in `ownPaths`
+    void addFile(const QUrl &file, const QString &path, const QSet<QString> &ownPaths);
     void clearErrors();
     void report(const QString &reason, const QString &name);
     [[nodiscard]] std::function<void(const Result &)> reporter(const QString &name);

@@ -57,25 +57,11 @@ std::vector<UserVideo> UserVideoCommands::stored() const
     return m_repository.allVideos();
 }
 
-std::vector<UserVideoListing> UserVideoCommands::list() const
-{
-    auto videos = m_repository.allVideos();
-    const auto found = m_repository.resolveBookmarks(videos, QDeadlineTimer(VideoFiles::searchTime));
-    std::vector<UserVideoListing> lines;
-    lines.reserve(videos.size());
-    for (std::size_t place = 0; place < videos.size(); ++place) {
-        const auto &resolved = found.at(place);
-        lines.push_back({std::move(videos.at(place)), resolved ? resolved->fileUrl.toLocalFile() : QString(),
-                         resolved && resolved->isStale});
-    }
-    return lines;
-}
-
 void UserVideoCommands::add(const QString &path, std::function<void(const AddResult &)> done)
 {
     if (!QDir::isAbsolutePath(path)) {
         done(std::unexpected(
-            UserVideoCommandError{{Kind::usage, QStringLiteral("\"%1\" is no absolute path.").arg(path)}, {}}));
+            UserVideoCommandError{{Kind::usage, QStringLiteral("\"%1\" is not an absolute path.").arg(path)}, {}}));
         return;
     }
     // A disk that hangs must not hold up the queue, and with it the end.
@@ -152,7 +138,7 @@ void UserVideoCommands::change(const QString &id, const std::function<void(const
     const auto uuid = identifierFromText(id);
     if (!uuid) {
         done(std::unexpected(UserVideoCommandError{
-            {Kind::usage, QStringLiteral("\"%1\" is no id of a video; see videos list.").arg(id)}, {}}));
+            {Kind::usage, QStringLiteral("\"%1\" is not the id of a video; see videos list.").arg(id)}, {}}));
         return;
     }
     operation(*uuid, [id, done](const std::expected<UserVideoSave, UserVideoRepositoryError> &written) {

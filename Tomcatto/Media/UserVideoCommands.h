@@ -23,21 +23,6 @@ struct UserVideoCommandError : Refusal
     bool operator==(const UserVideoCommandError &) const = default;
 };
 
-/// One line of the list of the user's videos.
-struct UserVideoListing
-{
-    UserVideo video;
-    /// Where the file is; empty where it was not found.
-    QString path;
-    /// The file was moved or replaced since its bookmark was made, which should be renewed.
-    bool isStale = false;
-    /// The file's disk does not answer, so nothing is known of it.
-    bool isSilent = false;
-
-    [[nodiscard]] bool isLost() const { return path.isEmpty() && !isSilent; }
-    bool operator==(const UserVideoListing &) const = default;
-};
-
 /// What the command line and the videos page do with the user's videos: like the repository, but picky about files and
 /// clear about errors. Main thread only.
 class UserVideoCommands final : public QObject
@@ -52,9 +37,6 @@ public:
                       QObject *parent = nullptr);
     ~UserVideoCommands() override;
 
-    /// Every video, the earliest added first, and where its file is. Moved files are looked for 30 ms at most, nothing
-    /// is written. Waits for the disks of all files.
-    [[nodiscard]] std::vector<UserVideoListing> list() const;
     /// Every video as it is stored, the earliest added first, without a look at its file.
     [[nodiscard]] std::vector<UserVideo> stored() const;
     /// Adds a video file after looking into it, in the background; `done` is called on the main thread when it is

@@ -4,6 +4,7 @@
 #include "Persistence/Repositories/UserVideoRepository.h"
 
 #include <algorithm>
+#include <QtCore/QDir>
 
 namespace tomcatto {
 
@@ -16,9 +17,10 @@ VideoFiles::VideoFiles(UserVideoRepository &repository, std::shared_ptr<const Bo
 {
 }
 
-void VideoFiles::find(const std::vector<UserVideo> &videos, std::function<void(const Places &)> done)
+void VideoFiles::find(const std::vector<UserVideo> &videos, std::chrono::milliseconds patience,
+                      std::function<void(const Places &)> done)
 {
-    ask(videos, false, shortPatience, std::move(done));
+    ask(videos, false, patience, std::move(done));
 }
 
 void VideoFiles::open(const std::vector<UserVideo> &videos, std::chrono::milliseconds patience,
@@ -64,6 +66,23 @@ void VideoFiles::ask(const std::vector<UserVideo> &videos, bool opens, std::chro
                                 places.push_back(taken(videos.at(place), std::move(answers.at(place))));
                             done(places);
                         });
+}
+
+void VideoFiles::followLinks(const QStringList &paths, std::function<void(const QStringList &)> done)
+{
+    std::vector<DiskQuestions::Question<QString>> questions;
+    for (const QString &path : paths)
+        questions.push_back({path.toUtf8(), [path] { return QFileInfo(path).canonicalFilePath(); }});
+    m_disks.ask<QString>(std::move(questions), shortPatience,
+                         [paths, done = std::move(done)](const std::vector<std::optional<QString>> &answers) {
+                             QStringList followed;
+                             for (std::size_t place = 0; place < answers.size(); ++place) {
+                                 const QString canonical = answers.at(place).value_or(QString());
+                                 const QString &path = paths.at(static_cast<qsizetype>(place));
+                                 followed << (canonical.isEmpty() ? QDir::cleanPath(path) : canonical);
+                             }
+                             done(followed);
+                         });
 }
 
 VideoPlace VideoFiles::taken(const UserVideo &video, std::optional<Answer> answer)

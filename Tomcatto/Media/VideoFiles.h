@@ -4,6 +4,8 @@
 #include "Media/UserVideoSelection.h"
 #include "Persistence/Repositories/UserVideo.h"
 
+#include <QtCore/QStringList>
+
 namespace tomcatto {
 
 class UserVideoRepository;
@@ -45,10 +47,14 @@ public:
 
     /// Finds the files; `done` is called in a later turn with their places in the same order, unless this object is
     /// gone by then.
-    void find(const std::vector<UserVideo> &videos, std::function<void(const Places &)> done);
+    void find(const std::vector<UserVideo> &videos, std::chrono::milliseconds patience,
+              std::function<void(const Places &)> done);
     /// The same, and starts access to them; stale bookmarks are renewed.
     void open(const std::vector<UserVideo> &videos, std::chrono::milliseconds patience,
               std::function<void(const Places &)> done);
+    /// Follows the links in paths, so that the same file is known by the same path; `done` is called likewise. A path
+    /// whose file is missing, or whose disk does not answer, stays as it is.
+    void followLinks(const QStringList &paths, std::function<void(const QStringList &)> done);
 
 private:
     struct Answer

@@ -26,10 +26,19 @@ void SessionExport::run(StatsRange range)
     });
 }
 
-void SessionExport::write(StatsRange range, const QString &path) const
+void SessionExport::write(StatsRange range, const QString &path)
 {
-    if (const auto written = exportRange(m_aggregator, range, path); !written)
-        m_logger.error(QStringLiteral("CSV export failed: %1").arg(written.error()));
+    const auto fail = [logger = m_logger](const QString &reason) {
+        logger.error(QStringLiteral("CSV export failed: %1").arg(reason));
+    };
+    std::vector<PomodoroSessionRecord> records;
+    const auto keep = [&records](const PomodoroSessionRecord &record) { records.push_back(record); };
+    if (!m_aggregator.forEachSession(m_aggregator.interval(range), keep))
+        return fail(StatsCSVExporter::unreadText());
+    m_writes.start([records = std::move(records), path, fail] {
+        if (const auto written = StatsCSVExporter::write(records, path); !written)
+            fail(written.error());
+    });
 }
 
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Foundation/DetachedJobs.h"
 #include "Foundation/Logger.h"
 #include "Localization/LocalizedStrings.h"
 #include "Platform/Ports/SavePanel.h"
@@ -17,17 +18,20 @@ public:
     SessionExport(const StatsAggregator &aggregator, const LocalizedStrings &strings, const WallClock &wallClock,
                   SavePanel &savePanel);
 
-    /// Asks for a place and writes the file there; what fails is logged.
+    /// Asks for a place and writes the file there, on a thread of its own; what fails is logged. The end of the export
+    /// waits a moment for what is still being written.
     void run(StatsRange range);
 
 private:
-    void write(StatsRange range, const QString &path) const;
+    void write(StatsRange range, const QString &path);
 
     const StatsAggregator &m_aggregator;
     const LocalizedStrings &m_strings;
     const WallClock &m_wallClock;
     SavePanel &m_savePanel;
     Logger m_logger{QStringLiteral("SessionExport")};
+    /// The disk that the user chose may be slow.
+    DetachedJobs m_writes;
 };
 
 }

@@ -131,7 +131,8 @@ TEST_F(UserVideoProviderTest, ADiskThatDoesNotAnswerIsPassedOverAndHoldsUpNobody
     EXPECT_EQ(m_bookmarks.m_questions, 1) << "one thread hangs, and not one for each break";
     {
         VideoFiles ending(m_repository, m_sharedBookmarks, m_runLoop);
-        ending.find(m_repository.allVideos(), [](const auto &) { ADD_FAILURE() << "nobody is there to hear it"; });
+        ending.find(m_repository.allVideos(), VideoFiles::shortPatience,
+                    [](const auto &) { ADD_FAILURE() << "nobody is there to hear it"; });
         EXPECT_TRUE(QTest::qWaitFor([this] { return m_bookmarks.m_questions == 2; }));
     }
     // A break that ends while a disk is asked.

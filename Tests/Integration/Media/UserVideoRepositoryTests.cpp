@@ -138,17 +138,4 @@ TEST_F(UserVideoRepositoryTest, AMissingRecordAndAFailedSaveAreReported)
     EXPECT_EQ(takeErrors().size(), 1);
 }
 
-TEST_F(UserVideoRepositoryTest, AFileThatIsGoneTakesNoTimeFromOneThatWasMoved)
-{
-    addFile("gone.mp4");
-    addFile("moved.mp4");
-    QFile::remove(path("gone.mp4"));
-    ASSERT_TRUE(QFile::rename(path("moved.mp4"), path("b.mp4")));
-    m_bookmarks.m_isHomeEndless = true;
-    const auto found =
-        m_repository.resolveBookmarks(m_repository.allVideos(), QDeadlineTimer(std::chrono::milliseconds{400}));
-    EXPECT_FALSE(found.front());
-    EXPECT_EQ(found.back(), (ResolvedBookmark{QUrl::fromLocalFile(path("b.mp4")), true}));
-}
-
 }

@@ -242,22 +242,4 @@ UserVideoRepository::resolveBookmark(const UserVideo &video, QDeadlineTimer sear
     return *std::move(resolved);
 }
 
-std::vector<std::expected<ResolvedBookmark, UserVideoRepositoryError>>
-UserVideoRepository::resolveBookmarks(const std::vector<UserVideo> &videos, QDeadlineTimer searchUntil) const
-{
-    std::vector<std::expected<ResolvedBookmark, UserVideoRepositoryError>> found;
-    found.reserve(videos.size());
-    for (const UserVideo &video : videos)
-        found.push_back(resolveBookmark(video, QDeadlineTimer(0)));
-    auto lost = std::ranges::count_if(found, [](const auto &resolved) { return !resolved; });
-    for (std::size_t place = 0; place < videos.size() && !searchUntil.hasExpired(); ++place) {
-        if (found.at(place))
-            continue;
-        QDeadlineTimer share;
-        share.setPreciseRemainingTime(0, searchUntil.remainingTimeNSecs() / std::max<std::ptrdiff_t>(lost--, 1));
-        found.at(place) = resolveBookmark(videos.at(place), share);
-    }
-    return found;
-}
-
 }

@@ -56,15 +56,10 @@ public:
     /// One video with its thumbnail.
     [[nodiscard]] std::expected<UserVideo, UserVideoRepositoryError> video(const QUuid &id) const;
 
-    /// Finds a video's file. A stale bookmark is reported; the caller renews it. Any thread.
+    /// Finds a video's file. A stale bookmark is reported; the caller renews it. Waits for the file's disk. Any thread.
     /// @param searchUntil when to give up looking for a moved file
     [[nodiscard]] std::expected<ResolvedBookmark, UserVideoRepositoryError>
     resolveBookmark(const UserVideo &video, QDeadlineTimer searchUntil) const;
-    /// Finds the files of several videos: first all at their last places, then those that are not there elsewhere, each
-    /// for its share of the time, so that one that is gone takes none from one that was moved.
-    /// @return for each video, in their order, what `resolveBookmark` gives
-    [[nodiscard]] std::vector<std::expected<ResolvedBookmark, UserVideoRepositoryError>>
-    resolveBookmarks(const std::vector<UserVideo> &videos, QDeadlineTimer searchUntil) const;
 
 Q_SIGNALS:
     /// A write of this repository was saved, or another process has written. On the main thread.
