@@ -25,7 +25,7 @@ class Display:
     def __enter__(self):
         self.folder = tempfile.mkdtemp(prefix="tomscreen", dir="/dev/shm" if os.path.isdir("/dev/shm") else None)
         read, write = os.pipe()
-        # It does not begin anew when its last client goes, because it refuses others meanwhile.
+        # It does not begin anew when its last client goes, because it would refuse others meanwhile.
         screen = ["-noreset", "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-fbdir", self.folder]
         self.helpers = [subprocess.Popen(["Xvfb", "-displayfd", str(write), *screen], pass_fds=[write],
                                          stderr=subprocess.DEVNULL)]

@@ -84,6 +84,10 @@ class CommandLineTest(unittest.TestCase):
         self.expect(0, "videos", "add", os.path.join(videos, names[0]))
         self.tomcatto.wait_for(lambda: self.tomcatto.run("status").returncode == 0)
         self.assertEqual(len(self.expect(0, "videos", "list").stdout.splitlines()), 3, "both waited for their turn")
+        gone = shutil.copy(os.path.join(videos, names[1]), os.path.join(self.tomcatto.folder, "gone.mp4"))
+        self.expect(0, "videos", "add", gone)
+        os.remove(gone)
+        self.assertTrue(self.expect(0, "videos", "list").stdout.endswith("\tgone.mp4\t(not found)\n"))
 
     def test_stats_of_a_history(self):
         self.expect(1, "videos", "remove", "11111111-1111-1111-1111-111111111111")  # makes an empty store

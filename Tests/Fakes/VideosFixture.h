@@ -36,6 +36,7 @@ public:
             return ResolvedBookmark{QUrl::fromLocalFile(movedTo), true};
         return QFileInfo::exists(path) ? std::optional(ResolvedBookmark{QUrl::fromLocalFile(path)}) : std::nullopt;
     }
+    [[nodiscard]] QByteArray disk(const QByteArray &) const override { return {}; }
     [[nodiscard]] bool startAccess(const QUrl &) const override { return true; }
     void stopAccess(const QUrl &) const override {}
 

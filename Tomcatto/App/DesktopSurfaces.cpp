@@ -188,7 +188,7 @@ void DesktopSurfaces::previewVideo(const QString &id, const std::function<void(P
             if (!overlay || !overlay->isShown())
                 finished();
         };
-        return done(openPreview(videos));
+        return done(openPreview(videos, m_breakPreviewController.await()));
     }
     const QUuid video = QUuid::fromString(id);
     const int preview = m_breakPreviewController.await();
@@ -216,12 +216,12 @@ DesktopSurfaces::PreviewOutcome DesktopSurfaces::previewPlace(const QUuid &id, c
     BreakVideoSource source = oneVideo({place->fileUrl, thumbnail(id)});
     // The access to the file lasts as long as the preview holds its source.
     source.finished = [access = place->access] {};
-    return openPreview(source);
+    return openPreview(source, preview);
 }
 
-DesktopSurfaces::PreviewOutcome DesktopSurfaces::openPreview(const BreakVideoSource &videos)
+DesktopSurfaces::PreviewOutcome DesktopSurfaces::openPreview(const BreakVideoSource &videos, int preview)
 {
-    m_breakPreviewController.open(videos);
+    m_breakPreviewController.open(videos, preview);
     return m_breakPreviewController.isOpen() ? PreviewOutcome::opened : PreviewOutcome::noView;
 }
 

@@ -94,7 +94,7 @@ private:
     /// Does it now, or once no break covers the screens; of several the last one. @return what `open` tells; where it
     /// waits, that it is open
     [[nodiscard]] WindowOutcome whenUncovered(std::function<WindowOutcome()> open);
-    [[nodiscard]] PreviewOutcome openPreview(const BreakVideoSource &videos);
+    [[nodiscard]] PreviewOutcome openPreview(const BreakVideoSource &videos, int preview);
     void chooseVideos(const QString &title, const QStringList &filters);
 
     Cancellable m_displayLoss;

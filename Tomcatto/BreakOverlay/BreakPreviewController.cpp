@@ -14,9 +14,10 @@ BreakPreviewController::BreakPreviewController(const PomodoroSettings &settings,
 {
 }
 
-void BreakPreviewController::open(const BreakVideoSource &videos)
+void BreakPreviewController::open(const BreakVideoSource &videos, int preview)
 {
-    close();
+    m_settled = preview;
+    closeWindow();
     const std::shared_ptr<BreakPreviewModel> model(new BreakPreviewModel(m_settings, m_strings, m_runLoop, videos),
                                                    [finished = videos.finished](BreakPreviewModel *shown) {
                                                        delete shown;
@@ -35,7 +36,7 @@ void BreakPreviewController::open(const BreakVideoSource &videos)
 
 void BreakPreviewController::close()
 {
-    ++m_newest;
+    m_settled = m_newest;
     closeWindow();
 }
 

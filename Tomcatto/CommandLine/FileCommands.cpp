@@ -158,7 +158,7 @@ ControlReply FileCommands::history(const nlohmann::ordered_json &arguments, bool
     const auto leftBehind = [&] { return phaseLeftBehind(marker, m_surroundings.wallClock); };
     HistoryEditor editor(stack, m_surroundings.wallClock, m_surroundings.identifiers, leftBehind);
     CommandTable commands;
-    HistoryImporter importer(stack, m_surroundings.identifiers);
+    HistoryImporter importer(stack, m_surroundings.identifiers, m_surroundings.runLoop);
     addHistoryCommands(commands, {editor, importer, m_surroundings.wallClock, stack});
     ControlReply reply = answerOf(commands, QStringLiteral("history"), arguments);
     // The application that got the request may have removed the phase already.

@@ -75,7 +75,7 @@ AppDependencies::AppDependencies(const PlatformServices &services)
     , statsAggregator(sessionRepository, platform.wallClock)
     , historyEditor(coreDataStack, platform.wallClock, platform.identifiers,
                     [this] { return runningPhase(inFlightStore.load()); })
-    , historyImporter(coreDataStack, platform.identifiers)
+    , historyImporter(coreDataStack, platform.identifiers, platform.runLoop)
     , launchAtLoginService(settings, platform.loginItem, failureAlert(platform.desktop, strings))
     , languageOverrideService(platform.defaults)
     , strings(languageOverrideService)

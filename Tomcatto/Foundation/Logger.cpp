@@ -6,7 +6,8 @@ namespace {
 
 LogSink &currentSink()
 {
-    static LogSink sink;
+    // Never destroyed: a thread that a disk held up may log while the process ends.
+    static auto &sink = *new LogSink;
     return sink;
 }
 

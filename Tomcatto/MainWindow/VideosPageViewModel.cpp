@@ -26,7 +26,6 @@ QString idText(const UserVideo &video)
     return video.id.toString(QUuid::WithoutBraces);
 }
 
-/// The same text for every way to write the same file.
 QString fileName(const QUrl &file)
 {
     const QString name = QFileInfo(QDir::cleanPath(file.path())).fileName();

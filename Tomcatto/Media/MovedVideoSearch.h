@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Media/DiskQuestions.h"
+#include "Persistence/DiskQuestions.h"
 #include "Persistence/Repositories/UserVideo.h"
 
 #include <stop_token>

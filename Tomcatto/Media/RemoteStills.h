@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Media/DiskQuestions.h"
 #include "Media/RemoteVideoEntryView.h"
+#include "Persistence/DiskQuestions.h"
 #include "Platform/Ports/HttpSession.h"
 #include "Platform/Ports/StillFrame.h"
 

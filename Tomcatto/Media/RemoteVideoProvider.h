@@ -45,9 +45,9 @@ public:
     /// One for each video of the library, in its order.
     [[nodiscard]] const std::vector<RemoteVideoEntryView> &entries() const noexcept { return m_entries; }
     [[nodiscard]] const SyncStatus &status() const noexcept { return m_status; }
-    /// When the list was last refreshed; nothing before the first time in this run.
+    /// When the list was last refreshed; `nullopt` before the first time in this run.
     [[nodiscard]] std::optional<Date> lastSuccessfulRefresh() const noexcept { return m_lastSuccessfulRefresh; }
-    /// When the list that is shown came from the server; nothing while there is none.
+    /// When the list that is shown came from the server; `nullopt` while there is none.
     [[nodiscard]] std::optional<Date> listDate() const noexcept { return m_listDate; }
     /// Why the list that is shown is a former one, although the last refresh went well; `nullopt` if it is
     /// the server's.

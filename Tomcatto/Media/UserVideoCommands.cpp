@@ -1,6 +1,5 @@
 #include "Media/UserVideoCommands.h"
 
-#include "Media/VideoFiles.h"
 #include "Persistence/Repositories/UserVideoRepository.h"
 #include "Platform/Ports/IdentifierSource.h"
 
@@ -65,22 +64,22 @@ void UserVideoCommands::add(const QString &path, std::function<void(const AddRes
         return;
     }
     // A disk that hangs must not hold up the queue, and with it the end.
-    using Problem = std::optional<VideoFileError>;
-    m_disks.ask<Problem>({{path.toUtf8(), [path] { return VideoFileValidator::problemAtFirstSight(path); }}},
-                         diskPatience,
-                         [this, path, done = std::move(done)](const std::vector<std::optional<Problem>> &answers) {
-                             const Problem problem = answers.front().value_or(VideoFileError::timedOut);
-                             if (problem)
-                                 done(std::unexpected(refusal(*problem, path)));
-                             else
-                                 validate(path, done);
-                         });
+    using Start = std::expected<QByteArray, VideoFileError>;
+    m_disks.ask<Start>({{path.toUtf8(), [path] { return VideoFileValidator::firstSight(path); }}}, diskPatience,
+                       [this, path, done = std::move(done)](const std::vector<std::optional<Start>> &answers) {
+                           const Start start = answers.front().value_or(std::unexpected(VideoFileError::timedOut));
+                           if (start)
+                               validate(path, *start, done);
+                           else
+                               done(std::unexpected(refusal(start.error(), path)));
+                       });
 }
 
-void UserVideoCommands::validate(const QString &path, const std::function<void(const AddResult &)> &done)
+void UserVideoCommands::validate(const QString &path, const QByteArray &start,
+                                 const std::function<void(const AddResult &)> &done)
 {
-    m_queue.async([this, path, done] {
-        const auto valid = m_validator.validate(path, m_stop.get_token());
+    m_queue.async([this, path, start, done] {
+        const auto valid = m_validator.validate(path, start, m_stop.get_token());
         QMetaObject::invokeMethod(
             this,
             [this, path, valid, done] {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Foundation/Refusal.h"
-#include "Media/DiskQuestions.h"
 #include "Media/VideoFileValidator.h"
+#include "Persistence/DiskQuestions.h"
 #include "Persistence/Repositories/UserVideo.h"
 #include "Persistence/SerialQueue.h"
 
@@ -52,7 +52,7 @@ private:
     using Operation =
         std::function<void(const QUuid &, std::function<void(std::expected<UserVideoSave, UserVideoRepositoryError>)>)>;
     void change(const QString &id, const std::function<void(const Result &)> &done, const Operation &operation);
-    void validate(const QString &path, const std::function<void(const AddResult &)> &done);
+    void validate(const QString &path, const QByteArray &start, const std::function<void(const AddResult &)> &done);
     void store(const QString &path, const VideoLook &look, const std::function<void(const AddResult &)> &done);
 
     UserVideoRepository &m_repository;

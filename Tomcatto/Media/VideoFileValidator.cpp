@@ -32,8 +32,23 @@ bool beginsLikeVideo(QByteArrayView start)
     return false;
 }
 
+}
+
+QString description(VideoFileError error, const QString &path)
+{
+    constexpr std::array texts{"There is no file \"%1\".",
+                               "\"%1\" is a folder, not a video.",
+                               "\"%1\" is a pipe or a device, not a video.",
+                               "\"%1\" cannot be read.",
+                               "\"%1\" is empty.",
+                               "\"%1\" is not a video: its format is unknown or damaged.",
+                               "\"%1\" is not a video: it has no picture that can be shown.",
+                               "\"%1\" takes too long to read."};
+    return textOf(texts, error).arg(path);
+}
+
 // Looks at the file from outside, opens it last: opening a pipe waits for its other end.
-std::expected<QByteArray, VideoFileError> readableStart(const QString &path)
+std::expected<QByteArray, VideoFileError> VideoFileValidator::firstSight(const QString &path)
 {
     const QFileInfo info(path);
     if (!info.exists())
@@ -53,39 +68,22 @@ std::expected<QByteArray, VideoFileError> readableStart(const QString &path)
     return start;
 }
 
-}
-
-QString description(VideoFileError error, const QString &path)
-{
-    constexpr std::array texts{"There is no file \"%1\".",
-                               "\"%1\" is a folder, not a video.",
-                               "\"%1\" is a pipe or a device, not a video.",
-                               "\"%1\" cannot be read.",
-                               "\"%1\" is empty.",
-                               "\"%1\" is not a video: its format is unknown or damaged.",
-                               "\"%1\" is not a video: it has no picture that can be shown.",
-                               "\"%1\" takes too long to read."};
-    return textOf(texts, error).arg(path);
-}
-
-std::optional<VideoFileError> VideoFileValidator::problemAtFirstSight(const QString &path)
-{
-    const auto start = readableStart(path);
-    return start ? std::nullopt : std::optional(start.error());
-}
-
 std::expected<VideoLook, VideoFileError> VideoFileValidator::validate(const QString &path,
                                                                       const std::stop_token &stop) const
 {
-    const auto start = readableStart(path);
-    if (!start)
-        return std::unexpected(start.error());
+    const auto start = firstSight(path);
+    return start ? validate(path, *start, stop) : std::unexpected(start.error());
+}
+
+std::expected<VideoLook, VideoFileError> VideoFileValidator::validate(const QString &path, const QByteArray &start,
+                                                                      const std::stop_token &stop) const
+{
     auto look = m_stillFrame.look(path, UserVideoThumbnailRenderer::request, stop);
     if (look)
         return *std::move(look);
     switch (look.error()) {
     case StillFrameFailure::unavailable:
-        if (beginsLikeVideo(*start))
+        if (beginsLikeVideo(start))
             return VideoLook{0, std::unexpected(look.error())};
         return std::unexpected(VideoFileError::noContainer);
     case StillFrameFailure::unreadable:

@@ -36,8 +36,12 @@ public:
     [[nodiscard]] std::expected<VideoLook, VideoFileError> validate(const QString &path,
                                                                     const std::stop_token &stop) const;
 
-    /// What is wrong with a file before anything reads into it; nothing as a rule. Waits for as long as its disk does.
-    [[nodiscard]] static std::optional<VideoFileError> problemAtFirstSight(const QString &path);
+    /// The same in two steps. The first bytes of a file, or what is wrong with it before anything reads into it; waits
+    /// for as long as its disk does.
+    [[nodiscard]] static std::expected<QByteArray, VideoFileError> firstSight(const QString &path);
+    /// @param start the file's first bytes
+    [[nodiscard]] std::expected<VideoLook, VideoFileError> validate(const QString &path, const QByteArray &start,
+                                                                    const std::stop_token &stop) const;
 
 private:
     const StillFrame &m_stillFrame;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Media/DiskQuestions.h"
 #include "Media/UserVideoSelection.h"
+#include "Persistence/DiskQuestions.h"
 #include "Persistence/Repositories/UserVideo.h"
 
 #include <QtCore/QStringList>
@@ -63,9 +63,22 @@ private:
         std::optional<QByteArray> renewedBookmark;
     };
 
-    [[nodiscard]] std::chrono::milliseconds searchTimeOf(const std::vector<UserVideo> &videos) const;
+    using Answers = std::vector<std::optional<Answer>>;
+    /// How the disks are asked.
+    struct Manner
+    {
+        std::chrono::milliseconds patience;
+        /// How long each file may be looked for beside its last place.
+        std::chrono::milliseconds searchTime;
+        bool opens = false;
+    };
+
     void ask(const std::vector<UserVideo> &videos, bool opens, std::chrono::milliseconds patience,
              std::function<void(const Places &)> done);
+    void searchLost(const std::vector<UserVideo> &videos, bool opens, Answers answers,
+                    const std::function<void(const Places &)> &done);
+    void put(const std::vector<UserVideo> &videos, const Manner &manner, std::function<void(Answers)> done);
+    [[nodiscard]] Places taken(const std::vector<UserVideo> &videos, Answers answers);
     [[nodiscard]] VideoPlace taken(const UserVideo &video, std::optional<Answer> answer);
 
     UserVideoRepository &m_repository;

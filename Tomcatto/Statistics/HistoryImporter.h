@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Persistence/DiskQuestions.h"
+#include "Persistence/Repositories/SessionImport.h"
 #include "Persistence/SerialQueue.h"
 
 #include <expected>
@@ -24,9 +26,10 @@ public:
     /// The error is one line for people; the history is then as it was.
     using Result = std::expected<Imported, QString>;
 
-    /// Both outlive the importer.
-    HistoryImporter(CoreDataStack &stack, IdentifierSource &identifiers, QObject *parent = nullptr);
-    /// Finishes what has begun.
+    /// All outlive the importer.
+    HistoryImporter(CoreDataStack &stack, IdentifierSource &identifiers, MainRunLoop &runLoop,
+                    QObject *parent = nullptr);
+    /// Finishes what is being stored, and leaves a file that is still being read.
     ~HistoryImporter() override;
 
     /// Adds what the history does not have of a file, all of it or nothing.
@@ -34,8 +37,11 @@ public:
     void importFile(const QString &path, std::function<void(const Result &)> done);
 
 private:
+    void add(std::vector<ImportedSession> sessions, const std::function<void(const Result &)> &done);
+
     CoreDataStack &m_stack;
     IdentifierSource &m_identifiers;
+    DiskQuestions m_disks;
     SerialQueue m_queue;
 };
 

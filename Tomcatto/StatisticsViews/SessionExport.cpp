@@ -35,7 +35,7 @@ void SessionExport::write(StatsRange range, const QString &path)
     const auto keep = [&records](const PomodoroSessionRecord &record) { records.push_back(record); };
     if (!m_aggregator.forEachSession(m_aggregator.interval(range), keep))
         return fail(StatsCSVExporter::unreadText());
-    m_writes.start([records = std::move(records), path, fail] {
+    m_writes.start(path, [records = std::move(records), path, fail] {
         if (const auto written = StatsCSVExporter::write(records, path); !written)
             fail(written.error());
     });

@@ -145,22 +145,25 @@ TEST(BreakPreviewController, HoldsTheTaskbarPlaceUntilItsOneWindowCloses)
     EXPECT_EQ(fixture.finished, 3);
 }
 
-TEST(BreakPreviewController, AwaitsTheNewestPreviewUntilItIsClosedByABreak)
+TEST(BreakPreviewController, AwaitsPreviewsUntilALaterOneOpensOrABreakClosesThem)
 {
     Windows fixture;
     BreakPreviewController preview(fixture.settings, fixture.strings, fixture.runLoop, fixture.viewWindows,
                                    fixture.policy);
     const int first = preview.await();
-    preview.open(fixture.videos);
-    EXPECT_FALSE(preview.isAwaited(first)) << "its disk answers after another preview opened";
     const int second = preview.await();
+    EXPECT_TRUE(preview.isAwaited(first)) << "the second one's file may be gone";
+    preview.open(fixture.videos, first);
+    EXPECT_TRUE(preview.isAwaited(second));
+    const int third = preview.await();
+    preview.open(fixture.videos, third);
+    EXPECT_FALSE(preview.isAwaited(second)) << "its disk was slower";
+    const int fourth = preview.await();
     fixture.host.current->close();
     fixture.runLoop.drain();
-    EXPECT_TRUE(preview.isAwaited(second)) << "the user closed another one";
-    const int third = preview.await();
-    EXPECT_FALSE(preview.isAwaited(second));
+    EXPECT_TRUE(preview.isAwaited(fourth)) << "the user closed another one";
     preview.close();
-    EXPECT_FALSE(preview.isAwaited(third)) << "the break may be over when its disk answers";
+    EXPECT_FALSE(preview.isAwaited(fourth)) << "the break may be over when its disk answers";
 }
 
 TEST(ApplicationKeyMonitor, SwallowsWhatAHandlerTakesAndMayEndInIt)

@@ -82,6 +82,10 @@ TEST_F(VideosPageTest, AddsEveryFileOnceAndTicksIt)
     EXPECT_TRUE(waitUntil([this] { return !page.error().isEmpty(); }));
     EXPECT_EQ(page.error(), QStringLiteral("“cats.mp4” is among your videos already."));
     waitForVideos(1);
+    const QString link = world.library.folder.filePath(QStringLiteral("link.mp4"));
+    ASSERT_TRUE(QFile::link(cats.toLocalFile(), link));
+    page.addFiles({QUrl::fromLocalFile(link)});
+    EXPECT_TRUE(waitUntil([this] { return page.error() == u"“link.mp4” is among your videos already."; }));
     page.addFiles({makeFile("dogs.mp4")});
     waitForVideos(2);
     EXPECT_EQ(field(0, "title"), QStringLiteral("cats.mp4"));

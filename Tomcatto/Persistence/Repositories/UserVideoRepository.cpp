@@ -6,8 +6,6 @@
 #include "Platform/Ports/IdentifierSource.h"
 #include "Platform/Ports/WallClock.h"
 
-#include <algorithm>
-
 namespace tomcatto {
 
 namespace {

@@ -18,7 +18,8 @@ constexpr QLatin1String text{"text"};
 constexpr QLatin1String detail{"detail"};
 /// Of buttons, or of types of files with their patterns.
 constexpr QLatin1String choices{"choices"};
-constexpr QLatin1String folder{"folder"};
+/// It opens in the first of these that is there, else in the home folder.
+constexpr QLatin1String folders{"folders"};
 constexpr QLatin1String fileName{"fileName"};
 /// Without a dot.
 constexpr QLatin1String suffix{"suffix"};
@@ -33,8 +34,9 @@ constexpr QLatin1String raise{"raise"};
 constexpr QLatin1String isShown{"isShown"};
 /// The number of the choice that was pressed.
 constexpr QLatin1String chosen{"chosen"};
-/// Chosen files; their folder is in `folder`.
+/// Chosen files, and the folder that they were chosen in.
 constexpr QLatin1String paths{"paths"};
+constexpr QLatin1String folder{"folder"};
 
 }
 

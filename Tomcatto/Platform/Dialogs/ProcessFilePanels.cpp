@@ -2,7 +2,6 @@
 
 #include "Platform/Dialogs/DialogMessages.h"
 
-#include <QtCore/QDir>
 #include <QtCore/QJsonArray>
 
 namespace tomcatto {
@@ -17,9 +16,8 @@ void ProcessFilePanel::ask(QJsonObject request, std::function<void(const QString
 {
     if (m_dialog)
         return m_dialog->raise();
-    if (m_folder.isEmpty() || !QDir(m_folder).exists())
-        m_folder = QStandardPaths::writableLocation(m_place);
-    request.insert(dialogKey::folder, QDir(m_folder).exists() ? m_folder : QDir::homePath());
+    // Their disks are the dialog's to ask.
+    request.insert(dialogKey::folders, QJsonArray{m_folder, QStandardPaths::writableLocation(m_place)});
     m_dialog = std::make_unique<DialogProcess>(
         m_surroundings, request, [this, onChosen = std::move(onChosen)](const QJsonObject &answer) {
             m_dialog.reset();

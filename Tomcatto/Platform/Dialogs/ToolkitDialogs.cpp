@@ -2,10 +2,14 @@
 
 #include "Platform/Dialogs/DialogMessages.h"
 
+#include <future>
+#include <QtCore/QDir>
 #include <QtCore/QJsonArray>
+#include <QtCore/QSettings>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
+#include <thread>
 
 namespace tomcatto {
 
@@ -31,10 +35,34 @@ ToolkitDialog makeWarning(const QJsonObject &request)
             }};
 }
 
+/// Whether a folder is there, for all that its disk tells in time. A disk that hangs keeps a thread.
+bool isThere(const QString &folder)
+{
+    constexpr std::chrono::seconds patience{1};
+    std::promise<bool> promise;
+    std::future<bool> answer = promise.get_future();
+    std::thread([folder, promise = std::move(promise)]() mutable {
+        promise.set_value(QDir(folder).exists());
+    }).detach();
+    return answer.wait_for(patience) == std::future_status::ready && answer.get();
+}
+
+QString firstThere(const QJsonArray &folders)
+{
+    for (const QJsonValue &folder : folders) {
+        if (const QString path = folder.toString(); !path.isEmpty() && isThere(path))
+            return path;
+    }
+    return QDir::homePath();
+}
+
 ToolkitDialog makeFilePanel(const QJsonObject &request, bool isForSaving)
 {
-    auto panel = std::make_unique<QFileDialog>(nullptr, request.value(dialogKey::title).toString(),
-                                               request.value(dialogKey::folder).toString());
+    const QString folder = firstThere(request.value(dialogKey::folders).toArray());
+    // The toolkit goes back to the folder that it showed last, whose disk may hang by now.
+    QSettings(QSettings::UserScope, QStringLiteral("QtProject"))
+        .setValue(QStringLiteral("FileDialog/lastVisited"), QUrl::fromLocalFile(folder).toString());
+    auto panel = std::make_unique<QFileDialog>(nullptr, request.value(dialogKey::title).toString(), folder);
     panel->setNameFilters(request.value(dialogKey::choices).toVariant().toStringList());
     panel->setAcceptMode(isForSaving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     panel->setFileMode(isForSaving ? QFileDialog::AnyFile : QFileDialog::ExistingFiles);

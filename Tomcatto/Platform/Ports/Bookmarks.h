@@ -30,6 +30,9 @@ public:
     /// @param searchUntil when to give up looking elsewhere; an expired deadline looks at the last place alone
     [[nodiscard]] virtual std::optional<ResolvedBookmark> resolve(const QByteArray &data,
                                                                   QDeadlineTimer searchUntil) const = 0;
+    /// Tells apart the disks that files were on when their bookmarks were made, without a look at them; empty if
+    /// unknown.
+    [[nodiscard]] virtual QByteArray disk(const QByteArray &data) const = 0;
     /// Starts access to a file. Every call that returns true is balanced by one of `stopAccess`.
     /// @return whether the file can be read
     [[nodiscard]] virtual bool startAccess(const QUrl &fileUrl) const = 0;

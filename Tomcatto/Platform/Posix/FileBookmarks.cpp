@@ -101,6 +101,12 @@ std::optional<ResolvedBookmark> FileBookmarks::resolve(const QByteArray &data, Q
     return resolvedAt(*found, true);
 }
 
+QByteArray FileBookmarks::disk(const QByteArray &data) const
+{
+    const auto bookmark = decoded(data);
+    return bookmark ? QByteArray::number(bookmark->identity.device) : QByteArray();
+}
+
 bool FileBookmarks::startAccess(const QUrl &fileUrl) const
 {
     const QByteArray path = nativePath(fileUrl);

@@ -17,6 +17,7 @@ public:
     [[nodiscard]] std::optional<QByteArray> bookmarkData(const QUrl &fileUrl) const override;
     [[nodiscard]] std::optional<ResolvedBookmark> resolve(const QByteArray &data,
                                                           QDeadlineTimer searchUntil) const override;
+    [[nodiscard]] QByteArray disk(const QByteArray &data) const override;
     [[nodiscard]] bool startAccess(const QUrl &fileUrl) const override;
     void stopAccess(const QUrl &fileUrl) const override;
 

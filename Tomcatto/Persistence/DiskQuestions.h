@@ -21,8 +21,10 @@ class DiskQuestions final : public QObject
 public:
     /// How long one question may hold up those behind it before they get another thread.
     static constexpr std::chrono::milliseconds stall{30};
-    /// The most threads that hang at a time. While there are as many, nothing is answered.
+    /// The most threads that hang at a time, and of those the most for one disk. While there are as many, nothing more
+    /// is asked, of that disk or at all.
     static constexpr int mostThreads = 16;
+    static constexpr int mostThreadsOfDisk = 4;
 
     /// What is asked. It owns all that it uses, as it may outlive everything that has an end.
     template<typename Answer>
@@ -31,6 +33,8 @@ public:
         /// The same for the same file: what was once not answered in time is not asked again until it is.
         QByteArray key;
         std::function<Answer()> ask;
+        /// The disk that is asked; empty if it is not known, then it counts for none.
+        QByteArray disk = {};
     };
 
     explicit DiskQuestions(MainRunLoop &runLoop, QObject *parent = nullptr);
@@ -47,11 +51,10 @@ public:
         std::vector<Job> jobs;
         for (std::size_t place = 0; place < questions.size(); ++place) {
             Question<Answer> &question = questions.at(place);
-            jobs.push_back({std::move(question.key), [answers, place, ask = std::move(question.ask)] {
-                                return [answers, place, answer = ask()]() mutable {
-                                    answers->at(place) = std::move(answer);
-                                };
-                            }});
+            jobs.push_back(
+                {std::move(question.key), std::move(question.disk), [answers, place, ask = std::move(question.ask)] {
+                     return [answers, place, answer = ask()]() mutable { answers->at(place) = std::move(answer); };
+                 }});
         }
         // At the end nobody writes any more.
         start(std::move(jobs), patience, [answers, done = std::move(done)] { done(std::move(*answers)); });
@@ -62,14 +65,15 @@ private:
     struct Job
     {
         QByteArray key;
+        QByteArray disk;
         std::function<std::function<void()>()> ask;
+        bool isAsked = false;
         bool isAnswered = false;
     };
     /// Questions that were put together.
     struct Round
     {
         std::vector<Job> jobs;
-        std::size_t next = 0;
         std::size_t answered = 0;
         bool isOver = false;
     };
@@ -86,6 +90,8 @@ private:
         std::mutex mutex;
         DiskQuestions *owner = nullptr;
         int threads = 0;
+        /// The disks of questions that were asked and are not answered yet, and the keys of those given up.
+        std::multiset<QByteArray> busy;
         std::multiset<QByteArray> givenUp;
     };
 
@@ -93,6 +99,7 @@ private:
     void startThread(const std::shared_ptr<Round> &round);
     void watch(const std::shared_ptr<Round> &round, std::size_t answeredBefore);
     void finish(const std::shared_ptr<Round> &round);
+    [[nodiscard]] static Job *nextJob(const Shared &shared, Round &round);
     static void work(const std::shared_ptr<Shared> &shared, const std::shared_ptr<Round> &round);
 
     MainRunLoop &m_runLoop;

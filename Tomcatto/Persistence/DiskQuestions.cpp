@@ -1,5 +1,6 @@
-#include "Media/DiskQuestions.h"
+#include "Persistence/DiskQuestions.h"
 
+#include <algorithm>
 #include <thread>
 
 namespace tomcatto {
@@ -42,7 +43,7 @@ void DiskQuestions::startThread(const std::shared_ptr<Round> &round)
 {
     {
         const std::lock_guard lock(m_shared->mutex);
-        if (m_shared->threads >= mostThreads)
+        if (m_shared->threads >= mostThreads || !nextJob(*m_shared, *round))
             return;
         ++m_shared->threads;
     }
@@ -55,7 +56,7 @@ void DiskQuestions::watch(const std::shared_ptr<Round> &round, std::size_t answe
         std::size_t answered = 0;
         {
             const std::lock_guard lock(m_shared->mutex);
-            if (round->isOver || round->next == round->jobs.size())
+            if (round->isOver || std::ranges::all_of(round->jobs, &Job::isAsked))
                 return;
             answered = round->answered;
         }
@@ -71,25 +72,37 @@ void DiskQuestions::finish(const std::shared_ptr<Round> &round)
         const std::lock_guard lock(m_shared->mutex);
         if (std::exchange(round->isOver, true))
             return;
-        for (std::size_t place = 0; place < round->next; ++place) {
-            if (!round->jobs.at(place).isAnswered)
-                m_shared->givenUp.insert(round->jobs.at(place).key);
+        for (const Job &job : round->jobs) {
+            if (job.isAsked && !job.isAnswered)
+                m_shared->givenUp.insert(job.key);
         }
     }
     const auto waiting = m_waiting.extract(round);
     waiting.mapped().done();
 }
 
+// What hangs on one disk must leave threads for the others.
+DiskQuestions::Job *DiskQuestions::nextJob(const Shared &shared, Round &round)
+{
+    const auto found = std::ranges::find_if(round.jobs, [&shared](const Job &job) {
+        return !job.isAsked && (job.disk.isEmpty() || shared.busy.count(job.disk) < mostThreadsOfDisk);
+    });
+    return found == round.jobs.end() ? nullptr : &*found;
+}
+
 // On a thread of its own.
 void DiskQuestions::work(const std::shared_ptr<Shared> &shared, const std::shared_ptr<Round> &round)
 {
     std::unique_lock lock(shared->mutex);
-    while (!round->isOver && round->next < round->jobs.size()) {
-        Job &job = round->jobs.at(round->next++);
+    while (Job *const next = round->isOver ? nullptr : nextJob(*shared, *round)) {
+        Job &job = *next;
+        job.isAsked = true;
+        shared->busy.insert(job.disk);
         lock.unlock();
         auto keep = job.ask();
         lock.lock();
         job.isAnswered = true;
+        shared->busy.erase(shared->busy.find(job.disk));
         if (round->isOver) {
             shared->givenUp.erase(shared->givenUp.find(job.key));
         } else {
