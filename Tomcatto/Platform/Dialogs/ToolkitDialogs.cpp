@@ -49,7 +49,7 @@ bool isThere(const QString &folder)
 
 QString firstThere(const QJsonArray &folders)
 {
-    for (const QJsonValue &folder : folders) {
+    for (const auto &folder : folders) {
         if (const QString path = folder.toString(); !path.isEmpty() && isThere(path))
             return path;
     }
