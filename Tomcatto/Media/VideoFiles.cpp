@@ -59,9 +59,11 @@ void VideoFiles::searchLost(const std::vector<UserVideo> &videos, bool opens, An
     put(lost, {shortPatience, share, opens},
         [this, videos, rows, answers = std::move(answers), done](Answers found) mutable {
             for (std::size_t place = 0; place < rows.size(); ++place) {
-                m_lookedFor.insert(videos.at(rows.at(place)).bookmarkData);
-                if (found.at(place))
-                    answers.at(rows.at(place)) = std::move(found.at(place));
+                auto &answer = found.at(place);
+                if (answer && answer->place.state == VideoPlace::State::lost)
+                    m_lookedFor.insert(videos.at(rows.at(place)).bookmarkData);
+                else if (answer)
+                    answers.at(rows.at(place)) = std::move(answer);
             }
             done(taken(videos, std::move(answers)));
         });

@@ -73,6 +73,12 @@ TEST_F(UserVideoProviderTest, AMovedFileIsFoundAndItsBookmarkRenewed)
 {
     const QUuid id = addSelected("Videos/a.mp4");
     ASSERT_TRUE(QFile::rename(path("Videos/a.mp4"), path("Videos/b.mp4")));
+    for (int look = 0; look < 2; ++look) {
+        std::optional<VideoFiles::Places> found;
+        m_files.find(m_repository.allVideos(), VideoFiles::longPatience, [&found](const auto &all) { found = all; });
+        ASSERT_TRUE(QTest::qWaitFor([&found] { return found.has_value(); }));
+        EXPECT_TRUE(found->front().isStale) << "found as often as it is looked for, and not renewed";
+    }
     EXPECT_EQ(candidateFiles(), QStringList(QStringLiteral("Videos/b.mp4")));
     const auto resolved = m_repository.resolveBookmark(m_repository.video(id).value(), QDeadlineTimer(0));
     EXPECT_EQ(resolved, (ResolvedBookmark{QUrl::fromLocalFile(path("Videos/b.mp4")), false}));
